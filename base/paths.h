@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+// Paths as the model holds them: windows-1252, in which both "/" and "\" end a directory.
+namespace qor {
+
+// The text before the last ".", or the whole path. A dot in a directory name counts too.
+std::string QuitarExtension(std::string_view ruta);
+
+// The text behind the last directory separator, or the whole path.
+std::string NombreDeRuta(std::string_view ruta);
+
+// The directory without its separator, unless it is a root such as "C:\" or "/"; empty when the path has no directory.
+std::string DirectorioDeRuta(std::string_view ruta);
+
+// The path up to and including its last separator, or nothing.
+std::string ObtenerPath(std::string_view ruta);
+
+// The path with a separator at its end.
+std::string AgregarBarra(std::string_view ruta);
+
+// A path of the model as the file system takes it, and back. `RutaDelModelo` throws FalloDeEjecucion for a name that the code
+// page can't hold.
+std::filesystem::path RutaDelSistema(std::string_view ruta);
+std::string RutaDelModelo(const std::filesystem::path& ruta);
+
+// The path made absolute by its text alone: "." and ".." are resolved, links are not.
+std::string RutaAbsoluta(std::string_view ruta);
+
+}  // namespace qor

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Helpers for texts. A text is a run of bytes in windows-1252. "Blank" is the character 0x20 and nothing else. Positions count
+// from 1, and 0 means "not found". All comparing is byte by byte.
+namespace qor {
+
+// The text without blanks at both ends.
+std::string_view Recortar(std::string_view texto);
+
+bool EstaEnBlanco(std::string_view texto);
+
+// The letters of the code page, accented ones included, in upper or lower case.
+unsigned char Mayuscula(unsigned char caracter);
+std::string Mayusculas(std::string_view texto);
+std::string Minusculas(std::string_view texto);
+
+bool IgualesSinCaja(std::string_view uno, std::string_view otro);
+
+// Position of `buscado` in `texto`, the first at or behind `desde`. An empty `buscado` is found in every text but the empty one.
+std::size_t Posicion(std::string_view texto, std::string_view buscado, std::size_t desde = 1);
+bool Contiene(std::string_view texto, std::string_view buscado);
+
+// `largo` characters from position `inicio`, fewer where the text ends. Throws FalloDeEjecucion for a negative length.
+std::string_view Tramo(std::string_view texto, std::size_t inicio, std::ptrdiff_t largo);
+std::string_view TramoDesde(std::string_view texto, std::size_t inicio);
+
+// The text up to before the first `separador`, and the text behind it; the whole text and nothing when there is none.
+std::string_view AntesDe(std::string_view texto, char separador);
+std::string_view DespuesDe(std::string_view texto, char separador);
+
+// A run of blanks. Throws FalloDeEjecucion for a negative number.
+std::string Blancos(std::ptrdiff_t cantidad);
+
+// The number at the start of a text: blanks are passed over, then a sign, digits, one point, digits. No number is 0.
+double Numero(std::string_view texto);
+
+// Plain decimal text of a number, without an exponent and without a needless fraction.
+std::string TextoDeNumero(double numero);
+
+// The number, rounded, in at least `digitos` digits.
+std::string ConCeros(double numero, int digitos);
+
+std::string QuitarBlancos(std::string_view texto);
+
+// Cut at both ends, with every character but letters A to Z, digits and the characters 0 and 8 turned into "_".
+std::string ReemplazarBlancos(std::string_view texto);
+
+std::string ReemplazarTodo(std::string_view texto, std::string_view viejo, std::string_view nuevo);
+
+}  // namespace qor

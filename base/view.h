@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/messages.h"
+
+namespace qor {
+
+enum class Icono { Advertencia, Informacion };
+enum class Botones { SiNo, SiNoCancelar, AceptarCancelar };
+enum class Respuesta { Si, No, Aceptar, Cancelar };
+enum class Tabla { Archivo, Transaccion };
+
+// The only way in which the routines speak to the user. There is one for the screen, one for the command line, and one for tests
+// that answers from a script.
+class Vista {
+public:
+    virtual ~Vista() = default;
+
+    virtual void Mostrar(const Mensaje& mensaje, Icono icono) = 0;
+    void Advertir(const Mensaje& mensaje) { Mostrar(mensaje, Icono::Advertencia); }
+    void Informar(const Mensaje& mensaje) { Mostrar(mensaje, Icono::Informacion); }
+
+    virtual Respuesta Preguntar(const Mensaje& mensaje, Botones botones) = 0;
+
+    // File dialogs. Nothing when the user cancels.
+    virtual std::optional<std::string> ElegirParaAbrir(const std::string& directorio, const std::string& filtro) = 0;
+    virtual std::optional<std::string> ElegirParaGrabar(const std::string& filtro) = 0;
+
+    virtual void PunteroOcupado(bool ocupado) = 0;
+
+    // Brings a row of a table to the first line of its grid.
+    virtual void MostrarFila(Tabla tabla, int fila) = 0;
+
+    // Gives a control the focus, on its page of the tabs. A cell of a grid is named with its line, such as "Text5_0".
+    virtual void Enfocar(const std::string& control) = 0;
+
+    // A longer text in a window of its own.
+    virtual void MostrarTexto(const std::string& texto) = 0;
+
+    // Whether a finished report is offered in an editor, and the editor itself, which is not waited for. False when it fails.
+    virtual bool OfreceEditor() const = 0;
+    virtual bool AbrirEditor(const std::string& ruta) = 0;
+};
+
+}  // namespace qor
