@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/messages.h"
+
+// The language file: every visible word of the program, in any number of languages one after the other. It holds pairs of a
+// number and a quoted text in the encoding of base/values.h. Number 0 opens a language and gives its name; the pairs behind it are
+// its texts, numbered 1 to 999. The texts 500 to 699 go into quoted literals of the reports.
+namespace qor {
+
+enum class ResultadoIdioma {
+    Bien,
+    SinArchivo,  // there is no language file to read, and the texts are as they were
+    Fallo,       // the file breaks off inside a pair or has a negative number; the texts read until then are kept
+};
+
+// Loads the texts of a language, whose name is compared without regard to case. A language that the file doesn't have makes
+// `IdiomaActual` "English" and loads that; without it too the table stays empty.
+ResultadoIdioma RecuperarIdioma(TextosIdioma& textos, const std::filesystem::path& ruta, std::string& IdiomaActual);
+
+// The same from the content of the file.
+ResultadoIdioma RecuperarIdiomaDeTexto(TextosIdioma& textos, std::string_view contenido, std::string& IdiomaActual);
+
+// The names of the languages in a file, without double quotes, in order.
+struct ListaDeIdiomas {
+    std::vector<std::string> nombres;
+    bool completa = true;  // false when the reading failed; the names are those read until then
+};
+
+ListaDeIdiomas ListarIdiomas(const std::filesystem::path& ruta);
+
+}  // namespace qor

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/naming.h"
+
+// The settings file: what a user's choices are between two runs.
+namespace qor {
+
+constexpr const char* nombreDeAjustes = "Tessaline.ini";
+
+// Looks an environment variable up; an empty text when it isn't set.
+using Entorno = std::function<std::string(const char* nombre)>;
+
+Entorno EntornoDelProceso();
+
+// Path of the settings file: in the directory that $tessaline_ini names, when there is such a directory; else in $windir, when that
+// is set; else in $XDG_CONFIG_HOME/qor-generator, by default ~/.config/qor-generator. That last directory need not exist yet.
+std::filesystem::path RutaDeAjustes(const Entorno& entorno);
+
+// The file itself: a key, "=" and a value on each line, without sections. Keys are compared cut and in upper case, values are
+// held cut. A line without "=" is an entry with an empty value. Of several entries with one key the first counts.
+class ArchivoINI {
+public:
+    // Takes the entries of a file. One that is missing or can't be read gives none.
+    void CargarINI(const std::filesystem::path& ruta);
+
+    // The value of the first entry with the key, or an empty text.
+    std::string LeerClave(std::string_view clave) const;
+
+    // Sets an entry. A new one is added at the end; nothing happens when the value stays the same. The value is stored cut, with
+    // line breaks turned into blanks, since an entry is one line.
+    void EscribirClave(std::string_view clave, std::string_view valor);
+
+    bool Modificado() const { return INIModificado_; }
+
+    // Brings the changed entries into the file, which is read anew, and replaces it in one atomic step; the file and its directory
+    // are made when they are missing. Does nothing when no entry was changed. False when it fails: the file is then as it was, and
+    // the entries remain changed.
+    bool GuardarINI(const std::filesystem::path& ruta);
+
+    // The same on texts. `TextoCambiado` keeps every line whose entry wasn't changed as it stands, drops blank lines, and puts
+    // changed entries that have no line of their own behind the others. Lines end with CR LF.
+    void LeerTexto(std::string_view texto);
+    std::string TextoCambiado(std::string_view texto) const;
+
+private:
+    struct Entrada {
+        std::string clave;  // cut, upper case
+        std::string valor;  // cut
+        bool cambiada = false;
+    };
+
+    std::vector<Entrada> TablaINI_;
+    bool INIModificado_ = false;
+};
+
+// The addition of OPEN DATASET in the reports, as a choice.
+enum class OpcionEncoding { Ninguna, Default, NonUnicode, Additional };
+
+// The choice that an addition's text stands for, and the text of a choice; for Additional it is the user's own.
+OpcionEncoding EncodingDeAdiciones(std::string_view AdicionesDataset);
+std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view EncodingAdditional);
+
+// Names of remote functions. An empty one stands for the name that the program knows.
+struct NombresRFC {
+    std::string ModuloRFCPropio;    // the customer's copy of the report runner, in upper case
+    std::string ModuloRFCEstandar;  // the report runner
+    std::string BusquedaDeFunciones;
+    std::string LectorFuenteA;
+    std::string LectorFuenteB;
+    std::string IncludeEstandar;  // the source of the report runner
+};
+
+// The settings by name. Paths are texts of the model, in windows-1252.
+struct AjustesDelPrograma {
+    std::string IdiomaActual;  // empty until the user has chosen
+    std::string ArchivoAnchos;
+    std::string ArchivoBAPI;
+    std::string DirectorioDocumentos;
+    bool LogonAlInicio = true;
+    bool ChequearErroresLogon = true;
+    bool ImportarSHDBLogon = true;
+    Preferencias preferencias;
+    NombresRFC nombresRFC;  // read only: they are set by editing the file
+};
+
+// Every setting with its value or its default. The BAPI catalogue and the documents are looked for in the program's directory
+// (that of the data files) when no setting says otherwise.
+AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directorioDelPrograma);
+
+void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes);
+
+}  // namespace qor

@@ -1,0 +1,138 @@
+#include "app/language.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using pruebas::DirectorioTemporal;
+using ::testing::ElementsAre;
+
+constexpr const char* archivo =
+    "0,\"English\"\r\n"
+    "300,\"  Save the changes?  \"\r\n"
+    "499,\"It's done\"\r\n"
+    "500,\"Error in 'it'\"\r\n"
+    "699,\"'\"\r\n"
+    "700,\"d'oh.html\"\r\n"
+    "999,\"last\"\r\n"
+    "1000,\"beyond\"\r\n"
+    "40000,\"far beyond\"\r\n"
+    "0,\"Espa\xF1ol\"\r\n"
+    "300,\"\xBFGrabar?\"\r\n"
+    "0,\"Deutsch\"\r\n"
+    "300,\"Sichern?\"\r\n"
+    "300,\"Wirklich sichern?\"\r\n"
+    "0,\"English\"\r\n"
+    "301,\"a second section of the name\"\r\n";
+
+struct Carga {
+    explicit Carga(std::string_view contenido, std::string nombre) : IdiomaActual(std::move(nombre)) {
+        textos.Poner(300, "of an earlier language");
+        resultado = RecuperarIdiomaDeTexto(textos, contenido, IdiomaActual);
+    }
+    std::string Texto(int numero) const { return textos.Texto(numero); }
+
+    TextosIdioma textos;
+    std::string IdiomaActual;
+    ResultadoIdioma resultado;
+};
+
+TEST(Language, LoadsOneSectionWithItsTextsCut) {
+    const Carga carga(archivo, "English");
+    EXPECT_EQ(carga.resultado, ResultadoIdioma::Bien);
+    EXPECT_EQ(carga.Texto(0), "English");
+    EXPECT_EQ(carga.Texto(300), "Save the changes?");
+    EXPECT_EQ(carga.Texto(301), "") << "the section ends at the next language";
+    EXPECT_EQ(carga.Texto(999), "last");
+    EXPECT_EQ(carga.Texto(1000), "") << "numbers from 1000 on are passed over";
+}
+
+TEST(Language, TextsForLiteralsLoseTheirApostrophes) {
+    const Carga carga(archivo, "English");
+    EXPECT_EQ(carga.Texto(499), "It's done");
+    EXPECT_EQ(carga.Texto(500), "Error in  it ");
+    EXPECT_EQ(carga.Texto(699), " ");
+    EXPECT_EQ(carga.Texto(700), "d'oh.html");
+}
+
+TEST(Language, NamesAreFoundInAnyCase) {
+    const Carga carga(archivo, "ESPA\xD1OL");
+    EXPECT_EQ(carga.IdiomaActual, "ESPA\xD1OL");
+    EXPECT_EQ(carga.Texto(0), "Espa\xF1ol");
+    EXPECT_EQ(carga.Texto(300), "\xBFGrabar?");
+    EXPECT_EQ(carga.Texto(999), "");
+    EXPECT_EQ(Carga(archivo, "deutsch").Texto(300), "Wirklich sichern?") << "the later text of a number counts";
+}
+
+TEST(Language, EnglishStandsInForALanguageThatIsMissing) {
+    const Carga carga(archivo,
+                      "Fran\xE7"
+                      "ais");
+    EXPECT_EQ(carga.resultado, ResultadoIdioma::Bien);
+    EXPECT_EQ(carga.IdiomaActual, "English");
+    EXPECT_EQ(carga.Texto(300), "Save the changes?");
+
+    const Carga nada("0,\"Deutsch\"\r\n300,\"Sichern?\"\r\n", "Italiano");
+    EXPECT_EQ(nada.resultado, ResultadoIdioma::Bien);
+    EXPECT_EQ(nada.Texto(0) + nada.Texto(300), "");
+}
+
+TEST(Language, AFailureKeepsWhatWasRead) {
+    struct Caso {
+        const char* que;
+        const char* contenido;
+        const char* nombre;
+        ResultadoIdioma resultado;
+        const char* texto300;
+    };
+    const ResultadoIdioma bien = ResultadoIdioma::Bien;
+    const ResultadoIdioma fallo = ResultadoIdioma::Fallo;
+    const Caso casos[] = {
+        {"a negative number", "0,\"English\"\n300,\"a\"\n-1,\"b\"\n", "English", fallo, "a"},
+        {"a negative number of another language", "0,\"Deutsch\"\n-1,\"b\"\n0,\"English\"\n300,\"a\"\n", "English", bien, "a"},
+        {"a number without its text", "0,\"English\"\n300,\"a\"\n301", "English", fallo, "a"},
+        {"an end behind the section", "0,\"English\"\n300,\"a\"\n0,\"Deutsch\"\n301", "English", bien, "a"},
+        {"a word for a number opens a language", "0,\"English\"\n300,\"a\"\nx,\"y\"\n300,\"b\"\n", "English", bien, "a"},
+        {"a quote that is never closed", "0,\"English\"\n300,\"a\nb", "English", bien, "a\nb"},
+        {"a text without quotes", "0,English\n300, a b \n", "English", bien, "a b"},
+        {"an empty file", "", "English", bien, ""},
+    };
+    for (const auto& caso : casos) {
+        const Carga carga(caso.contenido, caso.nombre);
+        EXPECT_EQ(carga.resultado, caso.resultado) << caso.que;
+        EXPECT_EQ(carga.Texto(300), caso.texto300) << caso.que;
+    }
+}
+
+TEST(Language, AMissingFileLeavesTheTextsAlone) {
+    const DirectorioTemporal directorio;
+    TextosIdioma textos;
+    textos.Poner(300, "loaded before");
+    std::string idioma = "Espanol";
+    EXPECT_EQ(RecuperarIdioma(textos, directorio / "language.txt", idioma), ResultadoIdioma::SinArchivo);
+    EXPECT_EQ(textos.Texto(300), "loaded before");
+    EXPECT_EQ(idioma, "Espanol");
+
+    EXPECT_EQ(RecuperarIdioma(textos, directorio.Escribir("language.txt", archivo), idioma), ResultadoIdioma::Bien);
+    EXPECT_EQ(textos.Texto(300), "Save the changes?");
+}
+
+TEST(Language, ListsTheNamesWithoutQuotes) {
+    const DirectorioTemporal directorio;
+    const auto todos = ListarIdiomas(directorio.Escribir("language.txt", archivo));
+    EXPECT_TRUE(todos.completa);
+    EXPECT_THAT(todos.nombres, ElementsAre("English", "Espa\xF1ol", "Deutsch", "English"));
+
+    const auto rotos = ListarIdiomas(directorio.Escribir("language.txt", "0,\"A \"\"B\"\"\"\n300,\"x\"\n0"));
+    EXPECT_FALSE(rotos.completa);
+    EXPECT_THAT(rotos.nombres, ElementsAre("A B"));
+
+    EXPECT_FALSE(ListarIdiomas(directorio / "missing.txt").completa);
+}
+
+}  // namespace
+}  // namespace qor
