@@ -1,0 +1,155 @@
+#include <algorithm>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "generator/conversions.h"
+#include "generator/sections.h"
+#include "model/cells.h"
+
+namespace qor {
+
+namespace {
+
+constexpr int anchoDeCodigo = 50;
+constexpr std::size_t largoMaximoDeNombre = 997;
+
+std::ptrdiff_t ContarApostrofos(std::string_view linea) { return std::count(linea.begin(), linea.end(), '\''); }
+
+// One code line; the run ends behind it when it refers to a step-loop field.
+void EscribirLineaDeCodigo(Generacion& g, const char* sangria, const std::string& linea, int mensaje, const std::string& nombre) {
+    const auto convertida = ConvertirTexto(linea, g.operaciones, g.nombres.GTprefijo);
+    g.reporte.LineaDelUsuario(sangria + convertida.texto);
+    if (convertida.CampoDeStep) g.Detener({mensaje, " ", nombre, "."});
+}
+
+void EscribirCodigoDeCampo(Generacion& g, const std::array<std::string, 4>& fila) {
+    bool hayLineas = false;
+    for (const auto& linea : PartirLineas(fila[3], anchoDeCodigo)) {
+        if (TienePares(linea) || EstaEnBlanco(linea)) continue;
+        if (linea.front() == '*') {
+            g.reporte.LineaDelUsuario(linea);
+        } else {
+            EscribirLineaDeCodigo(g, "  ", linea, 321, fila[0]);
+        }
+        hayLineas = true;
+    }
+    if (hayLineas) g.reporte.LineaVacia();
+}
+
+// The CASE over the value pairs of a field; `campo` is the component that holds the value.
+void EscribirPares(Generacion& g, int f, const std::string& campo) {
+    const std::string numero = std::to_string(f);
+    g.reporte.Linea("  CASE {campo}.", {{"campo", campo}});
+    for (const auto& linea : PartirLineas(g.especificacion.TablaArchivo[f][3], anchoDeCodigo)) {
+        if (!TienePares(linea)) continue;
+        const auto primero = ExtraerPrimero(linea);
+        if (primero.malEscrita) g.vista.Advertir(Componer(g.textos, {372}));
+        g.reporte.Linea("    WHEN '{valor}'.", {{"valor", primero.texto}});
+        if (primero.malEscrita) throw FalloDeEjecucion("a value-pair line without exactly four apostrophes");
+        g.reporte.Linea("      {GS}CONVERTED{R} = '{valor}'.", {{"R", numero}, {"valor", ExtraerSegundo(linea)}});
+    }
+    g.reporte.Lineas(R"(
+    WHEN OTHERS.
+      {GS}CONVERTED{R} = {campo}.
+  ENDCASE.
+
+)",
+                     {{"R", numero}, {"campo", campo}});
+}
+
+}  // namespace
+
+TextoConvertido ConvertirTexto(std::string_view linea, const Operaciones& operaciones, const std::string& GTprefijo) {
+    TextoConvertido convertido;
+    for (std::size_t i = 0; i < linea.size(); ++i) {
+        if (linea[i] != '#') {
+            convertido.texto += linea[i];
+            continue;
+        }
+        convertido.texto += GTprefijo + "ITAB-";
+        const auto resto = linea.substr(i + 1);
+        const auto fin = resto.find_first_of("\r +(<[.,");
+        const auto nombre = fin == std::string_view::npos ? resto.substr(0, largoMaximoDeNombre) : resto.substr(0, fin);
+        if (operaciones.OperacionDeCampo(Mayusculas(nombre)) != 0) convertido.CampoDeStep = true;
+    }
+    return convertido;
+}
+
+PrimerTexto ExtraerPrimero(std::string_view linea) {
+    const auto apostrofos = ContarApostrofos(linea);
+    if (apostrofos < 2 || apostrofos > 4) return {{}, true};
+    return {std::string(AntesDe(DespuesDe(linea, '\''), '\'')), false};
+}
+
+std::string ExtraerSegundo(std::string_view linea) {
+    if (ContarApostrofos(linea) < 4) throw FalloDeEjecucion("a line with fewer than four apostrophes where two texts belong");
+    const auto desdeSegundo = DespuesDe(DespuesDe(linea, '\''), '\'');
+    return std::string(AntesDe(DespuesDe(desdeSegundo, '\''), '\''));
+}
+
+void EscribirCondCheck(Generacion& g) {
+    g.reporte.Lineas(R"(
+
+{RULE}
+*       FORM COND_CHECK                                               *
+{RULE}
+*  -->  CONDITION                                                     *
+*  -->  RESULT                                                        *
+{RULE}
+FORM COND_CHECK USING {LS}CONDITION CHANGING {LS}RESULT.
+  {LS}RESULT = {GC}NO.
+)");
+    const bool hayCondiciones = !g.especificacion.TablaCondiciones[0][0].empty();
+    if (hayCondiciones) g.reporte.Linea("  CASE {LS}CONDITION.");
+    for (const auto& [nombre, texto] : g.especificacion.TablaCondiciones) {
+        if (nombre.empty()) break;
+        g.reporte.Linea("    WHEN '{nombre}'.", {{"nombre", nombre}});
+        for (const auto& linea : PartirLineas(texto, anchoDeCodigo)) {
+            if (!EstaEnBlanco(linea)) EscribirLineaDeCodigo(g, "      ", linea, 320, nombre);
+        }
+    }
+    if (hayCondiciones) g.reporte.Linea("  ENDCASE.");
+    g.reporte.Linea("ENDFORM.");
+}
+
+void EscribirConversions(Generacion& g) {
+    g.reporte.Lineas(R"(
+
+{RULE}
+*       FORM CONVERSIONS                                              *
+{RULE}
+FORM CONVERSIONS.
+
+)");
+    const auto& tabla = g.especificacion.TablaArchivo;
+    for (int f = 0; f <= ultimaFila; ++f) {
+        if (!EstaEnBlanco(tabla[f][3])) EscribirCodigoDeCampo(g, tabla[f]);
+    }
+    for (int f = 0; f <= ultimaFila; ++f) {
+        const auto campo = Recortar(tabla[f][0]);
+        if (!TienePares(tabla[f][3]) || g.operaciones.OperacionDeCampo(campo) != 0) continue;
+        EscribirPares(g, f, g.nombres.GTprefijo + "ITAB-" + std::string(campo));
+    }
+    g.reporte.Linea("ENDFORM.");
+}
+
+void EscribirTabConversions(Generacion& g) {
+    g.reporte.Lineas(R"(
+
+{RULE}
+*       FORM TABCONVERSIONS                                           *
+{RULE}
+FORM TABCONVERSIONS.
+
+)");
+    const auto& tabla = g.especificacion.TablaArchivo;
+    for (int f = 0; f <= ultimaFila; ++f) {
+        const auto campo = Recortar(tabla[f][0]);
+        if (!TienePares(tabla[f][3])) continue;
+        const int grupo = g.operaciones.OperacionDeCampo(campo);
+        if (grupo != 0) EscribirPares(g, f, g.nombres.GTprefijo + "ITABSL_" + std::to_string(grupo) + "-" + std::string(campo));
+    }
+    g.reporte.Linea("ENDFORM.");
+}
+
+}  // namespace qor

@@ -1,0 +1,119 @@
+#include "base/text.h"
+#include "generator/sections.h"
+#include "model/cells.h"
+
+namespace qor {
+
+namespace {
+
+// The walk over the program side that writes one form for each operation.
+class FormasDeOperacion {
+public:
+    explicit FormasDeOperacion(Generacion& g) : g_(g), tabla_(g.especificacion.TablaTransaccion) {}
+
+    void Escribir() {
+        // This test doesn't cut blanks, unlike all other walks.
+        for (int r = 0; r <= ultimaFila && !(tabla_[r][0].empty() && tabla_[r][2].empty()); ++r) {
+            const auto& fila = tabla_[r];
+            if (EsCabezaTransaccion(fila) || EsCabezaBAPI(fila)) {
+                EmpezarOperacion(r);
+            } else if (esBAPI_) {
+                EscribirFilaBAPI(g_, r, enCadena_);
+            } else {
+                EscribirFila(r);
+            }
+        }
+        CerrarOperacion();
+        g_.reporte.ImprimirMemoria();
+    }
+
+private:
+    void EmpezarOperacion(int r) {
+        if (numero_ > 1) CerrarOperacion();
+        g_.reporte.MPrint("");
+        codigo_ = Recortar(AntesDe(tabla_[r][1], ';'));
+        esBAPI_ = EsCabezaBAPI(tabla_[r]);
+        if (esBAPI_) {
+            EscribirCabezaBAPI(g_, codigo_, numero_);
+        } else {
+            EscribirCabeza();
+        }
+        ++numero_;
+        enCadena_ = true;
+    }
+
+    void EscribirCabeza() {
+        // The padding counts the code alone: from operation 10 on this comment is a column wider, on purpose.
+        g_.reporte.MPrintLineas(R"(
+{RULE}
+*       FORM GENERATE_BDC_{codigo}_{N}{relleno}*
+{RULE}
+*  -->  TCODE                                                         *
+{RULE}
+FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
+
+  {LS}TCODE = '{codigo}'.
+  REFRESH {GT}BDC_TAB.
+  {GS}PROCESS_FIELDS = {GC}YES.
+)",
+                                {{"codigo", codigo_},
+                                 {"N", std::to_string(numero_)},
+                                 {"relleno", Blancos(42 - static_cast<std::ptrdiff_t>(codigo_.size()))}});
+    }
+
+    void CerrarOperacion() {
+        if (esBAPI_) CerrarBAPI(g_, codigo_);
+        g_.reporte.MPrint("");
+        g_.reporte.MPrint("ENDFORM.");
+    }
+
+    void EscribirFila(int r) {
+        const auto& fila = tabla_[r];
+        if (g_.operaciones.FilaEnStepLoop(r)) {
+            // The other rows of a group are sent by its own form.
+            if (!Contiene(fila[4], "!1")) return;
+            g_.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g_.operaciones.OperacionFila(r))}});
+            enCadena_ = true;
+        } else if (!fila[0].empty()) {
+            if (fila[1].empty()) g_.Detener({318});
+            AbrirCadena();
+            g_.reporte.MPrint("       'X'   '{programa}'     '{dynpro}' '{cond}'",
+                              {{"programa", fila[0]},
+                               {"dynpro", std::string(AntesDe(fila[1], ';'))},
+                               {"cond", std::string(DespuesDe(fila[1], ';'))}});
+        } else {
+            if (fila[3].empty()) g_.DetenerEnFila(Tabla::Transaccion, r, {319});
+            AbrirCadena();
+            g_.reporte.MPrint("       ' '   '{campo}'     {valor} '{cond}'", {{"campo", std::string(AntesDe(fila[2], ';'))},
+                                                                              {"valor", ValorDeCampo(g_, fila[3])},
+                                                                              {"cond", std::string(DespuesDe(fila[2], ';'))}});
+        }
+    }
+
+    void AbrirCadena() {
+        if (enCadena_) g_.reporte.MPrint("  PERFORM DYNPRO USING:");
+        enCadena_ = false;
+    }
+
+    Generacion& g_;
+    const TablaDeTextos<5>& tabla_;
+    int numero_ = 1;
+    bool esBAPI_ = false;
+    bool enCadena_ = false;
+    std::string codigo_;
+};
+
+}  // namespace
+
+void EscribirOperaciones(Generacion& g) { FormasDeOperacion(g).Escribir(); }
+
+std::string ValorDeCampo(const Generacion& g, std::string_view celda) {
+    if (EsVariable(celda)) return std::string(celda.substr(1));
+    if (celda.front() == '\'') return std::string(celda);
+    const int fila = g.FilaDeCampo(celda);
+    if (fila >= 0 && TienePares(g.especificacion.TablaArchivo[fila][3]))
+        return g.nombres.GSprefijo + "CONVERTED" + std::to_string(fila);
+    return g.nombres.GTprefijo + "ITAB-" + std::string(celda);
+}
+
+}  // namespace qor

@@ -1,0 +1,85 @@
+#include "generator/checks.h"
+#include "generator/data_source_models.h"
+#include "generator/generation.h"
+
+namespace qor {
+
+namespace {
+
+void EscribirCampo(Generacion& g, int fila) {
+    const auto& [campo, ancho, nota, conversion] = g.especificacion.TablaArchivo[fila];
+    g.reporte.Linea("        {campo}({anchocampo}),{_}", {{"campo", campo}, {"anchocampo", ancho}});
+}
+
+// One record: its fields are those that `pertenece` answers for.
+template <typename Pertenece>
+void EscribirRegistro(Generacion& g, const std::string& tabla, bool ultimo, Pertenece pertenece) {
+    const bool conContador = g.valores.ArchivoUnico && g.valores.HayStepSinClave;
+    const bool principal = tabla == g.nombres.GTprefijo + "ITAB";
+    g.reporte.Linea("      BEGIN OF {tabla} OCCURS 0,", {{"tabla", tabla}});
+    if (principal && g.valores.ArchivoUnico) {
+        g.reporte.Linea("        ID({largo}),{_}", {{"largo", std::to_string(g.valores.LargoIdentificador)}});
+    }
+    if (conContador) g.reporte.Linea("        AUTOCOUNTER(10) TYPE N,");
+    bool hayCampos = false;
+    const int filas = g.especificacion.FilasArchivo();
+    for (int f = 0; f < filas; ++f) {
+        if (!pertenece(f)) continue;
+        EscribirCampo(g, f);
+        hayCampos = true;
+    }
+    if (principal && !hayCampos) g.reporte.Linea("        DUMMY(1),");
+    g.reporte.Linea("      END OF {tabla}{fin}", {{"tabla", tabla}, {"fin", ultimo ? "." : ","}});
+}
+
+bool Chequear(Generacion& g) {
+    if (!TablasOK(g.especificacion, g.textos, g.vista)) return false;
+    g.nombres = SetearConvencionesDeNombres(g.preferencias);
+    g.operaciones = ActualizarOperaciones(g.especificacion, 0);
+    g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
+    if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
+    return !ExistenStepsInvalidos(g) && ChequearArchivosCampos(g) && ChequearValores(g);
+}
+
+bool ChequearAnchos(const Generacion& g) {
+    const int filas = g.especificacion.FilasArchivo();
+    for (int f = 0; f < filas; ++f) {
+        const auto& fila = g.especificacion.TablaArchivo[f];
+        if (!fila[1].empty()) continue;
+        g.vista.MostrarFila(Tabla::Archivo, f);
+        g.vista.Advertir(Componer(g.textos, {315, " ", fila[0]}));
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+Estructuras ImprimirEstructuras(const PedidoDeGeneracion& pedido) {
+    Generacion g = NuevaGeneracion(pedido);
+    if (!Chequear(g) || !ChequearAnchos(g)) return {};
+    DefinirNombres(g);
+    Estructuras estructuras;
+    const auto cabezas = CabezasStepLoop(g.especificacion);
+    estructuras.tablas.push_back(g.nombres.GTprefijo + "ITAB");
+    g.reporte.LineaVacia();
+    EscribirRegistro(g, estructuras.tablas.back(), cabezas.empty(), [&](int f) {
+        const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
+        return clase == ClaseCampo::Ninguna || clase == ClaseCampo::Clave;
+    });
+    for (std::size_t i = 0; i < cabezas.size(); ++i) {
+        const int n = static_cast<int>(i) + 1;
+        if (g.operaciones.ContarCamposOperacion(n) == 0) {
+            g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabezas[i]][2], " ", 317}));
+        }
+        estructuras.tablas.push_back(g.nombres.GTprefijo + "ITABSL_" + std::to_string(n));
+        EscribirRegistro(g, estructuras.tablas.back(), n == static_cast<int>(cabezas.size()), [&](int f) {
+            const auto clase = g.operaciones.ClaseCampoEnOperacion(f, n);
+            return clase == ClaseCampo::DelGrupo || (clase == ClaseCampo::Clave && !g.opciones.EntradaDeTabla());
+        });
+    }
+    estructuras.texto = g.reporte.Texto();
+    return estructuras;
+}
+
+}  // namespace qor
