@@ -1,0 +1,243 @@
+#include "print/specification_print.h"
+
+#include "base/text.h"
+#include "generator/checks.h"
+#include "model/cells.h"
+#include "print/page.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t largoSeparadora = 90;
+constexpr std::size_t anchoDeTexto = 120;
+constexpr std::size_t largoDeNota = 70;
+
+class Documento {
+public:
+    Documento(const Generacion& g, Dispositivo& d) : g_(g), d_(d) {}
+
+    void Imprimir() {
+        ConfigurarImpresora(d_);
+        Encabezado(d_, g_.Texto(900));
+        LineasVacias(d_, 2);
+        ImprimirDatosGenerales();
+        PonerTamano(d_, 10);
+        LineaSeparadora(d_, largoSeparadora);
+        LineasVacias(d_, 1);
+        Controlar();
+        ImprimirRegistroPrincipal();
+        for (int n = 1; g_.operaciones.ContarCamposOperacion(n) > 0; ++n) ImprimirGrupo(n);
+        ImprimirProgramas();
+        ImprimirNotas();
+        d_.Terminar();
+    }
+
+private:
+    void Controlar() { ControlarPagina(d_, g_.textos); }
+
+    void Par(int mensaje, const std::string& valor) {
+        PonerNegrita(d_, true);
+        d_.Item(g_.Texto(mensaje));
+        PonerNegrita(d_, false);
+        Linea(d_, " " + valor);
+    }
+
+    void TextoLargo(int mensaje, const std::string& texto) {
+        PonerNegrita(d_, true);
+        Linea(d_, g_.Texto(mensaje));
+        PonerNegrita(d_, false);
+        SPrint(d_, g_.textos, texto, anchoDeTexto);
+    }
+
+    void ImprimirDatosGenerales() {
+        const auto& o = g_.opciones;
+        PonerTamano(d_, 10);
+        Par(921, g_.NombreDocumento.empty() ? "(" + g_.Texto(922) + ")" : g_.NombreDocumento);
+        Par(901, o.Functional);
+        Par(902, o.Technical);
+        Par(903, o.ModuleCombo);
+        TextoLargo(904, o.Description);
+        LineasVacias(d_, 1);
+        TextoLargo(905, o.Notes);
+        LineasVacias(d_, 2);
+        Controlar();
+        if (!g_.valores.ArchivoUnico) return;
+        const auto archivo = Recortar(o.ArchivoFuente);
+        PonerNegrita(d_, true);
+        d_.Item(g_.Texto(925));
+        PonerNegrita(d_, false);
+        Linea(d_, archivo.empty() ? std::string() : " " + std::string(archivo));
+        LineasVacias(d_, 1);
+    }
+
+    // Texts at their tabs, on one line.
+    void Fila(std::initializer_list<std::pair<int, std::string_view>> celdas) {
+        for (const auto& [columna, texto] : celdas) {
+            d_.Tab(columna);
+            d_.Item(texto);
+        }
+        d_.FinDeLinea();
+    }
+
+    void Titulos(std::initializer_list<std::pair<int, std::string_view>> celdas) {
+        d_.PonerEnfasis(Enfasis::Titulo, true);
+        Fila(celdas);
+        d_.PonerEnfasis(Enfasis::Titulo, false);
+        LineasVacias(d_, 1);
+    }
+
+    void TitulosDeRegistro() { Titulos({{2, g_.Texto(907)}, {47, g_.Texto(908)}, {60, g_.Texto(909)}}); }
+
+    void FilaDeIdentificador(int n) {
+        if (!g_.valores.ArchivoUnico) return;
+        const std::string id(ObtenerIdentificador(g_.opciones.Identificadores, n));
+        Fila({{2, g_.Texto(927)}, {50, std::to_string(id.size())}, {60, "'" + id + "'"}});
+    }
+
+    void FilaDeCampo(int f) {
+        const auto& fila = g_.especificacion.TablaArchivo[f];
+        Controlar();
+        Fila({{2, fila[0]}, {50, fila[1]}, {60, std::string_view(fila[2]).substr(0, largoDeNota)}});
+    }
+
+    void ImprimirRegistroPrincipal() {
+        Encabezado(
+            d_, g_.valores.ArchivoUnico ? g_.Texto(923) : g_.Texto(906) + " " + std::string(Recortar(g_.opciones.ArchivoFuente)));
+        LineasVacias(d_, 1);
+        TitulosDeRegistro();
+        FilaDeIdentificador(0);
+        const int filas = g_.especificacion.FilasArchivo();
+        for (int f = 0; f < filas; ++f) {
+            if (g_.operaciones.OperacionDeCampo(f) == 0) FilaDeCampo(f);
+        }
+        LineasVacias(d_, 2);
+    }
+
+    std::string TituloDeGrupo(int n) const {
+        const std::string numero = " " + std::to_string(n);
+        if (g_.valores.ArchivoUnico) return g_.Texto(924) + numero;
+        const int cabeza = FilaDeStepLoop(g_.especificacion, n);
+        return g_.Texto(910) + numero + ": " + std::string(ExtraerMarca(g_.especificacion.TablaTransaccion[cabeza][4], 2, 3));
+    }
+
+    void ImprimirGrupo(int n) {
+        PonerNegrita(d_, true);
+        LineaSeparadora(d_, largoSeparadora);
+        LineasVacias(d_, 1);
+        Controlar();
+        Encabezado(d_, TituloDeGrupo(n));
+        PonerNegrita(d_, false);
+        TitulosDeRegistro();
+        FilaDeIdentificador(n);
+        const int filas = g_.especificacion.FilasArchivo();
+        for (int f = 0; f < filas; ++f) {
+            if (g_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave) FilaDeClave(f);
+        }
+        for (int f = 0; f < filas; ++f) {
+            const bool esClave = g_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave;
+            if (g_.operaciones.OperacionDeCampo(f) == n && !esClave) FilaDeCampo(f);
+        }
+        LineasVacias(d_, 3);
+    }
+
+    void FilaDeClave(int f) {
+        const auto& fila = g_.especificacion.TablaArchivo[f];
+        Controlar();
+        d_.Tab(2);
+        d_.PonerEnfasis(Enfasis::Clave, true);
+        d_.Item(fila[0]);
+        d_.PonerEnfasis(Enfasis::Clave, false);
+        Fila({{50, fila[1]}, {60, g_.Texto(911)}});
+    }
+
+    void ImprimirOperacion(int mensaje, const std::string& codigo) {
+        PonerNegrita(d_, true);
+        Linea(d_, g_.Texto(mensaje) + " " + codigo);
+        PonerNegrita(d_, false);
+        LineasVacias(d_, 1);
+    }
+
+    void ImprimirProgramas() {
+        LineaSeparadora(d_, largoSeparadora);
+        LineasVacias(d_, 1);
+        Encabezado(d_, g_.Texto(912));
+        LineasVacias(d_, 1);
+        for (int r = 0; r <= ultimaFila; ++r) {
+            const auto& fila = g_.especificacion.TablaTransaccion[r];
+            if (fila[0].empty() && fila[2].empty()) break;
+            Controlar();
+            if (EsCabezaTransaccion(fila)) {
+                ImprimirOperacion(913, fila[1]);
+                Titulos({{10, g_.Texto(914)}, {30, g_.Texto(915)}, {45, g_.Texto(916)}, {100, g_.Texto(907)}});
+            } else if (EsCabezaBAPI(fila)) {
+                ImprimirOperacion(926, fila[1]);
+                Titulos({{45, g_.Texto(916)}, {100, g_.Texto(907)}});
+            } else {
+                Fila({{10, fila[0]}, {30, fila[1]}, {45, fila[2]}, {100, fila[3]}});
+            }
+        }
+    }
+
+    void ImprimirNotas() {
+        LineasVacias(d_, 3);
+        LineaSeparadora(d_, largoSeparadora);
+        Controlar();
+        Encabezado(d_, g_.Texto(917));
+        LineasVacias(d_, 2);
+        for (int r = 0; r <= ultimaFila; ++r) {
+            const auto& fila = g_.especificacion.TablaTransaccion[r];
+            const std::string_view nota = std::string_view(fila[4]).substr(0, fila[4].find("!1"));
+            if (EstaEnBlanco(nota)) continue;
+            Controlar();
+            LineasVacias(d_, 1);
+            PonerNegrita(d_, true);
+            Linea(d_, g_.Texto(918) + " " + Mayusculas(Recortar(fila[2])));
+            PonerNegrita(d_, false);
+            Controlar();
+            LineasVacias(d_, 1);
+            SPrint(d_, g_.textos, nota, anchoDeTexto);
+        }
+    }
+
+    const Generacion& g_;
+    Dispositivo& d_;
+};
+
+}  // namespace
+
+bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& elegir) {
+    Generacion g = NuevaGeneracion(pedido);
+    g.operaciones = ActualizarOperaciones(g.especificacion, 0);
+    g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
+    if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
+    if (!ChequearArchivosCampos(g) || !TablasOK(g.especificacion, g.textos, g.vista)) return false;
+    Dispositivo* const dispositivo = elegir();
+    if (dispositivo == nullptr) return false;
+    g.vista.PunteroOcupado(true);
+    Documento(g, *dispositivo).Imprimir();
+    g.vista.PunteroOcupado(false);
+    g.vista.Informar(Componer(g.textos, {919}));
+    return true;
+}
+
+void ImprimirBAPI(Dispositivo& d, const TextosIdioma& textos, Vista& vista, std::string_view nombre,
+                  std::string_view documentacion) {
+    ConfigurarImpresora(d);
+    d.PonerOrigenIzquierdo(d.OrigenIzquierdo() + 1500);
+    d.PonerLetra({d.LetraActual().nombre, 11, true});
+    Linea(d, nombre);
+    LineasVacias(d, 1);
+    d.PonerLetra({d.LetraActual().nombre, 9, false});
+    LineaSeparadora(d, 80);
+    LineasVacias(d, 1);
+    Linea(d, textos.Texto(198));
+    for (const auto& linea : PartirLineas(documentacion, 72)) {
+        ControlarPagina(d, textos);
+        Linea(d, linea);
+    }
+    d.Terminar();
+    vista.Informar(Componer(textos, {919}));
+}
+
+}  // namespace qor
