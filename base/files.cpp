@@ -44,6 +44,15 @@ std::string LeerDescriptor(int descriptor) {
     }
 }
 
+void EscribirEnDescriptor(int descriptor, std::string_view texto) {
+    while (!texto.empty()) {
+        const auto escritos = ::write(descriptor, texto.data(), texto.size());
+        if (escritos < 0 && errno == EINTR) continue;
+        if (escritos < 0) Fallar("the file can't be written");
+        texto.remove_prefix(static_cast<std::size_t>(escritos));
+    }
+}
+
 }  // namespace
 
 std::string LeerArchivo(const std::filesystem::path& ruta) {
@@ -103,14 +112,26 @@ void ArchivoBloqueado::Cerrar() {
 std::string ArchivoBloqueado::LeerTodo() const { return LeerDescriptor(descriptor_); }
 
 void ArchivoBloqueado::EscribirTodo(std::string_view texto) {
-    while (!texto.empty()) {
-        const auto escritos = ::write(descriptor_, texto.data(), texto.size());
-        if (escritos < 0 && errno == EINTR) continue;
-        if (escritos < 0) Fallar("the file can't be written");
-        texto.remove_prefix(static_cast<std::size_t>(escritos));
-    }
+    EscribirEnDescriptor(descriptor_, texto);
     if (::fsync(descriptor_) != 0) Fallar("the file can't be flushed to the disk");
 }
+
+ArchivoDeSalida::ArchivoDeSalida(const std::filesystem::path& ruta)
+    : descriptor_(::open(ruta.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666)) {
+    if (descriptor_ < 0) Fallar("the file can't be opened");
+    struct stat datos {};
+    const bool regular = ::fstat(descriptor_, &datos) == 0 && S_ISREG(datos.st_mode);
+    if (!regular) return;
+    if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 && ::ftruncate(descriptor_, 0) == 0) return;
+    const int error = errno;
+    ::close(descriptor_);
+    errno = error;
+    Fallar("the file is in use");
+}
+
+ArchivoDeSalida::~ArchivoDeSalida() { ::close(descriptor_); }
+
+void ArchivoDeSalida::Escribir(std::string_view texto) { EscribirEnDescriptor(descriptor_, texto); }
 
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino) {
     if (::rename(nuevo.c_str(), destino.c_str()) != 0) Fallar("the file can't be renamed");

@@ -45,6 +45,23 @@ private:
     int descriptor_ = -1;
 };
 
+// Writes a text as the whole content of a file. An opening that holds the file locked, in this process or another, is a failure, and
+// the file then stays as it was; so an open document is never overwritten. Whatever is no regular file is just written to.
+class ArchivoDeSalida {
+public:
+    // Opens the file and empties it. Throws FalloDeEjecucion.
+    explicit ArchivoDeSalida(const std::filesystem::path& ruta);
+    ~ArchivoDeSalida();
+    ArchivoDeSalida(const ArchivoDeSalida&) = delete;
+    ArchivoDeSalida& operator=(const ArchivoDeSalida&) = delete;
+
+    // Throws FalloDeEjecucion when the text can't be written.
+    void Escribir(std::string_view texto);
+
+private:
+    int descriptor_;
+};
+
 // Puts `nuevo` in the place of `destino` in one atomic step and flushes the directory. Throws FalloDeEjecucion.
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino);
 

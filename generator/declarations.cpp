@@ -171,7 +171,7 @@ void EscribirLineasComunes(Generacion& g) {
 
 void EscribirModo(Generacion& g) {
     g.reporte.Definir("M", std::string(1, g.opciones.Modo));
-    if (!g.operaciones.HayTransaccion || !g.PorLlamada() || g.opciones.ModeAsParameter != 0) return;
+    if (!g.ConModo() || g.opciones.ModeAsParameter != 0) return;
     g.valores.VariableModo = g.nombres.GSprefijo + g.nombres.RaizModo;
     g.reporte.Definir("MODO", g.valores.VariableModo);
     g.reporte.Linea("      {MODO} LIKE CTU_PARAMS-DISMODE VALUE '{M}',");

@@ -1,10 +1,10 @@
 #include "generator/generate.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "base/clock.h"
 #include "base/failure.h"
+#include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/checks.h"
@@ -156,21 +156,27 @@ void EscribirReporte(Generacion& g) {
     if (g.valores.ManejoErrores) EscribirAddStructures(g);
 }
 
+// The report of a run that has stopped; a further failure changes nothing.
+void EscribirLoHecho(ArchivoDeSalida& archivo, const std::string& texto) {
+    try {
+        archivo.Escribir(texto);
+    } catch (const FalloDeEjecucion&) {
+        return;
+    }
+}
+
 // Opens the output and writes the report into it, as far as it comes.
 void EscribirArchivo(Generacion& g, const std::string& ruta) {
-    std::ofstream archivo(RutaDelSistema(ruta), std::ios::binary | std::ios::trunc);
-    if (!archivo) throw FalloDeEjecucion("the output file can't be opened");
+    ArchivoDeSalida archivo(RutaDelSistema(ruta));
     g.valores.FechaCreacion = FechaYHora(HoraActual());
     DefinirNombres(g);
     try {
         EscribirReporte(g);
     } catch (...) {
-        archivo << g.reporte.Texto();
+        EscribirLoHecho(archivo, g.reporte.Texto());
         throw;
     }
-    archivo << g.reporte.Texto();
-    archivo.close();
-    if (!archivo) throw FalloDeEjecucion("the output file can't be written");
+    archivo.Escribir(g.reporte.Texto());
 }
 
 void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {

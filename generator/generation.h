@@ -60,6 +60,8 @@ struct Generacion {
 
     // CALL TRANSACTION is used, by choice or because a BAPI is there.
     bool PorLlamada() const { return opciones.CallTransaction == 1 || operaciones.HayBAPI; }
+    // Transactions are called with a display mode. Unlike PorLlamada, any value but 0 counts.
+    bool ConModo() const { return operaciones.HayTransaccion && (opciones.CallTransaction != 0 || operaciones.HayBAPI); }
     // The input is a file of the client or of the server.
     bool EntradaDeArchivo() const { return (opciones.TablaCh == 0 || opciones.ClienteOp) && !especificacion.OrigenUsuario; }
     // The row of a file field, by its exact name, among the rows in front of the first empty one; -1 when there is none.

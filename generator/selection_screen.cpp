@@ -68,7 +68,7 @@ PARAMETERS: {NEWB} RADIOBUTTON GROUP RADB DEFAULT 'X'.
 )");
     }
     if (g.EntradaDeArchivo() && o.FileParameterCh == 1) EscribirParametrosDeArchivo(g);
-    if (g.operaciones.HayTransaccion && g.PorLlamada() && o.ModeAsParameter != 0) {
+    if (g.ConModo() && o.ModeAsParameter != 0) {
         g.valores.VariableModo = g.nombres.PSprefijo + g.nombres.RaizModo;
         g.reporte.Definir("MODO", g.valores.VariableModo);
         g.reporte.Lineas(R"(

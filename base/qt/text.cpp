@@ -1,0 +1,21 @@
+#include "base/qt/text.h"
+
+#include "base/code_page.h"
+#include "base/text.h"
+
+namespace qor {
+
+QString TextoQt(std::string_view texto) { return QString::fromStdString(AUtf8(texto)); }
+
+std::string TextoDelModelo(const QString& texto) {
+    if (auto entero = DesdeUtf8(texto.toStdString())) return *entero;
+    std::string resultado;
+    for (const QChar c : texto) resultado += DesdeUtf8(QString(c).toStdString()).value_or("");
+    return resultado;
+}
+
+QString LineasQt(std::string_view texto) { return TextoQt(ReemplazarTodo(texto, "\r\n", "\n")); }
+
+std::string LineasDelModelo(const QString& texto) { return ReemplazarTodo(TextoDelModelo(texto), "\n", "\r\n"); }
+
+}  // namespace qor

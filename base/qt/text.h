@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+// Texts of the model as the forms take them, and back. Characters that windows-1252 lacks are dropped on the way back.
+QString TextoQt(std::string_view texto);
+std::string TextoDelModelo(const QString& texto);
+
+// The same for texts of several lines: CR LF in the model, LF in a form.
+QString LineasQt(std::string_view texto);
+std::string LineasDelModelo(const QString& texto);
+
+}  // namespace qor
