@@ -1,0 +1,68 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/language.h"
+#include "app/settings.h"
+#include "editor/editor.h"
+#include "generator/generate.h"
+
+// The desktop program from its start to its end: what is loaded, what the first activation of the main form does, and the order of
+// closing.
+namespace qor {
+
+// What the main form holds beside the editor, and what outlives a document.
+struct Programa {
+    std::filesystem::path directorioDeDatos;
+    std::filesystem::path rutaDeAjustes;
+    ArchivoINI ini;
+    AjustesDelPrograma ajustes;
+    TextosIdioma textos;
+    EstadoDelGenerador generador;
+};
+
+// The load of the main form: settings, then the language, English where none was chosen yet. Settings that can't be read are the
+// defaults. With ResultadoIdioma::SinArchivo the form shows avisoSinIdioma and ends the program; with Fallo it shows avisoFalloIdioma
+// and goes on.
+ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const std::filesystem::path& directorioDeDatos);
+
+constexpr const char* avisoSinIdioma = "Cannot find language file.";
+constexpr const char* avisoFalloIdioma = "An error has occurred";
+constexpr const char* avisoFalloListaDeIdiomas = "An error has occurred while trying to retrieve language.";
+
+// A language chosen by the user, at the first start or by the menu. Nothing with a blank name.
+ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre);
+
+// An editor as the program starts with.
+void PrepararEditor(const Programa& programa, Editor& editor);
+
+struct LineaDeComandos {
+    bool conPresentacion = true;  // the opening box is shown
+    std::string documento;        // to open; empty for none
+};
+
+// The prefix "#$%" asks for no opening box; the document may stand in double quotes.
+LineaDeComandos LeerLineaDeComandos(std::string_view linea);
+
+// What the first activation does, in this order.
+struct PrimeraActivacion {
+    bool mostrarPresentacion = false;
+    bool preguntarIdioma = false;  // FormSelectLanguage, then ElegirIdioma with "Espanol" or "English"
+    std::string documento;         // for AbrirInicial; empty for none
+    bool conectar = false;         // log on
+};
+
+PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const LineaDeComandos& linea);
+
+// Opens the document named at the start, under the name that the disk has for it. False when it can't be opened: the program ends.
+bool AbrirInicial(Editor& editor, const std::string& documento);
+
+// The unload of the main form: the question about changes, the document, the settings, the temporary file, then `desconectar`, which
+// logs off where there is a connection. False when the user keeps the program open; nothing but a save has happened then. What
+// fails on the way is passed over.
+bool CerrarPrograma(Programa& programa, Editor& editor, const std::function<void()>& desconectar);
+
+}  // namespace qor

@@ -1,0 +1,172 @@
+#include "editor/notes.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "editor/grids.h"
+#include "editor/key_filters.h"
+#include "model/cells.h"
+#include "model/operations.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t maximoDeFilas = 2;  // digits
+constexpr const char* filtroDeArchivos = "*.*|*.*";
+
+bool FaltaArchivoDeStep(const Editor& editor) {
+    const auto& o = editor.opciones;
+    const bool sinArchivoUnico = (o.TablaCh == 1 || o.ClienteOp) && (o.DelimTab() || o.ServidorOp());
+    return !(sinArchivoUnico || editor.especificacion.OrigenUsuario || !o.OneFileOption());
+}
+
+// Makes a row a head for a moment.
+class CabezaDePrueba {
+public:
+    explicit CabezaDePrueba(std::string& celda) : celda_(celda), antes_(std::exchange(celda, "!1 1!2")) {}
+    ~CabezaDePrueba() { celda_ = std::move(antes_); }
+    CabezaDePrueba(const CabezaDePrueba&) = delete;
+    CabezaDePrueba& operator=(const CabezaDePrueba&) = delete;
+
+private:
+    std::string& celda_;
+    std::string antes_;
+};
+
+// The file fields that no other group than the row's own would use.
+std::vector<DialogoDeNotas::Campo> CamposDeStep(Editor& editor, int fila) {
+    auto& especificacion = editor.especificacion;
+    const CabezaDePrueba cabeza(especificacion.TablaTransaccion[fila][4]);
+    const auto operaciones = ActualizarOperaciones(especificacion, fila);
+    const int propio = operaciones.OperacionFila(fila);
+    std::vector<DialogoDeNotas::Campo> campos;
+    for (int f = 0; f <= ultimaFila; ++f) {
+        const std::string& campo = especificacion.TablaArchivo[f][0];
+        if (EstaEnBlanco(campo)) continue;
+        const int grupo = operaciones.OperacionDeCampo(Recortar(campo));
+        if (grupo == 0 || grupo == propio) campos.push_back({campo});
+    }
+    return campos;
+}
+
+void ElegirCampos(DialogoDeNotas& dialogo, std::string_view claves) {
+    if (claves.starts_with(',')) claves.remove_prefix(1);
+    while (!claves.empty()) {
+        const auto nombre = AntesDe(claves, ',');
+        for (auto& campo : dialogo.ListaCampos) {
+            if (campo.nombre == nombre) campo.elegido = true;
+        }
+        claves = DespuesDe(claves, ',');
+    }
+}
+
+void LeerMarcas(DialogoDeNotas& dialogo, const std::string& celda) {
+    if (ValorDeMarca(celda, 1).empty()) {
+        dialogo.NotaCampo = celda;
+        return;
+    }
+    dialogo.NotaCampo = ExtraerMarca(celda, 0, 1);
+    dialogo.Steploop = EsCabezaStepLoop(celda) ? 1 : 0;
+    dialogo.NombreArchivo = ValorDeMarca(celda, 2);
+    dialogo.NuevaOpt = Numero(ValorDeMarca(celda, 3)) == 1;
+    dialogo.Descripcion = ValorDeMarca(celda, 4);
+    dialogo.Pos1 = Numero(ValorDeMarca(celda, 5)) == 1;
+    dialogo.Filas = ValorDeMarca(celda, 6);
+    ElegirCampos(dialogo, ValorDeMarca(celda, 7));
+}
+
+std::string MarcasDe(const DialogoDeNotas& dialogo) {
+    std::string marcas = "!1 1!2" + dialogo.NombreArchivo;
+    marcas += dialogo.NuevaOpt ? "!31" : "!30";
+    marcas += "!4" + Mayusculas(Recortar(dialogo.Descripcion));
+    marcas += dialogo.Pos1 ? "!51" : "!50";
+    marcas += "!6" + dialogo.Filas + "!7";
+    for (const auto& campo : dialogo.ListaCampos) {
+        if (campo.elegido) marcas += "," + campo.nombre;
+    }
+    return marcas;
+}
+
+std::string TituloDe(const Editor& editor, const std::string& campo) { return editor.textos.Texto(92) + " " + campo; }
+
+void Guardar(Editor& editor, FilaDeTabla fila, std::string& celda, const std::string& nueva) {
+    if (celda == nueva) return;
+    celda = nueva;
+    editor.HayCambios = true;
+    ColorearFila(editor, fila);
+}
+
+bool FaltanDatosDeStep(Editor& editor, const DialogoDeNotas& dialogo) {
+    if (dialogo.VerFilas() && EstaEnBlanco(dialogo.Filas)) {
+        editor.vista.Advertir(Componer(editor.textos, {352}));
+        editor.vista.Enfocar("Filas");
+        return true;
+    }
+    const auto& campos = dialogo.ListaCampos;
+    const bool hayElegidos = std::any_of(campos.begin(), campos.end(), [](const auto& campo) { return campo.elegido; });
+    if (hayElegidos || dialogo.SinArchivoStep) return false;
+    editor.vista.Advertir(Componer(editor.textos, {353, "\r\r", 375, "\r\r", 376, "\r\r", 377}));
+    editor.vista.Enfocar("ListaCampos");
+    return true;
+}
+
+}  // namespace
+
+DialogoDeNotas AbrirNotas(Editor& editor, FilaDeTabla lugar) {
+    DialogoDeNotas dialogo;
+    dialogo.fila = lugar;
+    if (lugar.tabla == Tabla::Archivo) {
+        const auto& fila = editor.especificacion.TablaArchivo[lugar.fila];
+        dialogo.titulo = TituloDe(editor, fila[0]);
+        dialogo.NotaCampo = fila[2];
+        return dialogo;
+    }
+    const auto& fila = editor.especificacion.TablaTransaccion[lugar.fila];
+    const auto operaciones = ActualizarOperaciones(editor.especificacion, lugar.fila);
+    dialogo.titulo = TituloDe(editor, fila[2]);
+    dialogo.esBAPI = operaciones.TipoFilaConsultada == "BAPI";
+    dialogo.EsStepLoop = Contiene(fila[2], "(") && (!operaciones.FilaEnStepLoop(lugar.fila) || EsCabezaStepLoop(fila[4]));
+    if (dialogo.EsStepLoop) {
+        dialogo.SinArchivoStep = FaltaArchivoDeStep(editor);
+        dialogo.ListaCampos = CamposDeStep(editor, lugar.fila);
+    }
+    LeerMarcas(dialogo, fila[4]);
+    return dialogo;
+}
+
+bool CerrarNotas(Editor& editor, const DialogoDeNotas& dialogo) {
+    const auto fila = static_cast<std::size_t>(dialogo.fila.fila);
+    if (dialogo.fila.tabla == Tabla::Archivo) {
+        Guardar(editor, dialogo.fila, editor.especificacion.TablaArchivo[fila][2], dialogo.NotaCampo);
+        return true;
+    }
+    std::string nueva = dialogo.NotaCampo;
+    if (dialogo.VerLista()) {
+        if (FaltanDatosDeStep(editor, dialogo)) return false;
+        nueva += MarcasDe(dialogo);
+    }
+    Guardar(editor, dialogo.fila, editor.especificacion.TablaTransaccion[fila][4], nueva);
+    return true;
+}
+
+char FiltrarTeclaDeNota(Editor& editor, const DialogoDeNotas& dialogo, char tecla) {
+    if (tecla == '!') return teclaDescartada;
+    if (tecla == '\r' && dialogo.fila.tabla == Tabla::Archivo) {
+        editor.vista.Advertir(Componer(editor.textos, {354}));
+        return teclaDescartada;
+    }
+    return FiltrarTecla("NotaCampo", tecla);
+}
+
+void CambiarFilas(DialogoDeNotas& dialogo, const std::string& texto) { dialogo.Filas = texto.substr(0, maximoDeFilas); }
+
+void ExaminarStep(Editor& editor, DialogoDeNotas& dialogo) {
+    const auto elegido = editor.vista.ElegirParaAbrir(ObtenerPath(editor.RutaDocumento), filtroDeArchivos);
+    if (elegido) dialogo.NombreArchivo = *elegido;
+}
+
+}  // namespace qor

@@ -1,0 +1,88 @@
+#include "editor/option_rules.h"
+
+#include <initializer_list>
+
+namespace qor {
+
+namespace {
+
+using Nombres = std::initializer_list<std::string_view>;
+
+void CambiarConLimite(Editor& editor, std::string Opciones::*opcion, const std::string& texto, std::size_t largo) {
+    CambiarOpcion(editor, opcion, texto.substr(0, largo));
+    if (texto.size() <= largo) return;
+    editor.vista.Advertir(Componer(editor.textos, {333, " " + std::to_string(largo) + "."}));
+}
+
+void Mostrar(EstadosDeControles& estados, Nombres nombres, bool visible) {
+    for (const auto nombre : nombres) estados[nombre].visible = visible;
+}
+
+void Habilitar(EstadosDeControles& estados, Nombres nombres, bool habilitado) {
+    for (const auto nombre : nombres) estados[nombre].habilitado = habilitado;
+}
+
+// The source of the data: a file or table, or the user's own code.
+void EstadosDeOrigen(EstadosDeControles& estados, const Opciones& opciones, bool OrigenUsuario) {
+    Mostrar(estados,
+            {"SourceField", "TablaCh", "AnchoFijo", "DelimTab", "FileParameterCh", "AddF4", "ExaminarFuente", "SourceName", "ArchivoFuente"},
+            !OrigenUsuario);
+    Mostrar(estados, {"Otro1"}, OrigenUsuario);
+    Habilitar(estados, {"AddF4"}, opciones.FileParameterCh == 1 && opciones.ClienteOp);
+    Habilitar(estados, {"ExaminarFuente"}, opciones.ClienteOp);
+}
+
+// One file or several: a choice only where one file is possible.
+void EstadosDeArchivos(EstadosDeControles& estados, const Opciones& opciones, bool OrigenUsuario) {
+    const bool archivoPlano = (opciones.ClienteOp && opciones.AnchoFijo) || (opciones.ServidorOp() && opciones.TablaCh == 0);
+    const bool elegible = archivoPlano && !OrigenUsuario;
+    Habilitar(estados, {"MultipleFilesOption", "OneFileOption"}, elegible);
+    Habilitar(estados, {"IdentificadoresLabel", "IdentificadoresExplicacion", "Identificadores"}, elegible && opciones.OneFileOption());
+}
+
+void EstadosDeNombres(EstadosDeControles& estados, bool convenciones) {
+    Mostrar(estados,
+            {"LabelNamingConventions", "LabelGSprefix", "LabelGNprefix", "LabelGTprefix", "LabelLSprefix", "LabelLNprefix",
+             "LabelLTprefix", "LabelGCprefix", "LabelPSprefix", "LabelPNprefix", "GSprefijo", "GNprefijo", "GTprefijo", "LSprefijo",
+             "LNprefijo", "LTprefijo", "GCprefijo", "PSprefijo", "PNprefijo"},
+            convenciones);
+}
+
+}  // namespace
+
+void CambiarNombreManual(Editor& editor, const std::string& texto) {
+    CambiarConLimite(editor, &Opciones::NombreManual, texto, largoMaximoDeNombreManual);
+}
+
+void CambiarProgID(Editor& editor, const std::string& texto) {
+    CambiarConLimite(editor, &Opciones::ProgID, texto, largoMaximoDeProgID);
+}
+
+EstadosDeControles EstadoDeControles(const Editor& editor, const Preferencias& preferencias, bool OptionEncodingAdditional) {
+    const Opciones& opciones = editor.opciones;
+    EstadosDeControles estados;
+    EstadosDeOrigen(estados, opciones, editor.especificacion.OrigenUsuario);
+    EstadosDeArchivos(estados, opciones, editor.especificacion.OrigenUsuario);
+    EstadosDeNombres(estados, preferencias.CheckActivateNamingConventions == 1);
+    Mostrar(estados, {"CTFrame", "AOption", "NOption", "EOption", "ModeAsParameter"}, opciones.CallTransaction == 1);
+    Mostrar(estados, {"ErroresExplicacion", "TablaZLabel", "TablaZ", "ProgIDLabel", "ProgID"}, opciones.ErrorHandlingCheck == 1);
+    Mostrar(estados, {"ProgramCol", "DynproCol"}, !editor.ventana.ExpandirCampo);
+    Habilitar(estados, {"NombreManual"}, opciones.GeneracionManual());
+    Habilitar(estados, {"SpaceCode"}, !opciones.ProcesarTodoOpt);
+    Habilitar(estados, {"EncodingAdditional"}, OptionEncodingAdditional);
+    Habilitar(estados, {"UndoButton"}, editor.UndoButton);
+    return estados;
+}
+
+int RotuloDeSourceName(const Opciones& opciones) {
+    if (opciones.ClienteOp) return 51;
+    return opciones.TablaCh == 1 ? 49 : 50;
+}
+
+std::string Porcentaje(const Opciones& opciones) { return std::to_string(opciones.HScroll1) + "%"; }
+
+void ClicExpandirCampo(Editor& editor) { editor.ventana.ExpandirCampo = !editor.ventana.ExpandirCampo; }
+
+const char* RotuloDeExpandirCampo(const Editor& editor) { return editor.ventana.ExpandirCampo ? "-" : "+"; }
+
+}  // namespace qor
