@@ -1,0 +1,258 @@
+#include "bapi/insertion.h"
+
+#include <algorithm>
+#include <array>
+
+#include "bapi/catalogue.h"
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "model/cells.h"
+
+namespace qor {
+
+namespace {
+
+constexpr const char* finDeLinea = "\r\n";
+constexpr const char* reglaDeComentario = "*---------------------------------------------------------------------*";
+// A table parameter is a step-loop: one new line on each record.
+constexpr const char* marcasDeTabla = "!1 1!2!30!4!50!61!7";
+constexpr int ultimaFilaBAPIs = 500;
+
+// The end of an insertion in the middle of the file; the view has shown why.
+struct Parada {};
+
+struct Parametro {
+    std::string nombre;
+    bool opcional = false;
+    char clase = ' ';  // I, E or T
+    std::string tipo;
+
+    bool EsTabla() const { return clase == 'T'; }
+    bool EsReturn() const { return nombre == "RETURN"; }
+    // A type made of table, "-" and field; else the type is a structure, whose fields follow.
+    bool EsEscalar() const { return Contiene(tipo, "-"); }
+};
+
+// Text that stands behind what is there, two line breaks apart.
+void Separar(std::string& texto) {
+    if (EstaEnBlanco(texto)) {
+        texto.clear();
+    } else {
+        texto += "\r\n\r\n";
+    }
+}
+
+class Insercion {
+public:
+    Insercion(Editor& editor, const std::string& nombre, int indice, int fila, bool todos)
+        : editor_(editor), nombre_(nombre), indice_(indice), fila_(fila), TodosLosCampos_(todos) {}
+
+    void Leer(std::string_view catalogo) {
+        for (const auto linea : PartirEnLineas(catalogo)) {
+            if (fila_ > ultimaFila) break;
+            const auto registro = LeerRegistro(linea);
+            if (registro.tipo == '2') {
+                if (abierta_) break;
+                abierta_ = Recortar(registro.contenido) == nombre_;
+                if (abierta_) Abrir();
+            }
+            if (!abierta_) continue;
+            if (registro.tipo == '4') LeerParametro(registro.contenido);
+            if (registro.tipo == '5') LeerCampo(std::string(Recortar(registro.contenido)));
+        }
+        if (abierta_ && ConDefinicion()) Llamada().replace(Llamada().size() - 2, 2, ".");
+    }
+
+private:
+    bool ConDefinicion() const { return indice_ != -1; }
+    std::string& Variables() { return editor_.especificacion.VariablesGlobales; }
+    std::string& Llamada() { return editor_.especificacion.TablaBAPIs[indice_][1]; }
+
+    void Abrir() {
+        if (ConDefinicion()) {
+            Separar(Variables());
+            Variables() += std::string(reglaDeComentario) + finDeLinea + "*   " + nombre_ + " STRUCTURES" +
+                           Blancos(55 - static_cast<std::ptrdiff_t>(nombre_.size())) + "*" + finDeLinea + reglaDeComentario +
+                           finDeLinea + finDeLinea;
+            Separar(Llamada());
+            Llamada() += "CALL FUNCTION '" + nombre_ + "'" + finDeLinea;
+        }
+        if (fila_ != -1) PonerFila(fila_, {"BAPI", nombre_, "", "", ""});
+    }
+
+    void LeerParametro(std::string_view contenido) {
+        std::array<std::string, 4> partes;
+        for (auto& parte : partes) {
+            parte = Recortar(AntesDe(contenido, ':'));
+            contenido = DespuesDe(contenido, ':');
+        }
+        if (partes[2] != "I" && partes[2] != "E" && partes[2] != "T") {
+            editor_.vista.Advertir(Componer(editor_.textos, {401}));
+            throw Parada{};
+        }
+        parametro_ = {partes[0], !partes[1].empty(), partes[2][0], partes[3]};
+        std::string actual;
+        if (ConDefinicion()) actual = Definir();
+        DarCampos_ = parametro_.clase != 'E' && fila_ != -1 && fila_ + 1 <= ultimaFila;
+        if (!DarCampos_) return;
+        PrimerCampo_ = parametro_.EsTabla();
+        if (!parametro_.EsEscalar()) {
+            Prefijo_ = ConDefinicion() ? actual : BuscarParametroEnLlamada();
+            if (Prefijo_.empty()) throw Parada{};
+        } else if (SePide()) {
+            const std::string izquierda = BuscarParametroEnLlamada();
+            if (izquierda.empty()) throw Parada{};
+            PonerFila(++fila_, {"", "", izquierda, Mayusculas(parametro_.nombre), ""});
+        }
+    }
+
+    bool SePide() const { return !parametro_.opcional || TodosLosCampos_; }
+
+    // Declares the parameter's variable where it is new, and passes it in the call. The answer is the variable.
+    std::string Definir() {
+        const auto& p = parametro_;
+        const auto variable = NombreVariableBAPI(Variables(), p.nombre, p.tipo, p.clase);
+        if (variable.declarar) {
+            Variables() += "DATA: " + variable.nombre + " LIKE " + p.tipo;
+            Variables() += p.EsTabla() ? std::string(finDeLinea) + "      OCCURS 0 WITH HEADER LINE." : std::string(".");
+            Variables() += finDeLinea;
+        }
+        // The caller exports what the BAPI imports.
+        const std::string_view seccion = p.clase == 'I' ? "EXPORTING" : p.clase == 'E' ? "IMPORTING" : "TABLES";
+        bool& falta = p.clase == 'I' ? FaltaExporting_ : p.clase == 'E' ? FaltaImporting_ : FaltaTables_;
+        if (falta) Llamada().append("     ").append(seccion).append(finDeLinea);
+        falta = false;
+        Llamada() += "       " + p.nombre + " = " + variable.nombre + finDeLinea;
+        return variable.nombre;
+    }
+
+    // The first line of the call that holds the name and " = ", so it may find a longer name; this stays so.
+    std::string BuscarParametroEnLlamada() {
+        const std::string buscado = parametro_.nombre + " = ";
+        for (const auto& fila : editor_.especificacion.TablaBAPIs) {
+            if (fila[0].empty()) break;
+            if (Recortar(fila[0]) != nombre_) continue;
+            for (const auto& linea : PartirLineas(fila[1], 71)) {
+                const auto lugar = Posicion(linea, buscado);
+                if (lugar == 0) continue;
+                auto resto = Recortar(TramoDesde(linea, lugar + buscado.size()));
+                if (resto.ends_with('.')) resto.remove_suffix(1);
+                return std::string(resto);
+            }
+            break;
+        }
+        editor_.vista.Advertir(Componer(editor_.textos, {394}));
+        return {};
+    }
+
+    void LeerCampo(const std::string& campo) {
+        if (!DarCampos_ || fila_ + 1 > ultimaFila || !SePide() || parametro_.EsReturn()) return;
+        const std::string columna = Prefijo_ + "-" + campo + (parametro_.EsTabla() ? "(+)" : "");
+        const std::string nombre = Mayusculas(campo);
+        PonerFila(fila_ + 1, {"", "", columna, parametro_.EsTabla() ? CampoUnico(editor_.especificacion, nombre) : nombre,
+                              PrimerCampo_ ? marcasDeTabla : ""});
+        PrimerCampo_ = false;
+        ++fila_;
+    }
+
+    void PonerFila(int fila, std::array<std::string, 5> celdas) {
+        auto& destino = editor_.especificacion.TablaTransaccion[fila];
+        const int primera = fila < 5 ? 0 : std::min(fila - 5, ultimaFila - lineasTransaccion + 1);
+        GuardarDeshacer(editor_, {'T', 'U', fila - primera, primera, destino});
+        destino = std::move(celdas);
+    }
+
+    Editor& editor_;
+    const std::string& nombre_;
+    int indice_;
+    int fila_;  // the last row written
+    bool TodosLosCampos_;
+    bool abierta_ = false;
+    bool FaltaExporting_ = true;
+    bool FaltaImporting_ = true;
+    bool FaltaTables_ = true;
+    Parametro parametro_;
+    bool DarCampos_ = false;
+    bool PrimerCampo_ = false;
+    std::string Prefijo_;
+};
+
+bool VariableLibre(std::string_view variables, std::string_view nombre) {
+    const std::string declaracion = "DATA: " + std::string(AntesDe(nombre, '-'));
+    return std::none_of(std::begin(",.( "), std::end(",.( ") - 1,
+                        [&](char final) { return Contiene(variables, declaracion + final); });
+}
+
+bool VariableConOtroTipo(std::string_view variables, const std::string& nombre, const std::string& tipo, char clase) {
+    const std::string declaracion = "DATA: " + nombre + " LIKE " + tipo;
+    if (clase == 'T')
+        return !Contiene(variables, declaracion + "\r\n      OCCURS") && !Contiene(variables, declaracion + " OCCURS");
+    return !Contiene(variables, declaracion + ",") && !Contiene(variables, declaracion + ".");
+}
+
+}  // namespace
+
+VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::string& raiz, const std::string& tipo, char clase) {
+    for (int n = 0;; ++n) {
+        const std::string candidato = n == 0 ? raiz : raiz + std::to_string(n);
+        if (VariableLibre(VariablesGlobales, candidato)) return {candidato, true};
+        if (!VariableConOtroTipo(VariablesGlobales, candidato, tipo, clase)) return {candidato, false};
+    }
+}
+
+std::string CampoUnico(const Especificacion& especificacion, const std::string& nombre) {
+    const auto& tabla = especificacion.TablaTransaccion;
+    for (int n = 0;; ++n) {
+        const std::string candidato = n == 0 ? nombre : nombre + std::to_string(n);
+        bool usado = false;
+        for (const auto& fila : tabla) {
+            if (fila[0].empty() && fila[2].empty()) break;
+            if (Recortar(fila[3]) == candidato) usado = true;
+        }
+        if (!usado) return candidato;
+    }
+}
+
+ResultadoInsercion InsertarBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, int indice, int fila,
+                                const PreguntaDeCampos& preguntar) {
+    bool todos = true;
+    if (fila != -1) {
+        const auto respuesta = preguntar();
+        if (!respuesta) return ResultadoInsercion::Cancelado;
+        todos = *respuesta;
+    }
+    if (indice > ultimaFilaBAPIs) throw FalloDeEjecucion("the specification has no room for another BAPI");
+    if (indice != -1) editor.especificacion.TablaBAPIs[indice][0] = nombre;
+    try {
+        const std::string catalogo = LeerArchivo(RutaDelSistema(ArchivoBAPI));
+        editor.HayCambios = true;
+        Insercion(editor, nombre, indice, fila, todos).Leer(catalogo);
+        return ResultadoInsercion::Hecho;
+    } catch (const Parada&) {
+        return ResultadoInsercion::Detenido;
+    } catch (const FalloDeEjecucion&) {
+        editor.vista.Advertir(Componer(editor.textos, {382}));
+        return ResultadoInsercion::Detenido;
+    }
+}
+
+ResultadoInsercion ElegirBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
+                              int fila, const PreguntaDeCampos& preguntar) {
+    const auto& bapis = editor.especificacion.TablaBAPIs;
+    int indice = 0;
+    bool existe = false;
+    for (; indice <= ultimaFilaBAPIs && !bapis[indice][0].empty() && !existe; ++indice)
+        existe = Recortar(bapis[indice][0]) == nombre;
+    if (!existe) return InsertarBAPI(editor, ArchivoBAPI, nombre, indice, soloDefinicion ? -1 : fila, preguntar);
+    if (soloDefinicion) {
+        editor.vista.Advertir(Componer(editor.textos, {389}));
+        return ResultadoInsercion::Detenido;
+    }
+    if (editor.vista.Preguntar(Componer(editor.textos, {383}), Botones::SiNo) != Respuesta::Si)
+        return ResultadoInsercion::Cancelado;
+    return InsertarBAPI(editor, ArchivoBAPI, nombre, -1, fila, preguntar);
+}
+
+}  // namespace qor
