@@ -20,6 +20,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view finDeLinea = "\r\n";
 
+constexpr double maximoSegundosDeLlamada = 86400;
+
 std::string ComoClave(std::string_view texto) { return Mayusculas(Recortar(texto)); }
 
 bool TieneValor(std::string_view linea) { return Contiene(linea, "="); }
@@ -233,6 +235,9 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directori
     nombres.LectorFuenteA = Mayusculas(ini.LeerClave("RFC Source Reader A"));
     nombres.LectorFuenteB = Mayusculas(ini.LeerClave("RFC Source Reader B"));
     nombres.IncludeEstandar = Mayusculas(ini.LeerClave("RFC Standard Include"));
+    ajustes.BibliotecaRFC = ini.LeerClave("RFC Library");
+    ajustes.SegundosDeLlamadaRFC =
+        static_cast<int>(std::clamp(Numero(ini.LeerClave("RFC Time Limit")), 0.0, maximoSegundosDeLlamada));
     return ajustes;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/naming.h"
+#include "sap/names.h"
 
 // The settings file: what a user's choices are between two runs.
 namespace qor {
@@ -66,16 +67,6 @@ enum class OpcionEncoding { Ninguna, Default, NonUnicode, Additional };
 OpcionEncoding EncodingDeAdiciones(std::string_view AdicionesDataset);
 std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view EncodingAdditional);
 
-// Names of remote functions. An empty one stands for the name that the program knows.
-struct NombresRFC {
-    std::string ModuloRFCPropio;    // the customer's copy of the report runner, in upper case
-    std::string ModuloRFCEstandar;  // the report runner
-    std::string BusquedaDeFunciones;
-    std::string LectorFuenteA;
-    std::string LectorFuenteB;
-    std::string IncludeEstandar;  // the source of the report runner
-};
-
 // The settings by name. Paths are texts of the model, in windows-1252.
 struct AjustesDelPrograma {
     std::string IdiomaActual;  // empty until the user has chosen
@@ -86,7 +77,10 @@ struct AjustesDelPrograma {
     bool ChequearErroresLogon = true;
     bool ImportarSHDBLogon = true;
     Preferencias preferencias;
-    NombresRFC nombresRFC;  // read only: they are set by editing the file
+    // Read only: they are set by editing the file.
+    NombresRFC nombresRFC;
+    std::string BibliotecaRFC;     // path of libsapnwrfc.so; empty for the loader's search
+    int SegundosDeLlamadaRFC = 0;  // time limit of a remote call; 0 for none
 };
 
 // Every setting with its value or its default. The BAPI catalogue and the documents are looked for in the program's directory

@@ -25,8 +25,8 @@ struct Programa {
 };
 
 // The load of the main form: settings, then the language, English where none was chosen yet. Settings that can't be read are the
-// defaults. With ResultadoIdioma::SinArchivo the form shows avisoSinIdioma and ends the program; with Fallo it shows avisoFalloIdioma
-// and goes on.
+// defaults. With ResultadoIdioma::SinArchivo the form shows avisoSinIdioma and ends the program; with Fallo it shows
+// avisoFalloIdioma and goes on.
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const std::filesystem::path& directorioDeDatos);
 
 constexpr const char* avisoSinIdioma = "Cannot find language file.";
@@ -60,9 +60,9 @@ PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const Linea
 // Opens the document named at the start, under the name that the disk has for it. False when it can't be opened: the program ends.
 bool AbrirInicial(Editor& editor, const std::string& documento);
 
-// The unload of the main form: the question about changes, the document, the settings, the temporary file, then `desconectar`, which
-// logs off where there is a connection. False when the user keeps the program open; nothing but a save has happened then. What
-// fails on the way is passed over.
+// The unload of the main form: the question about changes, the document, the settings, the temporary file, then `desconectar`,
+// which logs off where there is a connection. False when the user keeps the program open; nothing but a save has happened then.
+// What fails on the way is passed over.
 bool CerrarPrograma(Programa& programa, Editor& editor, const std::function<void()>& desconectar);
 
 }  // namespace qor

@@ -133,6 +133,10 @@ ArchivoDeSalida::~ArchivoDeSalida() { ::close(descriptor_); }
 
 void ArchivoDeSalida::Escribir(std::string_view texto) { EscribirEnDescriptor(descriptor_, texto); }
 
+void ArchivoDeSalida::LlevarAlDisco() {
+    if (::fsync(descriptor_) != 0) Fallar("the file can't be flushed to the disk");
+}
+
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino) {
     if (::rename(nuevo.c_str(), destino.c_str()) != 0) Fallar("the file can't be renamed");
     const auto directorio = destino.has_parent_path() ? destino.parent_path() : std::filesystem::path(".");

@@ -45,8 +45,8 @@ private:
     int descriptor_ = -1;
 };
 
-// Writes a text as the whole content of a file. An opening that holds the file locked, in this process or another, is a failure, and
-// the file then stays as it was; so an open document is never overwritten. Whatever is no regular file is just written to.
+// Writes a text as the whole content of a file. An opening that holds the file locked, in this process or another, is a failure,
+// and the file then stays as it was; so an open document is never overwritten. Whatever is no regular file is just written to.
 class ArchivoDeSalida {
 public:
     // Opens the file and empties it. Throws FalloDeEjecucion.
@@ -55,8 +55,9 @@ public:
     ArchivoDeSalida(const ArchivoDeSalida&) = delete;
     ArchivoDeSalida& operator=(const ArchivoDeSalida&) = delete;
 
-    // Throws FalloDeEjecucion when the text can't be written.
+    // Both throw FalloDeEjecucion when the text can't be written, or can't be brought to the disk.
     void Escribir(std::string_view texto);
+    void LlevarAlDisco();
 
 private:
     int descriptor_;

@@ -7,7 +7,6 @@
 // The cells of the grids: what each shows, which row it stands for, and the rule of every change.
 namespace qor {
 
-
 constexpr std::size_t largoMaximoDeCampo = 30;
 
 Tabla TablaDe(Columna columna);

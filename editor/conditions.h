@@ -17,7 +17,8 @@ struct DialogoDeCondiciones {
 
 DialogoDeCondiciones AbrirCondiciones(const Editor& editor);
 
-// Adds `Nuevo` at the end, selects it and gives Condicional the focus. A blank name adds nothing, one of the list gives message 357.
+// Adds `Nuevo` at the end, selects it and gives Condicional the focus. A blank name adds nothing, one of the list gives message
+// 357.
 void AgregarCondicion(Editor& editor, DialogoDeCondiciones& dialogo);
 
 // Removes the selected condition, if one is selected. None is afterwards.

@@ -14,9 +14,7 @@ std::string& TextoDeEntrada(Editor& editor, int indice) {
     return indice == definicionesGlobales ? especificacion.VariablesGlobales : especificacion.TablaBAPIs[indice - 1][1];
 }
 
-bool Confirma(Editor& editor, const Mensaje& pregunta) {
-    return editor.vista.Preguntar(pregunta, Botones::SiNo) == Respuesta::Si;
-}
+bool Confirma(Editor& editor, const Mensaje& pregunta) { return editor.vista.Preguntar(pregunta, Botones::SiNo) == Respuesta::Si; }
 
 void QuitarBAPI(Editor& editor, int fila) {
     auto& tabla = editor.especificacion.TablaBAPIs;

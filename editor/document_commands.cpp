@@ -128,8 +128,8 @@ bool OpenOption(Editor& editor) {
     if (!OfrecerGrabacion(editor, 334)) return false;
     VaciarEditor(editor);
     const bool alInicio = std::exchange(editor.AbrirDesdeComando, false);
-    const auto elegido =
-        alInicio ? std::optional(editor.ArchivoInicial) : editor.vista.ElegirParaAbrir(editor.DirectorioDocumentos, filtroDeDocumentos);
+    const auto elegido = alInicio ? std::optional(editor.ArchivoInicial)
+                                  : editor.vista.ElegirParaAbrir(editor.DirectorioDocumentos, filtroDeDocumentos);
     if (!elegido || EstaEnBlanco(*elegido)) return false;
     try {
         LeerDelDocumento(editor, *elegido);

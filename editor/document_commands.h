@@ -22,8 +22,8 @@ bool SaveOption(Editor& editor);
 
 bool SaveAsOption(Editor& editor);
 
-// The end of the program: offers to save, then lets the document go. False keeps it open: the user cancels, or wants to save and the
-// save fails.
+// The end of the program: offers to save, then lets the document go. False keeps it open: the user cancels, or wants to save and
+// the save fails.
 bool CerrarDocumento(Editor& editor);
 
 // The title of the window.

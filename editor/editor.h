@@ -81,7 +81,7 @@ struct EstadoDeVentana {
     bool ExpandirCampo = false;        // the field column has the room of the two in front of it; the button shows "-"
     int SSTab1 = 0;                    // pages shown
     int SSTab2 = 0;
-    std::string ReporteTrans;          // file to import
+    std::string ReporteTrans;  // file to import
 };
 
 // The specification that is open, what is seen of it, and its document. One of these for each specification; nothing is shared.
@@ -99,11 +99,11 @@ struct Editor {
     EstadoDeVentana ventana;
     bool DuplicadoRevisado = false;  // the duplicate rule has run since a cell of Text1 changed
     PilaDeshacer deshacer;
-    bool UndoButton = false;        // enabled
-    bool RegistrarCambios = true;   // a change of a cell is the user's, and can be undone
-    bool HayCambios = false;        // the specification differs from its document
+    bool UndoButton = false;       // enabled
+    bool RegistrarCambios = true;  // a change of a cell is the user's, and can be undone
+    bool HayCambios = false;       // the specification differs from its document
 
-    std::string RutaDocumento;      // absolute; empty for a new document
+    std::string RutaDocumento;  // absolute; empty for a new document
     std::string NombreDocumento;
     std::string DirectorioDocumentos;
     ArchivoBloqueado CanalDocumento;  // the open file that is the lock

@@ -15,6 +15,7 @@ bool ConTrampa(Editor& editor, Accion accion) {
         accion();
         return true;
     } catch (const std::exception& fallo) {
+        editor.RegistrarCambios = true;
         editor.vista.PunteroOcupado(false);
         editor.vista.Advertir(MensajeLiteral(std::string("The action failed: ") + fallo.what() + "."));
         return false;

@@ -7,9 +7,9 @@
 // The searches of the two grids for the text of TextoBuscado, in any case.
 namespace qor {
 
-// The clicks of BuscarArchivo and BuscarTransaccion: bring up the next row that holds the text, and give it the focus. A search goes
-// from the top; while one is under way, from behind the row last entered. Without a hit: message 374, and the next one starts anew.
-// Nothing with a blank text.
+// The clicks of BuscarArchivo and BuscarTransaccion: bring up the next row that holds the text, and give it the focus. A search
+// goes from the top; while one is under way, from behind the row last entered. Without a hit: message 374, and the next one starts
+// anew. Nothing with a blank text.
 void BuscarArchivo(Editor& editor);
 void BuscarTransaccion(Editor& editor);
 

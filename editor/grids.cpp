@@ -16,9 +16,7 @@ enum class Prueba { Vacio, EnBlanco };
 
 Color RojoSi(bool rojo) { return rojo ? Color::Rojo : Color::Negro; }
 
-bool HayTexto(const std::string& texto, Prueba prueba) {
-    return prueba == Prueba::Vacio ? !texto.empty() : !EstaEnBlanco(texto);
-}
+bool HayTexto(const std::string& texto, Prueba prueba) { return prueba == Prueba::Vacio ? !texto.empty() : !EstaEnBlanco(texto); }
 
 void ColorearArchivo(Editor& editor, int linea, Prueba prueba) {
     const auto i = static_cast<std::size_t>(linea);

@@ -2,12 +2,12 @@
 
 #include "editor/editor.h"
 
-// The two grids as windows that move over their tables, and the operations on whole rows. Lines are those of the grid, rows those of
-// the table. What fills cells leaves no steps to undo but those that are told.
+// The two grids as windows that move over their tables, and the operations on whole rows. Lines are those of the grid, rows those
+// of the table. What fills cells leaves no steps to undo but those that are told.
 namespace qor {
 
-// Brings a row to the first line of its grid, as far as the grid can go down, and gives the row's first cell the focus. The cell that
-// had the focus is left by its rule before the grid moves. The view's MostrarFila is these two.
+// Brings a row to the first line of its grid, as far as the grid can go down, and gives the row's first cell the focus. The cell
+// that had the focus is left by its rule before the grid moves. The view's MostrarFila is these two.
 void MostrarArchivo(Editor& editor, int fila);
 void MostrarTransaccion(Editor& editor, int fila);
 
@@ -21,8 +21,8 @@ void VentanaArchivoArriba(Editor& editor);
 void VentanaTransaccionAbajo(Editor& editor);
 void VentanaTransaccionArriba(Editor& editor);
 
-// The wheel and the scroll bar: any number of rows, down for positive ones, as far as the grid goes. A cell of the grid that has the
-// focus keeps it: its row is left and another is entered.
+// The wheel and the scroll bar: any number of rows, down for positive ones, as far as the grid goes. A cell of the grid that has
+// the focus keeps it: its row is left and another is entered.
 void DesplazarArchivo(Editor& editor, int filas);
 void DesplazarTransaccion(Editor& editor, int filas);
 

@@ -1,53 +1,68 @@
 #include "editor/help_pages.h"
 
+#include <algorithm>
 #include <array>
-#include <cstddef>
+#include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace qor {
 
 namespace {
 
-using Paginas = std::unordered_map<std::string_view, int>;
+struct Pagina {
+    int mensaje;
+    std::vector<std::string_view> controles;
+};
 
-const Paginas& PaginasDeControles() {
-    static const Paginas paginas = {
-        {"DescripcionStatus", 700}, {"Description", 700}, {"Functional", 700}, {"HScroll1", 700},
-        {"ModuleCombo", 700},       {"Notes", 700},       {"PrioridadCombo", 700}, {"Technical", 700},
-
-        {"DiaCheck", 701},            {"QORCheck", 701},               {"ArchivosCheck", 701},
-        {"TCodeCheck", 701},          {"StatusCheck", 701},            {"GeneracionAutomatica", 701},
-        {"GeneracionManual", 701},    {"NombreManual", 701},           {"ProcesarTodoOpt", 701},
-        {"ProcesarParteOpt", 701},    {"SpaceCode", 701},              {"CheckActivateNamingConventions", 701},
-        {"GSprefijo", 701},           {"GNprefijo", 701},              {"GTprefijo", 701},
-        {"LSprefijo", 701},           {"LNprefijo", 701},              {"LTprefijo", 701},
-        {"GCprefijo", 701},           {"PSprefijo", 701},              {"PNprefijo", 701},
-        {"OptionEncodingNone", 701},  {"OptionEncodingDefault", 701},  {"OptionEncodingNonUnicode", 701},
-        {"EncodingAdditional", 701},  {"OptionEncodingAdditional", 701},
-        {"OptionWS_UPLOAD", 701},     {"OptionGUI_UPLOAD", 701},
-
-        {"Generar", 702},
-
-        {"ReporteTrans", 703},      {"ExaminarReporte", 703}, {"ImportTrans", 703},
-        {"GenerarInfoCampos", 703}, {"ImportInfo", 703},      {"RunBDCEditor", 703},
-
-        {"AnchoFijo", 704},       {"ArchivoFuente", 704}, {"ClienteOp", 704}, {"DelimTab", 704},
-        {"FileParameterCh", 704}, {"ServidorOp", 704},    {"TablaCh", 704},
-
-        {"NewDef", 705},        {"Autofill", 706},
-        {"AOption", 707},       {"CallTransaction", 707}, {"EOption", 707}, {"NOption", 707},
-        {"OtherSource", 708},   {"PreviewButton", 709},   {"Programa", 710},
-        {"Text1", 712},         {"Text2", 712},
-        {"Text3", 713},         {"Text4", 713},           {"Text5", 713},   {"Text6", 713},
-        {"Contenido", 714},
-        {"BuscarArchivo", 715}, {"BuscarTransaccion", 715}, {"TextoBuscado", 715},
-        {"UndoButton", 716},    {"DownButton", 717},      {"UpButton", 717},
-        {"Conditions", 722},
-        {"NewButton", 724},     {"OpenButton", 724},      {"PrintButton", 724}, {"SaveButton", 724},
-    };
-    return paginas;
-}
+const std::vector<Pagina> paginas = {
+    {700, {"DescripcionStatus", "Description", "Functional", "HScroll1", "ModuleCombo", "Notes", "PrioridadCombo", "Technical"}},
+    {701,
+     {"DiaCheck",
+      "QORCheck",
+      "ArchivosCheck",
+      "TCodeCheck",
+      "StatusCheck",
+      "GeneracionAutomatica",
+      "GeneracionManual",
+      "NombreManual",
+      "ProcesarTodoOpt",
+      "ProcesarParteOpt",
+      "SpaceCode",
+      "CheckActivateNamingConventions",
+      "GSprefijo",
+      "GNprefijo",
+      "GTprefijo",
+      "LSprefijo",
+      "LNprefijo",
+      "LTprefijo",
+      "GCprefijo",
+      "PSprefijo",
+      "PNprefijo",
+      "OptionEncodingNone",
+      "OptionEncodingDefault",
+      "OptionEncodingNonUnicode",
+      "EncodingAdditional",
+      "OptionEncodingAdditional",
+      "OptionWS_UPLOAD",
+      "OptionGUI_UPLOAD"}},
+    {702, {"Generar"}},
+    {703, {"ReporteTrans", "ExaminarReporte", "ImportTrans", "GenerarInfoCampos", "ImportInfo", "RunBDCEditor"}},
+    {704, {"AnchoFijo", "ArchivoFuente", "ClienteOp", "DelimTab", "FileParameterCh", "ServidorOp", "TablaCh"}},
+    {705, {"NewDef"}},
+    {706, {"Autofill"}},
+    {707, {"AOption", "CallTransaction", "EOption", "NOption"}},
+    {708, {"OtherSource"}},
+    {709, {"PreviewButton"}},
+    {710, {"Programa"}},
+    {712, {"Text1", "Text2"}},
+    {713, {"Text3", "Text4", "Text5", "Text6"}},
+    {714, {"Contenido"}},
+    {715, {"BuscarArchivo", "BuscarTransaccion", "TextoBuscado"}},
+    {716, {"UndoButton"}},
+    {717, {"DownButton", "UpButton"}},
+    {722, {"Conditions"}},
+    {724, {"NewButton", "OpenButton", "PrintButton", "SaveButton"}}};
 
 // "Text5_3" is the control Text5.
 std::string_view SinLinea(std::string_view control) {
@@ -57,8 +72,10 @@ std::string_view SinLinea(std::string_view control) {
 }  // namespace
 
 int PaginaDeAyuda(std::string_view control, int pestana) {
-    const auto pagina = PaginasDeControles().find(SinLinea(control));
-    if (pagina != PaginasDeControles().end()) return pagina->second;
+    const auto nombre = SinLinea(control);
+    for (const auto& [mensaje, controles] : paginas) {
+        if (std::find(controles.begin(), controles.end(), nombre) != controles.end()) return mensaje;
+    }
     constexpr std::array<int, 4> deLasPestanas = {711, 701, 703, 700};
     return deLasPestanas.at(static_cast<std::size_t>(pestana));
 }

@@ -53,10 +53,9 @@ Clase ClaseDe(Columna columna) {
 Clase ClaseDe(std::string_view control) {
     if (control == "TablaZ") return Clase::Nombre;
     if (control == "ProgID" || control == "Filas") return Clase::Digitos;
-    constexpr std::array<std::string_view, 14> enMayusculas = {"TextoBuscado", "EncodingAdditional", "Nuevo",     "Transac",
-                                                               "TextoBuscar",  "GSprefijo",          "GNprefijo", "GTprefijo",
-                                                               "LSprefijo",    "LNprefijo",          "LTprefijo", "GCprefijo",
-                                                               "PSprefijo",    "PNprefijo"};
+    constexpr std::array<std::string_view, 14> enMayusculas = {
+        "TextoBuscado", "EncodingAdditional", "Nuevo",     "Transac",   "TextoBuscar", "GSprefijo", "GNprefijo",
+        "GTprefijo",    "LSprefijo",          "LNprefijo", "LTprefijo", "GCprefijo",   "PSprefijo", "PNprefijo"};
     const bool hay = std::find(enMayusculas.begin(), enMayusculas.end(), control) != enMayusculas.end();
     return hay ? Clase::Mayusculas : Clase::Libre;
 }
@@ -72,8 +71,9 @@ bool FilaAnteriorVacia(const Editor& editor, LugarDeCelda lugar) {
 // The first of the reasons, in the order in which they are asked.
 std::optional<Reparo> ReparoDeFila(const Editor& editor, LugarDeCelda lugar, char tecla) {
     const auto hayTexto = [&](Columna columna) { return !EstaEnBlanco(TextoDe(editor, {columna, lugar.linea})); };
-    const bool filaDeCampo = hayTexto(Columna::Text4) || hayTexto(Columna::Text5);
-    const bool filaDeCabeza = hayTexto(Columna::Text6) || hayTexto(Columna::Text3);
+    // Asked only in the program grid, which has fewer lines.
+    const auto filaDeCampo = [&] { return hayTexto(Columna::Text4) || hayTexto(Columna::Text5); };
+    const auto filaDeCabeza = [&] { return hayTexto(Columna::Text6) || hayTexto(Columna::Text3); };
     if (lugar.columna == Columna::Text2) {
         if (!hayTexto(Columna::Text1)) return Reparo{340, Columna::Text1};
         return std::nullopt;
@@ -81,18 +81,18 @@ std::optional<Reparo> ReparoDeFila(const Editor& editor, LugarDeCelda lugar, cha
     if (FilaAnteriorVacia(editor, lugar)) return Reparo{339};
     switch (lugar.columna) {
         case Columna::Text6:
-            if (filaDeCampo) return Reparo{341};
+            if (filaDeCampo()) return Reparo{341};
             if (tecla == ';') return Reparo{351};
             break;
         case Columna::Text3:
-            if (filaDeCampo) return Reparo{341};
+            if (filaDeCampo()) return Reparo{341};
             if (!hayTexto(Columna::Text6)) return Reparo{342, Columna::Text6};
             break;
         case Columna::Text4:
-            if (filaDeCabeza) return Reparo{344};
+            if (filaDeCabeza()) return Reparo{344};
             break;
         case Columna::Text5:
-            if (filaDeCabeza) return Reparo{344};
+            if (filaDeCabeza()) return Reparo{344};
             if (!hayTexto(Columna::Text4)) return Reparo{349, Columna::Text4};
             break;
         default: break;

@@ -13,12 +13,12 @@ namespace qor {
 constexpr char teclaDescartada = 0;
 constexpr char retroceso = 8;
 
-// A key in a cell of the grids. Drops it with a warning where the row can't take it: the row above is empty, or this one is a row of
-// the other kind. The warnings come for every key, also for one that is dropped anyway.
+// A key in a cell of the grids. Drops it with a warning where the row can't take it: the row above is empty, or this one is a row
+// of the other kind. The warnings come for every key, also for one that is dropped anyway.
 char FiltrarTeclaDeCelda(Editor& editor, LugarDeCelda lugar, char tecla);
 
-// A text pasted or dropped into a cell, as its keys would have it: characters that are dropped are missing. Empty, with the warning,
-// where the row can't take it.
+// A text pasted or dropped into a cell, as its keys would have it: characters that are dropped are missing. Empty, with the
+// warning, where the row can't take it.
 std::string FiltrarTextoDeCelda(Editor& editor, LugarDeCelda lugar, std::string_view texto);
 
 // A key in any other text box of the main form and its dialogs: digits alone, upper case, or "_" for what is no letter or digit,

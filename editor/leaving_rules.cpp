@@ -13,6 +13,13 @@ namespace {
 constexpr std::size_t largoSinNumero = 25;  // names from this length on get no number
 constexpr int largoDeParametro = 8;
 
+// A correction leaves no step to undo, but the specification then differs from its document.
+void Corregir(Editor& editor, LugarDeCelda lugar, const std::string& texto) {
+    if (TextoDe(editor, lugar) == texto) return;
+    CambiarCelda(editor, lugar.columna, lugar.linea, texto);
+    editor.HayCambios = true;
+}
+
 // Another row of the file side has the name.
 bool EstaRepetido(const Editor& editor, int fila, std::string_view nombre) {
     if (nombre.empty()) return false;
@@ -47,12 +54,12 @@ void DeclararParametro(Editor& editor, const std::string& parametro, std::string
 void ReglaDeVariable(Editor& editor, int linea, std::string_view texto) {
     if (Contiene(texto, "-")) return;
     const std::string variable = Mayusculas(texto);
-    CambiarCelda(editor, Columna::Text5, linea, variable);
+    Corregir(editor, {Columna::Text5, linea}, variable);
     if (variable.size() == 1) return;
     const auto& definiciones = editor.especificacion.VariablesGlobales;
     if (EstaDefinido(definiciones, TramoDesde(variable, 2))) return;
     const std::string parametro(Tramo(ReemplazarBlancos(variable), 2, largoDeParametro));
-    CambiarCelda(editor, Columna::Text5, linea, "@" + parametro);
+    Corregir(editor, {Columna::Text5, linea}, "@" + parametro);
     if (EstaDefinido(definiciones, parametro)) return;
     DeclararParametro(editor, parametro, TextoDe(editor, {Columna::Text4, linea}));
 }
@@ -101,7 +108,7 @@ void ReglaDeDuplicados(Editor& editor, int linea) {
             editor.vista.Advertir(Componer(editor.textos, {338}));
             nombre.clear();
         }
-        CambiarCelda(editor, lugar.columna, linea, nombre);
+        Corregir(editor, lugar, nombre);
     }
     editor.DuplicadoRevisado = true;
 }
@@ -116,7 +123,7 @@ void ReglaDeValor(Editor& editor, int linea) {
         editor.vista.Advertir(Componer(editor.textos, {333, " 30."}));
         campo.resize(largoMaximoDeCampo);
     }
-    CambiarCelda(editor, Columna::Text5, linea, campo);
+    Corregir(editor, {Columna::Text5, linea}, campo);
     if (editor.opciones.Autofill == 1) Autofill(editor, Mayusculas(campo));
 }
 

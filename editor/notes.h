@@ -26,16 +26,16 @@ struct DialogoDeNotas {
     std::string NombreArchivo;
     bool NuevaOpt = true;  // else AvanceOpt
     std::string Descripcion;
-    bool Pos1 = true;    // else Pos2
+    bool Pos1 = true;  // else Pos2
     std::string Filas;
     std::vector<Campo> ListaCampos;
 
     // What is seen. `FrameParametros` holds ModoFrame, DespuesLabel, Pos1 and Pos2.
     bool VerSteploop() const { return EsStepLoop; }
-    bool VerLista() const { return EsStepLoop && Steploop == 1; }                        // ListaCampos, CamposLabel
-    bool VerParametros() const { return VerLista() && !esBAPI; }                         // FrameParametros, ModoFrame
-    bool VerArchivo() const { return VerLista() && !SinArchivoStep; }                    // NombreArchivo and Descripcion with all theirs
-    bool VerFilas() const { return VerParametros() && !NuevaOpt; }                       // Filas, FilasLabel
+    bool VerLista() const { return EsStepLoop && Steploop == 1; }      // ListaCampos, CamposLabel
+    bool VerParametros() const { return VerLista() && !esBAPI; }       // FrameParametros, ModoFrame
+    bool VerArchivo() const { return VerLista() && !SinArchivoStep; }  // NombreArchivo and Descripcion with all theirs
+    bool VerFilas() const { return VerParametros() && !NuevaOpt; }     // Filas, FilasLabel
     int RotuloDeSteploop() const { return esBAPI ? 175 : 93; }
 };
 

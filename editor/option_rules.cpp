@@ -25,7 +25,8 @@ void Habilitar(EstadosDeControles& estados, Nombres nombres, bool habilitado) {
 // The source of the data: a file or table, or the user's own code.
 void EstadosDeOrigen(EstadosDeControles& estados, const Opciones& opciones, bool OrigenUsuario) {
     Mostrar(estados,
-            {"SourceField", "TablaCh", "AnchoFijo", "DelimTab", "FileParameterCh", "AddF4", "ExaminarFuente", "SourceName", "ArchivoFuente"},
+            {"SourceField", "TablaCh", "AnchoFijo", "DelimTab", "FileParameterCh", "AddF4", "ExaminarFuente", "SourceName",
+             "ArchivoFuente"},
             !OrigenUsuario);
     Mostrar(estados, {"Otro1"}, OrigenUsuario);
     Habilitar(estados, {"AddF4"}, opciones.FileParameterCh == 1 && opciones.ClienteOp);
@@ -37,7 +38,8 @@ void EstadosDeArchivos(EstadosDeControles& estados, const Opciones& opciones, bo
     const bool archivoPlano = (opciones.ClienteOp && opciones.AnchoFijo) || (opciones.ServidorOp() && opciones.TablaCh == 0);
     const bool elegible = archivoPlano && !OrigenUsuario;
     Habilitar(estados, {"MultipleFilesOption", "OneFileOption"}, elegible);
-    Habilitar(estados, {"IdentificadoresLabel", "IdentificadoresExplicacion", "Identificadores"}, elegible && opciones.OneFileOption());
+    Habilitar(estados, {"IdentificadoresLabel", "IdentificadoresExplicacion", "Identificadores"},
+              elegible && opciones.OneFileOption());
 }
 
 void EstadosDeNombres(EstadosDeControles& estados, bool convenciones) {

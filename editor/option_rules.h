@@ -43,8 +43,8 @@ EstadosDeControles EstadoDeControles(const Editor& editor, const Preferencias& p
 int RotuloDeSourceName(const Opciones& opciones);
 std::string Porcentaje(const Opciones& opciones);
 
-// The small button ExpandirCampo, "+" or "-". With "-" the heads ProgramCol and DynproCol are hidden, and the columns of the program
-// grid have other widths: by so many twips more (15 twips are a pixel).
+// The small button ExpandirCampo, "+" or "-". With "-" the heads ProgramCol and DynproCol are hidden, and the columns of the
+// program grid have other widths: by so many twips more (15 twips are a pixel).
 constexpr int expansionDeText6 = -500;
 constexpr int expansionDeText3 = -1400;
 constexpr int expansionDeText4 = 1900;

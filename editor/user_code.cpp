@@ -56,7 +56,8 @@ void AplicarFormula(Editor& editor, VentanaDeCodigo& ventana, int seleccion) {
         return editor.vista.Advertir(Componer(editor.textos, {355}));
     }
     const Formula& formula = ventana.formulas[static_cast<std::size_t>(seleccion)];
-    ventana.ABAPText.insert(0, "* " + formula.nombre.substr(0, largoDeNombreEnComentario) + "\r\n" + ConvertirTexto(formula.cuerpo, campo));
+    ventana.ABAPText.insert(
+        0, "* " + formula.nombre.substr(0, largoDeNombreEnComentario) + "\r\n" + ConvertirTexto(formula.cuerpo, campo));
 }
 
 bool CerrarCodigo(Editor& editor, const VentanaDeCodigo& ventana) {

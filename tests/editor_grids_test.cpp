@@ -1,5 +1,3 @@
-#include "editor/grids.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,6 +5,7 @@
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
 #include "editor/find.h"
+#include "editor/grids.h"
 #include "editor/undo_command.h"
 #include "tests/support/editor_fixture.h"
 
@@ -24,11 +23,9 @@ TEST(Grids, ShowARowAsFarDownAsTheyGo) {
         int primera;
         const char* foco;
     };
-    const Caso casos[] = {
-        {Tabla::Archivo, 0, 0, "Text1_0"},           {Tabla::Archivo, 987, 987, "Text1_0"},
-        {Tabla::Archivo, 988, 987, "Text1_1"},       {Tabla::Archivo, 1000, 987, "Text1_13"},
-        {Tabla::Transaccion, 990, 990, "Text6_0"},   {Tabla::Transaccion, 1000, 990, "Text6_10"},
-    };
+    const Caso casos[] = {{Tabla::Archivo, 0, 0, "Text1_0"},         {Tabla::Archivo, 987, 987, "Text1_0"},
+                          {Tabla::Archivo, 988, 987, "Text1_1"},     {Tabla::Archivo, 1000, 987, "Text1_13"},
+                          {Tabla::Transaccion, 990, 990, "Text6_0"}, {Tabla::Transaccion, 1000, 990, "Text6_10"}};
     for (const auto& caso : casos) {
         EditorDePrueba p;
         p.LlenarArchivo(1000);
@@ -272,8 +269,8 @@ TEST(AddOperation, TakesTheFirstFreeRow) {
         int primera;
         const char* foco;
     };
-    const Caso casos[] = {{-1, 0, "Text6_0"}, {3, 0, "Text6_4"}, {4, 0, "Text6_5"}, {5, 1, "Text6_5"}, {994, 990, "Text6_5"},
-                          {999, 990, "Text6_10"}};
+    const Caso casos[] = {{-1, 0, "Text6_0"}, {3, 0, "Text6_4"},     {4, 0, "Text6_5"},
+                          {5, 1, "Text6_5"},  {994, 990, "Text6_5"}, {999, 990, "Text6_10"}};
     for (const auto& caso : casos) {
         EditorDePrueba p;
         p.LlenarTransaccion(caso.ultima);

@@ -33,6 +33,8 @@ TEST(Values, AreDividedByCommasAndLineEnds) {
         {",", {""}},
         {"a,,b", {"a", "", "b"}},
         {"a,\r\nb", {"a", "", "b"}},
+        {"a,\nb", {"a", "", "b"}},
+        {"a\n\nb", {"a", "", "b"}},
         {"a\r\n\r\nb", {"a", "", "b"}},
         {"a\n\rb", {"a", "", "b"}},
         {"  a b  ,  c", {"a b", "c"}},

@@ -90,7 +90,9 @@ void EditorDePrueba::Transaccion(std::initializer_list<std::string_view> filas) 
     MostrarTransaccionSinFocus(editor, 0);
 }
 
-void EditorDePrueba::PonerArchivo(int fila, std::string_view celdas) { editor.especificacion.TablaArchivo[fila] = Partir<4>(celdas); }
+void EditorDePrueba::PonerArchivo(int fila, std::string_view celdas) {
+    editor.especificacion.TablaArchivo[fila] = Partir<4>(celdas);
+}
 void EditorDePrueba::PonerTransaccion(int fila, std::string_view celdas) {
     editor.especificacion.TablaTransaccion[fila] = Partir<5>(celdas);
 }

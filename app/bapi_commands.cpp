@@ -1,0 +1,123 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <ostream>
+
+#include "app/command.h"
+#include "app/console_view.h"
+#include "bapi/catalogue.h"
+#include "bapi/insertion.h"
+#include "bapi/search.h"
+#include "base/text.h"
+#include "editor/document_commands.h"
+
+namespace qor {
+
+namespace {
+
+struct Argumentos {
+    std::optional<std::string> catalogo;
+    std::string texto;  // what to find, or the name of a BAPI
+    bool palabras = false;
+    std::string documento;
+    bool obligatorios = false;
+    bool definicion = false;
+};
+
+using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
+
+std::string ArchivoDe(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    return argumentos.catalogo ? DeArgumento(*argumentos.catalogo) : contexto.ajustes.ArchivoBAPI;
+}
+
+std::optional<CatalogoBAPI> Cargar(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    return RecuperarDatosBAPIs(ArchivoDe(contexto, argumentos), contexto.textos, contexto.vista);
+}
+
+bool SinHallazgo(const ContextoDeComando& contexto) {
+    contexto.vista.Informar(Componer(contexto.textos, {374}));
+    return false;
+}
+
+bool List(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto catalogo = Cargar(contexto, argumentos);
+    if (!catalogo) return false;
+    for (const auto& nodo : catalogo->nodos) contexto.salida << (nodo.esBAPI ? "  " : "") << TextoDeTerminal(nodo.texto) << '\n';
+    return true;
+}
+
+bool Find(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto catalogo = Cargar(contexto, argumentos);
+    if (!catalogo) return false;
+    BusquedaBAPI busqueda(*catalogo);
+    busqueda.Empezar(Mayusculas(DeArgumento(argumentos.texto)),
+                     argumentos.palabras ? ModoDeBusqueda::Palabras : ModoDeBusqueda::SubCadena);
+    bool hay = false;
+    while (const auto nodo = busqueda.Siguiente()) {
+        contexto.salida << TextoDeTerminal(catalogo->nodos[*nodo].texto) << '\n';
+        hay = true;
+    }
+    return hay || SinHallazgo(contexto);
+}
+
+bool Show(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto catalogo = Cargar(contexto, argumentos);
+    if (!catalogo) return false;
+    const auto* const nodo = catalogo->Buscar(DeArgumento(argumentos.texto));
+    if (nodo == nullptr) return SinHallazgo(contexto);
+    std::string texto = QuitarMarcas(catalogo->DescripcionesBAPI[nodo->numero]);
+    if (texto.starts_with("\r\n")) texto.erase(0, 2);  // the one in front of the first line
+    if (!texto.empty()) contexto.salida << TextoDeTerminal(texto) << '\n';
+    return true;
+}
+
+bool Insert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    const auto catalogo = Cargar(contexto, argumentos);
+    if (!catalogo) return false;
+    const std::string nombre = DeArgumento(argumentos.texto);
+    if (catalogo->Buscar(nombre) == nullptr) return SinHallazgo(contexto);
+    const int fila = editor.especificacion.PrimeraPosicionLibreTransaccion();
+    if (!argumentos.definicion && fila > ultimaFila) {
+        contexto.vista.Advertir(Componer(contexto.textos, {515}));
+        return false;
+    }
+    const auto resultado = ElegirBAPI(editor, ArchivoDe(contexto, argumentos), nombre, argumentos.definicion, fila,
+                                      [&] { return std::optional(!argumentos.obligatorios); });
+    return resultado == ResultadoInsercion::Hecho && SaveOption(editor);
+}
+
+CLI::App* AgregarOrden(CLI::App* bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
+                       const char* descripcion, bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
+    auto* const orden = bapi->add_subcommand(nombre, descripcion);
+    orden->callback([argumentos, accion, &comando = ordenes.comando] {
+        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
+    });
+    return orden;
+}
+
+}  // namespace
+
+void AgregarComandosDeBAPI(Ordenes ordenes) {
+    auto argumentos = std::make_shared<Argumentos>();
+    auto* const bapi = ordenes.programa.add_subcommand("bapi", "Look into the BAPI catalogue, and insert a BAPI into a document");
+    bapi->require_subcommand(1);
+    bapi->fallthrough();
+    bapi->add_option("--catalogue", argumentos->catalogo, "Catalogue file, in the place of the one of the settings")
+        ->type_name("FILE");
+    AgregarOrden(bapi, ordenes, argumentos, "list", "Print every business object with its BAPIs", List);
+    auto* const find = AgregarOrden(bapi, ordenes, argumentos, "find", "Print the names that hold a text", Find);
+    find->add_option("TEXT", argumentos->texto, "Text to look for, in any case")->required();
+    find->add_flag("--words", argumentos->palabras, "Look for all its words in the documentation of the BAPIs");
+    auto* const show = AgregarOrden(bapi, ordenes, argumentos, "show", "Print the documentation of a BAPI", Show);
+    show->add_option("NAME", argumentos->texto, "Name of a BAPI")->required();
+    auto* const insert =
+        AgregarOrden(bapi, ordenes, argumentos, "insert", "Insert a BAPI behind the operations of a document", Insert);
+    insert->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
+    insert->add_option("NAME", argumentos->texto, "Name of a BAPI")->required();
+    insert->add_flag("--mandatory", argumentos->obligatorios, "Rows for mandatory parameters only");
+    insert->add_flag("--definition", argumentos->definicion, "Declarations and call text only, without rows");
+}
+
+}  // namespace qor

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+
+#include "app/console_view.h"
+#include "app/settings.h"
+#include "base/messages.h"
+#include "base/view.h"
+#include "editor/editor.h"
+#include "generator/request.h"
+
+namespace CLI {
+class App;
+}
+
+// The commands of qorgen. Each group of them registers its arguments with the parser; when one is parsed, it leaves what is to be
+// done in `comando`.
+namespace qor {
+
+// What every command works with. Paths and texts are windows-1252.
+struct ContextoDeComando {
+    const TextosIdioma& textos;
+    const AjustesDelPrograma& ajustes;
+    std::filesystem::path directorioDeDatos;
+    VistaDeConsola& vista;
+    std::ostream& salida;
+};
+
+// Answers whether it did its work; the view has shown why not.
+using Comando = std::function<bool(const ContextoDeComando&)>;
+
+struct Ordenes {
+    CLI::App& programa;
+    Comando& comando;
+};
+
+// Arguments that turn out wrong only when the command runs.
+class MalUso : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+void AgregarComandosDeDocumento(Ordenes ordenes);  // generate, check, convert, source, print
+void AgregarComandosDeBAPI(Ordenes ordenes);       // bapi list, find, show, insert
+void AgregarComandosDeDatos(Ordenes ordenes);      // dataset
+void AgregarComandosDeSAP(Ordenes ordenes);        // import, widths, publish
+
+// An argument as a text of the model. Throws FalloDeEjecucion when the code page can't hold it.
+std::string DeArgumento(const std::string& argumento);
+
+// Opens a document for a command, as the desktop does.
+bool AbrirDocumento(Editor& editor, const std::string& documento);
+
+PedidoDeGeneracion PedidoDe(const ContextoDeComando& contexto, Editor& editor);
+
+}  // namespace qor

@@ -1,0 +1,102 @@
+#include "app/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <optional>
+#include <ostream>
+
+#include "app/command.h"
+#include "app/console_view.h"
+#include "app/data_directory.h"
+#include "app/language.h"
+#include "base/paths.h"
+
+namespace qor {
+
+namespace {
+
+struct OpcionesComunes {
+    std::optional<std::string> settings;
+    std::optional<std::string> data;
+    std::optional<std::string> language;
+    bool yes = false;
+};
+
+// The command line as a whole: the common options, which may stand in front of a command or behind it, and all commands.
+class LineaDeComandos {
+public:
+    LineaDeComandos() {
+        programa_.require_subcommand(1);
+        programa_.fallthrough();
+        programa_.add_option("--settings", comunes.settings, "Directory of Tessaline.ini")->type_name("DIR");
+        programa_.add_option("--data", comunes.data, "Directory of language.txt and the other data files")->type_name("DIR");
+        programa_.add_option("--language", comunes.language, "Language of the messages and of the texts in reports")
+            ->type_name("NAME");
+        programa_.add_flag("--yes", comunes.yes, "Answer every question with yes");
+        const Ordenes ordenes{programa_, comando};
+        AgregarComandosDeDocumento(ordenes);
+        AgregarComandosDeBAPI(ordenes);
+        AgregarComandosDeDatos(ordenes);
+        AgregarComandosDeSAP(ordenes);
+    }
+
+    void Leer(const std::vector<std::string>& argumentos) {
+        // The parser takes the arguments from the back.
+        programa_.parse(std::vector<std::string>(argumentos.rbegin(), argumentos.rend()));
+    }
+
+    // The help of the command that was parsed, or of the program.
+    std::string Ayuda() const { return programa_.help(); }
+
+    OpcionesComunes comunes;
+    Comando comando;
+
+private:
+    CLI::App programa_{"Qor Generator without a screen: ABAP load programs from specifications.", "qorgen"};
+};
+
+// Runs the command in the setting that the common options tell.
+bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeConsola& vista, std::ostream& salida) {
+    const auto datos = comunes.data ? std::filesystem::path(*comunes.data) : DirectorioDeDatos();
+    ArchivoINI ini;
+    ini.CargarINI(comunes.settings ? std::filesystem::path(*comunes.settings) / nombreDeAjustes
+                                   : RutaDeAjustes(EntornoDelProceso()));
+    AjustesDelPrograma ajustes = LeerAjustes(ini, AgregarBarra(RutaDelModelo(datos)));
+    if (comunes.language) ajustes.IdiomaActual = DeArgumento(*comunes.language);
+    if (ajustes.IdiomaActual.empty()) ajustes.IdiomaActual = "English";
+
+    TextosIdioma textos;
+    switch (RecuperarIdioma(textos, datos / "language.txt", ajustes.IdiomaActual)) {
+        case ResultadoIdioma::SinArchivo: vista.Advertir(MensajeLiteral("Cannot find language file.")); return false;
+        case ResultadoIdioma::Fallo: vista.Advertir(MensajeLiteral("An error has occurred")); break;
+        case ResultadoIdioma::Bien: break;
+    }
+    return comando({textos, ajustes, datos, vista, salida});
+}
+
+}  // namespace
+
+int EjecutarQorgen(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
+    LineaDeComandos linea;
+    try {
+        linea.Leer(argumentos);
+    } catch (const CLI::Success&) {
+        salida << linea.Ayuda();
+        return estadoBien;
+    } catch (const CLI::ParseError& error) {
+        errores << error.what() << '\n' << linea.Ayuda();
+        return estadoMalUso;
+    }
+    VistaDeConsola vista(salida, errores, linea.comunes.yes);
+    try {
+        return Ejecutar(linea.comunes, linea.comando, vista, salida) ? estadoBien : estadoRechazado;
+    } catch (const MalUso& error) {
+        errores << error.what() << '\n' << linea.Ayuda();
+        return estadoMalUso;
+    } catch (const std::exception& fallo) {
+        vista.Advertir(MensajeLiteral(std::string("The command failed: ") + fallo.what() + "."));
+        return estadoRechazado;
+    }
+}
+
+}  // namespace qor

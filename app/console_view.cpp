@@ -1,0 +1,64 @@
+#include "app/console_view.h"
+
+#include <ostream>
+
+#include "base/code_page.h"
+#include "base/text.h"
+
+namespace qor {
+
+namespace {
+
+std::string ConFinesDeLinea(std::string_view texto, std::string_view fin) {
+    return ReemplazarTodo(ReemplazarTodo(ReemplazarTodo(texto, "\r\n", "\n"), "\r", "\n"), "\n", fin);
+}
+
+const char* Palabra(Respuesta respuesta) {
+    switch (respuesta) {
+        case Respuesta::Si: return "yes";
+        case Respuesta::No: return "no";
+        case Respuesta::Aceptar: return "ok";
+        case Respuesta::Cancelar: break;
+    }
+    return "cancel";
+}
+
+std::string LineaDe(const Mensaje& mensaje) {
+    return std::to_string(mensaje.Numero()) + ": " + AUtf8(ConFinesDeLinea(mensaje.texto, " "));
+}
+
+}  // namespace
+
+std::string TextoDeTerminal(std::string_view texto) { return AUtf8(ConFinesDeLinea(texto, "\n")); }
+
+void VistaDeConsola::Mostrar(const Mensaje& mensaje, Icono /*icono*/) { errores_ << LineaDe(mensaje) << '\n'; }
+
+Respuesta VistaDeConsola::Preguntar(const Mensaje& mensaje, Botones botones) {
+    const bool aceptar = botones == Botones::AceptarCancelar;
+    Respuesta respuesta =
+        siATodo_ ? (aceptar ? Respuesta::Aceptar : Respuesta::Si) : (aceptar ? Respuesta::Cancelar : Respuesta::No);
+    if (const auto fijada = respuestas_.find(mensaje.Numero()); fijada != respuestas_.end()) respuesta = fijada->second;
+    errores_ << LineaDe(mensaje) << " [" << Palabra(respuesta) << "]\n";
+    return respuesta;
+}
+
+// Paths come with the command; no dialog is ever shown.
+std::optional<std::string> VistaDeConsola::ElegirParaAbrir(const std::string& /*directorio*/, const std::string& /*filtro*/) {
+    return std::nullopt;
+}
+std::optional<std::string> VistaDeConsola::ElegirParaGrabar(const std::string& /*filtro*/) { return std::nullopt; }
+
+// Without a screen there is nothing to move, point at or focus.
+void VistaDeConsola::PunteroOcupado(bool /*ocupado*/) {}
+void VistaDeConsola::MostrarFila(Tabla /*tabla*/, int /*fila*/) {}
+void VistaDeConsola::Enfocar(const std::string& /*control*/) {}
+
+void VistaDeConsola::MostrarTexto(const std::string& texto) {
+    const std::string listo = TextoDeTerminal(texto);
+    salida_ << listo;
+    if (!listo.ends_with('\n')) salida_ << '\n';
+}
+
+bool VistaDeConsola::AbrirEditor(const std::string& /*ruta*/) { return false; }
+
+}  // namespace qor

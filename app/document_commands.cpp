@@ -1,0 +1,157 @@
+#include "editor/document_commands.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <ostream>
+
+#include "app/command.h"
+#include "app/console_view.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "generator/data_source_models.h"
+#include "generator/generate.h"
+#include "print/specification_print.h"
+#include "print/text_device.h"
+
+namespace qor {
+
+namespace {
+
+struct Argumentos {
+    std::string documento;
+    std::optional<std::string> archivo;
+    enum class Modelo { Archivo, OpenSQL, SQLNativo } modelo = Modelo::Archivo;
+    FuenteDeModelo fuente = FuenteDeModelo::Ninguna;
+    std::string tabla;
+};
+
+bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    if (argumentos.archivo) editor.opciones.Programa = DeArgumento(*argumentos.archivo);
+    EstadoDelGenerador estado;
+    return Generar(PedidoDe(contexto, editor), estado);
+}
+
+bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    return AbrirDocumento(editor, DeArgumento(argumentos.documento)) && ChequearEspecificacion(PedidoDe(contexto, editor));
+}
+
+bool Convert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    const std::string nuevo = DeArgumento(*argumentos.archivo);
+    if (EstaEnBlanco(nuevo)) return false;
+    FijarDocumento(editor, nuevo);
+    return SaveOption(editor);
+}
+
+bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    editor.especificacion.OrigenUsuario = true;
+    const auto pedido = PedidoDe(contexto, editor);
+    const auto estructuras = ImprimirEstructuras(pedido);
+    if (estructuras.texto.empty()) return false;
+    const auto& tablas = estructuras.tablas;
+    const std::string itab = argumentos.tabla.empty() ? tablas.front() : DeArgumento(argumentos.tabla);
+    if (std::find(tablas.begin(), tablas.end(), itab) == tablas.end()) {
+        throw MalUso("--table: the report has no internal table " + argumentos.tabla);
+    }
+    const auto textos = TextosDe(editor.especificacion);
+    bool hecho = false;
+    switch (argumentos.modelo) {
+        case Argumentos::Modelo::Archivo: hecho = ModeloArchivo(pedido, textos, itab, argumentos.fuente); break;
+        case Argumentos::Modelo::OpenSQL: hecho = ModeloOpenSQL(pedido, textos, itab, estructuras.texto); break;
+        case Argumentos::Modelo::SQLNativo: hecho = ModeloSQLNativo(pedido, textos, itab, estructuras.texto); break;
+    }
+    return hecho && SaveOption(editor);
+}
+
+bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Editor editor(contexto.textos, contexto.vista);
+    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    DispositivoDeTexto dispositivo;
+    if (!PrintOption(PedidoDe(contexto, editor), [&] { return &dispositivo; })) return false;
+    if (!argumentos.archivo) {
+        contexto.salida << TextoDeTerminal(dispositivo.Texto());
+        return true;
+    }
+    ArchivoDeSalida(*argumentos.archivo).Escribir(dispositivo.Texto());
+    return true;
+}
+
+// A command on a document, with its own arguments.
+class OrdenDeDocumento {
+public:
+    OrdenDeDocumento(Ordenes ordenes, const char* nombre, const char* descripcion, const char* pie,
+                     bool (*accion)(const ContextoDeComando&, const Argumentos&))
+        : argumentos_(std::make_shared<Argumentos>()), orden_(ordenes.programa.add_subcommand(nombre, descripcion)) {
+        orden_->footer(pie);
+        orden_->add_option("DOCUMENT", argumentos_->documento, "A .qor document")->required();
+        orden_->callback([argumentos = argumentos_, accion, &comando = ordenes.comando] {
+            comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
+        });
+    }
+
+    CLI::Option* ConSalida(const char* tipo, const char* descripcion) {
+        return orden_->add_option("-o,--output", argumentos_->archivo, descripcion)->type_name(tipo);
+    }
+
+    Argumentos& Valores() { return *argumentos_; }
+    CLI::App* operator->() { return orden_; }
+
+private:
+    std::shared_ptr<Argumentos> argumentos_;
+    CLI::App* orden_;
+};
+
+void AgregarSource(Ordenes ordenes) {
+    OrdenDeDocumento orden(
+        ordenes, "source", "Append a code model to the document's own data source",
+        "The data source is switched on, and the document saved.",
+        [](const ContextoDeComando& contexto, const Argumentos& argumentos) {
+            if (argumentos.modelo == Argumentos::Modelo::Archivo && argumentos.fuente == FuenteDeModelo::Ninguna) {
+                throw MalUso("--from: a file model needs to know where the file lies");
+            }
+            return Source(contexto, argumentos);
+        });
+    orden->add_option("--model", orden.Valores().modelo, "Kind of model: file, open-sql or native-sql")
+        ->required()
+        ->transform(
+            CLI::CheckedTransformer(std::map<std::string, Argumentos::Modelo>{{"file", Argumentos::Modelo::Archivo},
+                                                                              {"open-sql", Argumentos::Modelo::OpenSQL},
+                                                                              {"native-sql", Argumentos::Modelo::SQLNativo}}))
+        ->type_name("KIND");
+    orden->add_option("--table", orden.Valores().tabla, "Internal table to fill; by default the main one")->type_name("NAME");
+    orden->add_option("--from", orden.Valores().fuente, "Where a file lies: client-flat, client-tab or server")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, FuenteDeModelo>{{"client-flat", FuenteDeModelo::ClientFlat},
+                                                                                  {"client-tab", FuenteDeModelo::ClientTab},
+                                                                                  {"server", FuenteDeModelo::Server}}))
+        ->type_name("PLACE");
+}
+
+}  // namespace
+
+void AgregarComandosDeDocumento(Ordenes ordenes) {
+    OrdenDeDocumento(
+        ordenes, "generate", "Write the ABAP report of a document",
+        "The report goes to the document's own output file, or to FILE. A file that exists is replaced only\nwith --yes.", Generate)
+        .ConSalida("FILE", "Output file, in the place of the document's own");
+    OrdenDeDocumento(ordenes, "check", "Check a document as generate does, and write nothing",
+                     "Exit status 0 means that generate would open its output file.", Check);
+    OrdenDeDocumento(ordenes, "convert", "Save a document of either format under another name",
+                     "NEW is written in the present format. A document of that name is replaced.", Convert)
+        .ConSalida("NEW", "The new document")
+        ->required();
+    OrdenDeDocumento(ordenes, "print", "Print a document's specification as plain text",
+                     "The text goes to the standard output, or to FILE in windows-1252.", Print)
+        .ConSalida("FILE", "File for the text");
+    AgregarSource(ordenes);
+}
+
+}  // namespace qor

@@ -1,0 +1,105 @@
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "base/values.h"
+#include "bench/large_specification.h"
+#include "bench/silent_view.h"
+#include "editor/document_commands.h"
+#include "generator/checks.h"
+#include "generator/generate.h"
+#include "model/document_format.h"
+
+namespace qor {
+namespace {
+
+std::string RutaDePrueba(const char* nombre) { return (std::filesystem::temp_directory_path() / nombre).string(); }
+
+// One file with ids when the specification has groups.
+Opciones OpcionesPara(int grupos) {
+    Opciones o = OpcionesDePrueba();
+    o.Programa = RutaDePrueba("qor_bench.abap");
+    if (grupos == 0) return o;
+    o.MultipleFilesOption = false;
+    for (int n = 0; n <= grupos; ++n) o.Identificadores += (n == 0 ? "" : ",") + std::to_string(100 + n);
+    return o;
+}
+
+struct Prueba {
+    explicit Prueba(const benchmark::State& state)
+        : especificacion(EspecificacionGrande(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)))),
+          opciones(OpcionesPara(static_cast<int>(state.range(1)))) {}
+
+    PedidoDeGeneracion Pedido() { return {especificacion, opciones, preferencias, textos, vista, "", ""}; }
+
+    Especificacion especificacion;
+    Opciones opciones;
+    Preferencias preferencias;
+    TextosIdioma textos;
+    VistaSilenciosa vista;
+};
+
+void Complejidad(benchmark::State& state) { state.SetComplexityN(state.range(0)); }
+
+void BM_Abrir(benchmark::State& state) {
+    Prueba prueba(state);
+    Editor escritor(prueba.textos, prueba.vista);
+    escritor.especificacion = prueba.especificacion;
+    escritor.opciones = prueba.opciones;
+    FijarDocumento(escritor, RutaDePrueba("qor_bench_open.qor"));
+    if (!SaveOption(escritor)) throw std::runtime_error("save failed");
+    const std::string ruta = escritor.RutaDocumento;
+    escritor.CanalDocumento.Cerrar();
+    for (auto _ : state) {
+        Editor editor(prueba.textos, prueba.vista);
+        editor.AbrirDesdeComando = true;
+        editor.ArchivoInicial = ruta;
+        if (!OpenOption(editor)) throw std::runtime_error("open failed");
+    }
+    Complejidad(state);
+}
+
+void BM_Chequear(benchmark::State& state) {
+    Prueba prueba(state);
+    for (auto _ : state) {
+        if (!ChequearEspecificacion(prueba.Pedido())) throw std::runtime_error("check failed");
+    }
+    Complejidad(state);
+}
+
+void BM_Generar(benchmark::State& state) {
+    Prueba prueba(state);
+    for (auto _ : state) {
+        EstadoDelGenerador estado;
+        if (!Generar(prueba.Pedido(), estado)) throw std::runtime_error("generation failed");
+    }
+    Complejidad(state);
+}
+
+// The disk's flush is part of a save.
+void BM_Grabar(benchmark::State& state) {
+    Prueba prueba(state);
+    Editor editor(prueba.textos, prueba.vista);
+    editor.especificacion = prueba.especificacion;
+    editor.opciones = prueba.opciones;
+    FijarDocumento(editor, RutaDePrueba("qor_bench_save.qor"));
+    for (auto _ : state) {
+        if (!SaveOption(editor)) throw std::runtime_error("save failed");
+    }
+    Complejidad(state);
+}
+
+void Tamanos(benchmark::internal::Benchmark* b) {
+    b->ArgNames({"rows", "groups"})->Unit(benchmark::kMillisecond);
+    for (const int filas : {125, 250, 500, 1000}) b->Args({filas, 0});
+    b->Args({1000, 100});
+}
+
+BENCHMARK(BM_Abrir)->Apply(Tamanos);
+BENCHMARK(BM_Chequear)->Apply(Tamanos);
+BENCHMARK(BM_Generar)->Apply(Tamanos);
+BENCHMARK(BM_Grabar)->Apply(Tamanos);
+
+}  // namespace
+}  // namespace qor

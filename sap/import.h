@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "editor/editor.h"
+
+// Recordings and batch-input sessions as rows of the program side. Two formats, both text files:
+//
+// The program that a system makes of a recording. A line with BDC_DYNPRO holds a program and a dynpro between apostrophes; one with
+// BDC_FIELD a field, its value on the next line, that of a BDC_SUBSCR on the next two; one with BDC_TRANSACTION ends a transaction
+// and holds its code. All other lines count for nothing.
+//
+// Records of the batch-input queue, in columns from 1:
+//   1 to 40 program     45 kind: "T" transaction, "X" screen, blank field, "M" header    46 to 177 field, of a "T" the code
+//   41 to 44 dynpro, "0000" where no screen starts                                        178 to 309 value
+// A line with "0000T" in columns 41 to 45 turns the rest of a file into this format.
+namespace qor {
+
+// Reads a text into the rows from `inicio` on, at most to row 1000. `malEscrita` is called for each line whose texts don't stand
+// between pairs of apostrophes. Throws FalloDeEjecucion for a screen without a dynpro, and where the text ends inside a field; the
+// rows read until then stay.
+void LeerSesion(Especificacion& especificacion, std::string_view texto, int inicio, const std::function<void()>& malEscrita);
+
+// Imports a file of either format. Where rows exist, the user chooses between replacing them and adding behind them. False when the
+// user backs out (then the caller's RegistrarCambios stays cleared), and when the file can't be read to its end: message 335, and
+// what was read until then stays in the table, not shown.
+bool ImportarSesion(Editor& editor, const std::string& archivo);
+
+}  // namespace qor

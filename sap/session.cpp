@@ -1,0 +1,192 @@
+#include "sap/session.h"
+
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "sap/remote_call.h"
+#include "sap/remote_reports.h"
+
+namespace qor {
+
+namespace {
+
+// Releases from this one on know encodings of files. Releases are compared as texts, so "46C" is an older one.
+constexpr std::string_view primeraVersionConEncoding = "470";
+
+// A row of a source without its line comment, cut, in upper case.
+std::string NormalizarFila(std::string_view fila) { return Mayusculas(Recortar(AntesDe(fila, '"'))); }
+
+// What a copy of the report runner may have differently.
+bool EsDeLaCopia(std::string_view fila) {
+    return fila.starts_with("FUNCTION ") || fila.starts_with("MESSAGE ") || fila == "ENDIF." || fila == "IF SY-SUBRC NE 0." ||
+           fila == "IF SY-SUBRC <> 0.";
+}
+
+std::string NormalizarFuente(const std::vector<std::string>& filas) {
+    std::string fuente;
+    bool EnAutoridad = false;
+    for (const auto& original : filas) {
+        if (original.starts_with('*')) continue;
+        const std::string fila = NormalizarFila(original);
+        if (fila.starts_with("AUTHORITY-CHECK")) EnAutoridad = true;
+        if (EnAutoridad) {
+            if (fila.ends_with('.')) EnAutoridad = false;
+        } else if (!EsDeLaCopia(fila)) {
+            fuente += fila;
+        }
+    }
+    return fuente;
+}
+
+std::string LeerFuente(SesionSAP& sesion, const std::string& lector, const std::string& nombre) {
+    auto filas = Llamar(sesion, {lector, {"PROGRAM", nombre}, std::nullopt, "QTAB"});
+    if (!filas || filas->empty()) return {};
+    filas->pop_back();  // the last row is never looked at
+    return NormalizarFuente(*filas);
+}
+
+std::string LeerFuenteBoA(SesionSAP& sesion, const std::string& nombre) {
+    std::string fuente = LeerFuenteB(sesion, nombre);
+    return EstaEnBlanco(fuente) ? LeerFuenteA(sesion, nombre) : fuente;
+}
+
+// The function group of a module; empty when there is no such module.
+std::string GrupoDeFuncion(SesionSAP& sesion, const std::string& modulo) {
+    const auto grupos = Llamar(sesion, {sesion.nombres.BusquedaDeFunciones, {"FUNCNAME", modulo}, std::nullopt, "FUNCTIONS", 2});
+    return grupos && !grupos->empty() ? std::string(Recortar(grupos->front())) : std::string();
+}
+
+// Creates the service and shows its dialog. A failure is told when the user wants it, and is no more than a refused logon.
+bool CrearYEntrar(SesionSAP& sesion, const OpcionesDeLogon& opciones, Vista& vista) {
+    try {
+        sesion.SesionRFC = sesion.CrearServicio();
+        return sesion.SesionRFC->Connection().Logon(false);
+    } catch (const FalloDelServicio& fallo) {
+        if (opciones.ChequearErroresLogon) {
+            vista.Advertir(
+                MensajeLiteral(std::string("The logon has failed. The libraries of the SAP front-end may not be registered on "
+                                           "this computer.\r\n") +
+                               fallo.what()));
+        }
+        return false;
+    }
+}
+
+void AjustarEncoding(const SesionSAP& sesion, Preferencias& preferencias) {
+    if (sesion.VersionSistema < primeraVersionConEncoding) {
+        preferencias.AdicionesDataset = "NONE";
+    } else if (preferencias.AdicionesDataset == "NONE") {
+        preferencias.AdicionesDataset = "ENCODING DEFAULT.";
+    }
+}
+
+}  // namespace
+
+bool SesionActiva(SesionSAP& sesion) {
+    sesion.Motivo.clear();
+    if (sesion.SesionRFC == nullptr) return false;
+    try {
+        if (sesion.SesionRFC->Connection().Logon(true)) return true;
+        sesion.Motivo = sesion.SesionRFC->UltimoError();
+    } catch (const FalloDelServicio& fallo) {
+        sesion.Motivo = fallo.what();
+    }
+    return false;
+}
+
+bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, Vista& vista) {
+    if (!CrearYEntrar(sesion, opciones, vista)) {
+        sesion.SesionRFC.reset();
+        sesion.RolSistema.clear();
+        sesion.VersionSistema.clear();
+        return false;
+    }
+    if (!ValidarModuloRFC(sesion)) {
+        DesconectarSAP(sesion);
+        vista.Advertir(MensajeLiteral("Invalid RFC Function module. Click Help / Contents > Troubleshooting."));
+        return false;
+    }
+    if (RecuperarDatosSistema(sesion)) AjustarEncoding(sesion, preferencias);
+    return true;
+}
+
+void DesconectarSAP(SesionSAP& sesion) {
+    if (sesion.SesionRFC != nullptr) {
+        try {
+            sesion.SesionRFC->Connection().Logoff();
+        } catch (const FalloDelServicio&) {
+            // A connection that is gone needs no farewell.
+        }
+    }
+    sesion.SesionRFC.reset();
+    sesion.VersionSistema.clear();
+}
+
+bool ValidarModuloRFC(SesionSAP& sesion) {
+    const auto& nombres = sesion.nombres;
+    if (nombres.ModuloRFCPropio.empty()) {
+        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
+        return true;
+    }
+    if (!SesionActiva(sesion)) return false;
+    const std::string grupo = GrupoDeFuncion(sesion, nombres.ModuloRFCPropio);
+    if (grupo.empty()) {
+        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
+        return true;
+    }
+    sesion.ModuloRFC = nombres.ModuloRFCPropio;
+    const std::string propia = LeerFuenteBoA(sesion, "L" + grupo + "U01");
+    if (propia.empty()) return false;
+    return propia == LeerFuenteBoA(sesion, nombres.IncludeEstandar);
+}
+
+bool RecuperarDatosSistema(SesionSAP& sesion) {
+    sesion.RolSistema.clear();
+    sesion.VersionSistema.clear();
+    const auto filas = EjecutarReporte(sesion, sesion.plantillas.PlantillaSistema);
+    if (!filas) return false;
+    if (!filas->empty()) sesion.RolSistema = filas->front();
+    if (filas->size() >= 3) sesion.VersionSistema = std::string(Recortar((*filas)[2]));
+    return true;
+}
+
+std::string LeerFuenteA(SesionSAP& sesion, const std::string& nombre) {
+    return LeerFuente(sesion, sesion.nombres.LectorFuenteA, nombre);
+}
+
+std::string LeerFuenteB(SesionSAP& sesion, const std::string& nombre) {
+    return LeerFuente(sesion, sesion.nombres.LectorFuenteB, nombre);
+}
+
+bool Logon_Click(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, const TextosIdioma& textos,
+                 Vista& vista) {
+    Logoff_Click(sesion);
+    if (!ConectarSAP(sesion, opciones, preferencias, vista)) return false;
+    const auto& conexion = sesion.SesionRFC->Connection();
+    sesion.ConnectionStatus = Componer(textos, {407, " ", conexion.Client(), " ", 408, " ", conexion.System()}).texto;
+    sesion.Conectado = true;
+    return true;
+}
+
+void Logoff_Click(SesionSAP& sesion) {
+    if (!sesion.Conectado) return;
+    DesconectarSAP(sesion);
+    sesion.Conectado = false;
+    sesion.ConnectionStatus = textoSinConexion;
+}
+
+bool ImportarTrasLogon(const OpcionesDeLogon& opciones, bool HayCambios, bool DocumentoBloqueado) {
+    return opciones.ImportarSHDBLogon && !HayCambios && !DocumentoBloqueado;
+}
+
+EstadoDelMenu MenuConectado(bool conectado) {
+    return {!conectado, conectado, conectado, !conectado, conectado, !conectado, !conectado};
+}
+
+Mensaje ConMotivo(const SesionSAP& sesion, Mensaje mensaje) {
+    if (!sesion.Motivo.empty()) mensaje.texto += "\r\n" + sesion.Motivo;
+    return mensaje;
+}
+
+}  // namespace qor

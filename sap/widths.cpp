@@ -1,0 +1,208 @@
+#include "sap/widths.h"
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+
+#include "base/busy_pointer.h"
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "editor/grids.h"
+#include "model/cells.h"
+#include "sap/remote_reports.h"
+#include "sap/temporary_file.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t anchoDeCampo = 30;
+constexpr std::size_t anchoDePedido = 90;  // the three fields, in front of the length
+constexpr int anchoDeDeclaracion = 71;
+
+struct CampoDeDiccionario {
+    std::string_view tabla;
+    std::string_view campo;
+};
+
+std::string Columna30(std::string_view texto) {
+    std::string columna(texto.substr(0, anchoDeCampo));
+    columna.resize(anchoDeCampo, ' ');
+    return columna;
+}
+
+bool TieneGuion(std::string_view texto) { return texto.find('-') != std::string_view::npos; }
+
+// A text file that is written line by line; what was written stays when a later line fails.
+class ArchivoDeLineas {
+public:
+    explicit ArchivoDeLineas(const std::string& ruta) : archivo_(RutaDelSistema(ruta), std::ios::binary | std::ios::trunc) {
+        if (!archivo_) throw FalloDeEjecucion("the file can't be opened for writing");
+    }
+    void Linea(std::string_view linea) { archivo_ << linea << "\r\n"; }
+    void Cerrar() {
+        archivo_.close();
+        if (!archivo_) throw FalloDeEjecucion("the file can't be written");
+    }
+
+private:
+    std::ofstream archivo_;
+};
+
+// The lines that the program side asks for.
+class Pedidos {
+public:
+    Pedidos(const Especificacion& especificacion, ArchivoDeLineas& archivo)
+        : especificacion_(especificacion),
+          declaraciones_(PartirLineas(especificacion.VariablesGlobales, anchoDeDeclaracion)),
+          archivo_(archivo) {}
+
+    void Escribir() {
+        for (int r = 0; r <= ultimaFila; ++r) {
+            const auto& fila = especificacion_.TablaTransaccion[r];
+            if (EsCabezaBAPI(fila)) enBAPI_ = true;
+            if (EsCabezaTransaccion(fila)) enBAPI_ = false;
+            if (!EstaEnBlanco(fila[2])) Escribir(fila[2], fila[3]);
+        }
+    }
+
+private:
+    void Escribir(std::string_view campo, std::string_view valor) {
+        std::string tipo;  // owns what the table of a BAPI's field points to
+        const bool conGuion = TieneGuion(campo);
+        if (!enBAPI_ && !conGuion) return;
+        std::string_view tabla = AntesDe(campo, '-');
+        // A subscript, or the "(+)" of a table row, is no part of the field.
+        std::string_view nombre = AntesDe(DespuesDe(campo, '-').substr(0, anchoDeCampo), '(');
+        if (enBAPI_) {
+            tipo = BuscarTipoVariable(declaraciones_, tabla);
+            tabla = tipo;
+            if (!conGuion) {
+                if (!TieneGuion(tipo)) throw FalloDeEjecucion("the type of a scalar parameter names no field");
+                tabla = AntesDe(tipo, '-');
+                nombre = DespuesDe(tipo, '-');
+            }
+        }
+        archivo_.Linea(Columna30(tabla) + Columna30(nombre) + Columna30(valor));
+    }
+
+    const Especificacion& especificacion_;
+    std::vector<std::string> declaraciones_;
+    ArchivoDeLineas& archivo_;
+    bool enBAPI_ = false;
+};
+
+// The lengths behind the lines of the file, one for each row of the list.
+void CompletarArchivo(const std::string& archivo, const std::vector<std::string_view>& lineas, const FilasDeLista& largos) {
+    ArchivoDeLineas nuevo(archivo);
+    for (std::size_t i = 0; i < largos.size(); ++i) {
+        std::string linea(i < lineas.size() ? lineas[i].substr(0, anchoDePedido) : std::string_view{});
+        linea.resize(anchoDePedido, ' ');
+        nuevo.Linea(linea + largos[i]);
+    }
+    nuevo.Cerrar();
+}
+
+}  // namespace
+
+std::string BuscarTipoVariable(const std::vector<std::string>& lineas, std::string_view nombre) {
+    const std::string buscado = "DATA: " + std::string(Recortar(nombre)) + " LIKE ";
+    for (const auto& linea : lineas) {
+        const auto lugar = linea.find(buscado);
+        if (lugar == std::string::npos) continue;
+        std::string tipo(Recortar(std::string_view(linea).substr(lugar + buscado.size())));
+        if (tipo.ends_with(',') || tipo.ends_with('.')) tipo.pop_back();
+        return tipo;
+    }
+    return {};
+}
+
+bool GenerarInfoCampos(const Especificacion& especificacion, const std::string& archivo, bool conectado, const TextosIdioma& textos,
+                       Vista& vista) {
+    try {
+        ArchivoDeLineas salida(archivo);
+        Pedidos(especificacion, salida).Escribir();
+        salida.Cerrar();
+    } catch (const FalloDeEjecucion&) {
+        vista.Advertir(Componer(textos, {328}));
+        return false;
+    }
+    if (!conectado) vista.Informar(Componer(textos, {327}));
+    return true;
+}
+
+bool LlenarAnchos(Especificacion& especificacion, std::string_view texto) {
+    bool lleno = false;
+    for (const auto linea : PartirEnLineas(texto)) {
+        const double ancho = Numero(Tramo(linea, 91, 6));
+        if (ancho <= 0) continue;
+        const auto campo = Recortar(Tramo(linea, 61, anchoDeCampo));
+        for (int r = 0; r <= ultimaFila && !especificacion.FilaArchivoVacia(r); ++r) {
+            auto& fila = especificacion.TablaArchivo[r];
+            if (Recortar(fila[0]) != campo || !EstaEnBlanco(fila[1])) continue;
+            fila[1] = TextoDeNumero(ancho);
+            lleno = true;
+        }
+    }
+    return lleno;
+}
+
+bool ImportInfo(Editor& editor, const std::string& archivo) {
+    const SinRegistrarCambios sinRegistrar(editor);
+    try {
+        if (LlenarAnchos(editor.especificacion, LeerArchivo(RutaDelSistema(archivo)))) editor.HayCambios = true;
+    } catch (const FalloDeEjecucion&) {
+        editor.vista.Advertir(Componer(editor.textos, {328}));
+        return false;
+    }
+    MostrarArchivo(editor, 0);
+    editor.ventana.SSTab1 = 0;
+    return true;
+}
+
+LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas) {
+    LineasABAP reporte = {"REPORT QOR.",        "DATA: BEGIN OF ITAB OCCURS 0,", "        TABLE(30),", "        FIELD(30),",
+                          "      END OF ITAB,", "      WIDTH LIKE DD03L-LENG."};
+    for (const auto linea : lineas) {
+        reporte.push_back("ITAB-TABLE = '" + std::string(Recortar(Tramo(linea, 1, anchoDeCampo))) + "'.");
+        reporte.push_back("ITAB-FIELD = '" + std::string(Recortar(Tramo(linea, 31, anchoDeCampo))) + "'.");
+        reporte.emplace_back("APPEND ITAB.");
+    }
+    // Printed for every entry, found or not, so the n-th row belongs to the n-th line. The blank behind WHERE is part of its line.
+    reporte.insert(reporte.end(), {"LOOP AT ITAB.", "  WIDTH = 0.", "  SELECT SINGLE LENG INTO WIDTH FROM DD03L WHERE ",
+                                   "  TABNAME = ITAB-TABLE AND FIELDNAME = ITAB-FIELD.", "  WRITE: / WIDTH.", "ENDLOOP."});
+    return reporte;
+}
+
+bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
+    try {
+        sesion.Motivo.clear();
+        const std::string texto = LeerArchivo(RutaDelSistema(archivo));
+        const auto lineas = PartirEnLineas(texto);
+        const auto largos = EjecutarReporte(sesion, ReporteDeAnchos(lineas));
+        if (!largos) return false;
+        CompletarArchivo(archivo, lineas, *largos);
+        return true;
+    } catch (const FalloDeEjecucion& fallo) {
+        sesion.Motivo = fallo.what();
+        return false;
+    }
+}
+
+void ButtonOnlineAnchos(Editor& editor, SesionSAP& sesion) {
+    const std::string ArchivoAnchosTemporal = NombreTemporal(sesion.DirectorioTemporal);
+    GenerarInfoCampos(editor.especificacion, ArchivoAnchosTemporal, true, editor.textos, editor.vista);
+    {
+        const ConPunteroOcupado puntero(editor.vista);
+        if (!ObtenerAnchos(sesion, ArchivoAnchosTemporal)) {
+            editor.vista.Advertir(ConMotivo(sesion, Componer(editor.textos, {415})));
+            return;
+        }
+    }
+    ImportInfo(editor, ArchivoAnchosTemporal);
+    BorrarTemporal(ArchivoAnchosTemporal);
+}
+
+}  // namespace qor

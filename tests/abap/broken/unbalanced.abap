@@ -1,0 +1,4 @@
+REPORT ZBROKEN.
+IF SY-SUBRC = 0.
+  WRITE: / 'Año'.
+ENDFORM.

@@ -1,0 +1,253 @@
+#include "dataset/data_set.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "base/files.h"
+#include "base/paths.h"
+#include "dataset/line_reader.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+std::string Ancho(std::string texto, std::size_t ancho) {
+    texto.resize(ancho, ' ');
+    return texto;
+}
+
+// A session record: kind, field name or code, value.
+std::string Sesion(char clase, const std::string& campo = "", const std::string& valor = "") {
+    return Ancho("", 40) + "0000" + clase + (valor.empty() ? campo : Ancho(campo, 132) + valor) + "\r\n";
+}
+
+std::string Pantalla(const std::string& programa, const std::string& dynpro) { return Ancho(programa, 40) + dynpro + "X\r\n"; }
+
+// Lines of an error table: columns 4 to 13 program, 14 to 23 run, 24 to 33 operation or line identifier.
+std::string DefinicionDe(int linea, int ancho, const std::string& campo) {
+    char cabeza[80];
+    std::snprintf(cabeza, sizeof cabeza, "   00000000010000000000%010d", linea);
+    char largo[16];
+    std::snprintf(largo, sizeof largo, "%05d", ancho);
+    return Ancho(cabeza, 62) + largo + " " + campo + "\r\n";
+}
+
+std::string Dato(int operacion, int linea, const std::string& datos) {
+    char cabeza[80];
+    std::snprintf(cabeza, sizeof cabeza, "   00000000010000000007%010d", operacion);
+    char id[16];
+    std::snprintf(id, sizeof id, "%03d", linea);
+    return Ancho(cabeza, 56) + id + "   " + datos + "\r\n";
+}
+
+const std::string dosTransacciones = Sesion('M', "QOR_TEST") +                                                            //
+                                     Sesion('T', "MM01") + Pantalla("SAPLMGMM", "0060") + Sesion(' ', "MATNR", "abc1") +  //
+                                     Sesion(' ', "MAKTX(1)", "Screw") + Sesion(' ', "MAKTX(2)", "Nut") +                  //
+                                     Sesion(' ', "BDC_OKCODE", "/00") +                                                   //
+                                     Sesion('T', "XD01") + Sesion(' ', "MATNR", "abc2") + Sesion(' ', "KUNNR", "7");
+
+const std::string tablaDeErrores = DefinicionDe(1, 4, "MATNR") + DefinicionDe(1, 6, "MAKTX") + DefinicionDe(2, 3, "MEINS") +  //
+                                   Dato(1, 1, "abc1Screw ") + Dato(1, 2, "PC") + Dato(1, 0, "message") +                      //
+                                   Dato(2, 1, "abc2");
+
+struct PruebaDeDatos : testing::Test {
+    DirectorioTemporal directorio;
+    EditorDePrueba prueba;
+
+    std::string Escribir(const std::string& contenido, const char* nombre = "data.txt") {
+        return RutaDelModelo(directorio.Escribir(nombre, contenido));
+    }
+
+    std::optional<JuegoDeDatos> Examinar(const std::string& ruta) {
+        return ExaminarJuegoDeDatos(RutaDelSistema(ruta), prueba.textos, prueba.vista);
+    }
+
+    // Replaces with the answer yes, and gives the file afterwards.
+    std::string Reemplazar(const std::string& contenido, const Reemplazo& reemplazo, Respuesta respuesta = Respuesta::Si) {
+        const std::string ruta = Escribir(contenido);
+        const auto datos = Examinar(ruta);
+        prueba.vista.respuestas = {respuesta};
+        ReemplazarValores(ruta, *datos, reemplazo, prueba.textos, prueba.vista);
+        EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
+        return LeerArchivo(RutaDelSistema(ruta));
+    }
+};
+
+Reemplazo De(const std::string& campo, const std::string& nuevo, ModoDeReemplazo modo = ModoDeReemplazo::Cualquiera,
+             const std::string& viejo = "") {
+    Reemplazo reemplazo;
+    reemplazo.campo = campo;
+    reemplazo.nuevo = nuevo;
+    reemplazo.modo = modo;
+    reemplazo.viejo = viejo;
+    return reemplazo;
+}
+
+std::string Cambiar(std::string texto, const std::string& viejo, const std::string& nuevo) {
+    for (auto p = texto.find(viejo); p != std::string::npos; p = texto.find(viejo, p + nuevo.size()))
+        texto.replace(p, viejo.size(), nuevo);
+    return texto;
+}
+
+TEST_F(PruebaDeDatos, ScanListsTransactionsAndFieldsOnce) {
+    const auto sesion = Examinar(Escribir(dosTransacciones));
+    ASSERT_TRUE(sesion);
+    EXPECT_EQ(sesion->transacciones, (std::vector<std::string>{"MM01", "XD01"}));
+    EXPECT_EQ(sesion->campos, (std::vector<std::string>{"MATNR", "MAKTX", "KUNNR"}));
+
+    const auto tabla = Examinar(Escribir(tablaDeErrores));
+    ASSERT_TRUE(tabla);
+    EXPECT_EQ(tabla->campos, (std::vector<std::string>{"MATNR", "MAKTX", "MEINS"}));
+    EXPECT_EQ(tabla->definiciones[1].posicion, 5);
+    EXPECT_EQ(tabla->definiciones[2].posicion, 1);
+}
+
+TEST_F(PruebaDeDatos, UnknownAndUnreadableFilesAreRefused) {
+    EXPECT_FALSE(Examinar(Escribir("no data set\r\n")));
+    EXPECT_FALSE(Examinar(Escribir("")));
+    EXPECT_FALSE(Examinar(RutaDelModelo(directorio / "missing")));
+    EXPECT_FALSE(Examinar(Escribir(DefinicionDe(1, -4, "MATNR"))));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<403> <403> <328> <328>");
+}
+
+TEST_F(PruebaDeDatos, SessionValuesAreReplaced) {
+    struct {
+        const char* que;
+        Reemplazo reemplazo;
+        std::string esperado;
+        const char* avisos;
+    } casos[] = {
+        {"any value", De("MATNR", "N"), Cambiar(Cambiar(dosTransacciones, "abc1", "N"), "abc2", "N"), "2 <360> <361>"},
+        {"a value as a whole", De("MATNR", "N", ModoDeReemplazo::Todo, "C1"), Cambiar(dosTransacciones, "abc1", "N"),
+         "<359> <361>"},
+        {"every part, in any case", De("MATNR", "xy", ModoDeReemplazo::Parte, "B"), Cambiar(dosTransacciones, "abc", "axyc"),
+         "2 <360> <361>"},
+        {"no such value", De("MATNR", "N", ModoDeReemplazo::Parte, "Q"), dosTransacciones, "0 <360>"},
+        {"a field with a line number", De("MAKTX", "N", ModoDeReemplazo::Todo, "NUT"), Cambiar(dosTransacciones, "Nut", "N"),
+         "<359> <361>"},
+    };
+    for (auto& caso : casos) {
+        EXPECT_EQ(Reemplazar(dosTransacciones, caso.reemplazo), caso.esperado) << caso.que;
+        EXPECT_EQ(prueba.vista.TomarAvisos(), caso.avisos) << caso.que;
+    }
+}
+
+TEST_F(PruebaDeDatos, ErrorTableKeepsItsColumns) {
+    struct {
+        const char* que;
+        Reemplazo reemplazo;
+        std::string esperado;
+    } casos[] = {
+        {"cut to the width", De("MATNR", "123456"), Cambiar(Cambiar(tablaDeErrores, "abc1", "1234"), "abc2", "1234")},
+        {"padded to the width", De("MATNR", "1"), Cambiar(Cambiar(tablaDeErrores, "abc1", "1   "), "abc2", "1   ")},
+        {"a part that grows pushes nothing", De("MATNR", "XX", ModoDeReemplazo::Parte, "A"),
+         Cambiar(Cambiar(tablaDeErrores, "abc1", "XXbc"), "abc2", "XXbc")},
+        {"a short line grows to the field", De("MAKTX", "Nut"),
+         Cambiar(Cambiar(tablaDeErrores, "Screw ", "Nut   "), "abc2", "abc2Nut   ")},
+    };
+    for (auto& caso : casos) EXPECT_EQ(Reemplazar(tablaDeErrores, caso.reemplazo), caso.esperado) << caso.que;
+}
+
+TEST_F(PruebaDeDatos, ConditionsChooseTheGroups) {
+    const auto con = [](std::array<CondicionDeDatos, 3> condiciones, bool unaVez = false,
+                        std::optional<std::string> transaccion = {}) {
+        Reemplazo reemplazo = De("MATNR", "N");
+        reemplazo.condiciones = std::move(condiciones);
+        reemplazo.unaVez = unaVez;
+        reemplazo.transaccion = std::move(transaccion);
+        return reemplazo;
+    };
+    struct {
+        const char* que;
+        Reemplazo reemplazo;
+        bool primera, segunda;
+    } casos[] = {
+        {"none", con({}), true, true},
+        {"equal", con({CondicionDeDatos{"MATNR", true, "ABC1"}}), true, false},
+        {"contained", con({CondicionDeDatos{"MATNR", false, "BC"}}), true, true},
+        {"a field that never occurs", con({CondicionDeDatos{"KUNNR", false, "7"}}), false, true},
+        {"all of them", con({CondicionDeDatos{"MATNR", false, "ABC"}, CondicionDeDatos{"KUNNR", true, "8"}}), false, false},
+        {"every occurrence", con({CondicionDeDatos{"MAKTX", false, "SCREW"}}), false, false},
+        {"one occurrence", con({CondicionDeDatos{"MAKTX", false, "SCREW"}}, true), true, false},
+        {"a transaction", con({}, false, "XD01"), false, true},
+    };
+    for (auto& caso : casos) {
+        std::string esperado = dosTransacciones;
+        if (caso.primera) esperado = Cambiar(esperado, "abc1", "N");
+        if (caso.segunda) esperado = Cambiar(esperado, "abc2", "N");
+        EXPECT_EQ(Reemplazar(dosTransacciones, caso.reemplazo), esperado) << caso.que;
+    }
+}
+
+TEST_F(PruebaDeDatos, LineEndsBecomeCrLf) {
+    std::string conLf = Cambiar(dosTransacciones, "\r\n", "\n");
+    conLf.pop_back();
+    EXPECT_EQ(Reemplazar(conLf, De("KUNNR", "8")), Cambiar(dosTransacciones, " 7\r\n", " 8\r\n"));
+}
+
+TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
+    EXPECT_EQ(Reemplazar(dosTransacciones, De("MATNR", "N"), Respuesta::No), dosTransacciones);
+    prueba.vista.TomarAvisos();
+
+    // Its own work file.
+    const std::string temporal = Escribir(dosTransacciones, "set.tmp");
+    EXPECT_FALSE(ReemplazarValores(temporal, *Examinar(temporal), De("MATNR", "N"), prueba.textos, prueba.vista));
+    EXPECT_EQ(LeerArchivo(RutaDelSistema(temporal)), dosTransacciones);
+
+    // More lines in a record than it may have.
+    std::string larga = Sesion('M') + Sesion('T', "MM01");
+    for (int i = 0; i <= 10001; ++i) larga += Sesion(' ', "MATNR", "a");
+    EXPECT_EQ(Reemplazar(larga, De("MATNR", "N")), larga);
+
+    // A file that changes while the user is asked.
+    struct VistaQueCambia : VistaDeEditor {
+        std::filesystem::path ruta;
+        Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
+            std::ofstream(ruta, std::ios::app) << "more";
+            VistaDeEditor::Preguntar(mensaje, botones);
+            return Respuesta::Si;
+        }
+    } vista;
+    const std::string ruta = Escribir(dosTransacciones);
+    vista.ruta = RutaDelSistema(ruta);
+    EXPECT_FALSE(ReemplazarValores(ruta, *Examinar(ruta), De("MATNR", "N"), prueba.textos, vista));
+    EXPECT_EQ(LeerArchivo(vista.ruta), dosTransacciones + "more");
+
+    // The user stops.
+    EXPECT_FALSE(ReemplazarValores(ruta, *Examinar(ruta), De("MATNR", "N"), prueba.textos, vista, [](double) { return false; }));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<328> <328>");
+    EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
+}
+
+TEST_F(PruebaDeDatos, NewValueIsCutToTheWidestField) {
+    const auto datos = Examinar(Escribir(tablaDeErrores));
+    EXPECT_EQ(AjustarNuevoValor(*datos, "MAKTX", "1234567", prueba.textos, prueba.vista), "123456");
+    EXPECT_EQ(AjustarNuevoValor(*datos, "MAKTX", "123456 ", prueba.textos, prueba.vista), "123456 ");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<333> 6.");
+}
+
+// Lines across the borders of the blocks that are read, with every kind of end.
+TEST_F(PruebaDeDatos, ReaderKeepsLinesWholeAcrossBlocks) {
+    std::string contenido;
+    std::vector<std::string> esperadas;
+    for (std::size_t i = 0; contenido.size() < (std::size_t{5} << 20); ++i) {
+        esperadas.push_back(std::string(i * 7919 % 5000, static_cast<char>('a' + i % 26)));
+        contenido += esperadas.back() + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\n" : "\r");
+        if (i % 3 == 2) contenido += "x\r\n", esperadas.push_back("x");
+    }
+    LectorDeLineas lector(RutaDelSistema(Escribir(contenido)));
+    LectorDeLineas::Linea linea;
+    std::size_t n = 0;
+    while (lector.Siguiente(linea)) {
+        ASSERT_LT(n, esperadas.size());
+        ASSERT_EQ(lector.Texto(linea), esperadas[n]) << n;
+        if (n++ % 100 == 0) lector.MoverAncla(linea.inicio);
+    }
+    EXPECT_EQ(n, esperadas.size());
+}
+
+}  // namespace
+}  // namespace qor::pruebas

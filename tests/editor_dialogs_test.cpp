@@ -1,0 +1,402 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "editor/conditions.h"
+#include "editor/data_source.h"
+#include "editor/definitions.h"
+#include "editor/failure_trap.h"
+#include "editor/key_filters.h"
+#include "editor/notes.h"
+#include "editor/user_code.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using pruebas::DirectorioTemporal;
+using pruebas::EditorDePrueba;
+using testing::ElementsAre;
+
+constexpr FilaDeTabla filaDePrograma{Tabla::Transaccion, 2};
+
+std::string Campos(const DialogoDeNotas& dialogo) {
+    std::string texto;
+    for (const auto& campo : dialogo.ListaCampos) texto += (campo.elegido ? "+" : " ") + campo.nombre;
+    return texto;
+}
+
+// A transaction with two screens; row 2 is the one that the tests edit.
+void PrepararNotas(EditorDePrueba& p, std::string_view campo, std::string_view celda) {
+    p.Archivo({"KEY", "ONE|1|file note", "TWO"});
+    p.Transaccion({"TRANS|T", "P|100", "", "P|200", "||B(1)|TWO|!1 1!2!31!4!51!6!7"});
+    p.PonerTransaccion(2, "||" + std::string(campo) + "|ONE|" + std::string(celda));
+}
+
+TEST(Notes, TheRowDecidesOverTheShape) {
+    struct Caso {
+        const char* campo;
+        const char* celda;
+        bool esStepLoop;
+        const char* nota;
+        int Steploop;
+        const char* campos;
+    };
+    const Caso casos[] = {{"F", "a note", false, "a note", 0, ""},
+                          {"F", "note!1 1!2file!31!4!51!6!7", false, "note", 1, ""},
+                          {"F(1)", "", true, "", 0, " KEY ONE"},
+                          {"F(1)", "note!1 1!2x.txt!30!4DESC!50!612!7,KEY,GONE", true, "note", 1, "+KEY ONE"},
+                          {"F(1)", "note!1 0", true, "note", 0, " KEY ONE"}};
+    for (const auto& caso : casos) {
+        EditorDePrueba p;
+        PrepararNotas(p, caso.campo, caso.celda);
+        const auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+        EXPECT_EQ(dialogo.titulo, std::string("<92> ") + caso.campo);
+        EXPECT_EQ(dialogo.EsStepLoop, caso.esStepLoop) << caso.celda;
+        EXPECT_EQ(dialogo.NotaCampo, caso.nota) << caso.celda;
+        EXPECT_EQ(dialogo.Steploop, caso.Steploop) << caso.celda;
+        EXPECT_EQ(Campos(dialogo), caso.campos) << caso.celda;
+        EXPECT_EQ(p.FilaTransaccion(2), std::string("||") + caso.campo + "|ONE" + (*caso.celda ? "|" : "") + caso.celda);
+    }
+}
+
+TEST(Notes, ALineOfAnotherHeadOffersNoStepLoop) {
+    EditorDePrueba p;
+    PrepararNotas(p, "F", "");
+    p.PonerTransaccion(5, "||C(1)|ONE");
+    EXPECT_FALSE(AbrirNotas(p.editor, {Tabla::Transaccion, 5}).EsStepLoop);
+    EXPECT_TRUE(AbrirNotas(p.editor, {Tabla::Transaccion, 4}).EsStepLoop);
+}
+
+TEST(Notes, AHeadIsReadAndWrittenWithAllItsMarks) {
+    EditorDePrueba p;
+    PrepararNotas(p, "F(1)", "note!1 1!2x.txt!30!4DESC!50!612!7,KEY");
+    auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+    EXPECT_FALSE(dialogo.NuevaOpt);
+    EXPECT_FALSE(dialogo.Pos1);
+    EXPECT_TRUE(dialogo.VerFilas());
+    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
+    EXPECT_FALSE(p.editor.HayCambios);  // nothing was changed
+
+    dialogo.NuevaOpt = dialogo.Pos1 = true;
+    dialogo.Descripcion = " desc 2 ";
+    CambiarFilas(dialogo, "123");
+    dialogo.ListaCampos[1].elegido = true;
+    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
+    EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE|note!1 1!2x.txt!31!4DESC 2!51!612!7,KEY,ONE");
+    EXPECT_TRUE(p.editor.HayCambios);
+    EXPECT_EQ(p.ColorDe({Columna::Text4, 2}), Color::Rojo);
+
+    dialogo.Steploop = 0;
+    dialogo.NotaCampo = "";
+    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
+    EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE");
+    EXPECT_EQ(p.ColorDe({Columna::Text4, 2}), Color::Negro);
+}
+
+TEST(Notes, RefusesAHeadWithoutItsData) {
+    const std::string sinCampo = "<353>\r\r<375>\r\r<376>\r\r<377>";
+    struct Caso {
+        const char* que;
+        const char* cabeza;
+        bool avance;
+        const char* filas;
+        bool elegido;
+        bool unArchivo;
+        std::string avisos;
+    };
+    const Caso casos[] = {{"rows per screen are missing", "TRANS", true, " ", true, false, "<352>"},
+                          {"they are not asked in a BAPI", "BAPI", true, "", true, false, ""},
+                          {"nor where the screen is called anew", "TRANS", false, "", true, false, ""},
+                          {"no field", "TRANS", true, "9", false, false, sinCampo},
+                          {"no field, but all records in one file", "TRANS", true, "9", false, true, ""}};
+    for (const auto& caso : casos) {
+        EditorDePrueba p;
+        PrepararNotas(p, "F(1)", "old");
+        p.PonerTransaccion(0, std::string(caso.cabeza) + "|T");
+        if (std::string(caso.cabeza) == "BAPI") p.PonerTransaccion(1, "||E");
+        p.editor.opciones.MultipleFilesOption = !caso.unArchivo;
+        auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+        EXPECT_EQ(dialogo.SinArchivoStep, caso.unArchivo) << caso.que;
+        EXPECT_EQ(dialogo.RotuloDeSteploop(), std::string(caso.cabeza) == "BAPI" ? 175 : 93);
+        dialogo.Steploop = 1;
+        dialogo.NuevaOpt = !caso.avance;
+        dialogo.Filas = caso.filas;
+        dialogo.ListaCampos[0].elegido = caso.elegido;
+        EXPECT_EQ(CerrarNotas(p.editor, dialogo), caso.avisos.empty()) << caso.que;
+        EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos) << caso.que;
+        if (!caso.avisos.empty()) {
+            EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE|old") << caso.que;
+        }
+    }
+}
+
+TEST(Notes, OneFileIsPossibleForPlainFilesOnly) {
+    struct Caso {
+        bool ClienteOp;
+        bool AnchoFijo;
+        int TablaCh;
+        bool OrigenUsuario;
+        bool sinArchivo;
+    };
+    const Caso casos[] = {{true, true, 0, false, true},    {true, false, 0, false, false}, {false, true, 0, false, true},
+                          {false, false, 1, false, false}, {true, true, 1, false, true},   {true, true, 0, true, false}};
+    for (const auto& caso : casos) {
+        EditorDePrueba p;
+        PrepararNotas(p, "F(1)", "");
+        auto& o = p.editor.opciones;
+        o.MultipleFilesOption = false;
+        o.ClienteOp = caso.ClienteOp;
+        o.AnchoFijo = caso.AnchoFijo;
+        o.TablaCh = caso.TablaCh;
+        p.editor.especificacion.OrigenUsuario = caso.OrigenUsuario;
+        EXPECT_EQ(AbrirNotas(p.editor, filaDePrograma).SinArchivoStep, caso.sinArchivo);
+    }
+}
+
+TEST(Notes, OfAFileRowAreASingleLine) {
+    EditorDePrueba p;
+    PrepararNotas(p, "F", "");
+    auto dialogo = AbrirNotas(p.editor, {Tabla::Archivo, 1});
+    EXPECT_EQ(dialogo.NotaCampo, "file note");
+    EXPECT_EQ(FiltrarTeclaDeNota(p.editor, dialogo, '\r'), teclaDescartada);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<354>");
+    for (const char tecla : {'!', '"'}) EXPECT_EQ(FiltrarTeclaDeNota(p.editor, dialogo, tecla), teclaDescartada);
+    const auto deCampo = AbrirNotas(p.editor, filaDePrograma);
+    EXPECT_EQ(FiltrarTeclaDeNota(p.editor, deCampo, '\r'), '\r');
+    dialogo.NotaCampo = "other";
+    EXPECT_TRUE(CerrarNotas(p.editor, dialogo));
+    EXPECT_EQ(p.FilaArchivo(1), "ONE|1|other");
+    EXPECT_EQ(p.ColorDe({Columna::Text1, 1}), Color::Rojo);
+}
+
+TEST(Notes, MarksInTheWrongOrderEndTheActionWithAMessage) {
+    EditorDePrueba p;
+    PrepararNotas(p, "F(1)", "!2!1 1");
+    const auto antes = p.FilasTransaccion();
+    EXPECT_FALSE(ConTrampa(p.editor, [&] { AbrirNotas(p.editor, filaDePrograma); }));
+    EXPECT_THAT(p.vista.TomarAvisos(), testing::HasSubstr("wrong order"));
+    EXPECT_EQ(p.FilasTransaccion(), antes);
+}
+
+TEST(Conditions, AreAddedEditedAndRemoved) {
+    EditorDePrueba p;
+    auto& e = p.editor;
+    auto dialogo = AbrirCondiciones(e);
+    const auto agregar = [&](const char* nombre) {
+        dialogo.Nuevo = nombre;
+        AgregarCondicion(e, dialogo);
+    };
+    EXPECT_EQ(FiltrarTeclaDeCondicional(e, dialogo, 'x'), teclaDescartada);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<358>");
+    agregar("  ");
+    EXPECT_FALSE(e.HayCambios);
+    agregar(" one ");
+    CambiarCondicional(e, dialogo, "RESULT = YES.");
+    agregar("TWO");
+    EXPECT_EQ(dialogo.Condicional, "");
+    agregar("ONE");
+    EXPECT_EQ(p.vista.TomarAvisos(), "<357>");
+    EXPECT_EQ(p.vista.focos.back(), "Nuevo");
+    agregar("THREE");
+    CambiarCondicional(e, dialogo, "3");
+    EXPECT_THAT(dialogo.ListaCondiciones, ElementsAre("ONE", "TWO", "THREE"));
+    EXPECT_EQ(FiltrarTeclaDeCondicional(e, dialogo, '"'), teclaDescartada);
+
+    SeleccionarCondicion(e, dialogo, 0);
+    EXPECT_EQ(dialogo.Condicional, "RESULT = YES.");
+    e.HayCambios = false;
+    CambiarCondicional(e, dialogo, "RESULT = YES.");  // what the selection itself brings about
+    EXPECT_FALSE(e.HayCambios);
+    BorrarCondicion(e, dialogo);
+    BorrarCondicion(e, dialogo);  // nothing is selected any more
+    EXPECT_EQ(dialogo.Condicional, "");
+    EXPECT_THAT(dialogo.ListaCondiciones, ElementsAre("TWO", "THREE"));
+    const auto& tabla = e.especificacion.TablaCondiciones;
+    EXPECT_THAT(tabla[0], ElementsAre("TWO", ""));
+    EXPECT_THAT(tabla[1], ElementsAre("THREE", "3"));
+    EXPECT_THAT(tabla[2], ElementsAre("", ""));
+    EXPECT_EQ(AbrirCondiciones(e).ListaCondiciones, dialogo.ListaCondiciones);
+}
+
+TEST(Conditions, StopAtTheLastRowThatIsSaved) {
+    EditorDePrueba p;
+    for (int r = 0; r < 1000; ++r) p.editor.especificacion.TablaCondiciones[r][0] = "C" + std::to_string(r);
+    auto dialogo = AbrirCondiciones(p.editor);
+    for (const char* nombre : {"LAST", "TOO MANY"}) {
+        dialogo.Nuevo = nombre;
+        AgregarCondicion(p.editor, dialogo);
+    }
+    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1000][0], "LAST");
+    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1001][0], "");
+    EXPECT_EQ(p.vista.TomarAvisos(), "There is no room for another condition.");
+}
+
+TEST(Formulas, AreReadByTheirHeads) {
+    const auto formulas = LeerFormulas("dropped\r\n[ One ]\r\na !\n[not a head\n\n[]\nb\r\n[Two]");
+    ASSERT_EQ(formulas.size(), 3U);
+    EXPECT_EQ(formulas[0].nombre, "One");
+    EXPECT_EQ(formulas[0].cuerpo, "a !\r\n[not a head\r\n\r\n");
+    EXPECT_EQ(formulas[1].nombre, "");
+    EXPECT_EQ(formulas[1].cuerpo, "b\r\n");
+    EXPECT_EQ(formulas[2].cuerpo, "");
+
+    std::string muchas;
+    for (int n = 0; n < 1001; ++n) muchas += "[F]\nx\n";
+    EXPECT_EQ(LeerFormulas(muchas).size(), 1000U);
+    EXPECT_EQ(LeerFormulas(muchas).back().cuerpo, "x\r\n");
+}
+
+TEST(Formulas, ThatShipKeepWithinTheColumnsOfTheGenerator) {
+    const std::string texto = LeerArchivo(QOR_TEST_SOURCE_DIR "/data/formulas.txt");
+    EXPECT_EQ(ReemplazarTodo(texto, "\r\n", "").find_first_of("\r\n\""), std::string::npos);
+    const auto formulas = LeerFormulas(texto);
+    EXPECT_GT(formulas.size(), 25U);
+    std::set<std::string> nombres;
+    for (const auto& formula : formulas) {
+        EXPECT_TRUE(nombres.insert(formula.nombre).second) << formula.nombre;
+        EXPECT_LE(formula.nombre.size(), 48U) << formula.nombre;
+        const std::string cuerpo = ConvertirTexto(formula.cuerpo, std::string(30, 'X'));
+        for (const auto linea : PartirEnLineas(cuerpo)) {
+            // A fold inside a literal would change it.
+            if (Contiene(linea, "'")) {
+                EXPECT_LE(linea.size(), 50U) << linea;
+            }
+        }
+    }
+}
+
+TEST(UserCode, FormulasStackOnTopOfTheCode) {
+    const DirectorioTemporal directorio;
+    const std::string largo(70, 'n');
+    directorio.Escribir("formulas.txt", "[Up]\nTRANSLATE ! TO UPPER CASE.\n[" + largo + "]\nCLEAR !+2(1).\n");
+    EditorDePrueba p;
+    p.Archivo({"MATNR|18||old\r\n", "LOOPED"});
+    p.Transaccion({"TRANS|T", "P|100", "||F(1)|LOOPED|!1 1!2"});
+    auto ventana = AbrirCodigo(p.editor, 0, directorio.Ruta());
+    EXPECT_EQ(ventana.titulo, "<104> MATNR");
+    EXPECT_EQ(ventana.formulas[1].nombre, largo);
+    for (const int seleccion : {-1, 0, 1}) AplicarFormula(p.editor, ventana, seleccion);
+    EXPECT_EQ(ventana.ABAPText,
+              "* " + largo.substr(2) + "\r\nCLEAR #MATNR+2(1).\r\n* Up\r\nTRANSLATE #MATNR TO UPPER CASE.\r\nold\r\n");
+    EXPECT_FALSE(p.editor.HayCambios);
+    EXPECT_TRUE(CerrarCodigo(p.editor, ventana));
+    EXPECT_TRUE(p.editor.HayCambios);
+    EXPECT_EQ(p.editor.archivo.ABAP[0].color, Color::Rojo);
+
+    auto deLoop = AbrirCodigo(p.editor, 1, directorio.Ruta());
+    AplicarFormula(p.editor, deLoop, 0);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<355>");
+    EXPECT_EQ(deLoop.ABAPText, "");
+}
+
+TEST(UserCode, IsStoredWhereItIsMoreThanBlanks) {
+    const DirectorioTemporal sinFormulas;
+    struct Caso {
+        std::string texto;
+        bool cierra;
+        std::string queda;
+        bool cambios;
+    };
+    std::string demasiado;
+    for (int n = 0; n < 502; ++n) demasiado += "x\r\n";
+    const Caso casos[] = {{"code", true, "code", false},
+                          {"  \r\n \r\n", true, "", true},
+                          {"", true, "", true},
+                          {" \r\n x", true, " \r\n x", true},
+                          {demasiado, false, "code", false}};
+    for (const auto& caso : casos) {
+        EditorDePrueba p;
+        p.Archivo({"A|1||code"});
+        auto ventana = AbrirCodigo(p.editor, 0, sinFormulas.Ruta());
+        EXPECT_EQ(p.vista.TomarAvisos(), "<356> FORMULAS.TXT");
+        ventana.ABAPText = caso.texto;
+        EXPECT_EQ(CerrarCodigo(p.editor, ventana), caso.cierra);
+        EXPECT_EQ(p.editor.especificacion.TablaArchivo[0][3], caso.queda);
+        EXPECT_EQ(p.editor.HayCambios, caso.cambios);
+    }
+}
+
+TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
+    EditorDePrueba p;
+    auto& e = p.editor;
+    auto& bapis = e.especificacion.TablaBAPIs;
+    e.especificacion.VariablesGlobales = "DATA: A.";
+    bapis[0] = {"B1", "CALL 1"};
+    bapis[1] = {"B2", "CALL 2"};
+    bapis[2] = {"B3", "CALL 3"};
+    auto dialogo = AbrirDefiniciones(e);
+    EXPECT_THAT(dialogo.ListaDefiniciones, ElementsAre("<163>", "<164>: B1", "<164>: B2", "<164>: B3"));
+    EXPECT_EQ(dialogo.Vars, "DATA: A.");
+    SeleccionarDefinicion(e, dialogo, 2);
+    CambiarVars(e, dialogo, "CALL 2");
+    EXPECT_FALSE(e.HayCambios);
+    CambiarVars(e, dialogo, "CALL TWO");
+    EXPECT_EQ(bapis[1][1], "CALL TWO");
+    EXPECT_TRUE(e.HayCambios);
+
+    SeleccionarDefinicion(e, dialogo, 1);
+    p.vista.respuestas = {Respuesta::No, Respuesta::Si, Respuesta::No, Respuesta::Si};
+    Limpiar(e, dialogo);
+    EXPECT_EQ(dialogo.ListaDefiniciones.size(), 4U);
+    Limpiar(e, dialogo);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<387>\r<388> <387>\r<388>");
+    EXPECT_THAT(dialogo.ListaDefiniciones, ElementsAre("<163>", "<164>: B2", "<164>: B3"));
+    EXPECT_EQ(dialogo.seleccion, 0);
+    EXPECT_EQ(dialogo.Vars, "DATA: A.");
+    EXPECT_THAT(bapis[1], ElementsAre("B3", "CALL 3"));
+    EXPECT_THAT(bapis[2], ElementsAre("", ""));
+    Limpiar(e, dialogo);
+    EXPECT_TRUE(e.HayDefiniciones());
+    Limpiar(e, dialogo);
+    EXPECT_FALSE(e.HayDefiniciones());
+    EXPECT_EQ(p.vista.TomarAvisos(), "<366> <366>");
+}
+
+TEST(DataSource, OpensWithTheTablesOfTheReport) {
+    EditorDePrueba p;
+    auto& e = p.editor;
+    const Preferencias preferencias;
+    p.Archivo({"A|10", "B"});
+    p.Transaccion({"TRANS|T", "P|100", "||F|A", "||G|B"});
+    EXPECT_FALSE(AbrirOrigen(e, preferencias));  // a width is missing
+    EXPECT_FALSE(e.especificacion.OrigenUsuario);
+    EXPECT_EQ(TextoDePreview(e, preferencias), "");
+    p.vista.TomarAvisos();
+    p.PonerArchivo(1, "B|5");
+    const auto dialogo = AbrirOrigen(e, preferencias);
+    ASSERT_TRUE(dialogo);
+    EXPECT_EQ(dialogo->ComboItabs, "ITAB");
+    EXPECT_FALSE(e.especificacion.OrigenUsuario);
+    EXPECT_FALSE(HabilitadoEnOrigen(e, "ComboItabs"));
+    EXPECT_TRUE(HabilitadoEnOrigen(e, "Ayuda"));
+    EXPECT_FALSE(e.HayCambios);
+
+    CambiarOtroOrigen(e, true);
+    EXPECT_TRUE(HabilitadoEnOrigen(e, "ComboItabs"));
+    EXPECT_TRUE(e.HayCambios);
+    e.HayCambios = false;
+    ClicModeloArchivo(e, preferencias, *dialogo, FuenteDeModelo::Ninguna);
+    EXPECT_FALSE(e.HayCambios);
+    ClicModeloOpenSQL(e, preferencias, *dialogo);
+    EXPECT_TRUE(e.HayCambios);
+    EXPECT_THAT(e.especificacion.OrigenSource, testing::HasSubstr("SELECT\r\n  A\r\n  B\r\nINTO"));
+
+    e.HayCambios = false;
+    EliminarDeOrigen(e, "000");
+    EXPECT_FALSE(e.HayCambios);
+    EliminarDeOrigen(e, "001");
+    EXPECT_EQ(e.especificacion.OrigenSource, "");
+    EXPECT_NE(e.especificacion.OrigenVariables, "");
+    EXPECT_TRUE(e.HayCambios);
+    CambiarTextoDeOrigen(e, &Especificacion::OrigenForms, "FORM X.");
+    EXPECT_EQ(e.especificacion.OrigenForms, "FORM X.");
+}
+
+}  // namespace
+}  // namespace qor

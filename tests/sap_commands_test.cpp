@@ -1,0 +1,189 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "app/command_line.h"
+#include "base/files.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using pruebas::DirectorioTemporal;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+const std::string grabacion = std::string(QOR_TEST_SOURCE_DIR) + "/examples/recording/zmmrec.txt";
+constexpr const char* pantalla = "bdc_dynpro 'P' '0100'\nbdc_field 'A-B'\n'v'\n";
+
+// Runs qorgen in a directory of its own. "D/" in an argument stands for that directory.
+struct Ejecucion {
+    DirectorioTemporal directorio;
+    std::string salida;
+    std::string errores;
+
+    int Correr(std::vector<std::string> argumentos) {
+        for (auto& argumento : argumentos) {
+            if (argumento.starts_with("D/")) argumento = (directorio / argumento.substr(2)).string();
+        }
+        argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string()});
+        std::ostringstream enSalida;
+        std::ostringstream enErrores;
+        const int estado = EjecutarQorgen(argumentos, enSalida, enErrores);
+        salida = enSalida.str();
+        errores = enErrores.str();
+        return estado;
+    }
+
+    // The numbers of the messages, each with the answer to its question.
+    std::vector<std::string> Numeros() const {
+        std::vector<std::string> numeros;
+        for (const auto linea : PartirEnLineas(errores)) {
+            const auto corchete = linea.ends_with(']') ? linea.rfind('[') : linea.size();
+            numeros.push_back(std::string(linea.substr(0, linea.find(':'))) + std::string(linea.substr(corchete)));
+        }
+        return numeros;
+    }
+
+    // The rows of the program side in a document.
+    std::vector<std::string> Filas(const char* documento) const {
+        std::vector<std::string> filas;
+        const std::string texto = LeerArchivo(directorio / documento);
+        for (const auto linea : PartirEnLineas(texto)) {
+            if (linea.starts_with("2,")) filas.emplace_back(linea.substr(2, linea.find(",\"\",\"\",\"\",\"\"") - 2));
+        }
+        return filas;
+    }
+};
+
+TEST(SapCommands, ARecordingBecomesADocumentThatGenerates) {
+    Ejecucion qorgen;
+    EXPECT_EQ(qorgen.Correr({"import", "D/a.qor", grabacion}), estadoRechazado);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("329", "373"));  // the empty row between its transactions
+    EXPECT_FALSE(std::filesystem::exists(qorgen.directorio / "a.qor"));
+
+    EXPECT_EQ(qorgen.Correr({"import", "D/a.qor", grabacion, "--close-gaps"}), estadoBien);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("329"));
+    const auto filas = qorgen.Filas("a.qor");
+    ASSERT_EQ(filas.size(), 31U);
+    EXPECT_EQ(filas[0], R"("TRANS","MM01")");
+    EXPECT_EQ(filas[13], R"("","","BDC_SUBSCR","'SAPLMGMM                                2004TABFRA1'")");
+    EXPECT_EQ(filas[14], R"("","","MAKT-MAKTX","'Garden hose, green'")");
+    EXPECT_EQ(filas[18], R"("TRANS","MM02")");
+
+    EXPECT_EQ(qorgen.Correr({"generate", "D/a.qor", "-o", "D/a.abap"}), estadoBien);
+    const std::string reporte = LeerArchivo(qorgen.directorio / "a.abap");
+    for (const char* texto : {"'MM01'", "'MM02'", "'Garden hose, green, 20 m'"}) EXPECT_THAT(reporte, HasSubstr(texto));
+}
+
+TEST(SapCommands, RowsThatExistNeedAWord) {
+    struct Caso {
+        std::vector<std::string> opciones;
+        int estado;
+        const char* pregunta;
+        std::size_t filas;
+    };
+    const Caso casos[] = {{{}, estadoRechazado, "330[cancel]", 3},
+                          {{"--yes"}, estadoRechazado, "330[cancel]", 3},
+                          {{"--replace"}, estadoBien, "330[yes]", 3},
+                          {{"--append"}, estadoBien, "330[no]", 6},
+                          {{"--append", "--yes"}, estadoBien, "330[no]", 6}};
+    for (const auto& caso : casos) {
+        Ejecucion qorgen;
+        qorgen.directorio.Escribir("rec", std::string(pantalla) + "bdc_transaction 'OLD'");
+        EXPECT_EQ(qorgen.Correr({"import", "D/a.qor", "D/rec"}), estadoBien);
+        qorgen.directorio.Escribir("rec", std::string(pantalla) + "bdc_transaction 'NEW'");
+        std::vector<std::string> argumentos = {"import", "D/a.qor", "D/rec"};
+        argumentos.insert(argumentos.end(), caso.opciones.begin(), caso.opciones.end());
+        EXPECT_EQ(qorgen.Correr(argumentos), caso.estado);
+        EXPECT_EQ(qorgen.Numeros().front(), caso.pregunta);
+        const auto filas = qorgen.Filas("a.qor");
+        EXPECT_EQ(filas.size(), caso.filas);
+        EXPECT_EQ(filas.front(), caso.filas == 3 && caso.estado == estadoBien ? R"("TRANS","NEW")" : R"("TRANS","OLD")");
+    }
+}
+
+TEST(SapCommands, ImportsThatAreRefusedSaveNothing) {
+    struct Caso {
+        std::vector<std::string> argumentos;
+        int estado;
+        std::vector<std::string> numeros;
+    };
+    const Caso casos[] = {
+        {{"import", "D/a.qor", "D/headless"}, estadoRechazado, {"329", "302"}},
+        {{"import", "D/a.qor", "D/headless", "--close-gaps"}, estadoRechazado, {"329", "302"}},
+        {{"import", "D/a.qor", "D/absent"}, estadoRechazado, {"335"}},
+        {{"import", "D/a.qor", " "}, estadoRechazado, {"332"}},
+        {{"import", "D/.", "D/headless"}, estadoRechazado, {"335"}},
+        {{"import", "D/headless", "D/headless"}, estadoRechazado, {"335"}},
+    };
+    for (const auto& caso : casos) {
+        Ejecucion qorgen;
+        qorgen.directorio.Escribir("headless", pantalla);
+        EXPECT_EQ(qorgen.Correr(caso.argumentos), caso.estado) << caso.argumentos[2];
+        EXPECT_EQ(qorgen.Numeros(), caso.numeros) << caso.argumentos[2];
+        EXPECT_FALSE(std::filesystem::exists(qorgen.directorio / "a.qor"));
+    }
+}
+
+TEST(SapCommands, WidthsGoOutAndComeBack) {
+    Ejecucion qorgen;
+    qorgen.directorio.Escribir(
+        "a.qor",
+        "1,\"MATNR\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n2,\"TRANS\",\"MM01\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"
+        "2,\"\",\"\",\"MARA-MATNR\",\"MATNR\",\"\",\"\",\"\",\"\",\"\"\r\n");
+    EXPECT_EQ(qorgen.Correr({"widths", "D/a.qor", "--export", "D/fields"}), estadoBien);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("327"));
+    std::string linea = LeerArchivo(qorgen.directorio / "fields");
+    EXPECT_EQ(linea, "MARA" + std::string(26, ' ') + "MATNR" + std::string(25, ' ') + "MATNR" + std::string(25, ' ') + "\r\n");
+
+    EXPECT_EQ(qorgen.Correr({"widths", "--query", "D/fields"}), estadoBien);
+    EXPECT_THAT(qorgen.salida, HasSubstr("ITAB-TABLE = 'MARA'.\nITAB-FIELD = 'MATNR'.\nAPPEND ITAB.\nLOOP AT ITAB.\n"));
+    EXPECT_THAT(qorgen.salida, HasSubstr("FROM DD03L WHERE \n"));
+
+    qorgen.directorio.Escribir("fields", linea.insert(90, "000018"));
+    EXPECT_EQ(qorgen.Correr({"widths", "D/a.qor", "--import", "D/fields"}), estadoBien);
+    EXPECT_EQ(qorgen.errores, "");
+    EXPECT_THAT(LeerArchivo(qorgen.directorio / "a.qor"), HasSubstr("1,\"MATNR\",\"18\","));
+
+    EXPECT_EQ(qorgen.Correr({"widths", "D/a.qor", "--import", "D/absent"}), estadoRechazado);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("328"));
+    EXPECT_EQ(qorgen.Correr({"widths", "--query", "D/absent"}), estadoRechazado);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("415"));
+}
+
+TEST(SapCommands, PublishPrintsTheReport) {
+    Ejecucion qorgen;
+    qorgen.directorio.Escribir("load.abap", "* Caf\xE9\r\n");
+    EXPECT_EQ(qorgen.Correr({"publish", "D/load.abap", "zLoad", "--dry-run"}), estadoBien);
+    EXPECT_EQ(qorgen.salida,
+              "REPORT QORRFC.\nDATA: BEGIN OF LINE OCCURS 0,\n        DATA(72),\n      END OF LINE.\nLINE = '* "
+              "Caf\xC3\xA9'.\nAPPEND LINE.\n"
+              "INSERT REPORT 'zLoad' FROM LINE.\nWRITE: / SY-SUBRC.\n");
+    EXPECT_EQ(qorgen.Correr({"publish", "D/absent", "ZLOAD", "--dry-run"}), estadoRechazado);
+    EXPECT_THAT(qorgen.Numeros(), ElementsAre("411"));
+}
+
+TEST(SapCommands, WrongArgumentsAreToldByTheUsage) {
+    const std::vector<std::string> casos[] = {
+        {"import", "a.qor"},
+        {"import", "a.qor", "rec", "--replace", "--append"},
+        {"widths"},
+        {"widths", "a.qor"},
+        {"widths", "--export", "f"},
+        {"widths", "a.qor", "--query", "f"},
+        {"widths", "a.qor", "--export", "f", "--import", "f"},
+        {"publish", "load.abap", "ZLOAD"},
+        {"publish", "load.abap", "--dry-run"},
+    };
+    for (const auto& caso : casos) {
+        Ejecucion qorgen;
+        EXPECT_EQ(qorgen.Correr(caso), estadoMalUso) << testing::PrintToString(caso);
+        EXPECT_THAT(qorgen.errores, HasSubstr("qorgen"));
+        EXPECT_EQ(qorgen.salida, "");
+    }
+}
+
+}  // namespace
+}  // namespace qor

@@ -1,0 +1,287 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "sap/import.h"
+#include "sap/queue_choice.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using pruebas::DirectorioTemporal;
+using pruebas::EditorDePrueba;
+using pruebas::Guion;
+using pruebas::SesionConectada;
+using testing::ElementsAre;
+
+// A session record.
+std::string Registro(std::string programa, std::string dynpro, char clase, std::string campo, const std::string& valor) {
+    programa.resize(40, ' ');
+    dynpro.resize(4, ' ');
+    campo.resize(132, ' ');
+    return programa + dynpro + clase + campo + valor + "\r\n";
+}
+
+// The rows of a text read into an empty table from row 0. What stops the reading is the last row.
+std::vector<std::string> Leer(std::string_view texto, int& malEscritas) {
+    EditorDePrueba prueba;
+    std::string fin;
+    try {
+        LeerSesion(prueba.editor.especificacion, texto, 0, [&] { ++malEscritas; });
+    } catch (const FalloDeEjecucion& fallo) {
+        fin = fallo.what();
+    }
+    auto filas = prueba.FilasTransaccion();
+    if (!fin.empty()) filas.push_back(fin);
+    return filas;
+}
+
+struct Caso {
+    const char* que;
+    std::string texto;
+    std::vector<std::string> filas;
+    int malEscritas = 0;
+};
+
+const std::string sinFin = "the recording ends inside a field";
+const std::string sinDynpro = "a line with fewer than four apostrophes where two texts belong";
+
+TEST(Import, ARecordingAsText) {
+    const Caso casos[] = {
+        {"a whole one, in any case and column; text keeps its case",
+         "report x.\nPerform BDC_Dynpro using 'SAPLmgmm' '0060'.\nperform bdc_field using 'BDC_CURSOR'\n  'RMMG1-MATNR'.\n"
+         "bdc_field 'RMMG1-MATNR'\n'Part a'.\nperform bdc_transaction using 'MM01'.\n",
+         {"TRANS|MM01", "SAPLmgmm|0060", "||BDC_CURSOR|'RMMG1-MATNR'", "||RMMG1-MATNR|'Part a'"}},
+        {"a subscreen's two texts touch",
+         "bdc_dynpro 'P' '1'\nbdc_field 'BDC_SUBSCR'\n'SAPLMGMM  '\n'2000TABFRA1'\nbdc_transaction 'T'",
+         {"TRANS|T", "P|1", "||BDC_SUBSCR|'SAPLMGMM  2000TABFRA1'"}},
+        {"an empty row separates two transactions",
+         "bdc_dynpro 'P' '1'\nbdc_transaction 'A'\nbdc_dynpro 'Q' '2'\nbdc_transaction 'B'",
+         {"TRANS|A", "P|1", "", "TRANS|B", "Q|2"}},
+        {"without an end the head stays empty", "bdc_dynpro 'P' '1'\nbdc_field 'F'\n'V'", {"", "P|1", "||F|'V'"}},
+        {"an end alone", "bdc_transaction 'A'", {"TRANS|A"}},
+        {"a field first", "bdc_field 'F'\n''\n", {"", "||F|''"}},
+        {"a comment with the word is a screen", "* bdc_dynpro 'P' '1'", {"", "P|1"}},
+        {"a value is cut at its apostrophe", "bdc_field 'F'\n'It''s'\n", {"", "||F|'It'"}},
+        {"three apostrophes are still a first text", "bdc_field 'F' '\n'V' '\n", {"", "||F|'V'"}},
+        {"lines without pairs of apostrophes give empty texts",
+         "bdc_field F\nV\nbdc_field 'F'\n'a''b'c'\n",
+         {"", "|||''", "||F|''"},
+         3},
+        {"a screen without a dynpro ends it",
+         "bdc_dynpro 'P' '1'\nbdc_dynpro 'Q'\nbdc_dynpro 'R' '1'",
+         {"", "P|1", "Q", sinDynpro}},
+        {"more than four on a screen", "bdc_dynpro 'P' '1' 'x'\n", {"", "|1"}, 1},
+        {"cut off inside a field", "bdc_field 'F'", {"", "||F", sinFin}},
+        {"cut off inside a subscreen", "bdc_field 'BDC_SUBSCR'\n'A'\n", {"", "||BDC_SUBSCR|'A", sinFin}},
+        {"screen, field and end on one line; the end is sought on the value's line",
+         "bdc_dynpro bdc_field 'A' 'B'\nbdc_transaction 'C'\n",
+         {"TRANS|C", "A|B", "||A|'C'"}},
+        {"a value line is no screen", "bdc_field 'F'\nbdc_dynpro 'V' 'W'\n", {"", "||F|'V'"}},
+        {"nothing", "", {}},
+        {"lone CR", "bdc_field 'F'\r'V'\r", {"", "||F|'V'"}},
+    };
+    for (const auto& caso : casos) {
+        int malEscritas = 0;
+        EXPECT_EQ(Leer(caso.texto, malEscritas), caso.filas) << caso.que;
+        EXPECT_EQ(malEscritas, caso.malEscritas) << caso.que;
+    }
+}
+
+TEST(Import, ASessionAsRecords) {
+    const std::string mm01 = Registro("", "0000", 'T', "mm01", "");
+    const Caso casos[] = {
+        {"a whole one, in upper case; the header counts for nothing",
+         Registro("", "0000", 'M', "SESSION", "") + mm01 + Registro("saplmgmm", "0060", 'X', "", "") +
+             Registro("", "0000", ' ', "rmmg1-matnr", "  part a ") + Registro("", "0000", ' ', "EMPTY", "") +
+             Registro("", "0000", ' ', "BDC_SUBSCR", "SAPLMGMM                                2000TABFRA1") +
+             Registro("", "0000", 'T', "MM02", ""),
+         {"TRANS|MM01", "SAPLMGMM|0060", "||RMMG1-MATNR|'PART A'", "||EMPTY|''", "||BDC_SUBSCR|'SAPLMGMM 2000TABFRA1'",
+          "TRANS|MM02"}},
+        {"only the ten columns tell a subscreen",
+         mm01 + Registro("", "0000", ' ', "BDC_SUBSCREEN", "A" + std::string(39, ' ') + "B"),
+         {"TRANS|MM01", "||BDC_SUBSCREEN|'A B'"}},
+        {"a longer name is no subscreen",
+         mm01 + Registro("", "0000", ' ', "XBDC_SUBSC", "AB"),
+         {"TRANS|MM01", "||XBDC_SUBSC|'AB'"}},
+        {"other kinds, short lines and text behind the switch have no effect",
+         mm01 + Registro("", "0000", 'Z', "F", "V") + "short\r\n\r\nbdc_field 'F'\r\n",
+         {"TRANS|MM01"}},
+        {"a line that ends at the kind", mm01 + "P" + std::string(39, ' ') + "0100X\n", {"TRANS|MM01", "P|0100"}},
+        {"text in front of the switch is read as text", "bdc_field 'F'\n'v'\n" + mm01, {"", "||F|'v'", "TRANS|MM01"}},
+        {"the switch works on any line, whatever else it holds", std::string(40, ' ') + "0000Tbdc_field\n", {"TRANS|BDC_FIELD"}},
+    };
+    for (const auto& caso : casos) {
+        int malEscritas = 0;
+        EXPECT_EQ(Leer(caso.texto, malEscritas), caso.filas) << caso.que;
+    }
+}
+
+TEST(Import, ReadingStopsBehindRow1000) {
+    std::string texto;
+    for (int i = 0; i < 600; ++i) texto += "bdc_dynpro 'P' '1'\nbdc_field 'F'\n'V'\n";
+    texto += "bdc_transaction 'T'\n";
+    EditorDePrueba prueba;
+    LeerSesion(prueba.editor.especificacion, texto, 0, [] {});
+    EXPECT_EQ(prueba.FilaTransaccion(0), "");  // the code was not reached
+    EXPECT_EQ(prueba.FilaTransaccion(1000), "||F|'V'");
+    EXPECT_EQ(prueba.FilaTransaccion(1001), "");
+    std::string sesion = Registro("", "0000", 'T', "T", "");
+    for (int i = 0; i < 1200; ++i) sesion += Registro("", "0000", ' ', "F" + std::to_string(i), "");
+    LeerSesion(prueba.editor.especificacion, sesion, 995, [] {});
+    EXPECT_EQ(prueba.FilaTransaccion(1000), "||F4|''");
+    EXPECT_EQ(prueba.FilaTransaccion(1001), "");
+    // The last row is taken by a head, so its screen stands behind the rows that count; a field behind that has no place.
+    LeerSesion(prueba.editor.especificacion, "bdc_dynpro 'P' '1'\n", 1000, [] {});
+    EXPECT_THROW(LeerSesion(prueba.editor.especificacion, "bdc_dynpro bdc_field 'P' '1'\n'V'\n", 1000, [] {}), FalloDeEjecucion);
+}
+
+// ---- The frame ----
+
+struct Importacion {
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+    std::string archivo =
+        RutaDelModelo(directorio.Escribir("rec", "bdc_dynpro 'prog' '1'\nbdc_field 'f'\n' v'\nbdc_transaction 't'\n"));
+
+    bool Importar(const std::string& ruta) { return ImportarSesion(prueba.editor, ruta); }
+    bool Importar() { return Importar(archivo); }
+};
+
+TEST(Import, RowsThatAreThereAreReplacedOrKept) {
+    struct CasoDeFilas {
+        Respuesta respuesta;
+        bool hecho;
+        std::vector<std::string> filas;
+        const char* avisos;
+    };
+    const CasoDeFilas casos[] = {
+        {Respuesta::Si, true, {"TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>"},
+        {Respuesta::No, true, {"TRANS|OLD", "", "|x", "TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>"},
+        {Respuesta::Cancelar, false, {"TRANS|OLD", "", "|x"}, "<330>\r\n<331>"},
+    };
+    for (const auto& caso : casos) {
+        Importacion importacion;
+        auto& editor = importacion.prueba.editor;
+        importacion.prueba.Transaccion({"TRANS|OLD"});
+        editor.especificacion.TablaTransaccion[2][1] = "x";  // text anywhere makes a row a used one
+        editor.ventana.foco = LugarDeCelda{Columna::Text5, 2};
+        editor.ventana.SSTab1 = 3;
+        editor.HayCambios = false;
+        importacion.prueba.vista.respuestas = {caso.respuesta};
+        EXPECT_EQ(importacion.Importar(), caso.hecho);
+        // The rows that are seen come out in upper case, but for constants.
+        auto filas = caso.filas;
+        if (caso.respuesta == Respuesta::No) filas[2] = "|X";
+        EXPECT_EQ(importacion.prueba.FilasTransaccion(), filas);
+        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.avisos);
+        EXPECT_EQ(editor.HayCambios, caso.hecho);
+        EXPECT_EQ(editor.RegistrarCambios, caso.hecho);
+        EXPECT_EQ(editor.ventana.SSTab1, caso.hecho ? 0 : 3);
+        EXPECT_EQ(editor.ventana.foco.has_value(), true);
+    }
+}
+
+TEST(Import, ARefusedFileIsToldByItsMessage) {
+    struct CasoDeArchivo {
+        std::string contenido;
+        const char* aviso;
+        bool registra;
+        std::vector<std::string> filas;
+    };
+    Importacion ejemplo;
+    const std::pair<std::string, CasoDeArchivo> casos[] = {
+        {"  ", {"", "<332>", false, {}}},
+        {RutaDelModelo(ejemplo.directorio / "absent"), {"", "<335>", true, {}}},
+        {RutaDelModelo(ejemplo.directorio.Ruta()), {"", "<335>", true, {}}},
+        {RutaDelModelo(ejemplo.directorio.Escribir("cut", "bdc_dynpro 'p' '1'\nbdc_field f")),
+         {"", "<372> <335>", true, {"", "p|1"}}},
+    };
+    for (const auto& [ruta, caso] : casos) {
+        Importacion importacion;
+        EXPECT_FALSE(importacion.Importar(ruta));
+        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.aviso);
+        EXPECT_EQ(importacion.prueba.editor.RegistrarCambios, caso.registra);
+        EXPECT_EQ(importacion.prueba.FilasTransaccion(), caso.filas);
+        EXPECT_EQ(importacion.prueba.Texto({Columna::Text6, 1}), "");  // not shown
+    }
+}
+
+// ---- The choice in the connected system ----
+
+TEST(Import, TheListOfTheQueueBecomesAGrid) {
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP sesion = SesionConectada(guion);
+    EditorDePrueba prueba;
+    FormularioImport formulario;
+    guion->Responder({"MM01_REC    02112815180500000012SMITH       20001128151805100", "SHORT", "END"});
+    ASSERT_TRUE(LlenarGrilla(formulario, sesion, prueba.textos, prueba.vista));
+    EXPECT_THAT(formulario.Grilla,
+                ElementsAre(FilaDeGrilla{"", "100", "MM01_REC", "SMITH", "20001128", "151805", "02112815180500000012"},
+                            FilaDeGrilla{"", "", "SHORT", "", "", "", ""}));
+    EXPECT_EQ(guion->conversacion[2], "PROGRAM < inf005 %BDC");
+    formulario.EsGrabacion = false;
+    EXPECT_FALSE(LlenarGrilla(formulario, sesion, prueba.textos, prueba.vista));
+    EXPECT_EQ(guion->conversacion[6], "PROGRAM < inf005 BDC");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<415>");
+}
+
+// A record as the rows of an entry.
+std::vector<std::string> Piezas(std::string registro) {
+    registro.resize(309, ' ');
+    std::vector<std::string> filas;
+    for (int i = 0; i < 5; ++i) {
+        std::string fila = std::to_string(i + 1) + " " + registro.substr(static_cast<std::size_t>(i) * 62, 62);
+        fila.erase(fila.find_last_not_of(' ') + 1);  // lists lose blanks at their ends
+        filas.push_back(fila);
+    }
+    return filas;
+}
+
+TEST(Import, AnEntryComesBackAsSessionRecords) {
+    std::string registro = Registro("SAPLMGMM", "0060", 'X', "", "");
+    registro.resize(registro.size() - 2);
+    const std::string largo = std::string(309, 'x');
+    std::vector<std::string> filas = {"", "0 not a tag", "9 nor this"};
+    for (const auto& pieza : Piezas(registro)) filas.push_back(pieza);
+    for (const auto& pieza : Piezas(largo)) filas.push_back(pieza + "beyond the piece");
+    registro.resize(309, ' ');
+    EXPECT_EQ(RegistrosDeCola(filas), registro + "\r\n" + largo + "\r\n");
+}
+
+TEST(Import, TheButtonsImportTheChosenEntryAndDeleteItsFile) {
+    struct CasoDeBoton {
+        bool grabacion;
+        const char* qid;
+        bool falla;
+        bool importa;
+    };
+    const CasoDeBoton casos[] = {
+        {true, "Q1", false, true}, {false, "Q1", false, true}, {true, "", false, false}, {false, "Q1", true, false}};
+    for (const auto& caso : casos) {
+        const auto guion = std::make_shared<Guion>();
+        SesionSAP sesion = SesionConectada(guion);
+        Importacion importacion;
+        const DirectorioTemporal temporales;
+        sesion.DirectorioTemporal = RutaDelModelo(temporales.Ruta());
+        if (!caso.falla) guion->Responder(Piezas(Registro("", "0000", 'T', "MM01", "")));
+        const DialogoImport FormImport = [&](FormularioImport& formulario) {
+            ActivarFila(formulario, caso.qid, sesion, importacion.prueba.vista);
+            EXPECT_EQ(std::filesystem::is_empty(temporales.Ruta()), !caso.importa);
+        };
+        (caso.grabacion ? ButtonOnlineSHDB : ButtonOnlineSM35)(importacion.prueba.editor, FormImport);
+        if (caso.importa)
+            EXPECT_EQ(guion->conversacion[2], std::string("PROGRAM < inf006 Q1 ") + (caso.grabacion ? "%BDC" : "BDC") + " Q1");
+        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.importa ? "<329>" : "");
+        EXPECT_EQ(importacion.prueba.FilaTransaccion(0), caso.importa ? "TRANS|MM01" : "");
+        EXPECT_TRUE(std::filesystem::is_empty(temporales.Ruta()));
+    }
+}
+
+}  // namespace
+}  // namespace qor

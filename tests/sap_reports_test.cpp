@@ -1,0 +1,119 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "app/data_directory.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "sap/remote_reports.h"
+#include "tests/support/scripted_service.h"
+
+namespace qor {
+namespace {
+
+using pruebas::Guion;
+using pruebas::SesionConectada;
+using testing::ElementsAre;
+
+constexpr const char* corredor = "Add RFC_ABAP_INSTALL_AND_RUN";
+
+TEST(RemoteReports, ProgramsAreSoughtByAWholeLineOfConditions) {
+    struct Caso {
+        const char* usuario;
+        bool porCreador;
+        const char* programa;
+        std::vector<std::string> condiciones;
+    };
+    const Caso casos[] = {
+        {"", true, "ZLOAD", {"NAME LIKE 'ZLOAD' AND"}},
+        {"", true, "Z+A*", {"NAME LIKE 'Z_A%' AND"}},
+        {"SM*+", true, "", {"CNAM LIKE 'SM%_' AND", "( NAME LIKE 'Y%' OR NAME LIKE 'Z%' ) AND"}},
+        {"SMITH", false, "ZLOAD", {"UNAM LIKE 'SMITH' AND", "NAME LIKE 'ZLOAD' AND"}},
+    };
+    for (const auto& caso : casos) {
+        const auto guion = std::make_shared<Guion>();
+        SesionSAP sesion = SesionConectada(guion);
+        guion->Responder({"ZLOAD", "END"});
+        EXPECT_THAT(BuscarProgramas(sesion, caso.usuario, caso.porCreador, caso.programa), testing::Optional(ElementsAre("ZLOAD")));
+        std::vector<std::string> esperada = {corredor, "MODE = F", "PROGRAM < inf003"};
+        for (const auto& condicion : caso.condiciones) esperada.push_back("PROGRAM < " + condicion);
+        esperada.insert(esperada.end(), {"PROGRAM < end", "Call"});
+        EXPECT_EQ(guion->conversacion, esperada);
+    }
+}
+
+TEST(RemoteReports, EveryListButTheContentsOfAnEntryGivesUpItsLastRow) {
+    using Consulta = std::function<std::optional<FilasDeLista>(SesionSAP&)>;
+    struct Caso {
+        Consulta consulta;
+        const char* reporte;
+        std::size_t filas;
+    };
+    const Caso casos[] = {
+        {[](SesionSAP& sesion) { return ListarColas(sesion, "%BDC"); }, "PROGRAM < inf005 %BDC", 1},
+        {[](SesionSAP& sesion) { return ListarBAPIs(sesion); }, "PROGRAM < inf008", 1},
+        {[](SesionSAP& sesion) { return LeerCola(sesion, "Q1", "BDC"); }, "PROGRAM < inf006 Q1 BDC Q1", 2},
+    };
+    for (const auto& caso : casos) {
+        const auto guion = std::make_shared<Guion>();
+        SesionSAP sesion = SesionConectada(guion);
+        guion->Responder({"first", "last"});
+        const auto filas = caso.consulta(sesion);
+        ASSERT_TRUE(filas);
+        EXPECT_EQ(filas->size(), caso.filas);
+        EXPECT_THAT(guion->TomarConversacion(), ElementsAre(corredor, "MODE = F", caso.reporte, "Call"));
+        guion->Responder(std::vector<std::string>{});
+        EXPECT_THAT(caso.consulta(sesion), testing::Optional(testing::IsEmpty()));
+        guion->ultimoError = "no authorization";
+        guion->Fallar();
+        EXPECT_FALSE(caso.consulta(sesion));
+        EXPECT_EQ(sesion.Motivo, "no authorization");
+        guion->usable = false;
+        guion->TomarConversacion();
+        EXPECT_FALSE(caso.consulta(sesion));
+        EXPECT_TRUE(guion->conversacion.empty());  // an unusable session is asked nothing
+    }
+}
+
+TEST(RemoteReports, TheRecordsOfABapiGoIntoAFile) {
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP sesion = SesionConectada(guion);
+    std::ostringstream archivo;
+    guion->Responder({"3 Text", "4 A::I:B-C", "END"});
+    EXPECT_TRUE(BajarBAPI(sesion, "BAPI_X", archivo));
+    EXPECT_EQ(guion->conversacion[2], "PROGRAM < inf009 BAPI_X");
+    EXPECT_FALSE(BajarBAPI(sesion, "BAPI_Y", archivo));
+    EXPECT_EQ(archivo.str(), "3 Text\r\n4 A::I:B-C\r\n");
+}
+
+// The query reports that ship with the program.
+TEST(RemoteReports, TheShippedReportsFitTheReportRunner) {
+    const auto plantillas = CargarPlantillas(DirectorioDeDatos());
+    const std::pair<const LineasABAP*, std::vector<const char*>> casos[] = {
+        {&plantillas.PlantillaSistema, {}},
+        {&plantillas.PlantillaProgramas, {"<conditions>"}},
+        {&plantillas.PlantillaColas, {"<datatype>"}},
+        {&plantillas.PlantillaDatosCola, {"<qid>", "<datatype>"}},
+        {&plantillas.PlantillaBAPIs, {}},
+        {&plantillas.PlantillaBAPI, {"<function>"}}};
+    for (const auto& [lineas, marcas] : casos) {
+        ASSERT_FALSE(lineas->empty());
+        // A heading of the list would come out as its first rows.
+        EXPECT_TRUE(Contiene(lineas->front(), "NO STANDARD PAGE HEADING"));
+        for (const auto& linea : *lineas) EXPECT_LE(linea.size(), 72U) << linea;
+        for (const char* marca : marcas) {
+            EXPECT_TRUE(std::any_of(lineas->begin(), lineas->end(), [&](const auto& linea) { return Contiene(linea, marca); }))
+                << marca;
+        }
+    }
+    for (const char* nombre : {"inf001.dat", "inf003.dat", "inf005.dat", "inf006.dat", "inf008.dat", "inf009.dat"}) {
+        const std::string texto = LeerArchivo(DirectorioDeDatos() / nombre);
+        EXPECT_EQ(std::count(texto.begin(), texto.end(), '\n'), std::count(texto.begin(), texto.end(), '\r')) << nombre;
+    }
+    EXPECT_TRUE(CargarPlantillas("/nowhere").PlantillaSistema.empty());
+}
+
+}  // namespace
+}  // namespace qor

@@ -1,0 +1,156 @@
+#include "app/start_up.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "app/file_type.h"
+#include "base/files.h"
+#include "editor/document_commands.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using pruebas::DirectorioTemporal;
+using pruebas::EditorDePrueba;
+namespace fs = std::filesystem;
+
+Entorno EntornoDe(const std::map<std::string, std::string>& valores) {
+    return [valores](const char* nombre) {
+        const auto valor = valores.find(nombre);
+        return valor == valores.end() ? std::string() : valor->second;
+    };
+}
+
+TEST(CommandLine, NamesADocument) {
+    struct Caso {
+        const char* linea;
+        bool conPresentacion;
+        const char* documento;
+    };
+    const Caso casos[] = {{"", true, ""},
+                          {"a b.qor", true, "a b.qor"},
+                          {"\"a b.qor\"", true, "a b.qor"},
+                          {"#$%", false, ""},
+                          {"#$%\"/d/a.qor\"", false, "/d/a.qor"},
+                          {"\"a.qor", true, "\"a.qor"},
+                          {"\"", true, "\""},
+                          {" #$%a", true, " #$%a"}};
+    for (const auto& caso : casos) {
+        const auto linea = LeerLineaDeComandos(caso.linea);
+        EXPECT_EQ(linea.conPresentacion, caso.conPresentacion) << caso.linea;
+        EXPECT_EQ(linea.documento, caso.documento) << caso.linea;
+    }
+}
+
+TEST(StartUp, FollowsSettingsAndCommandLine) {
+    struct Caso {
+        const char* ajustes;
+        const char* linea;
+        bool preguntarIdioma;
+        bool conectar;
+        const char* mensaje1;
+    };
+    const Caso casos[] = {{"", "", true, true, "one"},
+                          {"Language=Espanol\n", "", false, true, "uno"},
+                          {"Language=Espanol\nLogon at startup=No\n", "#$%", false, false, "uno"},
+                          {"Language=Klingon\n", "d.qor", false, false, "one"}};
+    for (const auto& caso : casos) {
+        const DirectorioTemporal directorio;
+        directorio.Escribir("language.txt", "0,\"English\"\n1,\"one\"\n0,\"Espanol\"\n1,\"uno\"\n");
+        directorio.Escribir("Tessaline.ini", caso.ajustes);
+        Programa programa;
+        EXPECT_EQ(CargarPrograma(programa, EntornoDe({{"tessaline_ini", directorio.Ruta().string()}}), directorio.Ruta()),
+                  ResultadoIdioma::Bien);
+        EXPECT_EQ(programa.textos.Texto(1), caso.mensaje1);
+        const auto linea = LeerLineaDeComandos(caso.linea);
+        const auto plan = PlanearPrimeraActivacion(programa, linea);
+        EXPECT_EQ(plan.preguntarIdioma, caso.preguntarIdioma);
+        EXPECT_EQ(plan.conectar, caso.conectar);
+        EXPECT_EQ(plan.mostrarPresentacion, linea.conPresentacion);
+        EXPECT_EQ(plan.documento, linea.documento);
+    }
+    Programa programa;
+    const DirectorioTemporal vacio;
+    EXPECT_EQ(CargarPrograma(programa, EntornoDe({}), vacio.Ruta()), ResultadoIdioma::SinArchivo);
+}
+
+TEST(StartUp, ADocumentThatCannotBeOpenedEndsTheProgram) {
+    const DirectorioTemporal directorio;
+    EditorDePrueba p;
+    p.Archivo({"A|1"});
+    FijarDocumento(p.editor, (directorio / "d.qor").string());
+    ASSERT_TRUE(SaveOption(p.editor));
+    p.editor.CanalDocumento.Cerrar();
+
+    EditorDePrueba otro;
+    EXPECT_TRUE(AbrirInicial(otro.editor, (directorio / "d.qor").string()));
+    EXPECT_EQ(otro.FilaArchivo(0), "A|1");
+    EditorDePrueba tercero;
+    for (const char* const nombre : {"d.qor", "missing.qor"}) {
+        EXPECT_FALSE(AbrirInicial(tercero.editor, (directorio / nombre).string())) << nombre;
+        EXPECT_TRUE(tercero.editor.TerminarPrograma);
+        EXPECT_EQ(tercero.vista.TomarAvisos(), "<335>");
+    }
+}
+
+TEST(Closing, SavesTheSettingsAndTidiesUp) {
+    for (const bool cancela : {true, false}) {
+        const DirectorioTemporal directorio;
+        directorio.Escribir("language.txt", "0,\"English\"\n0,\"Espanol\"\n");
+        Programa programa;
+        CargarPrograma(programa, EntornoDe({{"tessaline_ini", directorio.Ruta().string()}}), directorio.Ruta());
+        EditorDePrueba p;
+        PrepararEditor(programa, p.editor);
+        EXPECT_EQ(p.editor.DirectorioDocumentos, directorio.Ruta().string());
+        EXPECT_EQ(ElegirIdioma(programa, "  "), ResultadoIdioma::Bien);
+        EXPECT_EQ(programa.ajustes.IdiomaActual, "");
+        EXPECT_EQ(ElegirIdioma(programa, " Espanol "), ResultadoIdioma::Bien);
+        p.editor.DirectorioDocumentos = "/docs/";
+        p.editor.HayCambios = true;
+        p.vista.respuestas = {cancela ? Respuesta::Cancelar : Respuesta::No};
+        programa.generador = {directorio.Escribir("20240131_120000.tmp", "x").string(), true};
+        bool desconectado = false;
+        EXPECT_EQ(CerrarPrograma(programa, p.editor, [&] { desconectado = true; }), !cancela);
+        EXPECT_EQ(desconectado, !cancela);
+        EXPECT_EQ(fs::exists(directorio / "20240131_120000.tmp"), cancela);
+        EXPECT_EQ(fs::exists(directorio / "Tessaline.ini"), !cancela);
+        if (cancela) continue;
+        ArchivoINI ini;
+        ini.CargarINI(directorio / "Tessaline.ini");
+        EXPECT_EQ(ini.LeerClave("Language"), "Espanol");
+        EXPECT_EQ(ini.LeerClave("QOR Directory"), "/docs/");
+    }
+}
+
+TEST(FileType, IsRegisteredOnce) {
+    const DirectorioTemporal directorio;
+    const auto entorno = EntornoDe({{"XDG_DATA_HOME", (directorio / "data").string()}, {"HOME", "/home/ana"}});
+    const auto plan = PlanearRegistro(entorno, "/opt/my $dir/50%/qor");
+    EXPECT_TRUE(RegistrarExtension(plan));
+    std::set<std::string> rutas;
+    for (const auto& archivo : plan) {
+        rutas.insert(fs::relative(archivo.ruta, directorio / "data").string());
+        EXPECT_EQ(LeerArchivo(archivo.ruta), archivo.contenido);
+    }
+    EXPECT_EQ(rutas,
+              (std::set<std::string>{"applications/qor-generator.desktop", "icons/hicolor/scalable/mimetypes/application-x-qor.svg",
+                                     "mime/packages/qor-generator.xml"}));
+    const std::string entrada = LeerArchivo(directorio / "data/applications/qor-generator.desktop");
+    EXPECT_NE(entrada.find("\nExec=\"/opt/my \\\\$dir/50%%/qor\" %f\n"), std::string::npos) << entrada;
+
+    directorio.Escribir("data/applications/qor-generator.desktop", "changed by the user");
+    EXPECT_FALSE(RegistrarExtension(plan));
+    EXPECT_EQ(LeerArchivo(directorio / "data/applications/qor-generator.desktop"), "changed by the user");
+
+    EXPECT_EQ(PlanearRegistro(EntornoDe({{"XDG_DATA_HOME", "relative"}, {"HOME", "/home/ana"}}), "/q").front().ruta,
+              "/home/ana/.local/share/mime/packages/qor-generator.xml");
+    EXPECT_TRUE(PlanearRegistro(EntornoDe({}), "/q").empty());
+    EXPECT_FALSE(RegistrarExtension({{directorio / "data/mime/packages/qor-generator.xml/x", ""}}));
+}
+
+}  // namespace
+}  // namespace qor
