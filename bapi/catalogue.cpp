@@ -52,6 +52,12 @@ const NodoBAPI* CatalogoBAPI::Buscar(std::string_view nombre) const {
     return nullptr;
 }
 
+std::optional<Mensaje> AvisoDeVersion(const TextosIdioma& textos, const std::string& VersionSAP,
+                                      const std::string& VersionSistema) {
+    if (VersionSAP.empty() || VersionSistema.empty() || VersionSAP == VersionSistema) return std::nullopt;
+    return Componer(textos, {252, " ", VersionSAP, 253, " ", VersionSistema, ". ", 254});
+}
+
 RegistroBAPI LeerRegistro(std::string_view linea) {
     if (linea.empty()) return {};
     return {linea[0], TramoDesde(linea, 3)};

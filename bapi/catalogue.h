@@ -37,6 +37,9 @@ struct CatalogoBAPI {
 // Loads a catalogue. Nothing when it is none (message 440) or can't be read (382 and its name).
 std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, const TextosIdioma& textos, Vista& vista);
 
+// The catalogue is of another release than the connected system. Nothing where they are the same, or one of them isn't known.
+std::optional<Mensaje> AvisoDeVersion(const TextosIdioma& textos, const std::string& VersionSAP, const std::string& VersionSistema);
+
 // The records of a catalogue's text, for the loader and the insertion.
 struct RegistroBAPI {
     char tipo = ' ';

@@ -49,7 +49,10 @@ std::string RutaDelModelo(const std::filesystem::path& ruta) {
 }
 
 std::string RutaAbsoluta(std::string_view ruta) {
-    return RutaDelModelo(std::filesystem::absolute(RutaDelSistema(ruta)).lexically_normal());
+    std::error_code error;
+    const auto absoluta = std::filesystem::absolute(RutaDelSistema(ruta), error);
+    if (error) throw FalloDeEjecucion("the path can't be made absolute: " + error.message());
+    return RutaDelModelo(absoluta.lexically_normal());
 }
 
 }  // namespace qor

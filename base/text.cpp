@@ -62,11 +62,13 @@ bool Contiene(std::string_view texto, std::string_view buscado) { return Posicio
 
 std::string_view Tramo(std::string_view texto, std::size_t inicio, std::ptrdiff_t largo) {
     if (largo < 0) throw FalloDeEjecucion("a substring of negative length");
+    if (inicio == 0) throw FalloDeEjecucion("a substring in front of the first character");
     if (inicio > texto.size()) return {};
     return texto.substr(inicio - 1, static_cast<std::size_t>(largo));
 }
 
 std::string_view TramoDesde(std::string_view texto, std::size_t inicio) {
+    if (inicio == 0) throw FalloDeEjecucion("a substring in front of the first character");
     return inicio > texto.size() ? std::string_view{} : texto.substr(inicio - 1);
 }
 
@@ -102,7 +104,7 @@ std::string TextoDeNumero(double numero) {
     std::string texto(cifras);
     texto.erase(texto.find_last_not_of('0') + 1);
     if (texto.back() == '.') texto.pop_back();
-    return texto;
+    return texto == "-0" ? "0" : texto;
 }
 
 std::string ConCeros(double numero, int digitos) {

@@ -160,24 +160,24 @@ FORM {forma}_{N}.
         {{"forma", forma}, {"N", std::to_string(numero)}, {"relleno", Blancos(55 - static_cast<std::ptrdiff_t>(forma.size()))}});
 }
 
-void EscribirFilaBAPI(Generacion& g, int r, bool& enCadena) {
-    const auto& fila = g.especificacion.TablaTransaccion[r];
-    if (g.operaciones.FilaEnStepLoop(r)) {
-        if (!Contiene(fila[4], "!1")) return;
-        g.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g.operaciones.OperacionFila(r))}});
+void EscribirFilaBAPI(Generacion& g, int fila, bool& enCadena) {
+    const auto& celdas = g.especificacion.TablaTransaccion[fila];
+    if (g.operaciones.FilaEnStepLoop(fila)) {
+        if (!Contiene(celdas[4], "!1")) return;
+        g.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g.operaciones.OperacionFila(fila))}});
         enCadena = true;
         return;
     }
-    if (!fila[0].empty()) return;
-    if (fila[3].empty()) g.DetenerEnFila(Tabla::Transaccion, r, {319});
-    if (fila[3].front() != '\'' && fila[3].front() != '@') {
-        EscribirCampoDeArchivo(g, fila, enCadena);
+    if (!celdas[0].empty()) return;
+    if (celdas[3].empty()) g.DetenerEnFila(Tabla::Transaccion, fila, {319});
+    if (celdas[3].front() != '\'' && celdas[3].front() != '@') {
+        EscribirCampoDeArchivo(g, celdas, enCadena);
         return;
     }
     // A constant or a variable opens no chain and prints its condition as a mere word, on purpose: such a row is valid ABAP only
     // behind a file field of the same chain.
-    std::string linea = "       " + ValorDeCampo(g, fila[3]) + " TO " + std::string(AntesDe(fila[2], ';'));
-    if (Contiene(fila[2], ";")) linea += " " + std::string(DespuesDe(fila[2], ';'));
+    std::string linea = "       " + ValorDeCampo(g, celdas[3]) + " TO " + std::string(AntesDe(celdas[2], ';'));
+    if (Contiene(celdas[2], ";")) linea += " " + std::string(DespuesDe(celdas[2], ';'));
     g.reporte.MPrintDelUsuario(linea);
 }
 

@@ -50,7 +50,7 @@ struct RFC_ATTRIBUTES {
     SAP_UC client[4];
     SAP_UC resto[1024];  // user, language, code pages, releases, addresses
 };
-static_assert(offsetof(RFC_ATTRIBUTES, sysId) == 2 * 270 && offsetof(RFC_ATTRIBUTES, client) == 2 * 279);
+static_assert(offsetof(RFC_ATTRIBUTES, sysId) == 540 && offsetof(RFC_ATTRIBUTES, client) == 558);
 
 // A field of a structure or a line type, as far as it is read.
 struct RFC_FIELD_DESC {

@@ -136,7 +136,7 @@ public:
         const std::u16string campo = Campo(1);
         for (const auto& fila : filas) {
             RFC_ERROR_INFO error{};
-            const auto estructura = biblioteca_.AppendNewRow(tabla_, &error);
+            auto* const estructura = biblioteca_.AppendNewRow(tabla_, &error);
             if (estructura == nullptr) Fallar("The table " + nombre_ + " takes no row", error);
             const std::u16string texto = AUtf16(fila);
             Exigir(biblioteca_.SetString(estructura, campo.c_str(), texto.c_str(), static_cast<unsigned>(texto.size()), &error),
@@ -155,7 +155,7 @@ public:
         RFC_ERROR_INFO error{};
         const std::string accion = "Row " + std::to_string(fila) + " of the table " + nombre_ + " can't be read";
         Exigir(biblioteca_.MoveTo(tabla_, static_cast<unsigned>(fila - 1), &error), accion, error);
-        const auto estructura = biblioteca_.GetCurrentRow(tabla_, &error);
+        auto* const estructura = biblioteca_.GetCurrentRow(tabla_, &error);
         if (estructura == nullptr) Fallar(accion, error);
         const std::u16string campo = Campo(columna);
         std::u16string texto(512, u' ');
@@ -181,7 +181,7 @@ private:
         if (!nombre.empty()) return nombre;
         RFC_ERROR_INFO error{};
         const std::string accion = "The line type of the table " + nombre_ + " is not known";
-        const auto tipo = biblioteca_.DescribeType(tabla_, &error);
+        auto* const tipo = biblioteca_.DescribeType(tabla_, &error);
         if (tipo == nullptr) Fallar(accion, error);
         RFC_FIELD_DESC campo{};
         Exigir(biblioteca_.GetFieldDescByIndex(tipo, static_cast<unsigned>(columna - 1), &campo, &error), accion, error);
@@ -200,7 +200,7 @@ public:
     FuncionNWRFC(Enlace& enlace, std::string_view modulo) : enlace_(enlace), nombre_(modulo) {
         if (enlace_.conexion == nullptr) throw FalloDelServicio("There is no connection to the SAP system");
         RFC_ERROR_INFO error{};
-        const auto descripcion = enlace_.biblioteca->GetFunctionDesc(enlace_.conexion, AUtf16(nombre_).c_str(), &error);
+        auto* const descripcion = enlace_.biblioteca->GetFunctionDesc(enlace_.conexion, AUtf16(nombre_).c_str(), &error);
         if (descripcion == nullptr) {
             // The description comes from the system, so the connection may have broken over it.
             enlace_.Anotar(error.code, error);

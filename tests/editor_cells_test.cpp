@@ -204,7 +204,7 @@ TEST(LeavingText5, AutofillBringsTheNewRowIntoSight) {
         int primera;
         int fila;  // of the new field, -1 for none
     };
-    const Caso casos[] = {{-1, 0, 0, 0}, {12, 0, 0, 13}, {13, 0, 1, 14}, {5, 300, 300, 6}, {999, 0, 987, 1000}, {1000, 0, 0, -1}};
+    const Caso casos[] = {{-1, 0, 0, 0}, {12, 5, 5, 13}, {13, 0, 1, 14}, {5, 300, 300, 6}, {999, 0, 987, 1000}, {1000, 0, 0, -1}};
     for (const auto& caso : casos) {
         EditorDePrueba p;
         p.LlenarArchivo(caso.ultima);

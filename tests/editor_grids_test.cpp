@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/add_operation.h"
+#include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
 #include "editor/find.h"
@@ -109,6 +110,12 @@ TEST(Rows, AreInsertedWithTheTextOfTheRowBelow) {
     EXPECT_EQ(p.vista.TomarAvisos(), "");
     InsertarTransaccion(p.editor, 5);
     EXPECT_EQ(p.FilasTransaccion().size(), 3U);
+
+    // In the last line no cell changes, and still the double is numbered.
+    p.LlenarArchivo(13);
+    SalirDeCelda(p.editor, {Col::Text1, 13});
+    InsertarArchivo(p.editor, 13);
+    EXPECT_EQ(p.FilaArchivo(13), "F14");
 }
 
 TEST(Rows, TheLastOneIsLostByAnInsertion) {
@@ -195,6 +202,15 @@ TEST(Undo, GoesBackOneStepAtATime) {
     EXPECT_EQ(p.vista.TomarAvisos(), "");
     Deshacer(p.editor);
     EXPECT_EQ(p.FilasArchivo(), archivo);
+}
+
+TEST(Undo, LeavesNoCellByItsRule) {
+    EditorDePrueba p;
+    p.Transaccion({"TRANS|T", "||F"});
+    p.Escribir({Col::Text5, 1}, "ab");
+    Deshacer(p.editor);
+    EXPECT_EQ(p.FilaTransaccion(1), "||F|A");
+    EXPECT_TRUE(p.FilasArchivo().empty());
 }
 
 TEST(Undo, HoldsTheLastThousandStepsAcrossTheEndOfTheRing) {

@@ -185,6 +185,10 @@ TEST(Settings, SwitchesTakeOnlyTheirExactWord) {
     EXPECT_TRUE(AjustesDe("UPLOAD FUNCTION = WS_UPLOAD").preferencias.OptionWS_UPLOAD);
     EXPECT_FALSE(AjustesDe("Upload Function=ws_upload").preferencias.OptionWS_UPLOAD);
     EXPECT_EQ(AjustesDe("rfc module=z_run_report").nombresRFC.ModuloRFCPropio, "Z_RUN_REPORT");
+    const auto conexion = AjustesDe("RFC Library=/opt/nwrfc/libsapnwrfc.so\nRFC Time Limit=90");
+    EXPECT_EQ(conexion.BibliotecaRFC, "/opt/nwrfc/libsapnwrfc.so");
+    EXPECT_EQ(conexion.SegundosDeLlamadaRFC, 90);
+    EXPECT_EQ(AjustesDe("RFC Time Limit=-1").SegundosDeLlamadaRFC, 0);
 }
 
 TEST(Settings, DatasetAdditionsChooseTheirOption) {

@@ -19,8 +19,8 @@ namespace qor {
 // Opens a help page, named by the number of its message, above the window that asks for it.
 using AbrirAyuda = std::function<void(int mensaje, QWidget* ventana)>;
 
-// What all dialogs have in common: their name, captions by number, a size by the letters of their font, and one way out. Dialogs are
-// modal and keep nothing but references to what they edit.
+// What all dialogs have in common: their name, captions by number, a size by the letters of their font, and one way out. Dialogs
+// are modal and keep nothing but references to what they edit.
 class Dialogo : public QDialog {
     Q_OBJECT
 public:

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QMimeData>
 
 #include "base/qt/abap_highlighter.h"
+#include "base/qt/fixed_font.h"
 #include "base/qt/text.h"
 #include "base/text.h"
 
@@ -74,7 +74,7 @@ void CajaDeLinea::dropEvent(QDropEvent* evento) {
 CajaDeTexto::CajaDeTexto(QWidget* padre) : QPlainTextEdit(padre) { setTabChangesFocus(true); }
 
 void CajaDeTexto::MostrarComoABAP() {
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(LetraFija());
     setLineWrapMode(QPlainTextEdit::NoWrap);
     new ColoresABAP(document());
 }

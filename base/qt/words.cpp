@@ -72,6 +72,80 @@ constexpr ParDePalabras palabras[] = {
     {"Contents", "Contenido"},
     {"This page is not installed:", "Esta página no está instalada:"},
 
+    // Dialogs: data source
+    {"Data source", "Origen de datos"},
+    {"The data come from my &own code", "Los datos provienen de mi &propio código"},
+    {"&Declarations and parameters:", "&Declaraciones y parámetros:"},
+    {"&Forms:", "&Rutinas:"},
+    {"Code that &reads the data:", "&Código que lee los datos:"},
+    {"Code models", "Modelos de código"},
+    {"Internal &table:", "&Tabla interna:"},
+    {"Read a f&ile...", "&Leer un archivo..."},
+    {"O&pen SQL", "&Open SQL"},
+    {"&Native SQL", "SQL &nativo"},
+    {"Pre&view...", "&Vista previa..."},
+    {"&Clear...", "&Borrar..."},
+    {"File to read", "Archivo a leer"},
+    {"File of the &workstation, fields of fixed width", "Archivo de la &estación, campos de ancho fijo"},
+    {"File of the workstation, fields delimited by &tabs", "Archivo de la estación, campos separados por &tabuladores"},
+    {"File of the &server", "Archivo del &servidor"},
+    {"Clear the data source", "Borrar el origen de datos"},
+    {"&Declarations and parameters", "&Declaraciones y parámetros"},
+    {"&Forms", "&Rutinas"},
+    {"Code that &reads the data", "&Código que lee los datos"},
+
+    // Dialogs: operations, language, printers
+    {"Add an operation", "Agregar una operación"},
+    {"&Transaction code:", "Código de &transacción:"},
+    {"&BAPI browser...", "&Buscador de BAPIs..."},
+    {"Choose a language", "Elija un idioma"},
+    {"Printers", "Impresoras"},
+    {"P&rinter:", "I&mpresora:"},
+    {"PDF file...", "Archivo PDF..."},
+    {"&Copies:", "&Copias:"},
+    {"&Print", "&Imprimir"},
+
+    // Dialogs: data-set editor
+    {"Lines:", "Líneas:"},
+    {"Records to change", "Registros a cambiar"},
+    {"&Transaction:", "&Transacción:"},
+    {"Condition &1:", "Condición &1:"},
+    {"Condition &2:", "Condición &2:"},
+    {"Condition &3:", "Condición &3:"},
+    {"&Every occurrence of the field must meet its condition", "T&odas las apariciones del campo deben cumplir su condición"},
+    {"&One occurrence is enough", "&Basta una aparición"},
+    {"Replacement", "Reemplazo"},
+    {"&Field:", "&Campo:"},
+    {"&New value:", "Valor &nuevo:"},
+    {"Replaces:", "Reemplaza a:"},
+    {"&Any value", "Cual&quier valor"},
+    {"Only a value that &contains:", "Sólo un &valor que contiene:"},
+    {"Old value", "Valor anterior"},
+    {"Replace the &whole value", "Reemplazar todo e&l valor"},
+    {"Replace this &part of the value", "Reemplazar esta &parte del valor"},
+    {"Lines of the file", "Líneas del archivo"},
+    {"Line %1 of %2", "Línea %1 de %2"},
+    {"&Replace", "&Reemplazar"},
+    {"&Stop", "&Detener"},
+
+    // Dialogs: connection
+    {"Log on to an SAP system", "Conectarse a un sistema SAP"},
+    {"System", "Sistema"},
+    {"&Application server", "Servidor de &aplicaciones"},
+    {"&Message server and logon group", "Servidor de &mensajes y grupo de conexión"},
+    {"&Host:", "&Dirección:"},
+    {"H&ost:", "D&irección:"},
+    {"System &number:", "&Número de sistema:"},
+    {"&System name:", "Nombre del &sistema:"},
+    {"Logon &group:", "&Grupo de conexión:"},
+    {"SAP &router:", "SAP&router:"},
+    {"User", "Usuario"},
+    {"&Client:", "Man&dante:"},
+    {"&User:", "&Usuario:"},
+    {"&Password:", "&Contraseña:"},
+    {"&Language:", "Id&ioma:"},
+    {"&Name:", "&Nombre:"},
+
     {"Choose an example", "Elija un ejemplo"},
     {"This window is not part of this build:", "Esta ventana no es parte de esta compilación:"},
 };
@@ -83,7 +157,8 @@ bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(
 QString Palabra(const TextosIdioma& textos, std::string_view ingles) {
     std::string_view elegida = ingles;
     if (EsEspanol(textos)) {
-        const auto* const par = std::find_if(std::begin(palabras), std::end(palabras), [&](const auto& p) { return p.ingles == ingles; });
+        const auto* const par =
+            std::find_if(std::begin(palabras), std::end(palabras), [&](const auto& p) { return p.ingles == ingles; });
         if (par != std::end(palabras)) elegida = par->espanol;
     }
     return QString::fromUtf8(elegida.data(), static_cast<qsizetype>(elegida.size()));
