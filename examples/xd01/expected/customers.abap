@@ -214,7 +214,6 @@ FORM COND_CHECK USING LS_CONDITION CHANGING LS_RESULT.
           LS_RESULT = GC_YES.
       ENDCASE.
     WHEN 'WITH_COMPANY'.
-      * Sales data alone needs no company code.
       IF GT_ITAB-BUKRS NE SPACE.
         LS_RESULT = GC_YES.
       ENDIF.
