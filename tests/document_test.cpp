@@ -1,0 +1,275 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "editor/document_commands.h"
+#include "model/document_format.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+Especificacion Leer(const std::string& texto, Opciones& opciones) {
+    Especificacion e;
+    LectorValores lector(texto);
+    if (LeerDocumento(lector, e, opciones) == Formato::Antiguo) {
+        lector.VolverAlPrincipio();
+        ImportarFormatoAntiguo(lector, e, opciones);
+    }
+    return e;
+}
+
+TEST(Document, ComesBackAsItWasWritten) {
+    std::mt19937 azar(7);
+    const auto texto = [&] {
+        std::string t;
+        for (auto n = azar() % 12; n > 0; --n) t += "aZ \",;#'@!\r\n\xE1\x81"[azar() % 14];
+        return t;
+    };
+    for (int vuelta = 0; vuelta < 200; ++vuelta) {
+        Especificacion e;
+        Opciones o;
+        for (int r = 0; r < 5; ++r) {
+            e.TablaArchivo[r] = {"F" + texto(), texto(), texto(), texto()};
+            e.TablaTransaccion[r] = {texto(), texto(), "C" + texto(), texto(), texto()};
+            e.TablaCondiciones[r] = {"N" + texto(), texto()};
+            e.TablaBAPIs[r] = {"B" + texto(), texto()};
+        }
+        e.OrigenUsuario = azar() % 2;
+        e.VariablesGlobales = texto();
+        o.ClienteOp = azar() % 2;
+        o.Modo = "ANE"[azar() % 3];
+        o.HScroll1 = static_cast<int>(azar() % 101);
+        o.NombreManual = texto();
+        o.ProcesarTodoOpt = azar() % 2;
+        const std::string escrito = EscribirDocumento(e, o);
+        Opciones leidas;
+        const auto leida = Leer(escrito, leidas);
+        EXPECT_EQ(leida.TablaArchivo, e.TablaArchivo);
+        EXPECT_EQ(leida.TablaTransaccion, e.TablaTransaccion);
+        EXPECT_EQ(EscribirDocumento(leida, leidas), escrito);
+    }
+}
+
+std::string Registro(int etiqueta, std::initializer_list<const char*> campos) {
+    std::string registro = std::to_string(etiqueta);
+    for (const char* campo : campos) registro += std::string(",") + campo;
+    for (auto n = campos.size(); n < 9; ++n) registro += ",\"\"";
+    return registro + "\r\n";
+}
+
+TEST(Document, OddRecordsAreTaken) {
+    Opciones o;
+    const auto e = Leer(Registro(12, {}) + Registro(1, {"\"A\"", "7"}) +
+                            Registro(3, {"1", "#TRUE#", "0", "1", "1", "\"X\"", "\" out \"", "\"IN\""}) +
+                            Registro(4, {"\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"  \""}) +
+                            Registro(7, {"0"}) + Registro(9, {"\"12\""}),
+                        o);
+    EXPECT_EQ(e.TablaArchivo[0][1], "7");
+    EXPECT_TRUE(o.ServidorOp() && o.AnchoFijo);
+    EXPECT_EQ(o.Modo, 'A');
+    EXPECT_EQ(o.TablaZ, "ZDATAERRORS");
+    EXPECT_EQ(o.SafeCallTransactionCheck, 1);
+    EXPECT_EQ(o.ModeAsParameter, 1);
+    EXPECT_NE(EscribirDocumento(e, o).find("\"out\",\"in\",#TRUE#"), std::string::npos);
+    // No record at all is a document, too.
+    EXPECT_EQ(Leer("", o).TablaArchivo[0][0], "");
+}
+
+TEST(Document, BrokenTextsFail) {
+    std::string llena;
+    for (int r = 0; r < 1003; ++r) llena += Registro(1, {"\"A\""});
+    std::string bapis;
+    for (int r = 0; r < 503; ++r) bapis += Registro(8, {"\"A\""});
+    const std::string rotos[] = {"no document",
+                                 "1,\"A\",2",
+                                 Registro(1, {"\"A\""}) + "\r\n",
+                                 Registro(3, {"x", "#TRUE#"}),
+                                 Registro(3, {"\"\"", "#TRUE#"}),
+                                 Registro(3, {"40000", "#TRUE#"}),
+                                 "99999,",
+                                 llena,
+                                 bapis,
+                                 "\"a\",\"p\"\r\n\"F\",\"1\",\"\"\r\n"};
+    for (const auto& roto : rotos) {
+        Opciones o;
+        EXPECT_THROW(Leer(roto, o), FalloDeEjecucion) << roto.substr(0, 40);
+    }
+}
+
+TEST(Document, EarliestFormatIsRead) {
+    const std::string cola = "\"End of transaction specification.\",#TRUE#,1,0,\"N\"\r\n\"F\",\"T\",\"D\",\"N\"\r\n";
+    Opciones o;
+    const auto e = Leer(
+        "\"x\",\"ZPROG\"\r\n\"A code  more\",\"1\",\"note\"\r\n\"B\",2,\"\"\r\n\"End of file specification.\",\"in.txt\",\"\"\r\n"
+        "\"P\",\"100\",\"\",\"\",\"\"\r\n" +
+            cola,
+        o);
+    EXPECT_EQ(e.TablaArchivo[0], (std::array<std::string, 4>{"A", "1", "note", "code  more"}));
+    EXPECT_EQ(e.TablaArchivo[1][1], "2");
+    EXPECT_EQ(e.TablaTransaccion[0][1], "ZPROG");
+    EXPECT_EQ(e.TablaTransaccion[1][0], "P");
+    EXPECT_TRUE(o.ServidorOp() && o.CallTransaction == 1 && o.Modo == 'N' && o.FileParameterCh == 1);
+    EXPECT_EQ(o.ArchivoFuente + o.Programa + o.Notes, "in.txtZPROGN");
+}
+
+struct Archivos : testing::Test {
+    DirectorioTemporal directorio;
+    EditorDePrueba prueba;
+    Editor& editor = prueba.editor;
+
+    bool Abrir(Editor& otro, const std::filesystem::path& ruta) {
+        otro.AbrirDesdeComando = true;
+        otro.ArchivoInicial = RutaDelModelo(ruta);
+        return OpenOption(otro);
+    }
+    bool Grabar(const std::filesystem::path& ruta) {
+        FijarDocumento(editor, RutaDelModelo(ruta));
+        return SaveOption(editor);
+    }
+};
+
+TEST_F(Archivos, VisibleRowsPassTheChangeRule) {
+    std::string documento;
+    for (int r = 0; r < 15; ++r) documento += Registro(1, {"\" abc \"", "\" 5 \""});
+    documento += Registro(2, {"\" trans \"", "\"va01\""});
+    for (int r = 0; r < 12; ++r) documento += Registro(2, {"\"\"", "\"\"", "\"f\"", r == 0 ? "\" 'aB' \"" : "\"x\""});
+    ASSERT_TRUE(Abrir(editor, directorio.Escribir("a.qor", documento)));
+    EXPECT_EQ(prueba.FilaArchivo(13), "ABC|5");
+    EXPECT_EQ(prueba.FilaArchivo(14), " abc | 5 ");
+    EXPECT_EQ(prueba.FilaTransaccion(0), "TRANS|VA01");
+    EXPECT_EQ(prueba.FilaTransaccion(1), "||F|'aB'");
+    EXPECT_EQ(prueba.FilaTransaccion(11), "||f|x");
+    EXPECT_FALSE(editor.HayCambios || editor.UndoButton);
+
+    const std::string largo = "\"" + std::string(31, 'a') + "\"";
+    ASSERT_TRUE(Abrir(editor, directorio.Escribir("b.qor", Registro(1, {largo.c_str()}))));
+    EXPECT_EQ(prueba.FilaArchivo(0), std::string(30, 'A'));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<333> 30.");
+}
+
+TEST_F(Archivos, WhatCannotBeOpenedLeavesANewDocument) {
+    const auto ajeno = directorio.Escribir("other.qor", Registro(1, {"\"A\""}));
+    EditorDePrueba otro;
+    ASSERT_TRUE(Abrir(otro.editor, ajeno));
+    const std::filesystem::path malos[] = {ajeno, directorio / "missing", directorio.Ruta(), directorio.Escribir("x", "\x01\x02,")};
+    for (const auto& malo : malos) {
+        EXPECT_FALSE(Abrir(editor, malo)) << malo;
+        EXPECT_EQ(prueba.vista.TomarAvisos(), "<335>");
+        EXPECT_TRUE(editor.TerminarPrograma && editor.RutaDocumento.empty() && !editor.DocumentoBloqueado());
+    }
+    otro.editor.CanalDocumento.Cerrar();
+    EXPECT_TRUE(Abrir(editor, ajeno));
+}
+
+TEST_F(Archivos, SaveReplacesAndKeepsTheLock) {
+    prueba.Archivo({"A|1"});
+    const auto ruta = directorio / "doc.qor";
+    ASSERT_TRUE(Grabar(ruta));
+    EXPECT_TRUE(editor.DocumentoBloqueado() && !editor.HayCambios);
+    EXPECT_FALSE(std::filesystem::exists(directorio / "doc.TMP"));
+    EditorDePrueba otro;
+    EXPECT_FALSE(Abrir(otro.editor, ruta));
+    // Nor can another process have it.
+    const pid_t hijo = ::fork();
+    if (hijo == 0) {
+        EditorDePrueba enHijo;
+        // The child's copy of the lock is this process's own; a fresh opening is refused.
+        ::_exit(Abrir(enHijo.editor, ruta) ? 1 : 0);
+    }
+    int estado = 0;
+    ::waitpid(hijo, &estado, 0);
+    EXPECT_EQ(estado, 0);
+    // Nor can it be replaced by another.
+    FijarDocumento(otro.editor, RutaDelModelo(ruta));
+    EXPECT_FALSE(SaveOption(otro.editor));
+    EXPECT_EQ(otro.vista.TomarAvisos(), "<335> <336>");
+}
+
+TEST_F(Archivos, FailedSavesKeepTheDocument) {
+    const auto ruta = directorio.Escribir("doc.qor", Registro(1, {"\"OLD\""}));
+    ASSERT_TRUE(Abrir(editor, ruta));
+    prueba.PonerArchivo(0, "NEW|1");
+    const auto viejo = LeerArchivo(ruta);
+
+    std::filesystem::create_directory(directorio / "doc.TMP");  // the work file can't be written
+    EXPECT_FALSE(SaveOption(editor));
+    EXPECT_TRUE(editor.DocumentoBloqueado());
+    std::filesystem::remove(directorio / "doc.TMP");
+
+    // A disk that is full in the middle of the save.
+    const pid_t hijo = ::fork();
+    if (hijo == 0) {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limite{50, 50};
+        ::setrlimit(RLIMIT_FSIZE, &limite);
+        ::_exit(SaveOption(editor) ? 1 : 0);
+    }
+    int estado = 0;
+    ::waitpid(hijo, &estado, 0);
+    EXPECT_EQ(estado, 0);
+    EXPECT_EQ(LeerArchivo(ruta), viejo);
+
+    EXPECT_FALSE(Grabar(directorio / "doc.tmp"));
+    EXPECT_FALSE(Grabar(directorio / "no" / "place.qor"));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<336> <336> <336>");
+    EXPECT_FALSE(std::filesystem::exists(directorio / "doc.tmp"));
+
+    prueba.PonerArchivo(2, "GAP|1");
+    EXPECT_FALSE(Grabar(ruta));
+    EXPECT_TRUE(editor.GrabacionFallida);
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<373>");
+    EXPECT_EQ(LeerArchivo(ruta), viejo);
+}
+
+// Killed at any moment, a saving process leaves the old document or the new one, whole.
+TEST_F(Archivos, KilledSaveLeavesAWholeDocument) {
+    const auto ruta = directorio / "doc.qor";
+    prueba.LlenarArchivo(1000);
+    ASSERT_TRUE(Grabar(ruta));
+    const auto viejo = LeerArchivo(ruta);
+    editor.opciones.Notes = std::string(100000, 'n');
+    const auto nuevo = EscribirDocumento(editor.especificacion, editor.opciones);
+    editor.CanalDocumento.Cerrar();
+    for (int vuelta = 0; vuelta < 30; ++vuelta) {
+        const pid_t hijo = ::fork();
+        if (hijo == 0) {
+            for (;;) {
+                SaveOption(editor);
+                editor.CanalDocumento.Cerrar();
+            }
+        }
+        ::usleep(static_cast<useconds_t>(vuelta * 700));
+        ::kill(hijo, SIGKILL);
+        ::waitpid(hijo, nullptr, 0);
+        const auto hay = LeerArchivo(ruta);
+        ASSERT_TRUE(hay == viejo || hay == nuevo) << hay.size();
+    }
+}
+
+TEST_F(Archivos, UnsavedWorkIsAskedFor) {
+    const auto ruta = directorio.Escribir("doc.qor", Registro(1, {"\"A\""}));
+    prueba.Archivo({"WORK|1"});
+    editor.HayCambios = true;
+    EXPECT_FALSE(Abrir(editor, ruta));  // cancelled
+    EXPECT_EQ(prueba.FilaArchivo(0), "WORK|1");
+    prueba.vista.respuestas = {Respuesta::Si};  // but no name is chosen
+    EXPECT_FALSE(Abrir(editor, ruta));
+    EXPECT_EQ(prueba.FilaArchivo(0), "WORK|1");
+    prueba.vista.respuestas = {Respuesta::No};
+    EXPECT_TRUE(Abrir(editor, ruta));
+    EXPECT_EQ(prueba.FilaArchivo(0), "A");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<334> <334> <334>");
+}
+
+}  // namespace
+}  // namespace qor::pruebas

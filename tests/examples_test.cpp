@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "app/command_line.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+const std::filesystem::path ejemplos = std::filesystem::path(QOR_TEST_SOURCE_DIR) / "examples";
+
+// Runs qorgen and gives what it said, behind its status.
+std::string Correr(const std::vector<std::string>& argumentos) {
+    std::ostringstream salida;
+    std::ostringstream errores;
+    const int estado = EjecutarQorgen(argumentos, salida, errores);
+    return std::to_string(estado) + "\n" + salida.str() + errores.str();
+}
+
+TEST(Examples, ReportsAreAsExpected) {
+    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
+    DirectorioTemporal directorio;
+    int informes = 0;
+    for (const auto& ejemplo : std::filesystem::directory_iterator(ejemplos)) {
+        std::vector<std::string> comunes;
+        if (std::filesystem::exists(ejemplo.path() / "Tessaline.ini")) comunes = {"--settings", ejemplo.path().string()};
+        for (const auto& documento : std::filesystem::directory_iterator(ejemplo.path())) {
+            const auto esperado = ejemplo.path() / "expected" / documento.path().filename().replace_extension(".abap");
+            if (documento.path().extension() != ".qor" || !std::filesystem::exists(esperado)) continue;
+            auto argumentos = comunes;
+            const auto informe = (directorio / documento.path().stem().string()).string();
+            for (const auto& argumento : {std::string("generate"), documento.path().string(), std::string("-o"), informe}) {
+                argumentos.push_back(argumento);
+            }
+            EXPECT_TRUE(Correr(argumentos).starts_with("0\n")) << documento.path();
+            EXPECT_EQ(LeerArchivo(informe), LeerArchivo(esperado)) << documento.path();
+            std::filesystem::remove(informe);
+            ++informes;
+        }
+    }
+    EXPECT_GE(informes, 7);
+}
+
+TEST(Examples, EarliestFormatIsConverted) {
+    DirectorioTemporal directorio;
+    const auto nuevo = directorio / "new.qor";
+    ASSERT_EQ(Correr({"convert", (ejemplos / "old-format/vendors.qor").string(), "-o", nuevo.string()}), "0\n");
+    EXPECT_EQ(LeerArchivo(nuevo), LeerArchivo(ejemplos / "old-format/expected/vendors.qor"));
+}
+
+// Statuses, answers, and where the common options may stand.
+TEST(CommandLine, TellsStatusAndMessages) {
+    DirectorioTemporal directorio;
+    const auto documento = (ejemplos / "mm01/materials.qor").string();
+    const auto informe = (directorio / "report.abap").string();
+    const auto vacio = directorio.Escribir("empty.qor", "").string();
+    const struct {
+        std::vector<std::string> argumentos;
+        const char* comienzo;
+    } casos[] = {
+        {{}, "2\n"},
+        {{"unknown"}, "2\n"},
+        {{"generate"}, "2\n"},
+        {{"convert", documento}, "2\n"},
+        {{"--help"}, "0\n"},
+        {{"check", documento}, "0\n"},
+        {{"generate", documento, "-o", informe}, "0\n323: "},
+        {{"generate", documento, "-o", informe}, "1\n337: "},
+        {{"generate", documento, "--yes", "-o", informe}, "0\n337: "},
+        {{"--yes", "generate", documento, "-o", (directorio / "no/such/place").string()}, "1\n326: "},
+        {{"--language", "espanol", "check", (directorio / "missing.qor").string()}, "1\n335: No se pudo"},
+        {{"check", vacio}, "1\n302: "},
+        {{"check", vacio, "--data", directorio.Ruta().string()}, "1\n0: Cannot find language file.\n"},
+        {{"check", "\xE2\x88\x9E.qor"}, "1\n0: "},  // a name that the code page lacks
+    };
+    for (const auto& caso : casos) {
+        const std::string dicho = Correr(caso.argumentos);
+        EXPECT_TRUE(dicho.starts_with(caso.comienzo)) << dicho << "\nand not " << caso.comienzo;
+    }
+    // The answer stands behind the question.
+    EXPECT_TRUE(Contiene(Correr({"generate", documento, "-o", informe}), "[cancel]\n"));
+    EXPECT_TRUE(Contiene(Correr({"generate", documento, "-o", informe, "--yes"}), "[ok]\n"));
+    // No report overwrites the document that it is made from.
+    const auto copia = (directorio / "copy.qor").string();
+    std::filesystem::copy_file(documento, copia);
+    EXPECT_TRUE(Contiene(Correr({"generate", copia, "-o", copia, "--yes"}), "326: "));
+    EXPECT_EQ(LeerArchivo(copia), LeerArchivo(documento));
+}
+
+}  // namespace
+}  // namespace qor::pruebas

@@ -1,0 +1,314 @@
+#include <gmock/gmock.h>
+
+#include <QPushButton>
+#include <QTableWidget>
+
+#include "base/files.h"
+#include "dataset/FormBDCEditor.h"
+#include "dataset/qt/line_view.h"
+#include "sap/FormABAP.h"
+#include "sap/FormImport.h"
+#include "sap/FormLogon.h"
+#include "tests/forms/dialog_fixture.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+using ::testing::HasSubstr;
+
+class DialogosDeSAP : public ::testing::Test {
+protected:
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+    std::shared_ptr<Guion> guion = std::make_shared<Guion>();
+    SesionSAP sesion = SesionConectada(guion);
+};
+
+// ---- FormABAP ----
+
+TEST_F(DialogosDeSAP, ProgramNameIsTheCustomers) {
+    FormABAP form(sesion, prueba.textos, prueba.vista, "", nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    EXPECT_TRUE(dialogo.Control<QPushButton>("Cancel")->isDefault());
+    dialogo.Teclear("NombreABAP", "ab-\"c 1");
+    EXPECT_EQ(dialogo.Texto("NombreABAP"), "AB_C_1");
+    EXPECT_TRUE(dialogo.Control<QPushButton>("OK")->isDefault());
+    dialogo.Clic("OK");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<412>");
+    EXPECT_TRUE(form.isVisible());
+
+    dialogo.Vaciar("NombreABAP");
+    dialogo.Teclear("NombreABAP", "zone");
+    guion->Responder({"ZONE", "end"});
+    prueba.vista.respuestas = {Respuesta::No};
+    dialogo.Clic("OK");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<414>");
+    EXPECT_TRUE(form.isVisible());
+    guion->Responder({"end"});
+    dialogo.Clic("OK");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.NombreElegido(), "ZONE");
+}
+
+TEST_F(DialogosDeSAP, ProgramNameIsGivenUpWhenTheSystemCanNotTell) {
+    FormABAP form(sesion, prueba.textos, prueba.vista, "ZONE", nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_EQ(dialogo.Texto("NombreABAP"), "ZONE");
+    guion->Fallar();
+    dialogo.Clic("OK");
+    EXPECT_THAT(prueba.vista.TomarAvisos(), HasSubstr("<413>"));
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.NombreElegido(), "");
+}
+
+// ---- FormImport ----
+
+std::string Pieza(char etiqueta, const std::string& texto) {
+    std::string fila = std::string(1, etiqueta) + ' ' + texto;
+    fila.resize(64, ' ');
+    return fila;
+}
+
+TEST_F(DialogosDeSAP, ImportTakesTheActivatedRow) {
+    sesion.DirectorioTemporal = directorio.Ruta().string();
+    FormularioImport formulario;
+    guion->Responder({"ZMM01       0123456789ABCDEF0123JSMITH      20240131101500100", "end"});
+    FormImport form(formulario, sesion, prueba.textos, prueba.vista, nullptr);
+    const DialogoAbierto dialogo(form);
+    auto* const grilla = dialogo.Control<QTableWidget>("Grilla");
+    ASSERT_EQ(grilla->rowCount(), 1);
+    const std::vector<std::string> celdas = {"", "100", "ZMM01", "JSMITH", "20240131", "101500", "0123456789ABCDEF0123"};
+    for (int c = 0; c < grilla->columnCount(); ++c)
+        EXPECT_EQ(grilla->item(0, c)->text().toStdString(), celdas[static_cast<std::size_t>(c)]);
+    EXPECT_EQ(grilla->horizontalHeaderItem(6)->text(), QStringLiteral("<234>"));
+    guion->Responder({Pieza('1', "RECORD"), Pieza('2', ""), Pieza('3', ""), Pieza('4', ""), Pieza('5', "END"), "end"});
+    dialogo.Pulsar("Grilla", Qt::Key_Return);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(LeerArchivo(formulario.ArchivoImportado).substr(0, 6), "RECORD");
+}
+
+TEST_F(DialogosDeSAP, ImportClosesWithoutAChoice) {
+    struct Caso {
+        const char* nombre;
+        bool falla;
+        const char* avisos;
+    };
+    for (const auto& [nombre, falla, avisos] : {Caso{"no list", true, "<415>"}, Caso{"an empty one", false, ""}}) {
+        SCOPED_TRACE(nombre);
+        FormularioImport formulario;
+        formulario.EsGrabacion = false;
+        falla ? guion->Fallar() : guion->Responder({"end"});
+        FormImport form(formulario, sesion, prueba.textos, prueba.vista, nullptr);
+        const DialogoAbierto dialogo(form);
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("<225>"));
+        EXPECT_EQ(prueba.vista.TomarAvisos(), avisos);
+        EXPECT_EQ(form.isVisible(), !falla);
+        QMouseEvent doble(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, {});
+        if (!falla) QApplication::sendEvent(dialogo.Control<QTableWidget>("Grilla")->viewport(), &doble);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(formulario.ArchivoImportado, "");
+    }
+}
+
+// ---- FormLogon ----
+
+TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
+    ParametrosDeLogon parametros;
+    parametros.usuario = "SMITH";
+    parametros.cliente = "100";
+    FormLogon form(parametros, prueba.textos, nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_TRUE(dialogo.Control("Clave")->hasFocus()) << "the rest is known";
+    dialogo.Teclear("Clave", "pa\"ss");
+    dialogo.Teclear("Servidor", "host");
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    dialogo.Teclear("NumeroDeSistema", "001");
+    EXPECT_EQ(dialogo.Texto("NumeroDeSistema"), "00");
+    EXPECT_TRUE(dialogo.Habilitado("OK"));
+    EXPECT_FALSE(dialogo.Habilitado("Grupo"));
+    dialogo.Clic("OptionMensajes");
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    EXPECT_FALSE(dialogo.Habilitado("Servidor"));
+    dialogo.Teclear("ServidorDeMensajes", " msg ");
+    dialogo.Teclear("Sistema", "DEV");
+    dialogo.Teclear("Grupo", "SPACE");
+    dialogo.Teclear("Idioma", "en");
+    EXPECT_EQ(parametros.clave, "");
+    dialogo.Clic("OK");
+    EXPECT_EQ(parametros.servidor, "");
+    EXPECT_EQ(parametros.servidorDeMensajes, "msg");
+    EXPECT_EQ(parametros.sistema + parametros.grupo + parametros.cliente + parametros.usuario, "DEVSPACE100SMITH");
+    EXPECT_EQ(parametros.clave, "pa\"ss");
+    EXPECT_EQ(parametros.idioma, "EN");
+}
+
+TEST_F(DialogosDeSAP, LogonThatIsCancelledLeavesTheParameters) {
+    ParametrosDeLogon parametros;
+    FormLogon form(parametros, prueba.textos, nullptr);
+    const DialogoAbierto dialogo(form);
+    dialogo.Teclear("Servidor", "host");
+    dialogo.Teclear("Clave", "secret");
+    dialogo.Clic("Cancel");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(parametros.servidor + parametros.clave, "");
+}
+
+// ---- FormBDCEditor ----
+
+std::string Registro(const std::string& clase, const std::string& campo, const std::string& valor) {
+    std::string linea(40, ' ');
+    linea += "0000" + clase + campo;
+    linea.resize(177, ' ');
+    return linea + valor + "\r\n";
+}
+
+class EditorDeDatos : public ::testing::Test {
+protected:
+    std::string EscribirSesion(int transacciones = 2) {
+        std::string texto = Registro("M", "", "");
+        for (int n = 0; n < transacciones; ++n) {
+            texto += Registro("T", n % 2 == 0 ? "VA01" : "MM01", "") + Registro(" ", "VBAK-AUART", "OR") +
+                     Registro(" ", "BDC_OKCODE", "/00");
+        }
+        return directorio.Escribir("session.txt", texto).string();
+    }
+
+    std::string EscribirErrores() {
+        const std::string clave = "   GROUP     ";
+        const std::string definicion = clave + "0000000000" + "0000000001" + std::string(29, ' ') + "00005" + " FIELD\r\n";
+        std::string dato = clave + "0000000007" + "0000000000" + std::string(23, ' ') + "001   " + "ABC  \r\n";
+        return directorio.Escribir("errors.txt", definicion + dato).string();
+    }
+
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+};
+
+TEST_F(EditorDeDatos, ListsWhatAFileHolds) {
+    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_FALSE(dialogo.Habilitado("Ejecutar"));
+    EXPECT_FALSE(dialogo.Habilitado("ComboField"));
+    struct Caso {
+        std::string ruta;
+        std::vector<std::string> transacciones;
+        std::string campo;
+        std::string lineas;
+    };
+    for (const auto& caso : {Caso{EscribirSesion(), {"<<119>>", "VA01", "MM01"}, "VBAK-AUART", "7"},
+                             Caso{EscribirErrores(), {"<<216>>"}, "FIELD", "2"}}) {
+        prueba.vista.archivos = {caso.ruta};
+        dialogo.Clic("Browse");
+        EXPECT_TRUE(dialogo.Habilitado("Ejecutar"));
+        auto* const combo = dialogo.Control<QComboBox>("TransaccionCombo");
+        ASSERT_EQ(combo->count(), static_cast<int>(caso.transacciones.size()));
+        for (int i = 0; i < combo->count(); ++i)
+            EXPECT_EQ(combo->itemText(i).toStdString(), caso.transacciones[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(dialogo.Control<QComboBox>("ComboField")->count(), 1);
+        EXPECT_EQ(dialogo.Texto("ComboField"), "");
+        EXPECT_EQ(dialogo.Control<QComboBox>("Campo3Combo")->itemText(1).toStdString(), caso.campo);
+        EXPECT_EQ(dialogo.Texto("LabelCompletado"), caso.lineas);
+        EXPECT_THAT(dialogo.Texto("FileToEdit"), HasSubstr(": " + caso.ruta));
+    }
+    prueba.vista.archivos = {directorio.Escribir("other.txt", "nothing\n").string()};
+    dialogo.Clic("Browse");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<403>");
+    EXPECT_FALSE(dialogo.Habilitado("Ejecutar"));
+    EXPECT_EQ(dialogo.Control<QComboBox>("ComboField")->count(), 0);
+}
+
+TEST_F(EditorDeDatos, ReplacesUnderConditions) {
+    const std::string ruta = EscribirSesion();
+    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    form.Abrir(ruta);
+    dialogo.Clic("Ejecutar");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "") << "no field is chosen";
+
+    EXPECT_FALSE(dialogo.Habilitado("ValorCampo"));
+    dialogo.Clic("OptionValor");
+    EXPECT_TRUE(dialogo.Habilitado("ValorCampo"));
+    dialogo.Teclear("ValorCampo", "r");
+    dialogo.Clic("OptionParte");
+    dialogo.Control<QComboBox>("ComboField")->setCurrentIndex(0);
+    dialogo.Teclear("NuevoValorCampo", "x");
+    dialogo.Control<QComboBox>("TransaccionCombo")->setCurrentIndex(2);
+    dialogo.Control<QComboBox>("Campo1Combo")->setCurrentIndex(1);
+    dialogo.Control<QComboBox>("Accion1Combo")->setCurrentIndex(1);
+    dialogo.Teclear("Valor1Texto", "or");
+    dialogo.Teclear("Valor2Texto", "no field");
+    prueba.vista.respuestas = {Respuesta::Si};
+    dialogo.Clic("Ejecutar");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<359> <361>");
+    EXPECT_EQ(dialogo.Texto("Valor2Texto"), "");
+    const std::string texto = LeerArchivo(ruta);
+    EXPECT_THAT(texto, HasSubstr(Registro("T", "MM01", "") + Registro(" ", "VBAK-AUART", "Ox")));
+    EXPECT_THAT(texto, HasSubstr(Registro("T", "VA01", "") + Registro(" ", "VBAK-AUART", "OR")));
+}
+
+TEST_F(EditorDeDatos, CutsANewValueToItsField) {
+    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    form.Abrir(EscribirErrores());
+    dialogo.Control<QComboBox>("ComboField")->setCurrentIndex(0);
+    dialogo.Teclear("NuevoValorCampo", "123456");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<333> 5.");
+    EXPECT_EQ(dialogo.Texto("NuevoValorCampo"), "12345");
+}
+
+TEST_F(EditorDeDatos, ARunIsStoppedByItsButtonAndByClosing) {
+    const std::string ruta = EscribirSesion(20000);
+    const auto antes = std::filesystem::file_size(ruta);
+    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    form.Abrir(ruta);
+    dialogo.Control<QComboBox>("ComboField")->setCurrentIndex(0);
+    dialogo.Teclear("NuevoValorCampo", "LONGER");
+    for (const bool conBoton : {true, false}) {
+        QTimer::singleShot(0, &form, [&] {
+            EXPECT_FALSE(dialogo.Habilitado("Ejecutar"));
+            conBoton ? dialogo.Control<QPushButton>("Detener")->click() : form.reject();
+        });
+        dialogo.Control<QPushButton>("Ejecutar")->click();
+        EXPECT_EQ(prueba.vista.TomarAvisos(), "");
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_TRUE(dialogo.Habilitado("Ejecutar"));
+        EXPECT_FALSE(dialogo.Habilitado("Detener"));
+    }
+    EXPECT_EQ(std::filesystem::file_size(ruta), antes);
+    form.reject();
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(EditorDeDatos, ShowsTheLinesOfTheFile) {
+    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    form.Abrir(EscribirSesion(20000));
+    prueba.vista.respuestas = {Respuesta::No, Respuesta::Si, Respuesta::No};
+    dialogo.Clic("EdicionButton");
+    EXPECT_TRUE(dialogo.Visible("FrameManual"));
+    EXPECT_FALSE(dialogo.Visible("FrameSeleccionar") || dialogo.Visible("FrameReemplazar"));
+    EXPECT_EQ(dialogo.Texto("EdicionButton"), "<206>");
+    auto* const lineas = dialogo.Control<VistaDeLineas>("TextoManual");
+    for (int i = 0; i < 500 && lineas->Lineas() < 60001; ++i) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(lineas->Lineas(), 60001U);
+    dialogo.Pulsar("TextoManual", Qt::Key_Down);
+    EXPECT_EQ(dialogo.Texto("PosicionManual"), "Line 2 of 60001");
+    lineas->IrALinea(60000);
+    ASSERT_FALSE(lineas->Visibles().empty());
+    EXPECT_THAT(lineas->Visibles().back(), HasSubstr("BDC_OKCODE"));
+    EXPECT_LT(lineas->Visibles().size(), 200U) << "reads what is shown";
+
+    dialogo.Clic("EdicionButton");
+    EXPECT_THAT(prueba.vista.TomarAvisos(), HasSubstr("<325>")) << "no text editor here";
+    dialogo.Clic("EdicionButton");
+    EXPECT_FALSE(dialogo.Visible("FrameManual"));
+    EXPECT_EQ(dialogo.Texto("EdicionButton"), "<205>");
+}
+
+}  // namespace
+}  // namespace qor::pruebas

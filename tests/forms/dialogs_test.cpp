@@ -1,0 +1,407 @@
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <map>
+#include <memory>
+#include <set>
+
+#include "app/FormAbout.h"
+#include "app/FormLenguaje.h"
+#include "app/FormSelectLanguage.h"
+#include "app/language.h"
+#include "app/start_up.h"
+#include "bapi/FormBAPI.h"
+#include "bapi/FormBAPIFields.h"
+#include "bapi/FormTrans.h"
+#include "base/files.h"
+#include "base/qt/read_only_box.h"
+#include "base/qt/words.h"
+#include "dataset/FormBDCEditor.h"
+#include "editor/FormABAPWindow.h"
+#include "editor/FormConditions.h"
+#include "editor/FormConsultaOrigen.h"
+#include "editor/FormConsultadeEliminar.h"
+#include "editor/FormDataSource.h"
+#include "editor/FormMostrarTextos.h"
+#include "editor/FormNotas.h"
+#include "editor/FormNuevasVariables.h"
+#include "print/FormPreview.h"
+#include "print/FormPrinters.h"
+#include "sap/FormABAP.h"
+#include "sap/FormImport.h"
+#include "sap/FormLogon.h"
+#include "tests/forms/dialog_fixture.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+const std::string datos = QOR_TEST_SOURCE_DIR "/data";
+
+// Every dialog, made with the words of a language.
+class TodosLosDialogos : public ::testing::TestWithParam<const char*> {
+protected:
+    TodosLosDialogos() {
+        std::string idioma = GetParam();
+        RecuperarIdioma(prueba.textos, datos + "/language.txt", idioma);
+        prueba.Archivo({"KUNNR|10", "MATNR|18"});
+        prueba.Transaccion({"TRANS|VA01", "SAPMV45A|4001", "||RV45A-MABNR(1)|MATNR|!1 1!2F.TXT!30!4!51!65!7,MATNR"});
+        prueba.editor.especificacion.OrigenUsuario = true;
+    }
+
+    std::vector<std::unique_ptr<QDialog>> Crear() {
+        Editor& e = prueba.editor;
+        const TextosIdioma& t = prueba.textos;
+        Vista& v = prueba.vista;
+        const AbrirAyuda ayuda = [](int, QWidget*) {};
+        std::vector<std::unique_ptr<QDialog>> todos;
+        const auto agregar = [&](auto* dialogo) { todos.emplace_back(dialogo); };
+        agregar(new FormNotas(e, {Tabla::Archivo, 0}, ayuda, nullptr));
+        agregar(new FormNotas(e, {Tabla::Transaccion, 2}, ayuda, nullptr));
+        agregar(new FormConditions(e, ayuda, nullptr));
+        agregar(new FormABAPWindow(e, 0, datos, ayuda, nullptr));
+        agregar(new FormMostrarTextos(t, "REPORT X.", nullptr));
+        agregar(new FormNuevasVariables(e, {}, ayuda, nullptr));
+        agregar(new FormDataSource(e, preferencias, AbrirOrigen(e, preferencias).value(), {}, ayuda, nullptr));
+        agregar(new FormConsultaOrigen(t, nullptr));
+        agregar(new FormConsultadeEliminar(t, nullptr));
+        agregar(new FormLenguaje(t, v, datos + "/language.txt", "English", nullptr));
+        agregar(new FormSelectLanguage(t, nullptr));
+        agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
+        agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
+        agregar(new FormPrinters(t, v, nullptr));
+        agregar(new FormBAPI(e, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
+        agregar(new FormBAPIFields(t, nullptr));
+        agregar(new FormTrans(t, {}, nullptr));
+        agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
+        agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
+        agregar(new FormLogon(parametros, t, nullptr));
+        return todos;
+    }
+
+    EditorDePrueba prueba;
+    Preferencias preferencias;
+    std::string catalogo = datos + "/BAPI46C";
+    SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
+    ParametrosDeLogon parametros;
+};
+
+QString LetraDeAcceso(const QString& texto) {
+    const auto lugar = texto.indexOf(QLatin1Char('&'));
+    return lugar < 0 ? QString() : texto.mid(lugar + 1, 1).toUpper();
+}
+
+TEST_P(TodosLosDialogos, ShowWholeWordsWithLettersOfTheirOwn) {
+    for (const auto& dialogo : Crear()) {
+        SCOPED_TRACE(dialogo->objectName().toStdString());
+        const DialogoAbierto abierto(*dialogo);
+        EXPECT_FALSE(dialogo->windowTitle().isEmpty());
+        std::set<QString> letras;
+        std::set<QString> nombres;
+        for (auto* const control : dialogo->findChildren<QWidget*>()) {
+            const bool esNuestro = !control->objectName().isEmpty() && !control->objectName().startsWith(QLatin1String("qt_"));
+            if (esNuestro) EXPECT_TRUE(nombres.insert(control->objectName()).second) << control->objectName().toStdString();
+            auto* const boton = qobject_cast<QAbstractButton*>(control);
+            auto* const rotulo = qobject_cast<QLabel*>(control);
+            if (!esNuestro || !control->isVisible() || (boton == nullptr && rotulo == nullptr)) continue;
+            const QString texto = control->property("text").toString();
+            if (boton != nullptr) EXPECT_FALSE(texto.isEmpty()) << control->objectName().toStdString();
+            const QString letra = boton != nullptr || rotulo->buddy() != nullptr ? LetraDeAcceso(texto) : QString();
+            if (!letra.isEmpty())
+                EXPECT_TRUE(letras.insert(letra).second) << letra.toStdString() << " twice: " << texto.toStdString();
+            if (rotulo != nullptr && (rotulo->wordWrap() || control->objectName() == QLatin1String("FileToEdit"))) continue;
+            EXPECT_GE(control->width(), control->sizeHint().width()) << "cut off: " << texto.toStdString();
+            EXPECT_GE(control->height(), control->minimumSizeHint().height()) << "cut off: " << texto.toStdString();
+        }
+        dialogo->reject();
+        EXPECT_FALSE(dialogo->isVisible());
+    }
+    EXPECT_THAT(prueba.vista.avisos, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, TodosLosDialogos, ::testing::Values("English", "Espanol"));
+
+TEST(Words, TwinsHaveTheSameSigns) {
+    std::set<std::string_view> vistas;
+    for (const auto& [ingles, espanol] : TodasLasPalabras()) {
+        EXPECT_TRUE(vistas.insert(ingles).second) << ingles << " twice";
+        for (const char signo : {'&', '%', ':', '.'}) {
+            EXPECT_EQ(std::count(ingles.begin(), ingles.end(), signo), std::count(espanol.begin(), espanol.end(), signo)) << ingles;
+        }
+    }
+}
+
+// ---- Texts to read ----
+
+TEST(TextsToRead, SwallowKeysThatWouldChangeThem) {
+    EditorDePrueba prueba;
+    FormPreview preview(prueba.textos, prueba.vista, "A\r\nB", {}, nullptr);
+    const DialogoAbierto dialogo(preview);
+    struct Caso {
+        int tecla;
+        const char* texto;
+        bool avisa;
+    };
+    for (const auto& [tecla, texto, avisa] :
+         {Caso{0, "x", true}, Caso{Qt::Key_Delete, "\x7f", true}, Caso{Qt::Key_Backspace, "\b", true},
+          Caso{Qt::Key_Return, "\r", true}, Caso{Qt::Key_Down, "", false}}) {
+        dialogo.Pulsar("Preview", tecla, QString::fromLatin1(texto));
+        EXPECT_EQ(prueba.vista.TomarAvisos(), avisa ? "<362>" : "") << tecla;
+    }
+    EXPECT_EQ(dialogo.Texto("Preview"), "A\r\nB");
+    dialogo.Pulsar("Preview", Qt::Key_Escape);
+    EXPECT_FALSE(preview.isVisible());
+
+    FormMostrarTextos mostrar(prueba.textos, "TEXT", nullptr);
+    const DialogoAbierto otro(mostrar);
+    EXPECT_TRUE(otro.Control("OK")->hasFocus());
+    otro.Pulsar("Texto", 0, QStringLiteral("x"));
+    EXPECT_EQ(otro.Texto("Texto"), "TEXT");
+}
+
+// ---- Language, opening box ----
+
+TEST(LanguageDialogs, AnswerTheChoice) {
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+    const auto archivo = directorio.Escribir("language.txt", "0,\"English\"\r\n1,\"A\"\r\n0,\"Deutsch\"\r\n1,\"B\"\r\n");
+    FormLenguaje form(prueba.textos, prueba.vista, archivo, "ENGLISH", nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_EQ(dialogo.Control<QComboBox>("Lenguaje")->count(), 2);
+    EXPECT_EQ(dialogo.Texto("Lenguaje"), "English");
+    dialogo.Control<QComboBox>("Lenguaje")->setCurrentText(QStringLiteral("  Deutsch "));
+    EXPECT_EQ(form.IdiomaElegido(), "") << "closed without OK";
+    dialogo.Clic("OK");
+    EXPECT_EQ(form.IdiomaElegido(), "Deutsch");
+
+    directorio.Escribir("language.txt", "0,\"English\"\r\n1");
+    FormLenguaje roto(prueba.textos, prueba.vista, archivo, "", nullptr);
+    const DialogoAbierto incompleto(roto);
+    EXPECT_EQ(prueba.vista.TomarAvisos(), avisoFalloListaDeIdiomas);
+    EXPECT_EQ(incompleto.Control<QComboBox>("Lenguaje")->count(), 1);
+
+    FormSelectLanguage primera(prueba.textos, nullptr);
+    const DialogoAbierto eleccion(primera);
+    EXPECT_EQ(primera.Idioma(), "English");
+    eleccion.Clic("OptionSpanish");
+    eleccion.Clic("BotonOK");
+    EXPECT_EQ(primera.Idioma(), "Espanol");
+}
+
+TEST(About, ClosesOnItsKeysAndOnAClick) {
+    const TextosIdioma textos;
+    for (const int tecla : {Qt::Key_Space, Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_A, 0}) {
+        FormAbout form(textos, QStringLiteral("1.2.3"), nullptr);
+        const DialogoAbierto dialogo(form);
+        EXPECT_EQ(dialogo.Texto("Version"), "(Release 1.2.3)");
+        if (tecla == 0) {
+            QMouseEvent clic(QEvent::MouseButtonRelease, QPointF(5, 5), form.mapToGlobal(QPointF(5, 5)), Qt::LeftButton, {}, {});
+            QApplication::sendEvent(dialogo.Control("Titulo"), &clic);
+        } else {
+            dialogo.Pulsar("Titulo", tecla);
+        }
+        EXPECT_EQ(form.isVisible(), tecla == Qt::Key_A) << tecla;
+    }
+}
+
+// ---- Printers ----
+
+TEST(Printers, ChooseAPdfFileOrNothing) {
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+    FormPrinters cancelado(prueba.textos, prueba.vista, nullptr);
+    {
+        const DialogoAbierto dialogo(cancelado);
+        dialogo.Vaciar("Copias");
+        dialogo.Teclear("Copias", "a1b23");
+        EXPECT_EQ(dialogo.Texto("Copias"), "12");
+        dialogo.Clic("CancelButton");
+        EXPECT_TRUE(cancelado.Cancelado());
+        EXPECT_EQ(cancelado.Impresora(), nullptr);
+    }
+    FormPrinters form(prueba.textos, prueba.vista, nullptr);
+    const DialogoAbierto dialogo(form);
+    auto* const lista = dialogo.Control<QListWidget>("PrintersList");
+    lista->setCurrentRow(lista->count() - 1);
+    dialogo.Clic("PrintButton");
+    EXPECT_TRUE(form.isVisible()) << "no file was chosen";
+    prueba.vista.archivos = {(directorio / "out.pdf").string()};
+    dialogo.Clic("PrintButton");
+    ASSERT_FALSE(form.Cancelado());
+    const auto impresora = form.Impresora();
+    ASSERT_NE(impresora, nullptr);
+    EXPECT_EQ(impresora->outputFileName().toStdString(), (directorio / "out.pdf").string());
+}
+
+// ---- Operations and BAPIs ----
+
+TEST(Operations, TransactionCodeOrBrowser) {
+    const TextosIdioma textos;
+    int abierto = 0;
+    const auto navegador = [&](QWidget*) { ++abierto; };
+    FormTrans form(textos, navegador, nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    dialogo.Teclear("Transac", " ");
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    dialogo.Teclear("Transac", "va\"01");
+    EXPECT_TRUE(dialogo.Control<QPushButton>("OK")->isDefault());
+    EXPECT_EQ(form.OperacionElegida(), "");
+    dialogo.Clic("OK");
+    EXPECT_EQ(form.OperacionElegida(), "VA01");
+
+    FormTrans otro(textos, navegador, nullptr);
+    const DialogoAbierto segundo(otro);
+    segundo.Teclear("Transac", "X");
+    segundo.Clic("ButtonBAPILocator");
+    EXPECT_EQ(abierto, 1);
+    EXPECT_FALSE(otro.isVisible());
+    EXPECT_EQ(otro.OperacionElegida(), "");
+}
+
+class Navegador : public ::testing::Test {
+protected:
+    EntornoDeBAPI Entorno() {
+        return {.ArchivoBAPI = catalogo, .directorio = directorio.Ruta().string(), .FilaInsercion = 0, .imprimir = {}};
+    }
+
+    EditorDePrueba prueba;
+    DirectorioTemporal directorio;
+    std::string catalogo = directorio
+                               .Escribir("BAPIS",
+                                         "BAPIDEFS\r\n0 46C\r\n1 Order\r\n2 BAPI_ORDER_CREATE\r\n3 Makes <H1>an</H1>&order\r\n"
+                                         "4 HEAD::I:VBAK\r\n5 AUART\r\n5 VKORG\r\n4 NOTE:X:I:VBAK-NOTE\r\n"
+                                         "1 Item\r\n2 BAPI_ITEM_GET\r\n3 Reads an item\r\n")
+                               .string();
+};
+
+TEST_F(Navegador, FindsByNameAndByWords) {
+    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
+    EXPECT_FALSE(dialogo.Habilitado("OK"));
+    struct Caso {
+        const char* opcion;
+        const char* buscado;
+        std::vector<std::string> hallazgos;  // documentation of each hit; an object has none
+    };
+    for (const auto& [opcion, buscado, hallazgos] :
+         {Caso{"SubCadenaOption", "order", {"", "\r\nMakes an\r\norder"}},
+          Caso{"PalabrasOption", "an order", {"\r\nMakes an\r\norder"}}, Caso{"PalabrasOption", "nothing", {}},
+          Caso{"SubCadenaOption", "item_", {"\r\nReads an item"}}}) {
+        SCOPED_TRACE(buscado);
+        dialogo.Clic(opcion);
+        dialogo.Vaciar("TextoBuscar");
+        dialogo.Teclear("TextoBuscar", buscado);
+        for (const auto& documentacion : hallazgos) {
+            dialogo.Clic("Buscar");
+            EXPECT_EQ(dialogo.Texto("TextoNodo"), documentacion);
+            EXPECT_EQ(dialogo.Habilitado("OK"), !documentacion.empty());
+            EXPECT_EQ(dialogo.Texto("Buscar"), "<189>");
+        }
+        dialogo.Clic("Buscar");
+        EXPECT_EQ(prueba.vista.TomarAvisos(), "<374>");
+        EXPECT_EQ(dialogo.Texto("Buscar"), "<188>");
+    }
+}
+
+TEST_F(Navegador, InsertsTheChosenBAPI) {
+    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    const DialogoAbierto dialogo(form);
+    dialogo.Teclear("TextoBuscar", "CREATE");
+    dialogo.Clic("Buscar");
+    EnElSiguiente([](const DialogoAbierto& campos) { campos.Clic("Cancel"); });
+    dialogo.Clic("OK");
+    EXPECT_TRUE(form.isVisible()) << "the question was cancelled";
+    EXPECT_THAT(prueba.FilasTransaccion(), IsEmpty());
+    EnElSiguiente([](const DialogoAbierto& campos) {
+        campos.Clic("ObligatoriosOption");
+        campos.Clic("OK");
+    });
+    dialogo.Clic("OK");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_THAT(prueba.FilasTransaccion(), ElementsAre("BAPI|BAPI_ORDER_CREATE", "||HEAD-AUART|AUART", "||HEAD-VKORG|VKORG"));
+}
+
+TEST_F(Navegador, TellsOfACatalogueThatCanNotBeReadAndOfAnotherRelease) {
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP sesion = SesionConectada(guion);
+    sesion.VersionSistema = "470";
+    auto entorno = Entorno();
+    entorno.sesion = &sesion;
+    {
+        FormBAPI form(prueba.editor, entorno, nullptr);
+        const DialogoAbierto dialogo(form);
+        EXPECT_EQ(prueba.vista.TomarAvisos(), "<252> 46C<253> 470. <254>");
+    }
+    catalogo = "/nowhere/BAPIS";
+    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("<382>"));
+    dialogo.Teclear("TextoBuscar", "A");
+    dialogo.Clic("Buscar");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<374>");
+}
+
+TEST_F(Navegador, UpdatesTheCatalogueAndCanBeStopped) {
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP sesion = SesionConectada(guion);
+    auto entorno = Entorno();
+    entorno.sesion = &sesion;
+    FormBAPI form(prueba.editor, entorno, nullptr);
+    const DialogoAbierto dialogo(form);
+    const auto responder = [&] {
+        guion->llamadas.clear();
+        guion->Responder({"1 New", "2 BAPI_NEW_ONE", "2 BAPI_NEW_TWO", "end"});
+        guion->Responder({"3 First", "end"});
+        guion->Responder({"3 Second", "end"});
+    };
+
+    // The third row lets events through. The button for it is enabled then, and nothing else is.
+    responder();
+    prueba.vista.respuestas = {Respuesta::Si, Respuesta::No, Respuesta::Si};
+    QTimer::singleShot(0, &form, [&] {
+        EXPECT_TRUE(dialogo.Habilitado("ButtonCancelUpdate"));
+        EXPECT_FALSE(dialogo.Habilitado("TextoBuscar"));
+        EXPECT_TRUE(dialogo.Visible("LabelUpdate"));
+        form.reject();  // asks, and is answered no
+        EXPECT_TRUE(form.isVisible());
+        dialogo.Clic("ButtonCancelUpdate");
+    });
+    dialogo.Control<QPushButton>("ButtonUpdate")->click();
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <442> <442>");
+    EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
+    EXPECT_FALSE(dialogo.Habilitado("ButtonCancelUpdate"));
+    EXPECT_TRUE(dialogo.Habilitado("TextoBuscar"));
+    for (const auto& archivo : std::filesystem::directory_iterator(directorio.Ruta())) {
+        if (archivo.path().extension() == ".bap") std::filesystem::remove(archivo);
+    }
+
+    responder();
+    prueba.vista.respuestas = {Respuesta::Si};
+    dialogo.Clic("ButtonUpdate");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <242>");
+    EXPECT_EQ(catalogo, (directorio / "BAPI46C").string());
+    dialogo.Teclear("TextoBuscar", "NEW_TWO");
+    dialogo.Clic("Buscar");
+    EXPECT_EQ(dialogo.Texto("TextoNodo"), "\r\nSecond");
+
+    // Without connections it only tells how to get one.
+    FormBAPI sin(prueba.editor, Entorno(), nullptr);
+    const DialogoAbierto otro(sin);
+    otro.Clic("ButtonUpdate");
+    EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("<420>"));
+}
+
+}  // namespace
+}  // namespace qor::pruebas

@@ -1,0 +1,325 @@
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <map>
+#include <set>
+
+#include "base/files.h"
+#include "tests/forms/principal_fixture.h"
+
+namespace qor {
+namespace {
+
+using pruebas::ProgramaDePrueba;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+template <typename T>
+std::vector<std::string> Faltan(const ProgramaDePrueba& p, std::initializer_list<const char*> nombres) {
+    std::vector<std::string> faltan;
+    for (const char* const nombre : nombres) {
+        if (p.principal->findChildren<T*>(QString::fromLatin1(nombre)).size() != 1) faltan.emplace_back(nombre);
+    }
+    return faltan;
+}
+
+TEST(Principal, HasEveryControlOnceUnderItsName) {
+    const ProgramaDePrueba p;
+    for (int i = 0; i < lineasArchivo; ++i) {
+        for (const char* const columna : {"Text1_", "Text2_", "ABAP_"}) EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
+    }
+    for (int i = 0; i < lineasTransaccion; ++i) {
+        for (const char* const columna : {"Text6_", "Text3_", "Text4_", "Text5_"}) EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
+    }
+    EXPECT_THAT(Faltan<QAction>(p, {"NewOption", "OpenOption", "SaveOption", "SaveAsOption", "PrintOption", "ExitOption", "Contenido",
+                                    "AboutOption", "LengSeleccionar", "Logon", "Logoff", "Directorios", "ScreenCam"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QMenu>(p, {"FileOption", "HelpOption", "LangOption", "Connection"}), IsEmpty());
+    EXPECT_THAT(Faltan<QToolButton>(p, {"NewButton", "OpenButton", "SaveButton", "PrintButton", "UndoButton", "UpButton", "DownButton",
+                                        "NewDef", "PreviewButton"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QPushButton>(
+                    p, {"Generar", "BuscarArchivo", "BuscarTransaccion", "ExpandirCampo", "ButtonAddOperation", "Conditions",
+                        "OtherSource", "ExaminarFuente", "ExaminarPrograma", "ExaminarReporte", "ImportTrans", "GenerarInfoCampos",
+                        "ImportInfo", "RunBDCEditor", "ButtonLogon", "ButtonLogoff", "ButtonOnlineSHDB", "ButtonOnlineSM35",
+                        "ButtonOnlineAnchos", "ButtonOnlinePublish", "ButtonOnlinePublishLocal"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QCheckBox>(
+                    p, {"TablaCh", "FileParameterCh", "AddF4", "CallTransaction", "SafeCallTransactionCheck", "ModeAsParameter",
+                        "CommitCheck", "ErrorHandlingCheck", "DiaCheck", "QORCheck", "ArchivosCheck", "TCodeCheck", "StatusCheck",
+                        "Autofill", "CheckLogon", "CheckLogonErrors", "CheckSHDB", "CheckActivateNamingConventions"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QRadioButton>(
+                    p, {"ClienteOp", "ServidorOp", "AnchoFijo", "DelimTab", "OptionWS_UPLOAD", "OptionGUI_UPLOAD", "OneFileOption",
+                        "MultipleFilesOption", "AOption", "NOption", "EOption", "GeneracionAutomatica", "GeneracionManual",
+                        "ProcesarTodoOpt", "ProcesarParteOpt", "OptionEncodingNone", "OptionEncodingDefault",
+                        "OptionEncodingNonUnicode", "OptionEncodingAdditional"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QLineEdit>(
+                    p, {"ArchivoFuente", "Identificadores", "TablaZ", "ProgID", "NombreManual", "SpaceCode", "Programa", "TextoBuscado",
+                        "ReporteTrans", "EncodingAdditional", "Functional", "Technical", "DescripcionStatus", "GSprefijo", "GNprefijo",
+                        "GTprefijo", "LSprefijo", "LNprefijo", "LTprefijo", "GCprefijo", "PSprefijo", "PNprefijo"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QLabel>(
+                    p, {"FileSpecification", "TransactionSpecification", "LineaArchivo", "LineaTransaccion", "EnterCode", "SaveCode",
+                        "F5Code", "CreateCode", "ColumnName", "FileWidth", "ProgramCol", "DynproCol", "FieldCol", "Col2Name", "Otro1",
+                        "SourceName", "GenerateProgram", "FunctionalLabel", "TechnicalLabel", "DescriptionLabel", "NotesLabel",
+                        "Atencion", "Porcentaje", "ErroresExplicacion", "TablaZLabel", "ProgIDLabel", "IdentificadoresLabel",
+                        "IdentificadoresExplicacion", "then1", "ConnectionStatus", "LabelNamingConventions", "LabelGSprefix",
+                        "LabelGNprefix", "LabelGTprefix", "LabelLSprefix", "LabelLNprefix", "LabelLTprefix", "LabelGCprefix",
+                        "LabelPSprefix", "LabelPNprefix"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QGroupBox>(p, {"SourceField", "TitulosFrame", "BDCFrame", "CTFrame", "FrameEdicion", "InputFrame",
+                                      "FrameClientSide", "FrameServerSide", "FrameNamingConventions", "FrameConexion", "FrameOnline",
+                                      "FrameImportarTransacciones", "FrameImportarAncho"}),
+                IsEmpty());
+    EXPECT_THAT(Faltan<QWidget>(p, {"SSTab1", "SSTab2", "Description", "Notes", "HScroll1", "ModuleCombo", "PrioridadCombo"}), IsEmpty());
+}
+
+// Every word that the window shows, by control.
+std::map<std::string, std::string> Palabras(const Principal& principal) {
+    std::map<std::string, std::string> palabras;
+    const auto poner = [&](const QObject* control, const QString& texto) {
+        if (!control->objectName().isEmpty()) palabras[control->objectName().toStdString()] = texto.toStdString();
+    };
+    for (const auto* const boton : principal.findChildren<QAbstractButton*>()) poner(boton, boton->text());
+    for (const auto* const rotulo : principal.findChildren<QLabel*>()) poner(rotulo, rotulo->text());
+    for (const auto* const grupo : principal.findChildren<QGroupBox*>()) poner(grupo, grupo->title());
+    for (const auto* const accion : principal.findChildren<QAction*>()) poner(accion, accion->text() + '/' + accion->toolTip());
+    for (const auto* const menu : principal.findChildren<QMenu*>()) poner(menu, menu->title());
+    for (const auto* const tabla : principal.findChildren<QTabWidget*>()) {
+        for (int i = 0; i < tabla->count(); ++i) palabras[tabla->objectName().toStdString() + char('0' + i)] = tabla->tabText(i).toStdString();
+    }
+    return palabras;
+}
+
+TEST(Principal, ChangesEveryWordWithTheLanguage) {
+    ProgramaDePrueba p;
+    const auto ingles = Palabras(*p.principal);
+    ElegirIdioma(*p.programa, "Espanol");
+    p.principal->RefrescarIdioma();
+    const auto espanol = Palabras(*p.principal);
+    // The same in both: numbers, names of ABAP and of keys, and what has no text while there is no document or connection.
+    const std::set<std::string> iguales = {"LineaArchivo", "LineaTransaccion", "ExpandirCampo", "F5Code", "Porcentaje", "ConnectionStatus",
+                                           "DocumentoActual", "OptionEncodingDefault", "OptionEncodingNonUnicode", "DynproCol"};
+    for (const auto& [nombre, texto] : ingles) {
+        if (nombre.starts_with("ABAP_") || nombre.starts_with("qt_") || iguales.contains(nombre)) continue;
+        EXPECT_NE(texto, espanol.at(nombre)) << nombre;
+        EXPECT_NE(espanol.at(nombre), "") << nombre;
+    }
+    ElegirIdioma(*p.programa, "English");
+    p.principal->RefrescarIdioma();
+    EXPECT_EQ(Palabras(*p.principal), ingles);
+}
+
+// ---- Options ----
+
+// What the controls of the options show.
+std::map<std::string, std::string> Valores(const Principal& principal) {
+    std::map<std::string, std::string> valores;
+    const auto poner = [&](const QObject* control, const QString& texto) {
+        if (!control->objectName().startsWith("qt_") && !control->objectName().isEmpty()) {
+            valores[control->objectName().toStdString()] = texto.toStdString();
+        }
+    };
+    for (const auto* const boton : principal.findChildren<QAbstractButton*>()) {
+        if (boton->isCheckable() && boton->inherits("QToolButton") == false) poner(boton, boton->isChecked() ? "on" : "off");
+    }
+    for (const auto* const caja : principal.findChildren<QLineEdit*>()) poner(caja, caja->text());
+    for (const auto* const caja : principal.findChildren<QPlainTextEdit*>()) poner(caja, caja->toPlainText());
+    for (const auto* const combo : principal.findChildren<QComboBox*>()) poner(combo, combo->currentText());
+    for (const auto* const barra : principal.findChildren<QSlider*>()) poner(barra, QString::number(barra->value()));
+    return valores;
+}
+
+TEST(Principal, OptionsComeBackFromDocumentAndSettings) {
+    ProgramaDePrueba p;
+    const std::string documento = (p.directorio / "options.qor").string();
+    // Each control gets a value that no other one has, and that it does not start with.
+    for (auto* const casilla : p.principal->findChildren<QCheckBox*>()) casilla->setChecked(!casilla->isChecked());
+    for (const char* const boton : {"ServidorOp", "DelimTab", "OneFileOption", "EOption", "GeneracionManual", "ProcesarParteOpt",
+                                    "OptionWS_UPLOAD", "OptionEncodingAdditional"}) {
+        p.Control<QRadioButton>(boton)->setChecked(true);
+    }
+    int numero = 10;
+    for (auto* const caja : p.principal->findChildren<CajaDeLinea*>()) {
+        if (caja->objectName().startsWith("Text") || caja->objectName() == "ReporteTrans") continue;
+        caja->setText(QString::number(numero++));
+    }
+    for (auto* const caja : p.principal->findChildren<QPlainTextEdit*>()) caja->setPlainText(QString("a\nb %1").arg(numero++));
+    for (auto* const combo : p.principal->findChildren<QComboBox*>()) combo->setEditText(QString::number(numero++));
+    p.Control<QSlider>("HScroll1")->setValue(73);
+    const auto antes = Valores(*p.principal);
+    p.vista->archivos = {documento};
+    p.vista->respuestas = {Respuesta::Si};
+    ASSERT_TRUE(p.principal->close());
+    EXPECT_THAT(p.vista->avisos, ElementsAre(300));
+
+    p.Abrir();
+    p.principal->ActivarPorPrimeraVez({false, documento});
+    EXPECT_EQ(Valores(*p.principal), antes);
+    EXPECT_FALSE(p.principal->isWindowModified());
+    p.Control<QAction>("NewOption")->trigger();
+    EXPECT_FALSE(p.Control<QCheckBox>("CallTransaction")->isChecked());
+    EXPECT_TRUE(p.Control<QCheckBox>("CheckActivateNamingConventions")->isChecked());
+}
+
+TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
+    ProgramaDePrueba p;
+    struct Caso {
+        const char* boton;
+        const char* control;
+        bool mostrado;    // before the click
+        bool habilitado;  // before the click
+    };
+    const Caso casos[] = {
+        {"CallTransaction", "CTFrame", false, true},           {"ErrorHandlingCheck", "TablaZ", false, true},
+        {"GeneracionManual", "NombreManual", true, false},     {"ProcesarParteOpt", "SpaceCode", true, false},
+        {"OneFileOption", "Identificadores", true, false},     {"OptionEncodingAdditional", "EncodingAdditional", true, false},
+        {"FileParameterCh", "AddF4", true, true},              {"ServidorOp", "ExaminarFuente", true, true},
+        {"CheckActivateNamingConventions", "PNprefijo", false, true},
+    };
+    for (const auto& caso : casos) {
+        auto* const control = p.Control(caso.control);
+        EXPECT_EQ(!control->isHidden(), caso.mostrado) << caso.boton;
+        EXPECT_EQ(control->isEnabledTo(control->parentWidget()), caso.habilitado) << caso.boton;
+        p.Control<QAbstractButton>(caso.boton)->click();
+        EXPECT_TRUE(control->isHidden() == caso.mostrado || control->isEnabledTo(control->parentWidget()) != caso.habilitado) << caso.boton;
+    }
+    EXPECT_EQ(p.Control<QLabel>("SourceName")->text().toStdString(), p.programa->textos.Texto(50));
+}
+
+TEST(Principal, ARefusedGenerationShowsThePlace) {
+    struct Caso {
+        std::function<void(Editor&)> preparar;
+        std::vector<int> avisos;
+        const char* foco;
+        int SSTab1;
+        int SSTab2;
+    };
+    const auto bapi = [](Editor& e) { e.especificacion.TablaTransaccion[0] = {"BAPI", "BAPI_X", "", "", ""}; };
+    const Caso casos[] = {
+        {[](Editor& e) { e.opciones.ErrorHandlingCheck = e.opciones.CallTransaction = 1; e.opciones.ProgID.clear(); }, {402}, "ProgID", 1, 0},
+        {[&](Editor& e) { bapi(e); e.opciones.FileParameterCh = 0; }, {304}, "ArchivoFuente", 0, 0},
+        {[&](Editor& e) { bapi(e); }, {301}, "Programa", 2, 0},
+        {[&](Editor& e) {
+             bapi(e);
+             e.opciones.MultipleFilesOption = false;
+             e.opciones.Identificadores = "1,22";
+             e.especificacion.TablaTransaccion[1] = {"", "", "P-F", "'1'", ""};
+         },
+         {380}, "Identificadores", 1, 1},
+        {[&](Editor& e) { bapi(e); for (int r = 1; r < 30; ++r) e.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
+                          e.especificacion.TablaTransaccion[25][3] = "X"; e.especificacion.VariablesGlobales = "DATA: F LIKE A-B."; },
+         {308}, "Text5_0", 0, 0},
+    };
+    for (const auto& caso : casos) {
+        ProgramaDePrueba p;
+        caso.preparar(p.ElEditor());
+        p.principal->Sincronizar();
+        p.Control<QTabWidget>("SSTab1")->setCurrentIndex(2);
+        p.Control<QPushButton>("Generar")->click();
+        EXPECT_EQ(p.vista->avisos, caso.avisos);
+        EXPECT_EQ(ProgramaDePrueba::Foco(), caso.foco);
+        EXPECT_EQ(p.Control<QTabWidget>("SSTab1")->currentIndex(), caso.SSTab1) << caso.foco;
+        EXPECT_EQ(p.Control<QTabWidget>("SSTab2")->currentIndex(), caso.SSTab2) << caso.foco;
+    }
+}
+
+TEST(Principal, WheelAndScrollBarMoveTheGrids) {
+    ProgramaDePrueba p;
+    const auto rueda = [&](const char* celda, int delta) {
+        QWheelEvent evento(QPointF(3, 3), QPointF(3, 3), {}, QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(p.Control(celda), &evento);
+    };
+    rueda("Text2_4", -120);
+    EXPECT_EQ(p.ElEditor().archivo.PrimeraFilaArchivo, 3);
+    EXPECT_EQ(p.Control<QScrollBar>("BarraArchivo")->value(), 3);
+    for (int i = 0; i < 4; ++i) rueda("Text5_4", -30);
+    EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, 3);
+    p.Control<QScrollBar>("BarraTransaccion")->setValue(5000);
+    EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, ultimaPrimeraFilaTransaccion);
+}
+
+// ---- Start, connection, end ----
+
+class ConexionDePrueba : public AccionesDeConexion {
+public:
+    bool conectado = false;
+    bool Disponible() const override { return true; }
+    bool Conectado() const override { return conectado; }
+    std::string ConnectionStatus() const override { return "Connected to client 100"; }
+    void Logon() override { conectado = true; }
+    void Logoff() override { conectado = false; }
+    void ButtonOnlineSHDB() override {}
+    void ButtonOnlineSM35() override {}
+    void ButtonOnlineAnchos() override {}
+    void ButtonOnlinePublish() override {}
+    void ButtonOnlinePublishLocal() override {}
+    SistemaConectado* Sistema() override { return nullptr; }
+    SesionSAP* Sesion() override { return nullptr; }
+};
+
+TEST(Principal, FilesAndConnectionExcludeEachOther) {
+    ConexionDePrueba* conexion = nullptr;
+    ProgramaDePrueba p([&](const EntornoDeConexion&) {
+        auto nueva = std::make_unique<ConexionDePrueba>();
+        conexion = nueva.get();
+        return nueva;
+    });
+    const auto estado = [&] {
+        std::string texto;
+        for (const char* const nombre : {"ButtonLogon", "ButtonLogoff", "ButtonOnlineSHDB", "ImportTrans", "ImportInfo"}) {
+            texto += p.Control(nombre)->isEnabled() ? '1' : '0';
+        }
+        for (const char* const nombre : {"ConnectionStatus", "Programa"}) texto += p.Control(nombre)->isHidden() ? '0' : '1';
+        return texto;
+    };
+    EXPECT_EQ(estado(), "1001101");
+    // Without a document, the program logs on by itself.
+    p.principal->ActivarPorPrimeraVez({false, ""});
+    EXPECT_EQ(estado(), "0110010");
+    p.Control<QAction>("Logoff")->trigger();
+    EXPECT_EQ(estado(), "1001101");
+    p.Control<QPushButton>("ButtonLogon")->click();
+    EXPECT_EQ(estado(), "0110010");
+    EXPECT_TRUE(p.principal->close());
+    EXPECT_FALSE(conexion->conectado);
+}
+
+TEST(Principal, ADocumentThatCanNotBeOpenedEndsTheProgram) {
+    ProgramaDePrueba p;
+    QTimer::singleShot(0, qApp, [&] { p.principal->ActivarPorPrimeraVez({false, (p.directorio / "missing.qor").string()}); });
+    EXPECT_EQ(QApplication::exec(), 1);
+    EXPECT_THAT(p.vista->avisos, ElementsAre(335));
+}
+
+TEST(Principal, AsksBeforeItLosesChanges) {
+    ProgramaDePrueba p;
+    p.Enfocar("Text1_0");
+    ProgramaDePrueba::Escribir("X");
+    EXPECT_TRUE(p.principal->isWindowModified());
+    p.vista->respuestas = {Respuesta::Cancelar, Respuesta::No};
+    EXPECT_FALSE(p.principal->close());
+    EXPECT_TRUE(p.principal->isVisible());
+    EXPECT_TRUE(p.principal->close());
+    EXPECT_THAT(p.vista->avisos, ElementsAre(300, 300));
+    EXPECT_THAT(LeerArchivo(p.directorio / "Tessaline.ini"), testing::HasSubstr("LOGON AT STARTUP=Yes"));
+}
+
+}  // namespace
+}  // namespace qor

@@ -1,0 +1,198 @@
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDropEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include "base/files.h"
+#include "generator/generate.h"
+#include "model/document_format.h"
+#include "tests/forms/principal_fixture.h"
+#include "tests/support/editor_fixture.h"
+
+namespace qor {
+namespace {
+
+using pruebas::EditorDePrueba;
+using pruebas::ProgramaDePrueba;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Two transactions, the first with a table control, as rows of the tables.
+const std::initializer_list<std::string_view> filasDePrograma = {
+    "TRANS|VA01",           "SAPMV45A|0101",        "||VBAK-AUART|AUART",        "||BDC_OKCODE|'/00'",  "SAPMV45A|4001",
+    "||VBKD-BSTKD|BSTKD",   "||RV45A-MABNR(1)|MATNR|!1 1!2items.txt!31!4!51!6!7,BSTKD",
+    "||RV45A-KWMENG(1)|KWMENG", "||BDC_OKCODE|'/11'", "TRANS|VA02",             "SAPMV45A|0102",
+    "||VBAK-VBELN|VBELN",   "||BDC_OKCODE|'/11'"};
+const std::initializer_list<std::string_view> filasDeArchivo = {"AUART|4", "BSTKD|20", "MATNR|18", "KWMENG|13", "VBELN|10"};
+
+// Brings a row of the program side under the cursor with the keys of the grid.
+void IrAFila(ProgramaDePrueba& p, int fila) {
+    const auto& rejilla = p.ElEditor().transaccion;
+    const int linea = std::min(fila - rejilla.PrimeraFilaTransaccion, lineasTransaccion - 1);
+    p.Enfocar("Text6_" + std::to_string(linea));
+    while (rejilla.PrimeraFilaTransaccion + linea < fila) ProgramaDePrueba::Pulsar(Qt::Key_Down);
+}
+
+void EscribirPrograma(ProgramaDePrueba& p) {
+    EditorDePrueba aMano;
+    aMano.Transaccion(filasDePrograma);
+    const auto& tabla = aMano.editor.especificacion.TablaTransaccion;
+    for (int fila = 0; fila < static_cast<int>(filasDePrograma.size()); ++fila) {
+        IrAFila(p, fila);
+        for (std::size_t columna = 0; columna < 4; ++columna) {
+            ProgramaDePrueba::Escribir(tabla[fila][columna]);
+            ProgramaDePrueba::Pulsar(Qt::Key_Right);
+        }
+    }
+}
+
+// The note of row 6 makes it the head of a step-loop.
+void MarcarStepLoop(ProgramaDePrueba& p) {
+    IrAFila(p, 0);
+    while (p.ElEditor().transaccion.PrimeraFilaTransaccion > 0) ProgramaDePrueba::Pulsar(Qt::Key_Up);
+    p.Enfocar("Text4_6");
+    const auto dobleClic = [&] {
+        QMouseEvent evento(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.Control("Text4_6"), &evento);
+    };
+    ProgramaDePrueba::ConDialogo(dobleClic, [](QDialog& notas) {
+        notas.findChild<QCheckBox*>("Steploop")->click();
+        notas.findChild<QLineEdit*>("NombreArchivo")->setText("items.txt");
+        auto* const campos = notas.findChild<QListWidget*>("ListaCampos");
+        const auto hallados = campos->findItems("BSTKD", Qt::MatchExactly);
+        ASSERT_EQ(hallados.size(), 1);
+        hallados.front()->setSelected(true);
+        hallados.front()->setCheckState(Qt::Checked);
+    });
+}
+
+TEST(Principal, TypedSpecificationGivesTheReportOfTheOneMadeByHand) {
+    qputenv("SOURCE_DATE_EPOCH", "86400");
+    ProgramaDePrueba p;
+    const std::string documento = (p.directorio / "orders.qor").string();
+    EscribirPrograma(p);
+    // Autofill has made the fields of the file; their widths are still missing.
+    int linea = 0;
+    for (const std::string_view ancho : {"4", "20", "18", "13", "10"}) {
+        p.Enfocar("Text2_" + std::to_string(linea++));
+        ProgramaDePrueba::Escribir(std::string(ancho));
+    }
+    MarcarStepLoop(p);
+    p.vista->archivos = {documento};
+    p.Control<QAction>("SaveOption")->trigger();
+    EXPECT_THAT(p.vista->avisos, IsEmpty());
+
+    EditorDePrueba aMano;
+    aMano.Archivo(filasDeArchivo);
+    aMano.Transaccion(filasDePrograma);
+    EXPECT_EQ(LeerArchivo(documento), EscribirDocumento(aMano.editor.especificacion, aMano.editor.opciones));
+    EXPECT_EQ(p.principal->windowTitle().toStdString(), std::string(p.principal->windowTitle().toStdString().substr(0, 60)) + "  (orders.qor)[*]");
+
+    ASSERT_TRUE(p.principal->close());
+    p.Abrir();
+    p.principal->ActivarPorPrimeraVez({false, documento});
+    EXPECT_EQ(p.Control<QLineEdit>("Text4_6")->text(), "RV45A-MABNR(1)");
+    p.Enfocar("Programa");
+    ProgramaDePrueba::Escribir((p.directorio / "typed.abap").string());
+    p.Control<QPushButton>("Generar")->click();
+    EXPECT_THAT(p.vista->avisos, ElementsAre(323));
+
+    aMano.editor.opciones.Programa = (p.directorio / "by_hand.abap").string();
+    EstadoDelGenerador estado;
+    ASSERT_TRUE(Generar({aMano.editor.especificacion, aMano.editor.opciones, p.programa->ajustes.preferencias, p.programa->textos,
+                         aMano.vista, documento, "orders.qor"},
+                        estado));
+    EXPECT_EQ(LeerArchivo(p.directorio / "typed.abap"), LeerArchivo(p.directorio / "by_hand.abap"));
+    EXPECT_THAT(LeerArchivo(p.directorio / "typed.abap"), testing::HasSubstr("TABFORM_1"));
+}
+
+TEST(Principal, KeysOfTheGrids) {
+    ProgramaDePrueba p;
+    struct Caso {
+        const char* desde;
+        int tecla;
+        const char* hasta;
+    };
+    const Caso casos[] = {
+        {"Text1_0", Qt::Key_Right, "Text2_0"},   {"Text2_0", Qt::Key_Right, "Text1_1"}, {"Text2_3", Qt::Key_Up, "Text2_2"},
+        {"Text6_0", Qt::Key_Left, "Text5_0"},    {"Text3_1", Qt::Key_Left, "Text6_1"},  {"Text5_2", Qt::Key_Right, "Text6_3"},
+        {"Text4_0", Qt::Key_PageDown, "Text4_10"},
+    };
+    for (const auto& caso : casos) {
+        p.Enfocar(caso.desde);
+        ProgramaDePrueba::Pulsar(caso.tecla);
+        EXPECT_EQ(ProgramaDePrueba::Foco(), caso.hasta) << caso.desde;
+    }
+
+    p.Enfocar("Text1_0");
+    ProgramaDePrueba::Escribir("a b");
+    ProgramaDePrueba::Pulsar(Qt::Key_Down);
+    ProgramaDePrueba::Escribir("A_B");
+    ProgramaDePrueba::Pulsar(Qt::Key_Up);
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_1")->text(), "A_B2");
+    EXPECT_EQ(p.Control<QLabel>("LineaArchivo")->text(), "0");
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->selectedText(), "A_B");
+
+    ProgramaDePrueba::Pulsar(Qt::Key_F6);
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "A_B2");
+    ProgramaDePrueba::Pulsar(Qt::Key_Z, {}, Qt::ControlModifier);
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "A_B");
+
+    ProgramaDePrueba::Pulsar(Qt::Key_Backspace);
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "");
+    p.Enfocar("Text1_5");
+    ProgramaDePrueba::Pulsar(Qt::Key_Backspace);
+    EXPECT_THAT(p.vista->avisos, ElementsAre(339));
+}
+
+TEST(Principal, AButtonLeavesNoCellAndABoxDoes) {
+    ProgramaDePrueba p;
+    EditorDePrueba filas;
+    p.ElEditor().especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
+    p.ElEditor().especificacion.TablaTransaccion[1] = {"SAPLMGMM", "0060", "", "", ""};
+    p.ElEditor().especificacion.TablaTransaccion[2] = {"", "", "RMMG1-MATNR", "", ""};
+    p.ElEditor().vista.MostrarFila(Tabla::Transaccion, 0);
+    p.Enfocar("Text5_2");
+    ProgramaDePrueba::Escribir("matnr");
+    QMouseEvent pulsa(QEvent::MouseButtonPress, QPointF(3, 3), QPointF(3, 3), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent suelta(QEvent::MouseButtonRelease, QPointF(3, 3), QPointF(3, 3), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(p.Control("ExpandirCampo"), &pulsa);
+    QApplication::sendEvent(p.Control("ExpandirCampo"), &suelta);
+    EXPECT_EQ(p.Control<QPushButton>("ExpandirCampo")->text(), "-");
+    EXPECT_TRUE(p.Control("ProgramCol")->isHidden());
+    EXPECT_EQ(ProgramaDePrueba::Foco(), "Text5_2");
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "");
+    p.Enfocar("ArchivoFuente");
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "MATNR");
+}
+
+TEST(Principal, DropsOntoAValue) {
+    ProgramaDePrueba p;
+    p.ElEditor().especificacion.TablaArchivo[0][0] = "MATNR";
+    p.ElEditor().especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
+    p.ElEditor().especificacion.TablaTransaccion[1] = {"", "", "RMMG1-MATNR", "", ""};
+    p.ElEditor().vista.MostrarFila(Tabla::Archivo, 0);
+    p.ElEditor().vista.MostrarFila(Tabla::Transaccion, 0);
+    const auto soltar = [&](const char* celda, QMimeData* datos) {
+        const std::unique_ptr<QMimeData> dueno(datos);
+        QDropEvent evento(QPointF(3, 3), Qt::CopyAction, datos, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.Control(celda), &evento);
+    };
+    soltar("Text5_1", DatosDeCampo(0, "MATNR"));
+    EXPECT_EQ(p.Control<QLineEdit>("Text5_1")->text(), "MATNR");
+    soltar("Text5_2", DatosDeOkCode(RotuloDeOkCode::SaveCode));
+    EXPECT_EQ(p.Control<QLineEdit>("Text4_2")->text(), "BDC_OKCODE");
+    EXPECT_EQ(p.Control<QLineEdit>("Text5_2")->text(), "'/11'");
+    soltar("Text5_6", DatosDeCampo(0, "MATNR"));
+    EXPECT_THAT(p.vista->avisos, ElementsAre(345));
+    EXPECT_EQ(p.Control<QLineEdit>("Text5_6")->text(), "");
+}
+
+}  // namespace
+}  // namespace qor

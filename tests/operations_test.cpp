@@ -1,0 +1,155 @@
+#include "model/operations.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "model/cells.h"
+
+namespace qor::pruebas {
+namespace {
+
+using Filas = std::vector<std::array<std::string, 5>>;
+
+Especificacion Con(const Filas& filas) {
+    Especificacion e;
+    std::copy(filas.begin(), filas.end(), e.TablaTransaccion.begin());
+    return e;
+}
+
+std::vector<int> Grupos(const Especificacion& e, int filas) {
+    const auto operaciones = ActualizarOperaciones(e, 0);
+    std::vector<int> grupos;
+    for (int r = 0; r < filas; ++r) grupos.push_back(operaciones.OperacionFila(r));
+    return grupos;
+}
+
+constexpr const char* cabeza = "!1 1!2!30!4!51!61!7,K";
+
+TEST(Operations, RowsBelongToGroups) {
+    const struct {
+        const char* que;
+        Filas filas;
+        std::vector<int> esperados;
+    } casos[] = {
+        {"members stand above the head too; the second OK code doesn't belong",
+         {{"TRANS", "T"},
+          {"P", "1"},
+          {"", "", "A(1)", "a"},
+          {"", "", "BDC_OKCODE", "'/00'"},
+          {"", "", "B(1)", "b", cabeza},
+          {"", "", "C", "c"},
+          {"", "", "BDC_OKCODE", "'/11'"}},
+         {0, 0, 1, 1, 1, 0, 0}},
+        {"a screen without a head has no group",
+         {{"TRANS", "T"}, {"P", "1"}, {"", "", "A(1)", "a"}, {"", "", "BDC_OKCODE", "'/00'"}},
+         {0, 0, 0, 0}},
+        {"each change of structure in a BAPI is a new head",
+         {{"BAPI", "X"},
+          {"", "", "S-A(+)", "a", cabeza},
+          {"", "", "S-B(+)", "b"},
+          {"", "", "T-A", "c"},
+          {"", "", "S-A(+)", "d", cabeza}},
+         {0, 1, 1, 0, 2}},
+        {"a row with text in column 1 alone ends the table",
+         {{"TRANS", "T"}, {"P", "1"}, {"", "2", "", ""}, {"", "", "A(1)", "a", cabeza}},
+         {0, 0, 0, 0}},
+    };
+    for (const auto& caso : casos)
+        EXPECT_EQ(Grupos(Con(caso.filas), static_cast<int>(caso.filas.size())), caso.esperados) << caso.que;
+    EXPECT_THROW(ActualizarOperaciones(Con({{"TRANS", "T"}, {"", "", "A", "a", "!2!1"}}), 0), FalloDeEjecucion);
+}
+
+TEST(Operations, MarksCountBehindABlankRowToo) {
+    const auto e = Con({{"", "", "", "", ""}, {"", "", "A", "a", cabeza}});
+    EXPECT_EQ(ContarStepLoops(e), 1);
+    EXPECT_EQ(FilaDeStepLoop(e, 1), 0);
+}
+
+TEST(Operations, OkCodeOfAScreenIsFound) {
+    const auto e = Con({{"TRANS", "T"},
+                        {"P", "1;S"},
+                        {"", "", "A(1)", "a", cabeza},
+                        {"", "", "BDC_OKCODE;C", "'/00'"},
+                        {"Q", "2"},
+                        {"", "", "B", "b"},
+                        {"R", "3"},
+                        {"", "", "BDC_OKCODE", "'/11'"}});
+    const struct {
+        int fila;
+        const char *programa, *valor, *condicion;
+    } casos[] = {{2, "P", "'/00'", "C"}, {1, "P", "'/00'", "C"}, {3, "P", "'/00'", "C"}, {5, "Q", "", ""}, {7, "R", "'/11'", ""}};
+    for (const auto& caso : casos) {
+        const auto ok = BuscarOkCode(e, caso.fila);
+        EXPECT_EQ(ok.programa, caso.programa) << caso.fila;
+        EXPECT_EQ(ok.valor, caso.valor) << caso.fila;
+        EXPECT_EQ(ok.CondicionOkCode, caso.condicion) << caso.fila;
+    }
+}
+
+// The answers of the index against walks over the rows.
+struct Caminata {
+    const Especificacion& e;
+    const Operaciones& operaciones;
+
+    int OperacionDeCampo(const std::string& campo) const {
+        int grupo = 0;
+        for (int r = 0; r < e.FilasTransaccion(); ++r) {
+            if (Recortar(e.TablaTransaccion[r][3]) == campo) grupo = operaciones.OperacionFila(r);
+        }
+        return grupo;
+    }
+
+    int Clase(const std::string& campo, int n) const {
+        int clase = 0;
+        for (int r = 0; r < e.FilasTransaccion(); ++r) {
+            const auto& fila = e.TablaTransaccion[r];
+            const int grupo = operaciones.OperacionFila(r);
+            if (Recortar(fila[3]) == campo && grupo != 0) clase = grupo == n ? 1 : 2;
+            if (grupo == n && Contiene(ExtraerMarca(fila[4], 7, 8), campo)) clase = 3;
+        }
+        return clase;
+    }
+};
+
+TEST(Operations, IndexAnswersAsTheWalksDo) {
+    std::mt19937 azar(1);
+    const auto uno = [&](std::initializer_list<const char*> opciones) {
+        return std::string(*(opciones.begin() + azar() % opciones.size()));
+    };
+    for (int vuelta = 0; vuelta < 300; ++vuelta) {
+        Especificacion e;
+        for (int f = 0; f < 6; ++f) e.TablaArchivo[f][0] = uno({"A", "AB", "B", "C", "KEY", "KEY2"});
+        e.TablaTransaccion[0] = {uno({"TRANS", "BAPI"}), "X", "", "", ""};
+        for (int r = 1; r < 25; ++r) {
+            if (azar() % 4 == 0) {
+                e.TablaTransaccion[r] = {uno({"TRANS", "BAPI", "PROG"}), "1", "", "", ""};
+            } else {
+                e.TablaTransaccion[r] = {"", "", uno({"F", "F(1)", "S-F", "T-F(+)", "BDC_OKCODE"}),
+                                         uno({"A", " AB ", "B", "KEY", "'x'", ""}),
+                                         uno({"", "", "note", cabeza, "x!1 1!2!30!4!51!61!7,KEY2,AB", "!1 0!7,A"})};
+            }
+        }
+        const auto operaciones = ActualizarOperaciones(e, 0);
+        const Caminata caminata{e, operaciones};
+        for (int n = 0; n <= 4; ++n) {
+            int campos = 0;
+            int claves = 0;
+            for (int f = 0; f < 6; ++f) {
+                const std::string& campo = e.TablaArchivo[f][0];
+                EXPECT_EQ(static_cast<int>(operaciones.ClaseCampoEnOperacion(f, n)), caminata.Clase(campo, n)) << vuelta;
+                EXPECT_EQ(static_cast<int>(operaciones.ClaseCampoEnOperacion(campo, n)), caminata.Clase(campo, n));
+                EXPECT_EQ(operaciones.OperacionDeCampo(campo), caminata.OperacionDeCampo(campo));
+                campos += caminata.OperacionDeCampo(campo) == n;
+                claves += caminata.Clase(campo, n) == 3;
+            }
+            EXPECT_EQ(operaciones.ContarCamposOperacion(n), campos);
+            EXPECT_EQ(operaciones.ContarCamposClave(n), claves);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace qor::pruebas
