@@ -233,7 +233,7 @@ TEST_F(OrigenDeDatos, IsEditedOnlyWhileItIsOn) {
     FormDataSource form(
         editor, preferencias, estado, [&](const std::string& texto, QWidget*) { mostrado = texto; }, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
-    const auto* const nombres = {"Variables",       "Forms",         "Source",        "ComboItabs", "ModeloArchivo",
+    const std::vector<const char*> nombres = {"Variables",       "Forms",         "Source",        "ComboItabs", "ModeloArchivo",
                                  "ModeloSQLNativo", "ModeloOpenSQL", "PreviewButton", "Eliminar"};
     for (const char* const nombre : nombres) EXPECT_FALSE(dialogo.Habilitado(nombre)) << nombre;
     dialogo.Clic("CheckOtroOrigen");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
@@ -103,6 +105,8 @@ public:
             if (dialogo == nullptr) return;
             usar(*dialogo);
             dialogo->close();
+            EXPECT_FALSE(dialogo->isVisible()) << "the dialog refuses to close";
+            dialogo->hide();
         });
         abrir();
     }

@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <regex>
+
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "generator/generate.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+// A small specification that passes every check: one screen with a step-loop in page mode, its record in a file of its own.
+struct Generador : testing::Test {
+    DirectorioTemporal directorio;
+    EditorDePrueba prueba;
+    Especificacion& e = prueba.editor.especificacion;
+    Opciones& o = prueba.editor.opciones;
+    Preferencias preferencias;
+    std::string RutaDocumento = "/loads/orders.qor";
+    bool bien = false;
+
+    Generador() { Rehacer(); }
+
+    void Rehacer() {
+        e = Especificacion{};
+        o = Opciones{};
+        prueba.Archivo({"ORDER|10", "DATE|8", "ITEM|6"});
+        prueba.Transaccion({"TRANS|VA01", "SAPMV45A|101", "||VBAK-VBELN|ORDER", "||VBAK-ERDAT|DATE", "SAPMV45A|4001",
+                            "||VBAP-POSNR(1)|ITEM|Items!1 1!2items.txt!30!4!51!65!7,ORDER", "||BDC_OKCODE|'/00'"});
+        e.TablaCondiciones[0] = {"COND", "RESULT = YES."};
+        o.Programa = RutaDelModelo(directorio / "report.abap");
+        o.ArchivoFuente = "orders.txt";
+    }
+
+    std::string Generar() {
+        EstadoDelGenerador estado;
+        prueba.vista.TomarAvisos();
+        std::error_code ignorado;
+        std::filesystem::remove(RutaDelSistema(o.Programa), ignorado);
+        bien = qor::Generar({e, o, preferencias, prueba.textos, prueba.vista, RutaDocumento, NombreDeRuta(RutaDocumento)}, estado);
+        return std::filesystem::exists(RutaDelSistema(o.Programa)) ? LeerArchivo(RutaDelSistema(o.Programa)) : std::string();
+    }
+};
+
+using Cambio = std::function<void(Generador&)>;
+
+constexpr const char* sinClaves = "Items!1 1!2items.txt!30!4!51!65!7";
+
+void PonerBAPI(Generador& g) {
+    g.e.TablaTransaccion = TablaDeTextos<5>(filasTabla);
+    g.prueba.Transaccion({"BAPI|BAPI_X", "||HEAD-A|ORDER"});
+    g.e.VariablesGlobales = "DATA: HEAD LIKE T.";
+    g.e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     EXPORTING\r\n       HEAD = HEAD."};
+}
+
+TEST_F(Generador, EveryCheckHasItsMessage) {
+    const struct {
+        const char* que;
+        Cambio cambio;
+        const char* avisos;
+        bool hayArchivo;
+    } casos[] = {
+        {"nothing wrong", [](auto&) {}, "<323>", true},
+        {"a gap", [](auto& g) { g.prueba.PonerArchivo(4, "X|1"); }, "<373>", false},
+        {"a gap behind row 0 is not seen",
+         [](auto& g) {
+             g.e = Especificacion{}, g.prueba.Archivo({"", "A|1"}), g.prueba.Transaccion({"TRANS|X"});
+         },
+         "<323>", true},
+        {"ids of two lengths", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "1,02"; }, "<380>", false},
+        {"too many ids", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "1,2,3"; }, "<381> 2", false},
+        {"no ids", [](auto& g) { g.o.MultipleFilesOption = false; }, "", false},
+        {"no keys in files of their own", [](auto& g) { g.e.TablaTransaccion[5][4] = sinClaves; },
+         "<378>\r\r<375>\r\r<376>\r\r<377>", false},
+        {"an undeclared BAPI field", [](auto& g) { PonerBAPI(g), g.e.VariablesGlobales = "DATA:HEAD LIKE T."; }, "<386>: HEAD-A",
+         false},
+        {"both kinds of operation",
+         [](auto& g) { PonerBAPI(g), g.prueba.PonerTransaccion(2, "TRANS|X"), g.prueba.PonerTransaccion(3, "P|1"); },
+         "<390> <400> <323>", true},
+        {"error handling of a session", [](auto& g) { g.o.ErrorHandlingCheck = 1, g.o.TablaZ = ""; }, "<391> <323>", true},
+        {"no error table", [](auto& g) { g.o.ErrorHandlingCheck = g.o.CallTransaction = 1, g.o.TablaZ = " "; }, "<392>", false},
+        {"no program number", [](auto& g) { g.o.ErrorHandlingCheck = g.o.CallTransaction = 1; }, "<402>", false},
+        {"no operation", [](auto& g) { g.e.TablaTransaccion[0][0] = "PROG"; }, "<302>", false},
+        {"no table", [](auto& g) { g.o.TablaCh = 1, g.o.ClienteOp = false, g.o.ArchivoFuente = " "; }, "<303>", false},
+        {"no file", [](auto& g) { g.o.FileParameterCh = 0, g.o.ArchivoFuente = ""; }, "<304>", false},
+        {"a field of two records", [](auto& g) { g.e.TablaTransaccion[3][3] = "ITEM"; }, "<367> ITEM.", false},
+        {"no name of a condition", [](auto& g) { g.e.TablaTransaccion[1][1] = "101;"; }, "<368> 101.", false},
+        {"the same on a field", [](auto& g) { g.e.TablaTransaccion[3][2] = "F;"; }, "<371> F.", false},
+        {"an unknown condition", [](auto& g) { g.e.TablaTransaccion[1][1] = "101;NONE"; }, "<369> NONE <370>", false},
+        {"a good one behind a bad one",
+         [](auto& g) {
+             g.e.TablaTransaccion[1] = {"SAPMV45A", "101;NONE", "X;COND", "ORDER", ""};
+         },
+         "<369> NONE <370> <323>", true},
+        {"a group without a table",
+         [](auto& g) { g.o.TablaCh = 1, g.o.ClienteOp = false, g.e.TablaTransaccion[5][4] = "!1 1!2 !30!4!51!65!7,ORDER"; },
+         "<305> VBAP-POSNR(1)].", false},
+        {"a group without a file",
+         [](auto& g) { g.o.FileParameterCh = 0, g.e.TablaTransaccion[5][4] = "!1 1!2!30!4!51!65!7,ORDER"; },
+         "<306> VBAP-POSNR(1)<307>", false},
+        {"no such file field", [](auto& g) { g.e.TablaTransaccion[3][3] = "NONE"; }, "<308> 'NONE' <309>", false},
+        {"a quote in a constant", [](auto& g) { g.e.TablaTransaccion[3][3] = "'a'b'"; }, "<310> 'a'b' <311>", false},
+        {"half a constant", [](auto& g) { g.e.TablaTransaccion[3][3] = "'"; }, "<326>", false},
+        {"an undeclared variable", [](auto& g) { g.e.TablaTransaccion[3][3] = "@LONGVARIABLE-X"; }, "<312> LONGVARI <313>", false},
+        {"no output", [](auto& g) { g.o.Programa = " "; }, "<301>", false},
+        {"no width", [](auto& g) { g.e.TablaArchivo[1][1] = ""; }, "<315> DATE", true},
+        {"an empty group", [](auto& g) { g.e.TablaTransaccion[5][3] = "'1'"; }, "<316> VBAP-POSNR(1) <317> <323>", true},
+        {"no dynpro", [](auto& g) { g.e.TablaTransaccion[1][1] = ""; }, "<318>", true},
+        {"no value", [](auto& g) { g.e.TablaTransaccion[3][3] = ""; }, "<319>", true},
+        {"a step-loop field in a condition", [](auto& g) { g.e.TablaCondiciones[0][1] = "#ITEM = 1."; }, "<320> COND.", true},
+        {"a step-loop field in code", [](auto& g) { g.e.TablaArchivo[1][3] = "#ITEM = 1."; }, "<321> DATE.", true},
+        {"no OK code", [](auto& g) { g.prueba.PonerTransaccion(6, "||OTHER|'x'"); }, "<322> VBAP-POSNR(1)", true},
+        {"a bad pair of values", [](auto& g) { g.e.TablaArchivo[1][3] = "'a' @ "; }, "<326>", true},
+        {"a worse pair of values", [](auto& g) { g.e.TablaArchivo[1][3] = "'a' @ 'b' '"; }, "<372> <326>", true},
+        {"no call of the BAPI", [](auto& g) { PonerBAPI(g), g.e.TablaBAPIs[0][0] = "OTHER"; }, "<384> BAPI_X <385>", true},
+        {"no RETURN", [](auto& g) { PonerBAPI(g), g.o.ErrorHandlingCheck = 1, g.o.ProgID = "1"; }, "BAPI_X <395>", true},
+        {"a banner value too long", [](auto& g) { g.e.TablaTransaccion[0][1] = std::string(47, 'X'); }, "<326>", true},
+        {"501 lines of a condition",
+         [](auto& g) {
+             for (int i = 0; i < 501; ++i) g.e.TablaCondiciones[0][1] += "\r\nx";
+         },
+         "<326>", true},
+    };
+    for (const auto& caso : casos) {
+        Rehacer();
+        caso.cambio(*this);
+        const auto informe = Generar();
+        EXPECT_EQ(prueba.vista.TomarAvisos(), caso.avisos) << caso.que;
+        EXPECT_EQ(!informe.empty(), caso.hayArchivo) << caso.que;
+        const std::string avisos = caso.avisos;
+        EXPECT_EQ(bien, avisos.ends_with("<323>") || avisos.ends_with("<395>")) << caso.que;
+    }
+}
+
+TEST_F(Generador, StopInTheOperationsLeavesWhatStandsInFront) {
+    e.TablaTransaccion[3][3] = "";
+    const auto informe = Generar();
+    EXPECT_TRUE(informe.ends_with("         DYNPROTAB = BDC_TAB.\r\nENDFORM.\r\n"));
+    EXPECT_EQ(prueba.vista.focos.back(), "Text5_0");
+}
+
+TEST_F(Generador, SessionIsNamedAfterTheDocument) {
+    const struct {
+        const char* ruta;
+        int CallTransaction;
+        const char* nombre;
+    } casos[] = {{"/a/Carga de clientes.qor", 0, "QOR_CRGDCLNT"}, {"", 0, "QORBDC"}, {"", 1, "ERRORS"}, {"/a/b.qor", 1, "ERR_B"}};
+    for (const auto& caso : casos) {
+        RutaDocumento = caso.ruta;
+        o.CallTransaction = caso.CallTransaction;
+        EXPECT_TRUE(Contiene(Generar(), "BDCNAME LIKE APQI-GROUPID VALUE '" + std::string(caso.nombre) + "',\r\n")) << caso.ruta;
+    }
+}
+
+// Follows the lines of a written TABFORM_1 on paper: the positions at which `lineas` lines of the record are sent.
+std::vector<int> Posiciones(const std::string& informe, int lineas) {
+    std::vector<std::string> forma;
+    bool dentro = false;
+    for (const auto linea : PartirEnLineas(informe)) {
+        if (linea == "FORM TABFORM_1.") dentro = true;
+        if (dentro) forma.emplace_back(Recortar(linea));
+        if (linea == "ENDFORM.") dentro = false;
+    }
+    int posicion = 0;
+    int porPantalla = 0;
+    std::vector<int> enviadas;
+    const auto correr = [&](std::size_t desde, std::size_t hasta) {
+        bool salta = false;
+        for (std::size_t i = desde; i < hasta; ++i) {
+            std::smatch m;
+            if (forma[i] == "ENDIF.") salta = false;
+            if (salta) continue;
+            if (std::regex_match(forma[i], m, std::regex("POSITION = ([0-9]+)\\."))) posicion = std::stoi(m[1]);
+            if (std::regex_match(forma[i], m, std::regex("ROWSPERSCREEN = ([0-9]+)\\."))) porPantalla = std::stoi(m[1]);
+            if (forma[i] == "POSITION = POSITION + 1.") ++posicion;
+            if (forma[i].starts_with("PERFORM SL_SEND USING")) enviadas.push_back(posicion);
+            if (forma[i] == "IF POSITION > ROWSPERSCREEN.") salta = posicion <= porPantalla;
+        }
+    };
+    const auto lugar = [&](const char* comienzo) {
+        return static_cast<std::size_t>(
+            std::find_if(forma.begin(), forma.end(), [&](const auto& l) { return l.starts_with(comienzo); }) - forma.begin());
+    };
+    correr(0, lugar("LOOP AT"));
+    for (int n = 0; n < lineas; ++n) correr(lugar("LOOP AT"), lugar("ENDLOOP."));
+    return enviadas;
+}
+
+TEST_F(Generador, StepLoopLinesStandWhereTheyShould) {
+    const struct {
+        const char* modo;
+        const char* primera;
+        std::vector<int> posiciones;
+    } casos[] = {
+        {"1", "1", {1, 1, 1, 1, 1, 1, 1}},
+        {"1", "0", {1, 2, 2, 2, 2, 2, 2}},
+        {"0", "1", {1, 2, 3, 1, 2, 3, 1}},
+        {"0", "0", {1, 2, 3, 2, 3, 2, 3}},
+    };
+    for (const auto& caso : casos) {
+        e.TablaTransaccion[5][4] = "!1 1!2f!3" + std::string(caso.modo) + "!4!5" + caso.primera + "!63!7,ORDER";
+        EXPECT_EQ(Posiciones(Generar(), 7), caso.posiciones) << caso.modo << caso.primera;
+    }
+}
+
+// What the lines of the error form do in each of the four cases of a run.
+TEST_F(Generador, ErrorFormStoresAndRepeats) {
+    o.ErrorHandlingCheck = o.CallTransaction = 1;
+    o.ProgID = "12";
+    const auto informe = Generar();
+    const auto forma = informe.substr(informe.find("\nFORM INSERT_DATAERRORS."));
+    const auto tramo = [&](std::initializer_list<const char*> pasos) {
+        std::size_t p = 0;
+        for (const char* paso : pasos) {
+            p = forma.find(paso, p);
+            if (p == std::string::npos) return false;
+        }
+        return p < forma.find("ENDFORM.");
+    };
+    // A new failure: a run number once, the record's lines numbered by their place. A repeated one: old messages go, the new ones
+    // stand behind the highest number. A repeated success is marked.
+    EXPECT_TRUE(tramo({"IF NEWBATCH = 'X'.", "IF DATAERRORSFOUND = YES.", "IF ERRORCOUNTER = 1.", "SELECT MAX( BATCH )",
+                       "LOOP AT DATAERRORS.", "MOVE SY-TABIX TO ZDATAERRORS-SEQUENCE.", "INSERT ZDATAERRORS.", "ELSE.",
+                       "IF DATAERRORSFOUND = YES.", "DELETE FROM ZDATAERRORS", "AND OPERATION = ITABOPERS-OPERATION AND ID = 0.",
+                       "SELECT MAX( SEQUENCE )", "AUXSEQUENCE = AUXSEQUENCE + 1.", "INSERT ZDATAERRORS.", "ELSE.",
+                       "UPDATE ZDATAERRORS SET PROCESSED = 'X'"}));
+    // The layout rows describe both records once.
+    const auto disposicion = informe.substr(informe.find("FORM ADD_STRUCTURES"));
+    EXPECT_TRUE(Contiene(disposicion, "ZDATAERRORS-LINE = '00010 ORDER'.") &&
+                Contiene(disposicion, "ZDATAERRORS-LINE = '00006 ITEM'."));
+    EXPECT_TRUE(disposicion.ends_with("ENDFORM.    \r\n"));
+}
+
+}  // namespace
+}  // namespace qor::pruebas
