@@ -140,10 +140,10 @@ constexpr ParDePalabras palabras[] = {
     {"Logon &group:", "&Grupo de conexión:"},
     {"SAP &router:", "SAP&router:"},
     {"User", "Usuario"},
-    {"&Client:", "Man&dante:"},
+    {"&Client:", "Mandan&te:"},
     {"&User:", "&Usuario:"},
     {"&Password:", "&Contraseña:"},
-    {"&Language:", "Id&ioma:"},
+    {"&Language:", "Idi&oma:"},
     {"&Name:", "&Nombre:"},
 
     {"Choose an example", "Elija un ejemplo"},
