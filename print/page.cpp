@@ -25,7 +25,10 @@ void ConfigurarImpresora(Dispositivo& d) {
 }
 
 void ControlarPagina(Dispositivo& d, const TextosIdioma& textos) {
-    if (d.PosicionVertical() <= finDePagina) return;
+    if (d.PosicionVertical() > finDePagina) PasarPagina(d, textos);
+}
+
+void PasarPagina(Dispositivo& d, const TextosIdioma& textos) {
     const auto letra = d.LetraActual();
     const int origen = d.OrigenIzquierdo();
     d.NuevaPagina();

@@ -10,7 +10,10 @@ namespace qor {
 
 void ConfigurarImpresora(Dispositivo& d);
 
-// Called before a line that may not fit: begins a new page with its head, and restores font and origin.
+// Begins a new page with its head, and restores font and origin.
+void PasarPagina(Dispositivo& d, const TextosIdioma& textos);
+
+// Called before a line that may not fit: passes to a new page near the end of the present one.
 void ControlarPagina(Dispositivo& d, const TextosIdioma& textos);
 
 // A text in lines of at most `ancho` characters, broken at its own line breaks and else at the width.

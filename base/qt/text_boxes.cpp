@@ -1,10 +1,15 @@
 #include "base/qt/text_boxes.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
+#include <memory>
 
 #include "base/qt/abap_highlighter.h"
 #include "base/qt/fixed_font.h"
@@ -20,12 +25,22 @@ std::string PasarFiltro(const FiltroDeTexto& filtro, std::string texto) {
     return filtro && !texto.empty() ? filtro(texto) : texto;
 }
 
-// A key that puts characters in, and not a command.
-bool EsTexto(const QKeyEvent& evento) {
-    const bool deMando = (evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0 &&
-                         (evento.modifiers() & Qt::GroupSwitchModifier) == 0;
-    return !evento.text().isEmpty() && evento.text().at(0).isPrint() && !deMando;
+bool EsImprimible(const QKeyEvent& evento) { return !evento.text().isEmpty() && evento.text().at(0).isPrint(); }
+
+bool EsDeMando(const QKeyEvent& evento) {
+    return (evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0 &&
+           (evento.modifiers() & Qt::GroupSwitchModifier) == 0;
 }
+
+// A key that puts characters in, and not a command.
+bool EsTexto(const QKeyEvent& evento) { return EsImprimible(evento) && !EsDeMando(evento); }
+
+// A command whose letter Qt's own boxes would take for a text: Alt and a letter that is no shortcut.
+bool EsLetraDeMando(const QKeyEvent& evento) {
+    return EsImprimible(evento) && EsDeMando(evento) && (evento.modifiers() & Qt::ControlModifier) == 0;
+}
+
+QString PrimeraLinea(const QString& texto) { return texto.section('\n', 0, 0); }
 
 }  // namespace
 
@@ -49,9 +64,10 @@ void CajaDeLinea::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     if (evento->matches(QKeySequence::Paste) && !isReadOnly()) {
-        Insertar(QApplication::clipboard()->text().section('\n', 0, 0));
+        Insertar(PrimeraLinea(QApplication::clipboard()->text()));
         return;
     }
+    if (EsLetraDeMando(*evento)) return evento->ignore();
     QLineEdit::keyPressEvent(evento);
 }
 
@@ -69,6 +85,28 @@ void CajaDeLinea::inputMethodEvent(QInputMethodEvent* evento) {
 void CajaDeLinea::dropEvent(QDropEvent* evento) {
     Insertar(evento->mimeData()->text());
     evento->acceptProposedAction();
+}
+
+// The middle button, where the system pastes its selection by it.
+void CajaDeLinea::mouseReleaseEvent(QMouseEvent* evento) {
+    auto* const portapapeles = QApplication::clipboard();
+    if (evento->button() != Qt::MiddleButton || !portapapeles->supportsSelection() || isReadOnly()) {
+        QLineEdit::mouseReleaseEvent(evento);
+        return;
+    }
+    deselect();
+    setCursorPosition(cursorPositionAt(evento->position().toPoint()));
+    Insertar(PrimeraLinea(portapapeles->text(QClipboard::Selection)));
+}
+
+void CajaDeLinea::contextMenuEvent(QContextMenuEvent* evento) {
+    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+    for (auto* const accion : menu->actions()) {
+        if (!accion->text().startsWith(QLineEdit::tr("&Paste"))) continue;
+        accion->disconnect();
+        connect(accion, &QAction::triggered, this, [this] { Insertar(PrimeraLinea(QApplication::clipboard()->text())); });
+    }
+    menu->exec(evento->globalPos());
 }
 
 CajaDeTexto::CajaDeTexto(QWidget* padre) : QPlainTextEdit(padre) { setTabChangesFocus(true); }
@@ -96,6 +134,7 @@ void CajaDeTexto::keyPressEvent(QKeyEvent* evento) {
         ensureCursorVisible();
         return;
     }
+    if (EsLetraDeMando(*evento)) return evento->ignore();
     QPlainTextEdit::keyPressEvent(evento);
 }
 

@@ -28,6 +28,8 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
 
     // What a user puts in, filtered, in the place of the selection.
     void Insertar(const QString& texto);

@@ -23,6 +23,8 @@ public:
     explicit DialogoAbierto(QDialog& dialogo) : dialogo_(dialogo) {
         dialogo_.show();
         QApplication::setActiveWindow(&dialogo_);
+        // What is done when a dialog is first shown, and the layout that comes of it.
+        QApplication::processEvents();
         QApplication::processEvents();
     }
 

@@ -234,7 +234,7 @@ TEST_F(OrigenDeDatos, IsEditedOnlyWhileItIsOn) {
         editor, preferencias, estado, [&](const std::string& texto, QWidget*) { mostrado = texto; }, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     const std::vector<const char*> nombres = {"Variables",       "Forms",         "Source",        "ComboItabs", "ModeloArchivo",
-                                 "ModeloSQLNativo", "ModeloOpenSQL", "PreviewButton", "Eliminar"};
+                                              "ModeloSQLNativo", "ModeloOpenSQL", "PreviewButton", "Eliminar"};
     for (const char* const nombre : nombres) EXPECT_FALSE(dialogo.Habilitado(nombre)) << nombre;
     dialogo.Clic("CheckOtroOrigen");
     EXPECT_TRUE(editor.especificacion.OrigenUsuario);

@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -175,6 +178,46 @@ TEST(TextsToRead, SwallowKeysThatWouldChangeThem) {
     EXPECT_TRUE(otro.Control("OK")->hasFocus());
     otro.Pulsar("Texto", 0, QStringLiteral("x"));
     EXPECT_EQ(otro.Texto("Texto"), "TEXT");
+}
+
+// ---- Texts to write ----
+
+// However a text comes in, it passes through the filter, and no double quote is left.
+TEST(TextsToWrite, PassTheFilterOnEveryWay) {
+    const TextosIdioma textos;
+    FormTrans form(textos, {}, nullptr);
+    const DialogoAbierto dialogo(form);
+    auto* const caja = dialogo.Control<QLineEdit>("Transac");
+    QApplication::clipboard()->setText(QStringLiteral("a\"b\nsecond line"));
+    const std::map<const char*, std::function<void()>> caminos = {
+        {"key", [&] { dialogo.Teclear("Transac", "a\"b"); }},
+        {"paste",
+         [&] {
+             QKeyEvent pegar(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
+             QApplication::sendEvent(caja, &pegar);
+         }},
+        {"menu",
+         [&] {
+             QTimer::singleShot(0, caja, [&] {
+                 auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                 ASSERT_NE(menu, nullptr);
+                 for (auto* const accion : menu->actions()) {
+                     if (accion->text().startsWith(QStringLiteral("&Paste"))) accion->trigger();
+                 }
+                 menu->close();
+             });
+             QContextMenuEvent pedido(QContextMenuEvent::Keyboard, QPoint(2, 2), caja->mapToGlobal(QPoint(2, 2)));
+             QApplication::sendEvent(caja, &pedido);
+         }},
+    };
+    for (const auto& [camino, meter] : caminos) {
+        caja->clear();
+        meter();
+        EXPECT_EQ(dialogo.Texto("Transac"), "AB") << camino;
+    }
+    QKeyEvent conAlt(QEvent::KeyPress, Qt::Key_QuoteDbl, Qt::AltModifier, QStringLiteral("\""));
+    QApplication::sendEvent(caja, &conAlt);
+    EXPECT_EQ(dialogo.Texto("Transac"), "AB") << "Alt and a letter is no text";
 }
 
 // ---- Language, opening box ----

@@ -43,51 +43,103 @@ TEST(Principal, HasEveryControlOnceUnderItsName) {
         for (const char* const columna : {"Text1_", "Text2_", "ABAP_"}) EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
     }
     for (int i = 0; i < lineasTransaccion; ++i) {
-        for (const char* const columna : {"Text6_", "Text3_", "Text4_", "Text5_"}) EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
+        for (const char* const columna : {"Text6_", "Text3_", "Text4_", "Text5_"})
+            EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
     }
-    EXPECT_THAT(Faltan<QAction>(p, {"NewOption", "OpenOption", "SaveOption", "SaveAsOption", "PrintOption", "ExitOption", "Contenido",
-                                    "AboutOption", "LengSeleccionar", "Logon", "Logoff", "Directorios", "ScreenCam"}),
+    EXPECT_THAT(Faltan<QAction>(p, {"NewOption", "OpenOption", "SaveOption", "SaveAsOption", "PrintOption", "ExitOption",
+                                    "Contenido", "AboutOption", "LengSeleccionar", "Logon", "Logoff", "Directorios", "ScreenCam"}),
                 IsEmpty());
     EXPECT_THAT(Faltan<QMenu>(p, {"FileOption", "HelpOption", "LangOption", "Connection"}), IsEmpty());
-    EXPECT_THAT(Faltan<QToolButton>(p, {"NewButton", "OpenButton", "SaveButton", "PrintButton", "UndoButton", "UpButton", "DownButton",
-                                        "NewDef", "PreviewButton"}),
+    EXPECT_THAT(Faltan<QToolButton>(p, {"NewButton", "OpenButton", "SaveButton", "PrintButton", "UndoButton", "UpButton",
+                                        "DownButton", "NewDef", "PreviewButton"}),
                 IsEmpty());
-    EXPECT_THAT(Faltan<QPushButton>(
-                    p, {"Generar", "BuscarArchivo", "BuscarTransaccion", "ExpandirCampo", "ButtonAddOperation", "Conditions",
-                        "OtherSource", "ExaminarFuente", "ExaminarPrograma", "ExaminarReporte", "ImportTrans", "GenerarInfoCampos",
-                        "ImportInfo", "RunBDCEditor", "ButtonLogon", "ButtonLogoff", "ButtonOnlineSHDB", "ButtonOnlineSM35",
-                        "ButtonOnlineAnchos", "ButtonOnlinePublish", "ButtonOnlinePublishLocal"}),
+    EXPECT_THAT(Faltan<QPushButton>(p, {"Generar",
+                                        "BuscarArchivo",
+                                        "BuscarTransaccion",
+                                        "ExpandirCampo",
+                                        "ButtonAddOperation",
+                                        "Conditions",
+                                        "OtherSource",
+                                        "ExaminarFuente",
+                                        "ExaminarPrograma",
+                                        "ExaminarReporte",
+                                        "ImportTrans",
+                                        "GenerarInfoCampos",
+                                        "ImportInfo",
+                                        "RunBDCEditor",
+                                        "ButtonLogon",
+                                        "ButtonLogoff",
+                                        "ButtonOnlineSHDB",
+                                        "ButtonOnlineSM35",
+                                        "ButtonOnlineAnchos",
+                                        "ButtonOnlinePublish",
+                                        "ButtonOnlinePublishLocal"}),
                 IsEmpty());
     EXPECT_THAT(Faltan<QCheckBox>(
                     p, {"TablaCh", "FileParameterCh", "AddF4", "CallTransaction", "SafeCallTransactionCheck", "ModeAsParameter",
                         "CommitCheck", "ErrorHandlingCheck", "DiaCheck", "QORCheck", "ArchivosCheck", "TCodeCheck", "StatusCheck",
                         "Autofill", "CheckLogon", "CheckLogonErrors", "CheckSHDB", "CheckActivateNamingConventions"}),
                 IsEmpty());
-    EXPECT_THAT(Faltan<QRadioButton>(
-                    p, {"ClienteOp", "ServidorOp", "AnchoFijo", "DelimTab", "OptionWS_UPLOAD", "OptionGUI_UPLOAD", "OneFileOption",
-                        "MultipleFilesOption", "AOption", "NOption", "EOption", "GeneracionAutomatica", "GeneracionManual",
-                        "ProcesarTodoOpt", "ProcesarParteOpt", "OptionEncodingNone", "OptionEncodingDefault",
-                        "OptionEncodingNonUnicode", "OptionEncodingAdditional"}),
+    EXPECT_THAT(
+        Faltan<QRadioButton>(p, {"ClienteOp", "ServidorOp", "AnchoFijo", "DelimTab", "OptionWS_UPLOAD", "OptionGUI_UPLOAD",
+                                 "OneFileOption", "MultipleFilesOption", "AOption", "NOption", "EOption", "GeneracionAutomatica",
+                                 "GeneracionManual", "ProcesarTodoOpt", "ProcesarParteOpt", "OptionEncodingNone",
+                                 "OptionEncodingDefault", "OptionEncodingNonUnicode", "OptionEncodingAdditional"}),
+        IsEmpty());
+    EXPECT_THAT(Faltan<QLineEdit>(p, {"ArchivoFuente",     "Identificadores",    "TablaZ",     "ProgID",
+                                      "NombreManual",      "SpaceCode",          "Programa",   "TextoBuscado",
+                                      "ReporteTrans",      "EncodingAdditional", "Functional", "Technical",
+                                      "DescripcionStatus", "GSprefijo",          "GNprefijo",  "GTprefijo",
+                                      "LSprefijo",         "LNprefijo",          "LTprefijo",  "GCprefijo",
+                                      "PSprefijo",         "PNprefijo"}),
                 IsEmpty());
-    EXPECT_THAT(Faltan<QLineEdit>(
-                    p, {"ArchivoFuente", "Identificadores", "TablaZ", "ProgID", "NombreManual", "SpaceCode", "Programa", "TextoBuscado",
-                        "ReporteTrans", "EncodingAdditional", "Functional", "Technical", "DescripcionStatus", "GSprefijo", "GNprefijo",
-                        "GTprefijo", "LSprefijo", "LNprefijo", "LTprefijo", "GCprefijo", "PSprefijo", "PNprefijo"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QLabel>(
-                    p, {"FileSpecification", "TransactionSpecification", "LineaArchivo", "LineaTransaccion", "EnterCode", "SaveCode",
-                        "F5Code", "CreateCode", "ColumnName", "FileWidth", "ProgramCol", "DynproCol", "FieldCol", "Col2Name", "Otro1",
-                        "SourceName", "GenerateProgram", "FunctionalLabel", "TechnicalLabel", "DescriptionLabel", "NotesLabel",
-                        "Atencion", "Porcentaje", "ErroresExplicacion", "TablaZLabel", "ProgIDLabel", "IdentificadoresLabel",
-                        "IdentificadoresExplicacion", "then1", "ConnectionStatus", "LabelNamingConventions", "LabelGSprefix",
-                        "LabelGNprefix", "LabelGTprefix", "LabelLSprefix", "LabelLNprefix", "LabelLTprefix", "LabelGCprefix",
-                        "LabelPSprefix", "LabelPNprefix"}),
+    EXPECT_THAT(Faltan<QLabel>(p, {"FileSpecification",
+                                   "TransactionSpecification",
+                                   "LineaArchivo",
+                                   "LineaTransaccion",
+                                   "EnterCode",
+                                   "SaveCode",
+                                   "F5Code",
+                                   "CreateCode",
+                                   "ColumnName",
+                                   "FileWidth",
+                                   "ProgramCol",
+                                   "DynproCol",
+                                   "FieldCol",
+                                   "Col2Name",
+                                   "Otro1",
+                                   "SourceName",
+                                   "GenerateProgram",
+                                   "FunctionalLabel",
+                                   "TechnicalLabel",
+                                   "DescriptionLabel",
+                                   "NotesLabel",
+                                   "Atencion",
+                                   "Porcentaje",
+                                   "ErroresExplicacion",
+                                   "TablaZLabel",
+                                   "ProgIDLabel",
+                                   "IdentificadoresLabel",
+                                   "IdentificadoresExplicacion",
+                                   "then1",
+                                   "ConnectionStatus",
+                                   "LabelNamingConventions",
+                                   "LabelGSprefix",
+                                   "LabelGNprefix",
+                                   "LabelGTprefix",
+                                   "LabelLSprefix",
+                                   "LabelLNprefix",
+                                   "LabelLTprefix",
+                                   "LabelGCprefix",
+                                   "LabelPSprefix",
+                                   "LabelPNprefix"}),
                 IsEmpty());
     EXPECT_THAT(Faltan<QGroupBox>(p, {"SourceField", "TitulosFrame", "BDCFrame", "CTFrame", "FrameEdicion", "InputFrame",
-                                      "FrameClientSide", "FrameServerSide", "FrameNamingConventions", "FrameConexion", "FrameOnline",
-                                      "FrameImportarTransacciones", "FrameImportarAncho"}),
+                                      "FrameClientSide", "FrameServerSide", "FrameNamingConventions", "FrameConexion",
+                                      "FrameOnline", "FrameImportarTransacciones", "FrameImportarAncho"}),
                 IsEmpty());
-    EXPECT_THAT(Faltan<QWidget>(p, {"SSTab1", "SSTab2", "Description", "Notes", "HScroll1", "ModuleCombo", "PrioridadCombo"}), IsEmpty());
+    EXPECT_THAT(Faltan<QWidget>(p, {"SSTab1", "SSTab2", "Description", "Notes", "HScroll1", "ModuleCombo", "PrioridadCombo"}),
+                IsEmpty());
 }
 
 // Every word that the window shows, by control.
@@ -95,7 +147,8 @@ std::map<std::string, std::string> Palabras(const Principal& principal) {
     std::map<std::string, std::string> palabras;
     const auto poner = [&](const QObject* control, const QString& texto) {
         // Controls inside of controls, such as the arrows of the tabs, have no words.
-        if (!control->objectName().isEmpty() && (!texto.isEmpty() || control->parent() == &principal)) palabras[control->objectName().toStdString()] = texto.toStdString();
+        if (!control->objectName().isEmpty() && (!texto.isEmpty() || control->parent() == &principal))
+            palabras[control->objectName().toStdString()] = texto.toStdString();
     };
     for (const auto* const boton : principal.findChildren<QAbstractButton*>()) poner(boton, boton->text());
     for (const auto* const rotulo : principal.findChildren<QLabel*>()) poner(rotulo, rotulo->text());
@@ -103,7 +156,8 @@ std::map<std::string, std::string> Palabras(const Principal& principal) {
     for (const auto* const accion : principal.findChildren<QAction*>()) poner(accion, accion->text() + '/' + accion->toolTip());
     for (const auto* const menu : principal.findChildren<QMenu*>()) poner(menu, menu->title());
     for (const auto* const tabla : principal.findChildren<QTabWidget*>()) {
-        for (int i = 0; i < tabla->count(); ++i) palabras[tabla->objectName().toStdString() + char('0' + i)] = tabla->tabText(i).toStdString();
+        for (int i = 0; i < tabla->count(); ++i)
+            palabras[tabla->objectName().toStdString() + char('0' + i)] = tabla->tabText(i).toStdString();
     }
     return palabras;
 }
@@ -115,10 +169,19 @@ TEST(Principal, ChangesEveryWordWithTheLanguage) {
     p.principal->RefrescarIdioma();
     const auto espanol = Palabras(*p.principal);
     // The same in both: numbers, names of ABAP and of keys, and what has no text while there is no document or connection.
-    const std::set<std::string> iguales = {"LineaArchivo", "LineaTransaccion", "ExpandirCampo", "F5Code", "Porcentaje", "ConnectionStatus",
-                                           "DocumentoActual", "OptionEncodingDefault", "OptionEncodingNonUnicode", "DynproCol"};
+    const std::set<std::string> iguales = {"LineaArchivo",
+                                           "LineaTransaccion",
+                                           "ExpandirCampo",
+                                           "F5Code",
+                                           "Porcentaje",
+                                           "ConnectionStatus",
+                                           "DocumentoActual",
+                                           "OptionEncodingDefault",
+                                           "OptionEncodingNonUnicode",
+                                           "DynproCol"};
     for (const auto& [nombre, texto] : ingles) {
-        if (nombre.starts_with("ABAP_") || nombre.starts_with("_q_") || nombre.starts_with("qt_") || iguales.contains(nombre)) continue;
+        if (nombre.starts_with("ABAP_") || nombre.starts_with("_q_") || nombre.starts_with("qt_") || iguales.contains(nombre))
+            continue;
         EXPECT_NE(texto, espanol.at(nombre)) << nombre;
         EXPECT_NE(espanol.at(nombre), "") << nombre;
     }
@@ -190,10 +253,14 @@ TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
         bool habilitado;  // before the click
     };
     const Caso casos[] = {
-        {"CallTransaction", "CTFrame", false, true},           {"ErrorHandlingCheck", "TablaZ", false, true},
-        {"GeneracionManual", "NombreManual", true, false},     {"ProcesarParteOpt", "SpaceCode", true, false},
-        {"OneFileOption", "Identificadores", true, false},     {"OptionEncodingAdditional", "EncodingAdditional", true, false},
-        {"FileParameterCh", "AddF4", true, true},              {"ServidorOp", "ExaminarFuente", true, true},
+        {"CallTransaction", "CTFrame", false, true},
+        {"ErrorHandlingCheck", "TablaZ", false, true},
+        {"GeneracionManual", "NombreManual", true, false},
+        {"ProcesarParteOpt", "SpaceCode", true, false},
+        {"OneFileOption", "Identificadores", true, false},
+        {"OptionEncodingAdditional", "EncodingAdditional", true, false},
+        {"FileParameterCh", "AddF4", true, true},
+        {"ServidorOp", "ExaminarFuente", true, true},
         {"CheckActivateNamingConventions", "PNprefijo", false, true},
     };
     for (const auto& caso : casos) {
@@ -201,7 +268,8 @@ TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
         EXPECT_EQ(!control->isHidden(), caso.mostrado) << caso.boton;
         EXPECT_EQ(control->isEnabledTo(control->parentWidget()), caso.habilitado) << caso.boton;
         p.Control<QAbstractButton>(caso.boton)->click();
-        EXPECT_TRUE(control->isHidden() == caso.mostrado || control->isEnabledTo(control->parentWidget()) != caso.habilitado) << caso.boton;
+        EXPECT_TRUE(control->isHidden() == caso.mostrado || control->isEnabledTo(control->parentWidget()) != caso.habilitado)
+            << caso.boton;
     }
     EXPECT_EQ(p.Control<QLabel>("SourceName")->text().toStdString(), p.programa->textos.Texto(50));
 }
@@ -216,8 +284,22 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
     };
     const auto bapi = [](Editor& e) { e.especificacion.TablaTransaccion[0] = {"BAPI", "BAPI_X", "", "", ""}; };
     const Caso casos[] = {
-        {[](Editor& e) { e.opciones.ErrorHandlingCheck = e.opciones.CallTransaction = 1; e.opciones.ProgID.clear(); }, {402}, "ProgID", 1, 0},
-        {[&](Editor& e) { bapi(e); e.opciones.FileParameterCh = 0; }, {304}, "ArchivoFuente", 0, 0},
+        {[](Editor& e) {
+             e.opciones.ErrorHandlingCheck = e.opciones.CallTransaction = 1;
+             e.opciones.ProgID.clear();
+         },
+         {402},
+         "ProgID",
+         1,
+         0},
+        {[&](Editor& e) {
+             bapi(e);
+             e.opciones.FileParameterCh = 0;
+         },
+         {304},
+         "ArchivoFuente",
+         0,
+         0},
         {[&](Editor& e) { bapi(e); }, {301}, "Programa", 2, 0},
         {[&](Editor& e) {
              bapi(e);
@@ -227,10 +309,20 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
              e.especificacion.TablaTransaccion[1] = {"SAPMV45A", "0101", "", "", ""};
              e.especificacion.TablaTransaccion[2] = {"", "", "F(1)", "'1'", "!1 1!2!31!4!51!6!7"};
          },
-         {380}, "Identificadores", 1, 1},
-        {[&](Editor& e) { bapi(e); for (int r = 1; r < 30; ++r) e.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
-                          e.especificacion.TablaTransaccion[25][3] = "X"; e.especificacion.VariablesGlobales = "DATA: F LIKE A-B."; },
-         {308}, "Text5_0", 0, 0},
+         {380},
+         "Identificadores",
+         1,
+         1},
+        {[&](Editor& e) {
+             bapi(e);
+             for (int r = 1; r < 30; ++r) e.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
+             e.especificacion.TablaTransaccion[25][3] = "X";
+             e.especificacion.VariablesGlobales = "DATA: F LIKE A-B.";
+         },
+         {308},
+         "Text5_0",
+         0,
+         0},
     };
     for (const auto& caso : casos) {
         ProgramaDePrueba p;
@@ -247,14 +339,15 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
 
 TEST(Principal, WheelAndScrollBarMoveTheGrids) {
     ProgramaDePrueba p;
-    const auto rueda = [&](const char* celda, int delta) {
-        QWheelEvent evento(QPointF(3, 3), QPointF(3, 3), {}, QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(p.Control(celda), &evento);
+    const auto rueda = [&](const char* marco, int delta) {
+        QWheelEvent evento(QPointF(3, 3), QPointF(3, 3), {}, QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                           false);
+        QApplication::sendEvent(p.Control(marco), &evento);
     };
-    rueda("Text2_4", -120);
+    rueda("RejillaArchivo", -120);
     EXPECT_EQ(p.ElEditor().archivo.PrimeraFilaArchivo, 3);
     EXPECT_EQ(p.Control<QScrollBar>("BarraArchivo")->value(), 3);
-    for (int i = 0; i < 4; ++i) rueda("Text5_4", -30);
+    for (int i = 0; i < 4; ++i) rueda("RejillaTransaccion", -30);
     EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, 3);
     p.Control<QScrollBar>("BarraTransaccion")->setValue(5000);
     EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, ultimaPrimeraFilaTransaccion);

@@ -24,11 +24,19 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // Two transactions, the first with a table control, as rows of the tables.
-const std::initializer_list<std::string_view> filasDePrograma = {
-    "TRANS|VA01",           "SAPMV45A|0101",        "||VBAK-AUART|AUART",        "||BDC_OKCODE|'/00'",  "SAPMV45A|4001",
-    "||VBKD-BSTKD|BSTKD",   "||RV45A-MABNR(1)|MATNR|!1 1!2items.txt!31!4!51!6!7,BSTKD",
-    "||RV45A-KWMENG(1)|KWMENG", "||BDC_OKCODE|'/11'", "TRANS|VA02",             "SAPMV45A|0102",
-    "||VBAK-VBELN|VBELN",   "||BDC_OKCODE|'/11'"};
+const std::initializer_list<std::string_view> filasDePrograma = {"TRANS|VA01",
+                                                                 "SAPMV45A|0101",
+                                                                 "||VBAK-AUART|AUART",
+                                                                 "||BDC_OKCODE|'/00'",
+                                                                 "SAPMV45A|4001",
+                                                                 "||VBKD-BSTKD|BSTKD",
+                                                                 "||RV45A-MABNR(1)|MATNR|!1 1!2items.txt!31!4!51!6!7,BSTKD",
+                                                                 "||RV45A-KWMENG(1)|KWMENG",
+                                                                 "||BDC_OKCODE|'/11'",
+                                                                 "TRANS|VA02",
+                                                                 "SAPMV45A|0102",
+                                                                 "||VBAK-VBELN|VBELN",
+                                                                 "||BDC_OKCODE|'/11'"};
 const std::initializer_list<std::string_view> filasDeArchivo = {"AUART|4", "BSTKD|20", "MATNR|18", "KWMENG|13", "VBELN|10"};
 
 // Brings a row of the program side under the cursor with the keys of the grid.
@@ -58,7 +66,8 @@ void MarcarStepLoop(ProgramaDePrueba& p) {
     while (p.ElEditor().transaccion.PrimeraFilaTransaccion > 0) ProgramaDePrueba::Pulsar(Qt::Key_Up);
     p.Enfocar("Text4_6");
     const auto dobleClic = [&] {
-        QMouseEvent evento(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent evento(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
+                           Qt::NoModifier);
         QApplication::sendEvent(p.Control("Text4_6"), &evento);
     };
     ProgramaDePrueba::ConDialogo(dobleClic, [](QDialog& notas) {
@@ -119,8 +128,8 @@ TEST(Principal, KeysOfTheGrids) {
         const char* hasta;
     };
     const Caso casos[] = {
-        {"Text1_0", Qt::Key_Right, "Text2_0"},   {"Text2_0", Qt::Key_Right, "Text1_1"}, {"Text2_3", Qt::Key_Up, "Text2_2"},
-        {"Text6_0", Qt::Key_Left, "Text5_0"},    {"Text3_1", Qt::Key_Left, "Text6_1"},  {"Text5_2", Qt::Key_Right, "Text6_3"},
+        {"Text1_0", Qt::Key_Right, "Text2_0"},     {"Text2_0", Qt::Key_Right, "Text1_1"}, {"Text2_3", Qt::Key_Up, "Text2_2"},
+        {"Text6_0", Qt::Key_Left, "Text5_0"},      {"Text3_1", Qt::Key_Left, "Text6_1"},  {"Text5_2", Qt::Key_Right, "Text6_3"},
         {"Text4_0", Qt::Key_PageDown, "Text4_10"},
     };
     for (const auto& caso : casos) {
@@ -180,6 +189,8 @@ TEST(Principal, DropsOntoAValue) {
     p.ElEditor().vista.MostrarFila(Tabla::Transaccion, 0);
     const auto soltar = [&](const char* celda, QMimeData* datos) {
         const std::unique_ptr<QMimeData> dueno(datos);
+        QDragEnterEvent entrada(QPoint(3, 3), Qt::CopyAction, datos, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.Control(celda), &entrada);
         QDropEvent evento(QPointF(3, 3), Qt::CopyAction, datos, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(p.Control(celda), &evento);
     };

@@ -73,6 +73,7 @@ TEST_F(Papel, NothingRunsOffThePaper) {
         const auto impresora = Nuevo(tamano);
         DispositivoQueAnota d(*impresora);
         ASSERT_TRUE(d.Abierto());
+        d.AlAcabarLaPagina([&](Dispositivo& este) { PasarPagina(este, prueba.textos); });
         ConfigurarImpresora(d);
         LineaSeparadora(d, 90);
         for (int n = 0; n < 150; ++n) {

@@ -1,0 +1,74 @@
+#include "app/FormDirectorios.h"
+
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "base/code_page.h"
+#include "base/paths.h"
+#include "base/qt/text.h"
+#include "base/qt/text_boxes.h"
+#include "base/text.h"
+
+namespace qor {
+
+namespace {
+
+// A box that is left blank keeps what the setting was.
+void Tomar(std::string& ajuste, const CajaDeLinea* caja) {
+    const std::string nuevo(Recortar(caja->Texto()));
+    if (!nuevo.empty()) ajuste = nuevo;
+}
+
+}  // namespace
+
+FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, AjustesDelPrograma& ajustes, QWidget* padre)
+    : Dialogo(textos, "FormDirectorios", padre), vista_(vista), ajustes_(ajustes) {
+    setWindowTitle(Literal("Directories and files"));
+    auto* const rejilla = new QGridLayout;
+    documentos_ = NuevaFila(rejilla, 0, "Directory of the documents:", "DirectorioDocumentos", ajustes.DirectorioDocumentos, true);
+    anchos_ = NuevaFila(rejilla, 1, "File of the field widths:", "ArchivoAnchos", ajustes.ArchivoAnchos, false);
+    catalogo_ = NuevaFila(rejilla, 2, "BAPI catalogue:", "ArchivoBAPI", ajustes.ArchivoBAPI, false);
+    rejilla->setColumnStretch(1, 1);
+    auto* const aceptar = NuevoBoton("OK", Literal("OK"));
+    aceptar->setDefault(true);
+    auto* const cancelar = NuevoBoton("Cancel", Rotulo(187));
+    connect(aceptar, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancelar, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const orden = new QVBoxLayout(this);
+    orden->addLayout(rejilla);
+    orden->addStretch();
+    orden->addLayout(FilaDeBotones({aceptar, cancelar}));
+    PonerTamano(90, 8);
+}
+
+CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char* rotulo, const char* nombre,
+                                        const std::string& valor, bool directorio) {
+    auto* const caja = new CajaDeLinea(this);
+    caja->setObjectName(QString::fromLatin1(nombre));
+    caja->PonerTexto(valor);
+    auto* const examinar = NuevoBoton((std::string("Examinar") + nombre).c_str(), Rotulo(80));
+    connect(examinar, &QPushButton::clicked, this, [this, caja, directorio] {
+        if (directorio) {
+            const QString elegido = QFileDialog::getExistingDirectory(this, {}, caja->text());
+            if (const auto texto = DesdeUtf8(elegido.toStdString()); texto && !texto->empty()) caja->PonerTexto(*texto);
+        } else if (const auto ruta = vista_.ElegirParaAbrir(DirectorioDeRuta(caja->Texto()), "*.*|*")) {
+            caja->PonerTexto(*ruta);
+        }
+    });
+    orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Literal(rotulo), caja), fila, 0);
+    orden->addWidget(caja, fila, 1);
+    orden->addWidget(examinar, fila, 2);
+    return caja;
+}
+
+void FormDirectorios::accept() {
+    Tomar(ajustes_.DirectorioDocumentos, documentos_);
+    Tomar(ajustes_.ArchivoAnchos, anchos_);
+    Tomar(ajustes_.ArchivoBAPI, catalogo_);
+    Dialogo::accept();
+}
+
+}  // namespace qor

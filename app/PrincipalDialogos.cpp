@@ -1,0 +1,150 @@
+#include <QApplication>
+#include <utility>
+
+#include "app/FormAbout.h"
+#include "app/FormDirectorios.h"
+#include "app/FormLenguaje.h"
+#include "app/FormSelectLanguage.h"
+#include "app/Principal.h"
+#include "bapi/FormBAPI.h"
+#include "bapi/FormTrans.h"
+#include "base/paths.h"
+#include "base/qt/text.h"
+#include "dataset/FormBDCEditor.h"
+#include "editor/FormABAPWindow.h"
+#include "editor/FormConditions.h"
+#include "editor/FormDataSource.h"
+#include "editor/FormNotas.h"
+#include "editor/FormNuevasVariables.h"
+#include "editor/add_operation.h"
+#include "editor/data_source.h"
+#include "editor/grids.h"
+#include "generator/generate.h"
+#include "print/FormPreview.h"
+#include "print/FormPrinters.h"
+#include "print/specification_print.h"
+
+// What the main form opens: the generator, the printer and the dialogs.
+namespace qor {
+
+AbrirAyuda Principal::Ayuda() {
+    return [this](int mensaje, QWidget* ventana) { MostrarAyuda(mensaje, ventana); };
+}
+
+PedidoDeGeneracion Principal::Pedido() {
+    return {editor_.especificacion,
+            editor_.opciones,
+            programa_.ajustes.preferencias,
+            programa_.textos,
+            *vista_,
+            editor_.RutaDocumento,
+            editor_.NombreDocumento,
+            conexion_->Sistema()};
+}
+
+void Principal::ClicGenerar() { Generar(Pedido(), programa_.generador); }
+
+void Principal::ClicImprimir() {
+    ImpresionEnPapel papel(programa_.textos, *vista_, this);
+    PrintOption(Pedido(), [&] { return papel.Elegir(); });
+}
+
+void Principal::ClicNotas(FilaDeTabla fila) {
+    FormNotas(editor_, fila, Ayuda(), this).exec();
+    ColorearFila(editor_, fila);
+}
+
+void Principal::ClicCodigo(int fila) {
+    FormABAPWindow(editor_, fila, programa_.directorioDeDatos, Ayuda(), this).exec();
+    ColorearFila(editor_, {Tabla::Archivo, fila});
+}
+
+void Principal::ClicCondiciones() { FormConditions(editor_, Ayuda(), this).exec(); }
+
+void Principal::ClicDefiniciones() {
+    FormNuevasVariables(
+        editor_, [this](QWidget* ventana) { NavegarBAPIs(ventana, true, -1); }, Ayuda(), this)
+        .exec();
+}
+
+void Principal::ClicOrigen() {
+    auto estado = AbrirOrigen(editor_, programa_.ajustes.preferencias);
+    if (!estado) return;
+    FormDataSource(
+        editor_, programa_.ajustes.preferencias, std::move(*estado),
+        [this](const std::string& texto, QWidget* ventana) { MostrarEstructuras(texto, ventana); }, Ayuda(), this)
+        .exec();
+}
+
+void Principal::ClicPreview() {
+    const std::string texto = TextoDePreview(editor_, programa_.ajustes.preferencias);
+    if (!texto.empty()) MostrarEstructuras(texto, this);
+}
+
+void Principal::MostrarEstructuras(const std::string& texto, QWidget* ventana) {
+    FormPreview(programa_.textos, *vista_, texto, Ayuda(), ventana).exec();
+}
+
+void Principal::ClicAgregarOperacion() {
+    AgregarOperacion(editor_, [this](int fila) {
+        FormTrans dialogo(
+            programa_.textos, [this, fila](QWidget* ventana) { NavegarBAPIs(ventana, false, fila); }, this);
+        dialogo.exec();
+        return dialogo.OperacionElegida();
+    });
+}
+
+// An update of the catalogue is written beside the settings, where the user may write.
+void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
+    EntornoDeBAPI entorno{.ArchivoBAPI = programa_.ajustes.ArchivoBAPI,
+                          .directorio = RutaDelModelo(programa_.rutaDeAjustes.parent_path()),
+                          .sesion = conexion_->Sesion(),
+                          .SoloDefinicion = soloDefinicion,
+                          .FilaInsercion = fila,
+                          .imprimir = [this](const std::string& nombre, const std::string& documentacion, QWidget* padre) {
+                              ImpresionEnPapel papel(programa_.textos, *vista_, padre);
+                              if (Dispositivo* const dispositivo = papel.Elegir()) {
+                                  ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
+                              }
+                          }};
+    FormBAPI(editor_, std::move(entorno), ventana).exec();
+}
+
+void Principal::ClicEditorBDC() { FormBDCEditor(programa_.textos, *vista_, editor_.DirectorioDocumentos, Ayuda(), this).exec(); }
+
+void Principal::ClicDirectorios() {
+    programa_.ajustes.DirectorioDocumentos = editor_.DirectorioDocumentos;
+    FormDirectorios dialogo(programa_.textos, *vista_, programa_.ajustes, this);
+    if (dialogo.exec() == QDialog::Accepted) editor_.DirectorioDocumentos = programa_.ajustes.DirectorioDocumentos;
+}
+
+// ---- Language and opening box ----
+
+void Principal::CargarIdioma(std::string_view nombre) {
+    switch (ElegirIdioma(programa_, nombre)) {
+        case ResultadoIdioma::SinArchivo:
+            vista_->Advertir(MensajeLiteral(avisoSinIdioma));
+            TerminarCon(1);
+            return;
+        case ResultadoIdioma::Fallo: vista_->Advertir(MensajeLiteral(avisoFalloIdioma)); break;
+        case ResultadoIdioma::Bien: break;
+    }
+    RefrescarIdioma();
+}
+
+void Principal::ClicSeleccionarIdioma() {
+    FormLenguaje dialogo(programa_.textos, *vista_, programa_.directorioDeDatos / "language.txt", programa_.ajustes.IdiomaActual,
+                         this);
+    dialogo.exec();
+    if (const std::string elegido = dialogo.IdiomaElegido(); !elegido.empty()) CargarIdioma(elegido);
+}
+
+void Principal::PreguntarIdioma() {
+    FormSelectLanguage dialogo(programa_.textos, this);
+    dialogo.exec();
+    CargarIdioma(dialogo.Idioma());
+}
+
+void Principal::MostrarPresentacion() { FormAbout(programa_.textos, QApplication::applicationVersion(), this).exec(); }
+
+}  // namespace qor

@@ -1,0 +1,275 @@
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTranslator>
+
+#include "app/Principal.h"
+#include "app/qt/help_window.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "base/text.h"
+#include "editor/document_commands.h"
+
+// Every word that the main form shows, by number of the language table, or by its English text where it has no number.
+namespace qor {
+
+namespace {
+
+struct Rotulo {
+    const char* control;
+    int numero;
+};
+
+constexpr Rotulo rotulos[] = {
+    {"OtherSource", 10},
+    {"Otro1", 11},
+    {"Otro2", 12},
+    {"FileOption", 13},
+    {"NewOption", 14},
+    {"OpenOption", 15},
+    {"SaveOption", 16},
+    {"SaveAsOption", 17},
+    {"PrintOption", 18},
+    {"ExitOption", 19},
+    {"HelpOption", 20},
+    {"Contenido", 21},
+    {"AboutOption", 23},
+    {"LangOption", 24},
+    {"LengSeleccionar", 155},
+    {"Generar", 26},
+    {"FileSpecification", 27},
+    {"TransactionSpecification", 28},
+    {"EnterCode", 29},
+    {"SaveCode", 30},
+    {"F5Code", 31},
+    {"CreateCode", 25},
+    {"ColumnName", 32},
+    {"FileWidth", 33},
+    {"ProgramCol", 34},
+    {"DynproCol", 35},
+    {"FieldCol", 36},
+    {"Col2Name", 37},
+    {"SourceField", 39},
+    {"ServidorOp", 40},
+    {"ClienteOp", 41},
+    {"TablaCh", 42},
+    {"CallTransaction", 43},
+    {"AddF4", 204},
+    {"ModeAsParameter", 220},
+    {"GenerateProgram", 44},
+    {"FunctionalLabel", 52},
+    {"TechnicalLabel", 53},
+    {"DescriptionLabel", 54},
+    {"NotesLabel", 55},
+    {"TitulosFrame", 60},
+    {"DiaCheck", 61},
+    {"QORCheck", 62},
+    {"ArchivosCheck", 63},
+    {"TCodeCheck", 64},
+    {"StatusCheck", 65},
+    {"BDCFrame", 66},
+    {"GeneracionAutomatica", 67},
+    {"GeneracionManual", 68},
+    {"CamposLabel", 69},
+    {"ProcesarTodoOpt", 70},
+    {"ProcesarParteOpt", 71},
+    {"SpaceCodeLabel", 72},
+    {"CTFrame", 73},
+    {"ModuleLabel", 74},
+    {"PrioridadLabel", 75},
+    {"AvanceLabel", 76},
+    {"StatusLabel", 77},
+    {"Atencion", 78},
+    {"FrameImportarTransacciones", 79},
+    {"ImportTrans", 81},
+    {"FileParameterCh", 82},
+    {"FrameImportarAncho", 83},
+    {"GenerarInfoCampos", 84},
+    {"ImportInfo", 85},
+    {"ExaminarFuente", 80},
+    {"ExaminarPrograma", 80},
+    {"ExaminarReporte", 80},
+    {"FrameEdicion", 86},
+    {"Autofill", 87},
+    {"RemoveBlankOption", 88},
+    {"ButtonAddOperation", 113},
+    {"Conditions", 89},
+    {"AnchoFijo", 90},
+    {"DelimTab", 91},
+    {"AOption", 157},
+    {"NOption", 158},
+    {"EOption", 159},
+    {"RunBDCEditor", 160},
+    {"InputFrame", 165},
+    {"MultipleFilesOption", 166},
+    {"OneFileOption", 167},
+    {"IdentificadoresLabel", 168},
+    {"IdentificadoresExplicacion", 169},
+    {"ErrorHandlingCheck", 178},
+    {"ErroresExplicacion", 179},
+    {"TablaZLabel", 180},
+    {"SafeCallTransactionCheck", 181},
+    {"CheckLogon", 243},
+    {"CheckSHDB", 244},
+    {"CheckLogonErrors", 247},
+    {"Directorios", 182},
+    {"then1", 185},
+    {"CommitCheck", 190},
+    {"ProgIDLabel", 199},
+    {"ScreenCam", 200},
+    {"Connection", 222},
+    {"FrameConexion", 222},
+    {"FrameOnline", 223},
+    {"ButtonOnlineSHDB", 224},
+    {"ButtonOnlineSM35", 225},
+    {"ButtonOnlineAnchos", 226},
+    {"ButtonOnlinePublish", 227},
+    {"ButtonOnlinePublishLocal", 228},
+    {"FrameClientSide", 238},
+    {"OptionWS_UPLOAD", 239},
+    {"OptionGUI_UPLOAD", 240},
+    {"FrameServerSide", 248},
+    {"FrameNamingConventions", 249},
+    {"CheckActivateNamingConventions", 250},
+    {"LabelNamingConventions", 251},
+};
+
+constexpr Rotulo consejos[] = {
+    {"NewDef", 1},   {"NewButton", 2},  {"OpenButton", 3}, {"SaveButton", 4},    {"PrintButton", 5},
+    {"UpButton", 6}, {"DownButton", 7}, {"UndoButton", 8}, {"PreviewButton", 9}, {"ButtonAddOperation", 194},
+};
+
+struct RotuloLiteral {
+    const char* control;
+    const char* ingles;
+};
+
+constexpr RotuloLiteral literales[] = {
+    {"EditOption", "&Edit"},
+    {"UndoOption", "&Undo"},
+    {"UpOption", "Move the field &up"},
+    {"DownOption", "Move the field &down"},
+    {"InsertOption", "&Insert a row"},
+    {"DeleteOption", "Delete the &row"},
+    {"NoteOption", "N&ote..."},
+    {"CodeOption", "Conversion &code..."},
+    {"DefinitionsOption", "&Variables and definitions..."},
+    {"PreviewOption", "&Preview of the structures..."},
+    {"FindOption", "&Find..."},
+    {"Logon", "Log &on..."},
+    {"Logoff", "Log o&ff"},
+    {"ButtonLogon", "Log &on..."},
+    {"ButtonLogoff", "Log o&ff"},
+    {"LineaArchivoLabel", "Row"},
+    {"LineaTransaccionLabel", "Row"},
+    {"ArrastreLabel", "Drag onto a value:"},
+    {"FrameContabilizacion", "Posting"},
+    {"FrameErrores", "Error handling"},
+    {"OptionEncodingNone", "No addition"},
+    {"OptionEncodingAdditional", "Other addition:"},
+    {"LabelGSprefix", "Global variables:"},
+    {"LabelGNprefix", "Global numbers:"},
+    {"LabelGTprefix", "Global internal tables:"},
+    {"LabelLSprefix", "Local variables and parameters:"},
+    {"LabelLNprefix", "Local numbers:"},
+    {"LabelLTprefix", "Local internal tables:"},
+    {"LabelGCprefix", "Global constants:"},
+    {"LabelPSprefix", "Parameters of the selection screen:"},
+    {"LabelPNprefix", "Numeric parameters of the selection screen:"},
+};
+
+constexpr RotuloLiteral consejosLiterales[] = {
+    {"ExpandirCampo", "Give the field column more room, or take it back"},
+    {"LineaArchivo", "Double-click: back to the first row"},
+    {"LineaTransaccion", "Double-click: back to the first row"},
+    {"EnterCode", "Drag onto the value of a row to make it an OK code"},
+    {"SaveCode", "Drag onto the value of a row to make it an OK code"},
+    {"F5Code", "Drag onto the value of a row to make it an OK code"},
+    {"CreateCode", "Drag onto the value of a row to make it an OK code"},
+};
+
+// Numbers of the titles of the tabs.
+constexpr std::array titulosSSTab1 = {56, 59, 58, 57};
+constexpr std::array titulosSSTab2 = {177, 236, 237};
+
+void PonerRotulo(QObject* control, const QString& texto) {
+    if (auto* const boton = qobject_cast<QAbstractButton*>(control)) return boton->setText(texto);
+    if (auto* const rotulo = qobject_cast<QLabel*>(control)) return rotulo->setText(texto);
+    if (auto* const grupo = qobject_cast<QGroupBox*>(control)) return grupo->setTitle(texto);
+    if (auto* const menu = qobject_cast<QMenu*>(control)) return menu->setTitle(texto);
+    if (auto* const accion = qobject_cast<QAction*>(control)) accion->setText(texto);
+}
+
+// The toolkit's own words, in the menus of text boxes and in file dialogs.
+void CambiarIdiomaDeQt(bool espanol) {
+    static QTranslator traductor;
+    QCoreApplication::removeTranslator(&traductor);
+    if (espanol && traductor.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(&traductor);
+    }
+}
+
+}  // namespace
+
+void Principal::AplicarRotulos() {
+    for (const auto& rotulo : rotulos)
+        PonerRotulo(controles_.value(rotulo.control), TextoQt(programa_.textos.Texto(rotulo.numero)));
+    for (const auto& consejo : consejos) {
+        const QString texto = TextoQt(programa_.textos.Texto(consejo.numero));
+        auto* const control = qobject_cast<QWidget*>(controles_.value(consejo.control));
+        if (auto* const boton = qobject_cast<QToolButton*>(control); boton != nullptr && boton->defaultAction() != nullptr) {
+            boton->defaultAction()->setToolTip(texto);
+        } else {
+            control->setToolTip(texto);
+        }
+    }
+    for (std::size_t i = 0; i < titulosSSTab1.size(); ++i) {
+        SSTab1_->setTabText(static_cast<int>(i), TextoQt(programa_.textos.Texto(titulosSSTab1[i])));
+    }
+    for (std::size_t i = 0; i < titulosSSTab2.size(); ++i) {
+        SSTab2_->setTabText(static_cast<int>(i), TextoQt(programa_.textos.Texto(titulosSSTab2[i])));
+    }
+}
+
+void Principal::AplicarPalabras() {
+    const TextosIdioma& textos = programa_.textos;
+    for (const auto& rotulo : literales) PonerRotulo(controles_.value(rotulo.control), Palabra(textos, rotulo.ingles));
+    for (const auto& consejo : consejosLiterales) {
+        qobject_cast<QWidget*>(controles_.value(consejo.control))->setToolTip(Palabra(textos, consejo.ingles));
+    }
+    // Words of ABAP are the same in every language.
+    PonerRotulo(controles_.value("OptionEncodingDefault"), QStringLiteral("ENCODING DEFAULT"));
+    PonerRotulo(controles_.value("OptionEncodingNonUnicode"), QStringLiteral("ENCODING NON-UNICODE"));
+    for (auto* const codigo : ABAP_) {
+        codigo->setText(TextoQt(textos.Texto(38)));
+        codigo->setToolTip(Palabra(textos, "Conversion code of the field"));
+    }
+    qobject_cast<QLineEdit*>(controles_.value("TextoBuscado"))->setPlaceholderText(Palabra(textos, "Text to find"));
+    qobject_cast<QToolBar*>(controles_.value("BarraDeBotones"))->setWindowTitle(Palabra(textos, "Tools"));
+    auto* const prioridad = qobject_cast<QComboBox*>(controles_.value("PrioridadCombo"));
+    prioridad->clear();
+    for (const char* const palabra : {"High", "Medium", "Low"}) prioridad->addItem(Palabra(textos, palabra));
+    prioridad->setCurrentIndex(-1);
+}
+
+void Principal::RefrescarIdioma() {
+    const bool antes = sincronizando_;
+    sincronizando_ = true;
+    CambiarIdiomaDeQt(IgualesSinCaja(programa_.textos.Texto(0), "Espanol"));
+    AplicarRotulos();
+    AplicarPalabras();
+    sincronizando_ = antes;
+    if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
+    Sincronizar();
+}
+
+}  // namespace qor

@@ -1,0 +1,186 @@
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "app/Principal.h"
+#include "app/qt/theme_icon.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "editor/cell_rules.h"
+#include "editor/close_gaps.h"
+#include "editor/document_commands.h"
+#include "editor/grids.h"
+#include "editor/undo_command.h"
+
+// The menus and the tool bar of the main form.
+namespace qor {
+
+namespace {
+
+constexpr int paginaDeContenido = 714;
+
+// Where the example documents lie: beside the installed data, or in the source tree. Empty when they are not there.
+QString DirectorioDeEjemplos(const std::filesystem::path& datos) {
+    for (const auto& ruta : {datos.parent_path() / "doc/qor-generator/examples", datos.parent_path() / "examples"}) {
+        const QString directorio = QString::fromStdString(ruta.string());
+        if (QDir(directorio).exists()) return directorio;
+    }
+    return {};
+}
+
+}  // namespace
+
+QAction* Principal::NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion) {
+    auto* const nueva = Nuevo<QAction>(nombre, this);
+    if (menu != nullptr) menu->addAction(nueva);
+    connect(nueva, &QAction::triggered, this, [this, accion] { Hacer(accion); });
+    return nueva;
+}
+
+CeldaDeRejilla* Principal::CeldaActual() const { return qobject_cast<CeldaDeRejilla*>(focusWidget()); }
+
+void Principal::PulsarEnCelda(Tecla tecla) {
+    if (auto* const celda = CeldaActual()) emit celda->Pulsada(tecla);
+}
+
+void Principal::CrearMenus() {
+    const auto nuevoMenu = [this](const char* nombre) {
+        auto* const menu = Nuevo<QMenu>(nombre, this);
+        menuBar()->addMenu(menu);
+        return menu;
+    };
+    QMenu* const archivo = nuevoMenu("FileOption");
+    auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(editor_); });
+    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { OpenOption(editor_); });
+    auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(editor_); });
+    auto* const grabarComo = NuevaAccion("SaveAsOption", archivo, [this] { SaveAsOption(editor_); });
+    archivo->addSeparator();
+    auto* const imprimir = NuevaAccion("PrintOption", archivo, [this] { ClicImprimir(); });
+    archivo->addSeparator();
+    NuevaAccion("Directorios", archivo, [this] { ClicDirectorios(); });
+    archivo->addSeparator();
+    auto* const salir = Nuevo<QAction>("ExitOption", this);
+    archivo->addAction(salir);
+    connect(salir, &QAction::triggered, this, &QWidget::close);
+    nuevo->setShortcut(QKeySequence::New);
+    abrir->setShortcut(QKeySequence::Open);
+    grabar->setShortcut(QKeySequence::Save);
+    grabarComo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    imprimir->setShortcut(QKeySequence::Print);
+    salir->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    nuevo->setIcon(IconoDeTema("new"));
+    abrir->setIcon(IconoDeTema("open"));
+    grabar->setIcon(IconoDeTema("save"));
+    imprimir->setIcon(IconoDeTema("print"));
+
+    QMenu* const edicion = nuevoMenu("EditOption");
+    auto* const deshacer = NuevaAccion("UndoOption", edicion, [this] { Deshacer(editor_); });
+    edicion->addSeparator();
+    auto* const subir = NuevaAccion("UpOption", edicion, [this] { UpButton(editor_); });
+    auto* const bajar = NuevaAccion("DownOption", edicion, [this] { DownButton(editor_); });
+    auto* const insertar = NuevaAccion("InsertOption", edicion, [this] { PulsarEnCelda(Tecla::F5); });
+    auto* const borrar = NuevaAccion("DeleteOption", edicion, [this] { PulsarEnCelda(Tecla::F6); });
+    NuevaAccion("RemoveBlankOption", edicion, [this] { QuitarFilasEnBlanco(editor_); });
+    edicion->addSeparator();
+    auto* const nota = NuevaAccion("NoteOption", edicion, [this] {
+        auto* const celda = CeldaActual();
+        if (celda == nullptr) return;
+        const bool deArchivo = TablaDe(celda->Lugar().columna) == Tabla::Archivo;
+        const LugarDeCelda lugar{deArchivo ? Columna::Text2 : Columna::Text4, celda->Lugar().linea};
+        if (const auto fila = DobleClicEnCelda(editor_, lugar)) ClicNotas(*fila);
+    });
+    auto* const codigo = NuevaAccion("CodeOption", edicion, [this] {
+        auto* const celda = CeldaActual();
+        if (celda == nullptr || TablaDe(celda->Lugar().columna) != Tabla::Archivo) return;
+        if (const auto fila = ClicEnABAP(editor_, celda->Lugar().linea)) ClicCodigo(*fila);
+    });
+    edicion->addSeparator();
+    auto* const definiciones = NuevaAccion("DefinitionsOption", edicion, [this] { ClicDefiniciones(); });
+    auto* const estructuras = NuevaAccion("PreviewOption", edicion, [this] { ClicPreview(); });
+    edicion->addSeparator();
+    auto* const buscar = NuevaAccion("FindOption", edicion, [this] { EnfocarControl("TextoBuscado"); });
+    deshacer->setShortcut(QKeySequence::Undo);
+    subir->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Up));
+    bajar->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Down));
+    // The cells take these keys themselves; here they are shown.
+    insertar->setShortcut(QKeySequence(Qt::Key_F5));
+    borrar->setShortcut(QKeySequence(Qt::Key_F6));
+    nota->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_T));
+    codigo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    buscar->setShortcut(QKeySequence::Find);
+    auto* const repetir = new QShortcut(QKeySequence(Qt::Key_F3), this);
+    connect(repetir, &QShortcut::activated, this, [this] { RepetirBusqueda(); });
+    deshacer->setIcon(IconoDeTema("undo"));
+    subir->setIcon(IconoDeTema("up"));
+    bajar->setIcon(IconoDeTema("down"));
+    definiciones->setIcon(IconoDeTema("definitions"));
+    estructuras->setIcon(IconoDeTema("preview"));
+    buscar->setIcon(IconoDeTema("find"));
+
+    QMenu* const conexion = nuevoMenu("Connection");
+    NuevaAccion("Logon", conexion, [this] { conexion_->Logon(); });
+    NuevaAccion("Logoff", conexion, [this] { conexion_->Logoff(); });
+
+    QMenu* const idioma = nuevoMenu("LangOption");
+    NuevaAccion("LengSeleccionar", idioma, [this] { ClicSeleccionarIdioma(); });
+
+    QMenu* const ayuda = nuevoMenu("HelpOption");
+    NuevaAccion("Contenido", ayuda, [this] { MostrarAyuda(paginaDeContenido); })->setIcon(IconoDeTema("contents"));
+    auto* const ejemplos = NuevaAccion("ScreenCam", ayuda, [this] { AbrirEjemplo(); });
+    ejemplos->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).isEmpty());
+    ayuda->addSeparator();
+    NuevaAccion("AboutOption", ayuda, [this] { MostrarPresentacion(); });
+}
+
+// Demonstrations are the examples that come with the program, opened like any document.
+void Principal::AbrirEjemplo() {
+    const std::string antes = editor_.DirectorioDocumentos;
+    editor_.DirectorioDocumentos = TextoDelModelo(DirectorioDeEjemplos(programa_.directorioDeDatos));
+    OpenOption(editor_);
+    editor_.DirectorioDocumentos = antes;
+}
+
+void Principal::CrearBarra() {
+    auto* const barra = new QToolBar(this);
+    barra->setObjectName(QStringLiteral("BarraDeBotones"));
+    controles_.insert("BarraDeBotones", barra);
+    barra->setMovable(false);
+    barra->setContextMenuPolicy(Qt::PreventContextMenu);
+    addToolBar(barra);
+    struct Boton {
+        const char* nombre;  // null for a separator
+        const char* accion;
+    };
+    for (const auto& boton : {Boton{"NewButton", "NewOption"}, Boton{"OpenButton", "OpenOption"}, Boton{"SaveButton", "SaveOption"},
+                              Boton{"PrintButton", "PrintOption"}, Boton{nullptr, nullptr}, Boton{"UndoButton", "UndoOption"},
+                              Boton{"UpButton", "UpOption"}, Boton{"DownButton", "DownOption"}, Boton{nullptr, nullptr},
+                              Boton{"NewDef", "DefinitionsOption"}, Boton{"PreviewButton", "PreviewOption"}}) {
+        if (boton.nombre == nullptr) {
+            barra->addSeparator();
+            continue;
+        }
+        auto* const accion = qobject_cast<QAction*>(controles_.value(boton.accion));
+        barra->addAction(accion);
+        QWidget* const control = barra->widgetForAction(accion);
+        control->setObjectName(QString::fromLatin1(boton.nombre));
+        control->setFocusPolicy(Qt::NoFocus);
+        controles_.insert(boton.nombre, control);
+    }
+    sincronias_.emplace_back([this] {
+        qobject_cast<QAction*>(controles_.value("UndoOption"))->setEnabled(editor_.UndoButton);
+        const int imagen = editor_.HayDefiniciones() ? 2 : 1;
+        if (imagen == imagenDeDefiniciones_) return;
+        imagenDeDefiniciones_ = imagen;
+        qobject_cast<QAction*>(controles_.value("DefinitionsOption"))
+            ->setIcon(IconoDeTema(imagen == 2 ? "definitions-filled" : "definitions"));
+    });
+}
+
+}  // namespace qor

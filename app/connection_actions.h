@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/start_up.h"
+#include "base/view.h"
+#include "editor/editor.h"
+#include "generator/request.h"
+#include "sap/session.h"
+
+class QWidget;
+
+// What the menu Connection and the buttons "while connected" of the main form do. The form enables them by the state that is
+// answered here, and shows the editor anew behind each of them.
+namespace qor {
+
+class AccionesDeConexion {
+public:
+    virtual ~AccionesDeConexion() = default;
+
+    // Whether a logon can be tried at all. Without it the program starts without one.
+    virtual bool Disponible() const = 0;
+    virtual bool Conectado() const = 0;
+    // Caption of the label; shown while connected.
+    virtual std::string ConnectionStatus() const = 0;
+
+    virtual void Logon() = 0;
+    virtual void Logoff() = 0;
+    virtual void ButtonOnlineSHDB() = 0;
+    virtual void ButtonOnlineSM35() = 0;
+    virtual void ButtonOnlineAnchos() = 0;
+    virtual void ButtonOnlinePublish() = 0;
+    virtual void ButtonOnlinePublishLocal() = 0;
+
+    // What the generator needs of the connected system; null while there is none.
+    virtual SistemaConectado* Sistema() = 0;
+    // For the update of the BAPI catalogue; null where there are no connections.
+    virtual SesionSAP* Sesion() = 0;
+};
+
+// All that a connection works with. Everything belongs to the main form and outlives the connection.
+struct EntornoDeConexion {
+    Programa& programa;
+    Editor& editor;
+    Vista& vista;
+    QWidget* ventana;  // parent of its dialogs
+};
+
+using FabricaDeConexion = std::function<std::unique_ptr<AccionesDeConexion>(const EntornoDeConexion&)>;
+
+// Where no library for connections is there: never connected, and the commands say so.
+std::unique_ptr<AccionesDeConexion> SinConexion(Vista& vista);
+
+}  // namespace qor

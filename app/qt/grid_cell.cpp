@@ -1,0 +1,225 @@
+#include "app/qt/grid_cell.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+
+#include "base/qt/colours.h"
+#include "base/qt/text.h"
+#include "editor/cell_rules.h"
+
+namespace qor {
+
+namespace {
+
+constexpr const char* tipoDeCampo = "application/x-qor-field";
+constexpr const char* tipoDeOkCode = "application/x-qor-okcode";
+
+std::optional<Tecla> TeclaDe(const QKeyEvent& evento) {
+    if ((evento.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
+    switch (evento.key()) {
+        case Qt::Key_Up: return Tecla::Arriba;
+        case Qt::Key_Down: return Tecla::Abajo;
+        case Qt::Key_Left: return Tecla::Izquierda;
+        case Qt::Key_Right: return Tecla::Derecha;
+        case Qt::Key_PageUp: return Tecla::RePag;
+        case Qt::Key_PageDown: return Tecla::AvPag;
+        case Qt::Key_F5: return Tecla::F5;
+        case Qt::Key_F6: return Tecla::F6;
+        default: return std::nullopt;
+    }
+}
+
+// The source bears a bold font as long as it is dragged.
+void ArrastrarCon(QWidget* origen, QMimeData* datos) {
+    const QFont antes = origen->font();
+    QFont negrita = antes;
+    negrita.setBold(true);
+    origen->setFont(negrita);
+    auto* const arrastre = new QDrag(origen);
+    arrastre->setMimeData(datos);
+    arrastre->exec(Qt::CopyAction);
+    origen->setFont(antes);
+}
+
+bool SeAlejo(const QPoint& desde, const QPoint& hasta) {
+    return (hasta - desde).manhattanLength() >= QApplication::startDragDistance();
+}
+
+}  // namespace
+
+QMimeData* DatosDeCampo(int lineaDeText1, const QString& nombre) {
+    auto* const datos = new QMimeData;
+    datos->setData(QString::fromLatin1(tipoDeCampo), QByteArray::number(lineaDeText1));
+    datos->setText(nombre);
+    return datos;
+}
+
+QMimeData* DatosDeOkCode(RotuloDeOkCode rotulo) {
+    auto* const datos = new QMimeData;
+    datos->setData(QString::fromLatin1(tipoDeOkCode), QByteArray::number(static_cast<int>(rotulo)));
+    return datos;
+}
+
+QColor ColorDeTexto(Color color, const QPalette& paleta) {
+    if (color == Color::Rojo) return ColorLegible(Tono::Nota);
+    if (color == Color::Azul) return ColorLegible(Tono::Cabeza);
+    return paleta.color(QPalette::Text);
+}
+
+CeldaDeRejilla::CeldaDeRejilla(LugarDeCelda lugar, QWidget* padre) : CajaDeLinea(padre), lugar_(lugar) {
+    setObjectName(QString::fromStdString(NombreDeControl(lugar)));
+    setFrame(false);
+    setTextMargins(2, 1, 2, 1);
+    setAcceptDrops(true);
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!sincronizando_) emit Escrita();
+    });
+}
+
+void CeldaDeRejilla::Sincronizar(const Celda& celda) {
+    const QString nuevo = TextoQt(celda.texto);
+    if (text() != nuevo) {
+        sincronizando_ = true;
+        setText(nuevo);
+        sincronizando_ = false;
+        if (hasFocus()) selectAll();
+    }
+    const QColor color = ColorDeTexto(celda.color, QApplication::palette(this));
+    QPalette paleta = palette();
+    if (color_ == celda.color && paleta.color(QPalette::Text) == color) return;
+    color_ = celda.color;
+    paleta.setColor(QPalette::Text, color);
+    setPalette(paleta);
+    QFont letra = font();
+    letra.setBold(celda.color == Color::Azul);
+    setFont(letra);
+}
+
+// Undoing is the form's, and not that of a single text box.
+bool CeldaDeRejilla::event(QEvent* evento) {
+    if (evento->type() == QEvent::ShortcutOverride) {
+        const auto* const tecla = static_cast<QKeyEvent*>(evento);
+        if (tecla->matches(QKeySequence::Undo) || tecla->matches(QKeySequence::Redo)) return false;
+        if (TeclaDe(*tecla)) {
+            evento->accept();
+            return true;
+        }
+    }
+    return CajaDeLinea::event(evento);
+}
+
+void CeldaDeRejilla::keyPressEvent(QKeyEvent* evento) {
+    if (const auto tecla = TeclaDe(*evento)) {
+        emit Pulsada(*tecla);
+    } else if (evento->matches(QKeySequence::Undo)) {
+        emit PideDeshacer();
+    } else if (evento->key() == Qt::Key_Backspace && admiteRetroceso_ && !admiteRetroceso_()) {
+        evento->accept();
+    } else if (!evento->matches(QKeySequence::Redo)) {
+        CajaDeLinea::keyPressEvent(evento);
+    }
+}
+
+void CeldaDeRejilla::focusInEvent(QFocusEvent* evento) {
+    CajaDeLinea::focusInEvent(evento);
+    const auto motivo = evento->reason();
+    // Back from a menu, a message or another window the cell was never left, and the selection stays.
+    if (motivo != Qt::PopupFocusReason && motivo != Qt::ActiveWindowFocusReason && motivo != Qt::MenuBarFocusReason) {
+        selectAll();
+        seleccionarAlSoltar_ = motivo == Qt::MouseFocusReason;
+    }
+    emit Entrada();
+}
+
+void CeldaDeRejilla::focusOutEvent(QFocusEvent* evento) {
+    // Where the whole text was selected, it stays so for the return from a menu or message.
+    CajaDeLinea::focusOutEvent(evento);
+    const auto motivo = evento->reason();
+    if (motivo == Qt::PopupFocusReason || motivo == Qt::ActiveWindowFocusReason || motivo == Qt::MenuBarFocusReason) return;
+    const QWidget* const ahora = QApplication::focusWidget();
+    if (ahora == nullptr || qobject_cast<const CeldaDeRejilla*>(ahora) != nullptr) return;
+    emit Salida();
+}
+
+void CeldaDeRejilla::mousePressEvent(QMouseEvent* evento) {
+    agarre_.reset();
+    const bool deNombre = lugar_.columna == Columna::Text1 && !text().isEmpty() && evento->button() == Qt::LeftButton;
+    const bool sobreSeleccion = seleccionarAlSoltar_ || (hasSelectedText() && selectedText() == text());
+    if (deNombre && sobreSeleccion) agarre_ = evento->pos();
+    CajaDeLinea::mousePressEvent(evento);
+}
+
+void CeldaDeRejilla::mouseMoveEvent(QMouseEvent* evento) {
+    if (!agarre_ || !(evento->buttons() & Qt::LeftButton)) return CajaDeLinea::mouseMoveEvent(evento);
+    if (!SeAlejo(*agarre_, evento->pos())) return;
+    agarre_.reset();
+    seleccionarAlSoltar_ = false;
+    Arrastrar();
+}
+
+void CeldaDeRejilla::mouseReleaseEvent(QMouseEvent* evento) {
+    CajaDeLinea::mouseReleaseEvent(evento);
+    if (seleccionarAlSoltar_ && !hasSelectedText()) selectAll();
+    seleccionarAlSoltar_ = false;
+    agarre_.reset();
+}
+
+void CeldaDeRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
+    if (evento->button() != Qt::LeftButton) return CajaDeLinea::mouseDoubleClickEvent(evento);
+    selectAll();
+    emit DobleClic();
+}
+
+void CeldaDeRejilla::Arrastrar() { ArrastrarCon(this, DatosDeCampo(lugar_.linea, text())); }
+
+bool CeldaDeRejilla::RecibeDeRejilla(const QMimeData* datos) const {
+    return lugar_.columna == Columna::Text5 &&
+           (datos->hasFormat(QString::fromLatin1(tipoDeCampo)) || datos->hasFormat(QString::fromLatin1(tipoDeOkCode)));
+}
+
+void CeldaDeRejilla::dragEnterEvent(QDragEnterEvent* evento) {
+    const bool deRejilla = evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeCampo)) ||
+                           evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeOkCode));
+    if (!deRejilla) return CajaDeLinea::dragEnterEvent(evento);
+    if (evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeCampo)) && lugar_.columna == Columna::Text1) {
+        setFocus(Qt::OtherFocusReason);
+    }
+    evento->setAccepted(RecibeDeRejilla(evento->mimeData()));
+}
+
+void CeldaDeRejilla::dragMoveEvent(QDragMoveEvent* evento) {
+    if (!RecibeDeRejilla(evento->mimeData())) return CajaDeLinea::dragMoveEvent(evento);
+    evento->acceptProposedAction();
+}
+
+void CeldaDeRejilla::dropEvent(QDropEvent* evento) {
+    const QMimeData* const datos = evento->mimeData();
+    if (!RecibeDeRejilla(datos)) return CajaDeLinea::dropEvent(evento);
+    evento->acceptProposedAction();
+    if (datos->hasFormat(QString::fromLatin1(tipoDeCampo))) {
+        const int linea = datos->data(QString::fromLatin1(tipoDeCampo)).toInt();
+        if (linea >= 0 && linea < lineasArchivo) emit SoltadoCampo(linea);
+    } else {
+        const int rotulo = datos->data(QString::fromLatin1(tipoDeOkCode)).toInt();
+        if (rotulo >= 0 && rotulo < 4) emit SoltadoOkCode(static_cast<RotuloDeOkCode>(rotulo));
+    }
+}
+
+RotuloDeArrastre::RotuloDeArrastre(RotuloDeOkCode rotulo, QWidget* padre) : QLabel(padre), rotulo_(rotulo) {
+    setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+    setMargin(3);
+    setAlignment(Qt::AlignCenter);
+    setCursor(Qt::OpenHandCursor);
+}
+
+void RotuloDeArrastre::mousePressEvent(QMouseEvent* evento) { agarre_ = evento->pos(); }
+
+void RotuloDeArrastre::mouseMoveEvent(QMouseEvent* evento) {
+    if (!(evento->buttons() & Qt::LeftButton) || !SeAlejo(agarre_, evento->pos())) return;
+    ArrastrarCon(this, DatosDeOkCode(rotulo_));
+}
+
+}  // namespace qor

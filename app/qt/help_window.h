@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QWidget>
+#include <filesystem>
+
+#include "base/messages.h"
+
+class QTextBrowser;
+class QToolButton;
+
+namespace qor {
+
+// A window that shows help pages, named by messages 700 to 724 of the language table and found below the data directory.
+class VentanaDeAyuda : public QWidget {
+    Q_OBJECT
+public:
+    VentanaDeAyuda(const TextosIdioma& textos, std::filesystem::path directorioDeDatos, QWidget* padre);
+
+    // The page of a message, in front of all windows. A page that is not there is named in its place.
+    void MostrarPagina(int mensaje);
+
+    // The captions in the loaded language.
+    void RefrescarIdioma();
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    const TextosIdioma& textos_;
+    std::filesystem::path directorioDeDatos_;
+    QTextBrowser* navegador_;
+    QToolButton* atras_;
+    QToolButton* adelante_;
+    QToolButton* contenido_;
+    QToolButton* cerrar_;
+};
+
+}  // namespace qor

@@ -1,0 +1,162 @@
+#include "app/qt/screen_view.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QUrl>
+
+#include "base/code_page.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "base/text.h"
+#include "editor/FormMostrarTextos.h"
+#include "editor/document_commands.h"
+
+namespace qor {
+
+namespace {
+
+// Shows the ordinary pointer over a box that comes up in the middle of a long action.
+class PunteroNormal {
+public:
+    explicit PunteroNormal(bool ocupado) : ocupado_(ocupado) {
+        if (ocupado_) QApplication::restoreOverrideCursor();
+    }
+    ~PunteroNormal() {
+        if (ocupado_) QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    PunteroNormal(const PunteroNormal&) = delete;
+    PunteroNormal& operator=(const PunteroNormal&) = delete;
+
+private:
+    bool ocupado_;
+};
+
+// Message boxes take plain text, in which a line ends with LF.
+QString TextoDeMensaje(const Mensaje& mensaje) {
+    return TextoQt(ReemplazarTodo(ReemplazarTodo(mensaje.texto, "\r\n", "\n"), "\r", "\n"));
+}
+
+void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon icono) {
+    caja.setIcon(icono);
+    caja.setWindowTitle(QString::fromLatin1(tituloDelPrograma));
+    caja.setTextFormat(Qt::PlainText);
+    caja.setText(TextoDeMensaje(mensaje));
+}
+
+// Editors that are started when the desktop has no program for text files.
+bool AbrirConProgramaConocido(const QString& ruta) {
+    for (const char* const programa : {"gedit", "gnome-text-editor", "kate", "mousepad", "xed"}) {
+        if (QProcess::startDetached(QString::fromLatin1(programa), {ruta})) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+QString FiltroQt(const std::string& filtro) {
+    QStringList partes;
+    for (std::string_view resto = filtro; !resto.empty();) {
+        const auto nombre = AntesDe(resto, '|');
+        resto = DespuesDe(resto, '|');
+        const auto patron = AntesDe(resto, '|');
+        resto = DespuesDe(resto, '|');
+        partes << TextoQt(nombre) + " (" + TextoQt(ReemplazarTodo(patron, ";", " ")) + ")";
+    }
+    return partes.join(QStringLiteral(";;"));
+}
+
+QWidget* VistaDePantalla::Padre() const {
+    QWidget* const dialogo = QApplication::activeModalWidget();
+    return dialogo != nullptr ? dialogo : formulario_.ventana;
+}
+
+void VistaDePantalla::AntesDePreguntar() const {
+    if (formulario_.refrescar) formulario_.refrescar();
+}
+
+void VistaDePantalla::Mostrar(const Mensaje& mensaje, Icono icono) {
+    AntesDePreguntar();
+    const PunteroNormal puntero(ocupado_);
+    QMessageBox caja(Padre());
+    PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information);
+    caja.addButton(Palabra(textos_, "OK"), QMessageBox::AcceptRole);
+    caja.exec();
+}
+
+Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
+    AntesDePreguntar();
+    const PunteroNormal puntero(ocupado_);
+    QMessageBox caja(Padre());
+    PrepararCaja(caja, mensaje, QMessageBox::Question);
+    const bool aceptar = botones == Botones::AceptarCancelar;
+    QPushButton* const si =
+        caja.addButton(Palabra(textos_, aceptar ? "OK" : "&Yes"), aceptar ? QMessageBox::AcceptRole : QMessageBox::YesRole);
+    QPushButton* const no = aceptar ? nullptr : caja.addButton(Palabra(textos_, "&No"), QMessageBox::NoRole);
+    QPushButton* const cancelar =
+        botones == Botones::SiNo ? nullptr : caja.addButton(TextoQt(textos_.Texto(187)), QMessageBox::RejectRole);
+    caja.setDefaultButton(si);
+    caja.setEscapeButton(cancelar != nullptr ? cancelar : no);
+    caja.exec();
+    if (caja.clickedButton() == si) return aceptar ? Respuesta::Aceptar : Respuesta::Si;
+    return no != nullptr && caja.clickedButton() == no ? Respuesta::No : Respuesta::Cancelar;
+}
+
+std::optional<std::string> VistaDePantalla::Elegido(const QString& ruta) {
+    if (ruta.isEmpty()) return std::nullopt;
+    auto texto = DesdeUtf8(ruta.toStdString());
+    if (!texto) Advertir(MensajeLiteral("The name of the file has a character outside windows-1252. Please choose another name."));
+    return texto;
+}
+
+std::optional<std::string> VistaDePantalla::ElegirParaAbrir(const std::string& directorio, const std::string& filtro) {
+    AntesDePreguntar();
+    const QString ruta = QFileDialog::getOpenFileName(Padre(), {}, TextoQt(directorio), FiltroQt(filtro));
+    return Elegido(ruta);
+}
+
+std::optional<std::string> VistaDePantalla::ElegirParaGrabar(const std::string& filtro) {
+    AntesDePreguntar();
+    QFileDialog dialogo(Padre(), {}, {}, FiltroQt(filtro));
+    dialogo.setAcceptMode(QFileDialog::AcceptSave);
+    const auto patron = AntesDe(DespuesDe(filtro, '|'), '|');
+    if (patron.starts_with("*.")) dialogo.setDefaultSuffix(TextoQt(patron.substr(2)));
+    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
+    return Elegido(dialogo.selectedFiles().constFirst());
+}
+
+void VistaDePantalla::PunteroOcupado(bool ocupado) {
+    if (ocupado == ocupado_) return;
+    ocupado_ = ocupado;
+    if (ocupado) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void VistaDePantalla::MostrarFila(Tabla tabla, int fila) {
+    if (formulario_.mostrarFila) formulario_.mostrarFila(tabla, fila);
+}
+
+void VistaDePantalla::Enfocar(const std::string& control) {
+    if (formulario_.enfocar) formulario_.enfocar(control);
+}
+
+void VistaDePantalla::MostrarTexto(const std::string& texto) {
+    AntesDePreguntar();
+    const PunteroNormal puntero(ocupado_);
+    FormMostrarTextos(textos_, texto, Padre()).exec();
+}
+
+bool VistaDePantalla::AbrirEditor(const std::string& ruta) {
+    const QString archivo = QFileInfo(TextoQt(ruta)).absoluteFilePath();
+    if (!QFileInfo::exists(archivo)) return false;
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(archivo)) || AbrirConProgramaConocido(archivo);
+}
+
+}  // namespace qor

@@ -1,0 +1,49 @@
+#include "bapi/FormTrans.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "base/qt/text_boxes.h"
+#include "base/text.h"
+#include "editor/key_filters.h"
+
+namespace qor {
+
+FormTrans::FormTrans(const TextosIdioma& textos, NavegadorDeBAPIs navegador, QWidget* padre)
+    : Dialogo(textos, "FormTrans", padre), navegador_(std::move(navegador)), Transac_(new CajaDeLinea(this)) {
+    setWindowTitle(Literal("Add an operation"));
+    Transac_->setObjectName(QStringLiteral("Transac"));
+    Transac_->PonerFiltro([](std::string_view texto) { return FiltrarTexto("Transac", texto); });
+    auto* const ButtonBAPILocator = NuevoBoton("ButtonBAPILocator", Literal("&BAPI browser..."));
+    ButtonBAPILocator->setEnabled(static_cast<bool>(navegador_));
+    auto* const OK = NuevoBoton("OK", Literal("OK"));
+    OK->setEnabled(false);
+    auto* const Cancel = NuevoBoton("Cancel", Rotulo(187));
+    connect(Transac_, &QLineEdit::textChanged, this, [this, OK, Cancel] {
+        const bool hayTexto = !EstaEnBlanco(Transac_->Texto());
+        OK->setEnabled(hayTexto);
+        (hayTexto ? OK : Cancel)->setDefault(true);
+    });
+    connect(OK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(Cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ButtonBAPILocator, &QPushButton::clicked, this, [this] {
+        Transac_->clear();
+        navegador_(this);
+        reject();
+    });
+    auto* const orden = new QVBoxLayout(this);
+    orden->addWidget(NuevoRotulo("TransacLabel", Literal("&Transaction code:"), Transac_));
+    orden->addWidget(Transac_);
+    orden->addStretch();
+    orden->addLayout(FilaDeBotones({ButtonBAPILocator, OK, Cancel}, 1));
+    PonerTamano(52, 8);
+    Transac_->setFocus();
+}
+
+std::string FormTrans::OperacionElegida() const {
+    return result() == QDialog::Accepted ? std::string(Recortar(Transac_->Texto())) : std::string();
+}
+
+}  // namespace qor

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+
+#include "base/qt/dialog.h"
+#include "editor/user_code.h"
+
+class QComboBox;
+
+namespace qor {
+
+class CajaDeTexto;
+
+// The conversion code of a file field, with formulas that can be put into it. Closing it stores the code. Its object name is
+// ABAPWindow.
+class FormABAPWindow : public Dialogo {
+    Q_OBJECT
+public:
+    FormABAPWindow(Editor& editor, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
+                   QWidget* padre);
+
+protected:
+    bool PuedeCerrar() override;
+
+private:
+    void CrearControles(const AbrirAyuda& ayuda);
+    void Aplicar();
+
+    Editor& editor_;
+    VentanaDeCodigo estado_;
+
+    CajaDeTexto* ABAPText_ = nullptr;
+    QComboBox* FormulaCombo_ = nullptr;
+};
+
+}  // namespace qor

@@ -1,0 +1,150 @@
+#include "editor/FormDataSource.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "base/qt/lists.h"
+#include "base/qt/text.h"
+#include "base/qt/text_boxes.h"
+#include "editor/FormConsultaOrigen.h"
+#include "editor/FormConsultadeEliminar.h"
+#include "editor/failure_trap.h"
+
+namespace qor {
+
+namespace {
+
+constexpr int paginaDeAyuda = 708;
+
+}  // namespace
+
+FormDataSource::FormDataSource(Editor& editor, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
+                               const AbrirAyuda& ayuda, QWidget* padre)
+    : Dialogo(editor.textos, "FormDataSource", padre),
+      editor_(editor),
+      preferencias_(preferencias),
+      estado_(std::move(estado)),
+      preview_(std::move(preview)) {
+    setWindowTitle(Literal("Data source"));
+    CheckOtroOrigen_ = new QCheckBox(Literal("The data come from my &own code"), this);
+    CheckOtroOrigen_->setObjectName(QStringLiteral("CheckOtroOrigen"));
+    CheckOtroOrigen_->setChecked(editor.especificacion.OrigenUsuario);
+    connect(CheckOtroOrigen_, &QCheckBox::toggled, this, [this](bool encendido) {
+        CambiarOtroOrigen(editor_, encendido);
+        Habilitar();
+    });
+
+    auto* const orden = new QVBoxLayout(this);
+    orden->addWidget(CheckOtroOrigen_);
+    auto* const partes = new QHBoxLayout;
+    orden->addLayout(partes, 1);
+    CrearTextos();
+    partes->addWidget(findChild<QSplitter*>(), 1);
+    partes->addLayout(CrearModelos());
+    auto* const Ayuda = NuevaAyuda("Ayuda", Rotulo(132), ayuda, paginaDeAyuda);
+    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    OKButton->setDefault(true);
+    connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
+    orden->addLayout(FilaDeBotones({Ayuda, OKButton}, 1));
+    Mostrar();
+    Habilitar();
+    PonerTamano(125, 42);
+}
+
+void FormDataSource::CrearTextos() {
+    struct Descripcion {
+        const char* nombre;
+        std::string_view rotulo;
+        std::string Especificacion::*texto;
+    };
+    const std::array<Descripcion, 3> descripciones = {{
+        {"Variables", "&Declarations and parameters:", &Especificacion::OrigenVariables},
+        {"Forms", "&Forms:", &Especificacion::OrigenForms},
+        {"Source", "Code that &reads the data:", &Especificacion::OrigenSource},
+    }};
+    auto* const textos = new QSplitter(Qt::Vertical, this);
+    textos->setChildrenCollapsible(false);
+    for (std::size_t i = 0; i < descripciones.size(); ++i) {
+        const auto& [nombre, rotulo, texto] = descripciones[i];
+        auto* const marco = new QWidget(textos);
+        auto* const caja = new CajaDeTexto(marco);
+        caja->setObjectName(QString::fromLatin1(nombre));
+        caja->MostrarComoABAP();
+        auto* const orden = new QVBoxLayout(marco);
+        orden->setContentsMargins(0, 0, 0, 0);
+        orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Literal(rotulo), caja));
+        orden->addWidget(caja, 1);
+        textos->addWidget(marco);
+        cajas_[i] = {texto, caja};
+        connect(caja, &QPlainTextEdit::textChanged, this, [this, i] {
+            if (!mostrando_) CambiarTextoDeOrigen(editor_, cajas_[i].texto, cajas_[i].caja->Texto());
+        });
+    }
+}
+
+void FormDataSource::CrearBoton(QLayout* orden, const char* nombre, std::string_view rotulo, const std::function<void()>& accion) {
+    auto* const boton = NuevoBoton(nombre, Literal(rotulo));
+    orden->addWidget(boton);
+    connect(boton, &QPushButton::clicked, this, [this, accion] {
+        ConTrampa(editor_, accion);
+        Mostrar();
+    });
+}
+
+QLayout* FormDataSource::CrearModelos() {
+    auto* const Modelos = NuevoMarco("FrameModelos", Literal("Code models"));
+    ComboItabs_ = new QComboBox(Modelos);
+    ComboItabs_->setObjectName(QStringLiteral("ComboItabs"));
+    PonerCombo(*ComboItabs_, estado_.estructuras.tablas);
+    ComboItabs_->setCurrentText(TextoQt(estado_.ComboItabs));
+    connect(ComboItabs_, &QComboBox::currentTextChanged, this,
+            [this](const QString& tabla) { estado_.ComboItabs = TextoDelModelo(tabla); });
+    auto* const modelos = new QVBoxLayout(Modelos);
+    modelos->addWidget(NuevoRotulo("ComboItabsLabel", Literal("Internal &table:"), ComboItabs_));
+    modelos->addWidget(ComboItabs_);
+    CrearBoton(modelos, "ModeloArchivo", "Read a f&ile...", [this] {
+        FormConsultaOrigen consulta(Textos(), this);
+        consulta.exec();
+        ClicModeloArchivo(editor_, preferencias_, estado_, consulta.Fuente());
+    });
+    CrearBoton(modelos, "ModeloOpenSQL", "O&pen SQL", [this] { ClicModeloOpenSQL(editor_, preferencias_, estado_); });
+    CrearBoton(modelos, "ModeloSQLNativo", "&Native SQL", [this] { ClicModeloSQLNativo(editor_, preferencias_, estado_); });
+
+    auto* const orden = new QVBoxLayout;
+    orden->addWidget(Modelos);
+    CrearBoton(orden, "PreviewButton", "Pre&view...", [this] {
+        const std::string texto = TextoDePreview(editor_, preferencias_);
+        if (!texto.empty() && preview_) preview_(texto, this);
+    });
+    CrearBoton(orden, "Eliminar", "&Clear...", [this] { ElegirYEliminar(); });
+    orden->addStretch();
+    return orden;
+}
+
+void FormDataSource::ElegirYEliminar() {
+    FormConsultadeEliminar consulta(Textos(), this);
+    consulta.exec();
+    EliminarDeOrigen(editor_, consulta.Eleccion());
+}
+
+void FormDataSource::Habilitar() {
+    for (const char* const nombre : {"Variables", "Forms", "Source", "ComboItabs", "ModeloArchivo", "ModeloSQLNativo",
+                                     "ModeloOpenSQL", "PreviewButton", "Eliminar"}) {
+        findChild<QWidget*>(QString::fromLatin1(nombre))->setEnabled(HabilitadoEnOrigen(editor_, nombre));
+    }
+}
+
+void FormDataSource::Mostrar() {
+    const bool antes = std::exchange(mostrando_, true);
+    for (const auto& [texto, caja] : cajas_) caja->PonerTexto(editor_.especificacion.*texto);
+    mostrando_ = antes;
+}
+
+}  // namespace qor

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/qt/dialog.h"
+#include "editor/definitions.h"
+
+class QListWidget;
+
+namespace qor {
+
+class CajaDeTexto;
+
+// The global definitions and the call texts of BAPIs. What is typed is stored at once.
+class FormNuevasVariables : public Dialogo {
+    Q_OBJECT
+public:
+    // Runs the BAPI browser over a window, for a definition instead of rows.
+    using NavegadorDeBAPIs = std::function<void(QWidget* ventana)>;
+
+    FormNuevasVariables(Editor& editor, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre);
+
+private:
+    void CrearControles(const AbrirAyuda& ayuda);
+    void Mostrar();
+
+    Editor& editor_;
+    NavegadorDeBAPIs navegador_;
+    DialogoDeDefiniciones estado_;
+    bool mostrando_ = false;
+
+    QListWidget* ListaDefiniciones_ = nullptr;
+    CajaDeTexto* Vars_ = nullptr;
+};
+
+}  // namespace qor

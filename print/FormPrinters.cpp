@@ -1,0 +1,111 @@
+#include "print/FormPrinters.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "base/qt/text.h"
+#include "base/qt/text_boxes.h"
+#include "base/text.h"
+#include "print/page.h"
+#include "print/qt/qt_device.h"
+
+namespace qor {
+
+namespace {
+
+constexpr int maximoDeDigitos = 2;
+constexpr const char* filtroDePDF = "PDF|*.pdf";
+
+std::string SoloDigitos(std::string_view texto) {
+    std::string digitos(texto);
+    std::erase_if(digitos, [](char c) { return c < '0' || c > '9'; });
+    return digitos;
+}
+
+}  // namespace
+
+FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, QWidget* padre)
+    : Dialogo(textos, "FormPrinters", padre), vista_(vista), impresoras_(QPrinterInfo::availablePrinterNames()) {
+    setWindowTitle(Literal("Printers"));
+    CrearControles();
+    PonerTamano(56, 16);
+}
+
+FormPrinters::~FormPrinters() = default;
+
+void FormPrinters::CrearControles() {
+    PrintersList_ = new QListWidget(this);
+    PrintersList_->setObjectName(QStringLiteral("PrintersList"));
+    PrintersList_->addItems(impresoras_);
+    PrintersList_->addItem(Literal("PDF file..."));
+    PrintersList_->setCurrentRow(std::max(0, static_cast<int>(impresoras_.indexOf(QPrinterInfo::defaultPrinterName()))));
+    Copias_ = new CajaDeLinea(this);
+    Copias_->setObjectName(QStringLiteral("Copias"));
+    Copias_->setMaxLength(maximoDeDigitos);
+    Copias_->PonerFiltro(SoloDigitos);
+    Copias_->PonerTexto("1");
+    Copias_->setMaximumWidth(AnchoDeLetras(8));
+    auto* const PrintButton = NuevoBoton("PrintButton", Literal("&Print"));
+    PrintButton->setDefault(true);
+    auto* const CancelButton = NuevoBoton("CancelButton", Rotulo(187));
+    connect(PrintButton, &QPushButton::clicked, this, &FormPrinters::Elegir);
+    connect(PrintersList_, &QListWidget::itemDoubleClicked, this, &FormPrinters::Elegir);
+    connect(CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* const copias = new QHBoxLayout;
+    copias->addWidget(NuevoRotulo("CopiasLabel", Literal("&Copies:"), Copias_));
+    copias->addWidget(Copias_);
+    copias->addStretch();
+    auto* const orden = new QVBoxLayout(this);
+    orden->addWidget(NuevoRotulo("PrintersLabel", Literal("P&rinter:"), PrintersList_));
+    orden->addWidget(PrintersList_, 1);
+    orden->addLayout(copias);
+    orden->addLayout(FilaDeBotones({PrintButton, CancelButton}));
+}
+
+void FormPrinters::Elegir() {
+    const int fila = PrintersList_->currentRow();
+    if (fila < 0) return;
+    auto impresora = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (fila < impresoras_.size()) {
+        impresora->setPrinterName(impresoras_.at(fila));
+        impresora->setCopyCount(std::max(1, static_cast<int>(Numero(Copias_->Texto()))));
+    } else {
+        const auto archivo = vista_.ElegirParaGrabar(filtroDePDF);
+        if (!archivo || EstaEnBlanco(*archivo)) return;
+        impresora->setOutputFormat(QPrinter::PdfFormat);
+        impresora->setOutputFileName(TextoQt(*archivo));
+    }
+    impresora_ = std::move(impresora);
+    accept();
+}
+
+std::unique_ptr<QPrinter> FormPrinters::Impresora() { return Cancelado() ? nullptr : std::move(impresora_); }
+
+ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, QWidget* padre)
+    : textos_(textos), vista_(vista), padre_(padre) {}
+
+ImpresionEnPapel::~ImpresionEnPapel() = default;
+
+Dispositivo* ImpresionEnPapel::Elegir() {
+    FormPrinters dialogo(textos_, vista_, padre_);
+    dialogo.exec();
+    impresora_ = dialogo.Impresora();
+    if (!impresora_) return nullptr;
+    auto dispositivo = std::make_unique<DispositivoQt>(*impresora_);
+    if (!dispositivo->Abierto()) {
+        vista_.Advertir(MensajeLiteral("The printer or the PDF file could not be opened."));
+        return nullptr;
+    }
+    dispositivo->AlAcabarLaPagina([&textos = textos_](Dispositivo& d) { PasarPagina(d, textos); });
+    dispositivo_ = std::move(dispositivo);
+    return dispositivo_.get();
+}
+
+}  // namespace qor

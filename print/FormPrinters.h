@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QStringList>
+#include <memory>
+
+#include "base/qt/dialog.h"
+#include "base/view.h"
+#include "print/device.h"
+
+class QListWidget;
+class QPrinter;
+
+namespace qor {
+
+class CajaDeLinea;
+
+// Asks for the printer of a document: one of the machine's, or a PDF file.
+class FormPrinters : public Dialogo {
+    Q_OBJECT
+public:
+    FormPrinters(const TextosIdioma& textos, Vista& vista, QWidget* padre);
+    ~FormPrinters() override;
+
+    bool Cancelado() const { return result() != QDialog::Accepted; }
+
+    // Ready to print. Null when the dialog was cancelled.
+    std::unique_ptr<QPrinter> Impresora();
+
+private:
+    void CrearControles();
+    void Elegir();
+
+    Vista& vista_;
+    QStringList impresoras_;  // as listed; the PDF file stands behind them
+    std::unique_ptr<QPrinter> impresora_;
+
+    QListWidget* PrintersList_ = nullptr;
+    CajaDeLinea* Copias_ = nullptr;
+};
+
+// The printer of a run: asked for in FormPrinters, opened, and closed with the object.
+class ImpresionEnPapel {
+public:
+    ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, QWidget* padre);
+    ~ImpresionEnPapel();
+    ImpresionEnPapel(const ImpresionEnPapel&) = delete;
+    ImpresionEnPapel& operator=(const ImpresionEnPapel&) = delete;
+
+    // Asks. Null when the user cancels, or the printer can't be opened; the view has shown why then.
+    Dispositivo* Elegir();
+
+private:
+    const TextosIdioma& textos_;
+    Vista& vista_;
+    QWidget* padre_;
+    std::unique_ptr<QPrinter> impresora_;
+    std::unique_ptr<Dispositivo> dispositivo_;
+};
+
+}  // namespace qor
