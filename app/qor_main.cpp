@@ -7,10 +7,12 @@
 #include "app/Principal.h"
 #include "app/data_directory.h"
 #include "app/file_type.h"
+#include "app/qt/help_window.h"
 #include "app/qt/sap_actions.h"
 #include "app/qt/screen_view.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
+#include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
 
 namespace {
@@ -40,6 +42,27 @@ void RegistrarTipoDeArchivo() {
     }
 }
 
+// The data-set editor without the rest, for an end user who corrects a file. The file is named behind the option, or chosen in it.
+int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
+    qor::VistaDePantalla vista(programa.textos);
+    const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
+        auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);
+        pagina->setAttribute(Qt::WA_DeleteOnClose);
+        pagina->MostrarPagina(mensaje);
+    };
+    qor::FormBDCEditor editor(programa.textos, vista, programa.ajustes.DirectorioDocumentos, ayuda, nullptr);
+    if (!argumentos.isEmpty()) {
+        const auto ruta = qor::DesdeUtf8(argumentos.first().toStdString());
+        if (!ruta) {
+            Avisar("The name of the file has a character outside windows-1252.");
+            return 1;
+        }
+        QTimer::singleShot(0, &editor, [&editor, ruta = *ruta] { editor.Abrir(ruta); });
+    }
+    editor.exec();
+    return 0;
+}
+
 }  // namespace
 
 int main(int cantidad, char** argumentos) {
@@ -55,6 +78,8 @@ int main(int cantidad, char** argumentos) {
         case qor::ResultadoIdioma::Fallo: Avisar(qor::avisoFalloIdioma); break;
         case qor::ResultadoIdioma::Bien: break;
     }
+    const QStringList dados = QApplication::arguments();
+    if (dados.size() > 1 && dados.at(1) == QLatin1String("--data-set-editor")) return CorrerEditorDeDatos(programa, dados.mid(2));
     const auto linea = qor::DesdeUtf8(LineaDe(QApplication::arguments()));
     if (!linea) {
         Avisar("The name of the document has a character outside windows-1252.");
