@@ -1,6 +1,9 @@
 #include "dataset/data_set.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <sstream>
@@ -220,6 +223,29 @@ TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
     EXPECT_FALSE(ReemplazarValores(ruta, *Examinar(ruta), De("MATNR", "N"), prueba.textos, vista, [](double) { return false; }));
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<328> <328>");
     EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
+}
+
+// Killed at any moment, a run leaves the old file or the new one, whole.
+TEST_F(PruebaDeDatos, KilledRunLeavesAWholeFile) {
+    std::string viejo = Sesion('M');
+    for (int i = 0; i < 20000; ++i) viejo += Sesion('T', "MM01") + Sesion(' ', "MATNR", "abc");
+    const std::string nuevo = Cambiar(viejo, "abc", "N");
+    const std::string ruta = Escribir(viejo);
+    const auto datos = Examinar(ruta);
+    for (int vuelta = 0; vuelta < 20; ++vuelta) {
+        const pid_t hijo = ::fork();
+        if (hijo == 0) {
+            for (;;) {
+                prueba.vista.respuestas = {Respuesta::Si};
+                ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, prueba.vista);
+            }
+        }
+        ::usleep(static_cast<useconds_t>(vuelta * 2000));
+        ::kill(hijo, SIGKILL);
+        ::waitpid(hijo, nullptr, 0);
+        const auto hay = LeerArchivo(RutaDelSistema(ruta));
+        ASSERT_TRUE(hay == viejo || hay == nuevo) << hay.size();
+    }
 }
 
 TEST_F(PruebaDeDatos, NewValueIsCutToTheWidestField) {

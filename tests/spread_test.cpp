@@ -49,7 +49,6 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
     const char* const pedido = std::getenv("QOR_SPREAD");
     const std::filesystem::path directorio =
         pedido != nullptr ? std::filesystem::path(pedido) : std::filesystem::path(QOR_TEST_BINARY_DIR) / "spread";
-    std::filesystem::remove_all(directorio);
     std::filesystem::create_directories(directorio);
     constexpr int total = 3 * 4 * 2 * 2 * 2 * 2 * 2;
     int escritos = 0;

@@ -1,0 +1,92 @@
+#include "bapi/catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+
+#include "bapi/insertion.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "generator/generate.h"
+#include "model/document_format.h"
+#include "tests/support/editor_fixture.h"
+
+namespace qor::pruebas {
+namespace {
+
+const std::filesystem::path fuente = QOR_TEST_SOURCE_DIR;
+
+ResultadoInsercion Insertar(EditorDePrueba& prueba, const std::string& nombre) {
+    return ElegirBAPI(prueba.editor, RutaDelModelo(fuente / "data/BAPI46C"), nombre, false, 0, [] { return std::optional(true); });
+}
+
+// A file field of ten characters for each value cell, all records in one file with an id for each.
+void CompletarArchivo(EditorDePrueba& prueba) {
+    auto& e = prueba.editor.especificacion;
+    std::set<std::string> campos;
+    for (int r = 0; r < e.FilasTransaccion(); ++r) {
+        const std::string& valor = e.TablaTransaccion[r][3];
+        if (valor.empty() || !campos.insert(valor).second) continue;
+        e.TablaArchivo[campos.size() - 1] = {valor, "10", "", ""};
+    }
+    prueba.editor.opciones.MultipleFilesOption = false;
+    for (int k = 0; k <= ContarStepLoops(e); ++k)
+        prueba.editor.opciones.Identificadores += (k > 0 ? "," : "") + std::to_string(10 + k);
+}
+
+// Each BAPI of the catalogue that comes with the program, from its insertion to a report, which the ABAP parser reads.
+TEST(Spread, EveryBAPIOfTheCatalogueGivesAReport) {
+    const char* const pedido = std::getenv("QOR_SPREAD");
+    const auto directorio =
+        (pedido != nullptr ? std::filesystem::path(pedido) : std::filesystem::path(QOR_TEST_BINARY_DIR)) / "bapi";
+    std::filesystem::create_directories(directorio);
+    EditorDePrueba lector;
+    const auto catalogo = RecuperarDatosBAPIs(RutaDelModelo(fuente / "data/BAPI46C"), lector.textos, lector.vista);
+    ASSERT_TRUE(catalogo);
+    int bapis = 0;
+    for (const auto& nodo : catalogo->nodos) {
+        if (!nodo.esBAPI) continue;
+        EditorDePrueba prueba;
+        EXPECT_EQ(Insertar(prueba, nodo.texto), ResultadoInsercion::Hecho) << nodo.texto;
+        CompletarArchivo(prueba);
+        auto& o = prueba.editor.opciones;
+        o.Programa = RutaDelModelo(directorio / (nodo.texto + ".abap"));
+        for (const int numero : {504, 505}) prueba.textos.Poner(numero, "Text");
+        EstadoDelGenerador estado;
+        EXPECT_TRUE(Generar({prueba.editor.especificacion, o, {}, prueba.textos, prueba.vista, "", ""}, estado))
+            << nodo.texto << prueba.vista.TomarAvisos();
+        ++bapis;
+    }
+    EXPECT_GE(bapis, 40);
+}
+
+// The example's rows, declarations and call are those of an insertion: the rows that the example fills are among the inserted ones,
+// and every variable that it passes is declared and passed as the catalogue tells.
+TEST(Catalogue, ExampleCallsTheBAPIAsInserted) {
+    const std::string texto = LeerArchivo(fuente / "examples/bapi-sales-order/orders.qor");
+    LectorValores documento(texto);
+    Especificacion ejemplo;
+    Opciones opciones;
+    LeerDocumento(documento, ejemplo, opciones);
+
+    EditorDePrueba prueba;
+    const std::string nombre(AntesDe(ejemplo.TablaTransaccion[0][1], ';'));
+    ASSERT_EQ(Insertar(prueba, nombre), ResultadoInsercion::Hecho);
+    const auto& insertada = prueba.editor.especificacion;
+    std::set<std::string> campos;
+    for (int r = 1; r < insertada.FilasTransaccion(); ++r) campos.insert(insertada.TablaTransaccion[r][2]);
+    for (int r = 1; r < ejemplo.FilasTransaccion(); ++r) {
+        EXPECT_TRUE(campos.contains(std::string(AntesDe(ejemplo.TablaTransaccion[r][2], ';')))) << ejemplo.TablaTransaccion[r][2];
+    }
+    for (const auto linea : PartirEnLineas(ejemplo.TablaBAPIs[0][1])) {
+        auto pasado = Recortar(linea);
+        if (pasado.ends_with('.')) pasado.remove_suffix(1);
+        EXPECT_TRUE(Contiene(insertada.TablaBAPIs[0][1], pasado)) << linea;
+    }
+}
+
+}  // namespace
+}  // namespace qor::pruebas
