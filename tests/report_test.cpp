@@ -1,0 +1,386 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "generator/generate.h"
+#include "tests/support/editor_fixture.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+// Keeps everything that the generator asks of the view, in one line.
+class Diario : public VistaDeEditor {
+public:
+    std::string diario;
+    bool conEditor = false;
+
+    void Mostrar(const Mensaje& mensaje, Icono icono) override { Anotar(mensaje.texto + (icono == Icono::Informacion ? "i" : "")); }
+    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
+        Anotar(mensaje.texto + "?");
+        return VistaDeEditor::Preguntar(mensaje, botones);
+    }
+    void PunteroOcupado(bool ocupado) override { Anotar(ocupado ? "busy" : "idle"); }
+    void MostrarFila(Tabla tabla, int fila) override { Anotar((tabla == Tabla::Archivo ? "A" : "T") + std::to_string(fila)); }
+    void Enfocar(const std::string& control) override { Anotar(control); }
+    void MostrarTexto(const std::string& texto) override { Anotar("text:" + texto.substr(0, texto.find('\r'))); }
+    bool OfreceEditor() const override { return conEditor; }
+    bool AbrirEditor(const std::string& ruta) override {
+        Anotar("edit:" + NombreDeRuta(ruta));
+        return false;
+    }
+
+private:
+    void Anotar(const std::string& que) { diario += (diario.empty() ? "" : " ") + que; }
+};
+
+// A transaction with a step-loop whose record lies in a file of its own.
+struct Informe {
+    DirectorioTemporal directorio;
+    EditorDePrueba prueba;
+    Especificacion& e = prueba.editor.especificacion;
+    Opciones& o = prueba.editor.opciones;
+    Preferencias preferencias;
+    std::string RutaDocumento = "/loads/orders.qor";
+    Diario vista;
+    EstadoDelGenerador estado;
+
+    Informe() {
+        prueba.Archivo({"ORDER|10", "DATE|8", "ITEM|6"});
+        prueba.Transaccion({"TRANS|VA01", "SAPMV45A|101", "||VBAK-VBELN|ORDER", "||VBAK-ERDAT|DATE", "SAPMV45A|4001",
+                            "||VBAP-POSNR(1)|ITEM|!1 1!2items.txt!30!4!51!65!7,ORDER", "||BDC_OKCODE|'/00'"});
+        e.TablaCondiciones[0] = {"COND", "RESULT = YES."};
+        o.Programa = RutaDelModelo(directorio / "report.abap");
+        o.ArchivoFuente = "orders.txt";
+    }
+
+    void SoloBAPI(const std::string& seccionReturn) {
+        e.TablaTransaccion = TablaDeTextos<5>(filasTabla);
+        prueba.Transaccion({"BAPI|BAPI_X", "||HEAD-A|ORDER", "||HEAD-B|DATE"});
+        e.VariablesGlobales = "DATA: HEAD LIKE T, RET LIKE BAPIRET2.";
+        e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     " + seccionReturn + "\r\n       RETURN = RET."};
+    }
+
+    bool Generar(SistemaConectado* sistema = nullptr) {
+        return qor::Generar({e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema},
+                            estado);
+    }
+    std::string Texto() { return Generar() ? LeerArchivo(RutaDelSistema(o.Programa)) : "refused: " + vista.diario; }
+};
+
+// What holds for every report: line ends, comment boxes of one width, forms that open and close, and a form for each PERFORM.
+void RevisarForma(const std::string& informe, const char* que) {
+    std::set<std::string> formas;
+    std::set<std::string> llamadas;
+    bool dentro = false;
+    for (const auto linea : PartirEnLineas(informe)) {
+        const std::string palabra(AntesDe(Recortar(linea), ' '));
+        const std::string nombre(AntesDe(AntesDe(DespuesDe(Recortar(linea), ' '), ' '), '.'));
+        if (linea.starts_with("*") && linea.ends_with("*")) EXPECT_EQ(linea.size(), 71u) << que << ": " << linea;
+        if (linea.starts_with("FORM ")) {
+            EXPECT_FALSE(dentro) << que << ": " << linea;
+            EXPECT_TRUE(formas.insert(nombre).second) << que << ": " << linea;
+        }
+        if (palabra == "FORM" || palabra == "ENDFORM.") dentro = palabra == "FORM";
+        if (palabra == "PERFORM") llamadas.insert(nombre);
+        if (palabra == "EXEC") llamadas.insert(std::string(AntesDe(DespuesDe(linea.substr(linea.find("PERFORMING")), ' '), '.')));
+    }
+    EXPECT_FALSE(dentro) << que;
+    for (const auto& llamada : llamadas) EXPECT_TRUE(formas.contains(llamada)) << que << ": no form " << llamada;
+    EXPECT_EQ(ReemplazarTodo(informe, "\r\n", "").find_first_of("\r\n{}"), std::string::npos) << que;
+    EXPECT_TRUE(informe.ends_with("\r\n")) << que;
+}
+
+TEST(Report, ChoicesShapeItsLines) {
+    using Textos = std::vector<std::string>;
+    const struct {
+        const char* que;
+        std::function<void(Informe&)> cambio;
+        Textos hay;
+        Textos noHay;
+    } casos[] = {
+        {"files as parameters",
+         [](auto&) {},
+         {"PARAMETERS: FILE(128) DEFAULT 'orders.txt'\r\n            OBLIGATORY LOWER CASE,\r\n"
+          "            SLOOP_1(128) DEFAULT 'items.txt'\r\n            OBLIGATORY LOWER CASE.\r\n",
+          "*   Step-Loop file 1  : Parameter  "},
+         {"VALUE-REQUEST"}},
+        {"no default names",
+         [](auto& i) { i.o.ArchivoFuente = " ", i.e.TablaTransaccion[5][4] = "!1 1!2!30!4!51!65!7,ORDER"; },
+         {"PARAMETERS: FILE(128) OBLIGATORY LOWER CASE,\r\n            SLOOP_1(128) OBLIGATORY LOWER CASE.\r\n"},
+         {"DEFAULT"}},
+        {"value helps", [](auto& i) { i.o.AddF4 = 1; }, {"VALUE-REQUEST FOR FILE.\r\n", "VALUE-REQUEST FOR SLOOP_1.\r\n"}, {}},
+        {"names as constants, on purpose without those of step-loops",
+         [](auto& i) { i.o.FileParameterCh = 0; },
+         {"      FILE(128) VALUE 'orders.txt',\r\n      ERROR TYPE C", "*   Step-Loop file 1  : items.txt  ", "USING SLOOP_1 "},
+         {"PARAMETERS", "SLOOP_1(128)"}},
+        {"tables",
+         [](auto& i) { i.o.TablaCh = 1, i.o.ClienteOp = false, i.o.ArchivoFuente = "zorder"; },
+         {"    SELECT\r\n       ORDER,\r\n       DATE\r\n    INTO\r\n       :ITAB-ORDER,\r\n       :ITAB-DATE\r\n    FROM "
+          "ZORDER\r\n",
+          "    SELECT\r\n       ITEM\r\n    INTO\r\n       :ITABSL_1-ITEM\r\n    FROM ITEMS.TXT\r\n    WHERE\r\n"
+          "       ORDER = :ITAB-ORDER\r\n",
+          "FORM TABLE_PROCESSING.\r\n  PERFORM GENERATE_BDC_VA01_1 ", "*   Step-Loop table 1 : items.txt  ",
+          "OF ITABSL_1 OCCURS 0,\r\n        ITEM(6), \r\n"},
+         {"READFILE", "LOOP AT ITAB.", " ERROR TYPE C"}},
+        {"a table with calls",
+         [](auto& i) { i.o.TablaCh = i.o.CallTransaction = 1, i.o.ClienteOp = false; },
+         {"FORM TABLE_PROCESSING.\r\n  APPEND ITAB.\r\n", "  LOOP AT ITAB.\r\n"},
+         {}},
+        {"one file with keys",
+         [](auto& i) { i.o.MultipleFilesOption = false, i.o.Identificadores = "H,I", i.o.ArchivoFuente = "C:\\Orders.TXT"; },
+         {"        ID(1),\r\n        LINE(18),\r\n", "DEFAULT 'c:\\orders.txt'\r\n", "      MOVE MULTITAB-LINE TO ITABSL_1.\r\n"},
+         {"AUTOCOUNTER", "Step-Loop", "SLOOP_"}},
+        {"one file under naming conventions",
+         [](auto& i) {
+             i.o.MultipleFilesOption = false, i.o.Identificadores = "H,I";
+             i.preferencias.CheckActivateNamingConventions = 1;
+         },
+         {"MOVE GT_MULTITAB-LINE TO GT_ITAB.\r\n", "MOVE GT_MULTITAB-LINE TO ITABSL_1.\r\n      APPEND GT_ITABSL_1.\r\n",
+          "PERFORM SL_SEND USING 'VBAP-POSNR' LN_POSITION\r\n      GT_ITABSL_1-ITEM ' '.\r\n"},
+         {}},
+        {"a file of the server", [](auto& i) { i.o.ClienteOp = false; }, {"IN TEXT MODE  ENCODING DEFAULT.\r\n"}, {"UPLOAD"}},
+        {"the same without an addition",
+         [](auto& i) { i.o.ClienteOp = false, i.preferencias.AdicionesDataset = "NONE"; },
+         {"IN TEXT MODE.\r\n"},
+         {"ENCODING"}},
+        {"tabs, the old function",
+         [](auto& i) { i.o.AnchoFijo = false, i.preferencias.OptionWS_UPLOAD = true; },
+         {"'WS_UPLOAD'", "FILETYPE = 'DAT'"},
+         {"FILESTRING"}},
+        {"tabs, the new function",
+         [](auto& i) { i.o.AnchoFijo = false; },
+         {"'ASC'\r\n         HAS_FIELD_SEPARATOR = 'X'"},
+         {"'DAT'"}},
+        {"own source",
+         [](auto& i) {
+             i.e.OrigenUsuario = true, i.e.OrigenVariables = "DATA: MINE.", i.e.OrigenSource = "x = 1.\r\n \r\ny = 2.";
+             i.e.OrigenForms = "FORM MINE.\r\nENDFORM.";
+         },
+         {"\r\n\r\nDATA: MINE.\r\n", "  PERFORM USER_FORM.\r\n",
+          "FORM USER_FORM.\r\n  x = 1.\r\n  y = 2.\r\nENDFORM.\r\nFORM MINE.\r\n"},
+         {"READFILE", "PARAMETERS", "Main file"}},
+        {"only fields that are not blank",
+         [](auto& i) { i.o.ProcesarTodoOpt = false; },
+         {"      IF FVALUE NE SPACE.\r\n        MOVE:  NAME"},
+         {}},
+        {"a code for a blank",
+         [](auto& i) { i.o.ProcesarTodoOpt = false, i.o.SpaceCode = " $ "; },
+         {"        IF FVALUE = '$'.\r\n          FVALUE = SPACE.\r\n        ENDIF.\r\n"},
+         {}},
+        {"a session named by hand",
+         [](auto& i) { i.o.GeneracionAutomatica = false, i.o.NombreManual = "MINE"; },
+         {"VALUE 'MINE',"},
+         {}},
+        {"no name typed", [](auto& i) { i.o.GeneracionAutomatica = false, i.o.NombreManual = " "; }, {"VALUE 'QOR_ORDERS',"}, {}},
+        {"calls without a session",
+         [](auto& i) { i.o.CallTransaction = 1, i.o.SafeCallTransactionCheck = 0; },
+         {"CALL TRANSACTION", "PARAMETERS: CALLMODE LIKE"},
+         {"GROUP", "BDCNAME", "IF SY-SUBRC NE 0.\r\n    IF"}},
+        {"a fixed mode",
+         [](auto& i) { i.o.CallTransaction = 1, i.o.ModeAsParameter = 0, i.o.Modo = 'E'; },
+         {"      CALLMODE LIKE CTU_PARAMS-DISMODE VALUE 'E',\r\n", "MODE CALLMODE\r\n"},
+         {"OBLIGATORY DEFAULT"}},
+        {"no file field",
+         [](auto& i) {
+             i.e.TablaArchivo = TablaDeTextos<4>(filasTabla), i.prueba.Transaccion({"", "", "", "", "", "", ""}),
+             i.prueba.Transaccion({"TRANS|T", "P|1", "||F|'x'"});
+         },
+         {"OCCURS 0,\r\n        DUMMY(1),\r\n      END OF ITAB,\r\n"},
+         {"TABFORM"}},
+        {"no operation but a head",
+         [](auto& i) { i.prueba.PonerTransaccion(7, "TRANS|VA01"); },
+         {"FORM GENERATE_BDC_VA01_2 CHANGING TCODE.\r\n\r\n  TCODE = 'VA01'.\r\n  REFRESH BDC_TAB.\r\n  PROCESS_FIELDS = "
+          "YES.\r\n\r\n"
+          "ENDFORM.\r\n"},
+         {}},
+        {"a key that is a field of the other group is not in the main record",
+         [](auto& i) {
+             i.prueba.PonerArchivo(3, "SUB|4");
+             i.prueba.PonerTransaccion(7, "P|2");
+             i.prueba.PonerTransaccion(8, "||G(1)|SUB|!1 1!2b!30!4!51!65!7,ITEM");
+             i.prueba.PonerTransaccion(9, "||BDC_OKCODE|'/11'");
+         },
+         {"        ORDER(10), \r\n        DATE(8), \r\n      END OF ITAB,",
+          "        ITEM(6), \r\n        SUB(4), \r\n      END OF ITABSL_2"},
+         {}},
+        {"a long record in the error table",
+         [](auto& i) { i.o.ErrorHandlingCheck = i.o.CallTransaction = 1, i.o.ProgID = "1", i.e.TablaArchivo[1][1] = "300"; },
+         {"        LINE(310),\r\n", "ZDATAERRORS-LINE = '00300 DATE'.\r\n"},
+         {"LINE(256)"}},
+        {"a short one",
+         [](auto& i) {
+             i.o.ErrorHandlingCheck = i.o.CallTransaction = 1, i.o.ProgID = "1", i.o.MultipleFilesOption = false,
+             i.o.Identificadores = "1,2";
+         },
+         {"        LINE(18),\r\n", "        LINE(256),\r\n",
+          "PARAMETERS: FILE(128) DEFAULT 'orders.txt'\r\n            LOWER CASE.\r\n"},
+         {"OBLIGATORY LOWER"}},
+        {"code and pairs of one field",
+         [](auto& i) { i.e.TablaArchivo[1][3] = "'a' @ 'b'\r\n* why\r\n#DATE = 1."; },
+         {"FORM CONVERSIONS.\r\n\r\n* why\r\n  ITAB-DATE = 1.\r\n\r\n  CASE ITAB-DATE.\r\n    WHEN 'a'.\r\n      CONVERTED1 = "
+          "'b'.\r\n"
+          "    WHEN OTHERS.\r\n      CONVERTED1 = ITAB-DATE.\r\n  ENDCASE.\r\n\r\nENDFORM.\r\n",
+          " '   'VBAK-ERDAT'     CONVERTED1 ''"},
+         {"TABCONVERSIONS"}},
+        {"pairs of a step-loop field",
+         [](auto& i) { i.e.TablaArchivo[2][3] = "'a' @ 'b'"; },
+         {"    PERFORM TABCONVERSIONS.\r\n", "  CASE ITABSL_1-ITEM.\r\n", "      CONVERTED2 ' '.\r\n"},
+         {"PERFORM CONVERSIONS", " CONVERSIONS"}},
+        {"no condition", [](auto& i) { i.e.TablaCondiciones[0] = {}; }, {"  RESULT = NO.\r\nENDFORM.\r\n"}, {"CASE CONDITION"}},
+        {"conditions on the screen of a step-loop",
+         [](auto& i) { i.e.TablaTransaccion[4][1] = "4001;COND", i.e.TablaTransaccion[6][2] = "BDC_OKCODE;COND"; },
+         {"      PERFORM DYNPRO USING ' ' 'BDC_OKCODE' '/00' 'COND'.\r\n      PERFORM DYNPRO USING 'X' 'SAPMV45A' '4001' "
+          "'COND'.\r\n"},
+         {}},
+        {"a path that is too long for the banner",
+         [](auto& i) { i.RutaDocumento = "/loads/" + std::string(50, 'x') + "/orders.qor"; },
+         {"*   Qor-format file   : /lo.." + std::string(29, 'x') + "/orders     *\r\n"},
+         {}},
+        {"an error structure",
+         [](auto& i) { i.SoloBAPI("IMPORTING"), i.o.ErrorHandlingCheck = 1, i.o.ProgID = "1"; },
+         {"  IF RET-TYPE = 'E'.\r\n    ROLLBACK WORK.\r\n    DATAERRORSFOUND = YES.\r\n    DATAERRORS-ID = 0.\r\n",
+          "    COMMIT WORK.\r\n"},
+         {"DYNPRO", "INSERT_DATA ", "OPEN_GROUP"}},
+        {"an error table, without commits",
+         [](auto& i) {
+             i.SoloBAPI("TABLES"), i.o.ErrorHandlingCheck = 1, i.o.ProgID = "1", i.o.CommitCheck = 0;
+             i.preferencias.CheckActivateNamingConventions = 1;
+         },
+         {"      GT_DATAERRORSFOUND = GC_YES.\r\n      MOVE RET-MESSAGE TO DATAERRORS-LINE.\r\n"},
+         {"ROLLBACK", "COMMIT"}},
+        {"no error handling", [](auto& i) { i.SoloBAPI("TABLES"); }, {"       RETURN = RET.\r\n\r\n\r\nENDFORM."}, {"RET-TYPE"}},
+        {"a constant opens no chain, and its condition is a word",
+         [](auto& i) {
+             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1] = {"", "", "HEAD-A;COND", "'x'", ""};
+         },
+         {"       'x' TO HEAD-A COND.\r\n  MOVE:\r\n       ITAB-DATE TO HEAD-B.\r\n"},
+         {}},
+        {"moves that are too long for a line",
+         [](auto& i) {
+             const std::string campo = "HEAD-" + std::string(50, 'Z');
+             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1][2] = campo, i.e.TablaTransaccion[2][2] = campo + ";COND";
+         },
+         {"  MOVE:\r\n       ITAB-ORDER TO\r\n       HEAD-" + std::string(50, 'Z') + ".\r\n  PERFORM COND_CHECK",
+          "    MOVE ITAB-DATE TO HEAD-" + std::string(50, 'Z')},
+         {}},
+        {"a BAPI's name is cut for its form",
+         [](auto& i) { i.SoloBAPI("TABLES"), i.e.TablaTransaccion[0][1] = i.e.TablaBAPIs[0][0] = "BAPI_" + std::string(25, 'Y'); },
+         {"PERFORM BAPI_" + std::string(21, 'Y') + "_1.\r\n"},
+         {}},
+    };
+    for (const auto& caso : casos) {
+        Informe informe;
+        caso.cambio(informe);
+        const auto texto = informe.Texto();
+        for (const auto& hay : caso.hay) EXPECT_TRUE(Contiene(texto, hay)) << caso.que << ": " << hay << "\nin\n" << texto;
+        for (const auto& noHay : caso.noHay) EXPECT_FALSE(Contiene(texto, noHay)) << caso.que << ": " << noHay;
+        RevisarForma(texto, caso.que);
+    }
+}
+
+// The comment of an operation counts its code and not its number.
+TEST(Report, CommentOfTheTenthOperationIsAColumnWider) {
+    Informe informe;
+    for (int n = 2; n <= 10; ++n) informe.prueba.PonerTransaccion(5 + n, "TRANS|VA01");
+    const auto texto = informe.Texto();
+    EXPECT_TRUE(Contiene(texto, "VA01_9" + std::string(38, ' ') + "*\r\n"));
+    EXPECT_TRUE(Contiene(texto, "VA01_10" + std::string(38, ' ') + "*\r\n"));
+}
+
+// A specification with every fault at once shows them in the order of the checks, as each one is repaired.
+TEST(Report, ChecksRunInTheirOrder) {
+    const struct {
+        std::function<void(Informe&)> falta;
+        const char* diario;
+    } faltas[] = {
+        {[](auto& i) { i.prueba.PonerArchivo(5, "X|1"); }, "<373>"},
+        {[](auto& i) { i.o.Identificadores = "1,02"; }, "Identificadores <380>"},
+        {[](auto& i) {
+             i.prueba.PonerTransaccion(10, "P|3"), i.prueba.PonerTransaccion(11, "||G(1)|DATE|!1 1!2!30!4!51!65!7"),
+                 i.o.Identificadores = "1,2,3";
+         },
+         "<379>"},
+        {[](auto& i) { i.e.VariablesGlobales = ""; }, "T8 <386>: HEAD-A"},
+        {[](auto& i) { i.o.TablaZ = " "; }, "TablaZ <392>"},
+        {[](auto& i) { i.o.ProgID = ""; }, "ProgID <402>"},
+        {[](auto& i) { i.e.TablaTransaccion[0][0] = "PROG"; }, "busy <302> idle"},
+        {[](auto& i) { i.o.FileParameterCh = 0, i.o.ArchivoFuente = ""; }, "busy ArchivoFuente <304> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[3][3] = "ITEM"; }, "busy <367> ITEM. idle"},
+        {[](auto& i) { i.e.TablaTransaccion[1][1] = "101;NONE"; }, "busy <369> NONE <370> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[2][3] = "NONE"; }, "busy T2 Text5_0 <308> 'NONE' <309> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[9][3] = "@NONE"; }, "busy T9 Text5_0 <312> NONE <313>i idle"},
+        {[](auto& i) { i.o.Programa = ""; }, "busy Programa <301> idle"},
+        {[](auto& i) { i.e.TablaArchivo[0][1] = ""; }, "busy idle A0 <315> ORDER"},
+        {[](auto& i) { i.e.TablaTransaccion[4][1] = ""; }, "busy idle <318>"},
+        {[](auto&) {}, "busy idle A0 T0 text:<323>"},
+    };
+    for (std::size_t desde = 0; desde < std::size(faltas); ++desde) {
+        Informe informe;
+        informe.prueba.PonerTransaccion(7, "BAPI|BAPI_X");
+        informe.prueba.PonerTransaccion(8, "||HEAD-A|ORDER");
+        informe.prueba.PonerTransaccion(9, "||HEAD-B|'1'");
+        informe.e.VariablesGlobales = "DATA: HEAD LIKE T, RET LIKE R.";
+        informe.e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     IMPORTING\r\n       RETURN = RET."};
+        informe.o.MultipleFilesOption = false;
+        informe.o.Identificadores = "1,2";
+        informe.o.CallTransaction = informe.o.ErrorHandlingCheck = 1;
+        informe.o.CommitCheck = 0;
+        informe.o.ProgID = "1";
+        for (std::size_t n = std::size(faltas); n-- > desde;) {
+            // The group without keys needs ids of its own; behind it the specification has one group again.
+            if (n != 2 || desde == 2) faltas[n].falta(informe);
+        }
+        EXPECT_EQ(informe.Generar(), desde + 1 == std::size(faltas)) << desde;
+        EXPECT_EQ(informe.vista.diario, faltas[desde].diario) << desde;
+    }
+}
+
+TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
+    Informe informe;
+    informe.o.Programa = RutaDelModelo(informe.directorio.Escribir("there.abap", "old"));
+    EXPECT_FALSE(informe.Generar());
+    EXPECT_EQ(informe.vista.diario, "busy <337>? Programa idle");
+    EXPECT_EQ(LeerArchivo(RutaDelSistema(informe.o.Programa)), "old");
+    EXPECT_EQ(informe.estado.UltimoPrograma, "");
+
+    informe.vista.diario.clear();
+    informe.vista.conEditor = true;
+    informe.o.TablaZ = "  ZT ";
+    informe.vista.respuestas = {Respuesta::Aceptar, Respuesta::Si};
+    EXPECT_TRUE(informe.Generar());
+    EXPECT_EQ(informe.vista.diario, "busy <337>? idle A0 T0 <323>i <324>? edit:there.abap <325>");
+    EXPECT_EQ(informe.o.TablaZ, "ZT");
+    EXPECT_TRUE(LeerArchivo(RutaDelSistema(informe.o.Programa)).starts_with("*---"));
+}
+
+// The temporary report of a connected run goes when the next report is written, wherever that one lies.
+TEST(Report, TemporaryReportsGoWithTheNextRun) {
+    struct Sistema : SistemaConectado {
+        std::string archivo, ofrecido;
+        void ObtenerAnchos() override {}
+        std::string ArchivoTemporal() override { return archivo; }
+        void OfrecerPublicacion(const std::string& ruta) override { ofrecido = ruta; }
+    } sistema;
+    Informe informe;
+    const auto primero = informe.directorio / "1.tmp";
+    const auto segundo = informe.directorio / "2.tmp";
+    sistema.archivo = RutaDelModelo(primero);
+    ASSERT_TRUE(informe.Generar(&sistema));
+    EXPECT_EQ(sistema.ofrecido, sistema.archivo);
+    sistema.archivo = RutaDelModelo(segundo);
+    ASSERT_TRUE(informe.Generar(&sistema));
+    EXPECT_FALSE(std::filesystem::exists(primero));
+    EXPECT_TRUE(std::filesystem::exists(segundo));
+    ASSERT_TRUE(informe.Generar());
+    EXPECT_FALSE(std::filesystem::exists(segundo));
+    ASSERT_FALSE(informe.Generar());  // the report that is there is the user's own, and stays
+    EXPECT_TRUE(std::filesystem::exists(RutaDelSistema(informe.o.Programa)));
+}
+
+}  // namespace
+}  // namespace qor::pruebas
