@@ -89,6 +89,47 @@ TEST(Operations, OkCodeOfAScreenIsFound) {
     }
 }
 
+// The groups by another way: the operations are cut into screens and structures first, and each of these is judged as a whole.
+std::vector<int> GruposPorTramos(const Especificacion& e, int filas) {
+    std::vector<int> grupos(static_cast<std::size_t>(filas), 0);
+    int n = 0;
+    bool activo = false;
+    bool esBAPI = false;
+    for (int desde = 0; desde < filas;) {
+        const auto& tabla = e.TablaTransaccion;
+        const auto estructura = [&](int r) {
+            return Contiene(tabla[r][2], "-") ? tabla[r][2].substr(0, tabla[r][2].find('-')) : "";
+        };
+        if (!EstaEnBlanco(tabla[desde][0])) {
+            if (EsCabezaBAPI(tabla[desde])) esBAPI = true;
+            if (EsCabezaTransaccion(tabla[desde])) esBAPI = false;
+        }
+        // Behind a head's own row come field rows; in a BAPI only those without a structure belong to the head.
+        const std::string propia = EstaEnBlanco(tabla[desde][0]) ? estructura(desde) : "";
+        int hasta = desde + 1;
+        while (hasta < filas && EstaEnBlanco(tabla[hasta][0]) && (!esBAPI || estructura(hasta) == propia)) ++hasta;
+        const bool filaDeCabeza = !EstaEnBlanco(tabla[desde][0]);
+        const int primerCampo = filaDeCabeza ? desde + 1 : desde;
+        bool enLoop = false;
+        for (int r = primerCampo; r < hasta; ++r) enLoop = enLoop || EsCabezaStepLoop(tabla[r][4]);
+        // A head without a field row decides nothing: what stood before stays switched on.
+        if (primerCampo < hasta) activo = enLoop;
+        if (enLoop) ++n;
+        bool okVisto = false;
+        for (int r = primerCampo; r < hasta; ++r) {
+            const bool ok = Recortar(tabla[r][2]) == "BDC_OKCODE" && !okVisto;
+            okVisto = okVisto || ok;
+            const bool miembro = ok || Contiene(tabla[r][2], "(") || EsCabezaStepLoop(tabla[r][4]);
+            if (activo && miembro) grupos[static_cast<std::size_t>(r)] = n;
+        }
+        // In a BAPI the row that opens a group belongs to it, be it a field of the structure or the operation's own row.
+        if (esBAPI && enLoop) grupos[static_cast<std::size_t>(desde)] = n;
+        if (!filaDeCabeza && !enLoop) grupos[static_cast<std::size_t>(desde)] = 0;
+        desde = hasta;
+    }
+    return grupos;
+}
+
 // The answers of the index against walks over the rows.
 struct Caminata {
     const Especificacion& e;
@@ -133,6 +174,7 @@ TEST(Operations, IndexAnswersAsTheWalksDo) {
             }
         }
         const auto operaciones = ActualizarOperaciones(e, 0);
+        EXPECT_EQ(Grupos(e, e.FilasTransaccion()), GruposPorTramos(e, e.FilasTransaccion())) << vuelta;
         const Caminata caminata{e, operaciones};
         for (int n = 0; n <= 4; ++n) {
             int campos = 0;
