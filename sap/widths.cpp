@@ -1,7 +1,6 @@
 #include "sap/widths.h"
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
 
 #include "base/busy_pointer.h"
@@ -35,26 +34,13 @@ std::string Columna30(std::string_view texto) {
 
 bool TieneGuion(std::string_view texto) { return texto.find('-') != std::string_view::npos; }
 
-// A text file that is written line by line; what was written stays when a later line fails.
-class ArchivoDeLineas {
-public:
-    explicit ArchivoDeLineas(const std::string& ruta) : archivo_(RutaDelSistema(ruta), std::ios::binary | std::ios::trunc) {
-        if (!archivo_) throw FalloDeEjecucion("the file can't be opened for writing");
-    }
-    void Linea(std::string_view linea) { archivo_ << linea << "\r\n"; }
-    void Cerrar() {
-        archivo_.close();
-        if (!archivo_) throw FalloDeEjecucion("the file can't be written");
-    }
-
-private:
-    std::ofstream archivo_;
-};
+// Lines of a text file. What was written stays when a later line fails.
+void EscribirLinea(ArchivoDeSalida& archivo, const std::string& linea) { archivo.Escribir(linea + "\r\n"); }
 
 // The lines that the program side asks for.
 class Pedidos {
 public:
-    Pedidos(const Especificacion& especificacion, ArchivoDeLineas& archivo)
+    Pedidos(const Especificacion& especificacion, ArchivoDeSalida& archivo)
         : especificacion_(especificacion),
           declaraciones_(PartirLineas(especificacion.VariablesGlobales, anchoDeDeclaracion)),
           archivo_(archivo) {}
@@ -85,24 +71,23 @@ private:
                 nombre = DespuesDe(tipo, '-');
             }
         }
-        archivo_.Linea(Columna30(tabla) + Columna30(nombre) + Columna30(valor));
+        EscribirLinea(archivo_, Columna30(tabla) + Columna30(nombre) + Columna30(valor));
     }
 
     const Especificacion& especificacion_;
     std::vector<std::string> declaraciones_;
-    ArchivoDeLineas& archivo_;
+    ArchivoDeSalida& archivo_;
     bool enBAPI_ = false;
 };
 
 // The lengths behind the lines of the file, one for each row of the list.
 void CompletarArchivo(const std::string& archivo, const std::vector<std::string_view>& lineas, const FilasDeLista& largos) {
-    ArchivoDeLineas nuevo(archivo);
+    ArchivoDeSalida nuevo(RutaDelSistema(archivo));
     for (std::size_t i = 0; i < largos.size(); ++i) {
         std::string linea(i < lineas.size() ? lineas[i].substr(0, anchoDePedido) : std::string_view{});
         linea.resize(anchoDePedido, ' ');
-        nuevo.Linea(linea + largos[i]);
+        EscribirLinea(nuevo, linea + largos[i]);
     }
-    nuevo.Cerrar();
 }
 
 }  // namespace
@@ -122,9 +107,8 @@ std::string BuscarTipoVariable(const std::vector<std::string>& lineas, std::stri
 bool GenerarInfoCampos(const Especificacion& especificacion, const std::string& archivo, bool conectado, const TextosIdioma& textos,
                        Vista& vista) {
     try {
-        ArchivoDeLineas salida(archivo);
+        ArchivoDeSalida salida(RutaDelSistema(archivo));
         Pedidos(especificacion, salida).Escribir();
-        salida.Cerrar();
     } catch (const FalloDeEjecucion&) {
         vista.Advertir(Componer(textos, {328}));
         return false;

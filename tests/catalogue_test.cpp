@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "generator/generate.h"
 #include "model/document_format.h"
+#include "model/operations.h"
 #include "tests/support/editor_fixture.h"
 
 namespace qor::pruebas {
@@ -54,6 +55,7 @@ TEST(Spread, EveryBAPIOfTheCatalogueGivesAReport) {
         CompletarArchivo(prueba);
         auto& o = prueba.editor.opciones;
         o.Programa = RutaDelModelo(directorio / (nodo.texto + ".abap"));
+        std::filesystem::remove(RutaDelSistema(o.Programa));
         for (const int numero : {504, 505}) prueba.textos.Poner(numero, "Text");
         EstadoDelGenerador estado;
         EXPECT_TRUE(Generar({prueba.editor.especificacion, o, {}, prueba.textos, prueba.vista, "", ""}, estado))

@@ -266,7 +266,7 @@ TEST(Report, ChoicesShapeItsLines) {
              i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1][2] = campo, i.e.TablaTransaccion[2][2] = campo + ";COND";
          },
          {"  MOVE:\r\n       ITAB-ORDER TO\r\n       HEAD-" + std::string(50, 'Z') + ".\r\n  PERFORM COND_CHECK",
-          "    MOVE ITAB-DATE TO HEAD-" + std::string(50, 'Z')},
+          "    MOVE ITAB-DATE TO\r\n    HEAD-" + std::string(50, 'Z') + ".\r\n  ELSE."},
          {}},
         {"a BAPI's name is cut for its form",
          [](auto& i) { i.SoloBAPI("TABLES"), i.e.TablaTransaccion[0][1] = i.e.TablaBAPIs[0][0] = "BAPI_" + std::string(25, 'Y'); },

@@ -101,6 +101,7 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
         prueba.textos.Poner(510, "No test.");
         prueba.textos.Poner(511, "Add one.");
         prueba.textos.Poner(512, "END-OF-DEFINITION.");
+        std::filesystem::remove(RutaDelSistema(o.Programa));
         EstadoDelGenerador estado;
         escritos += Generar({e, o, preferencias, prueba.textos, prueba.vista, "/a/orders.qor", "orders.qor"}, estado) ? 1 : 0;
     }
