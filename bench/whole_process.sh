@@ -19,6 +19,7 @@ trap 'rm -rf "$work"' EXIT
             printf '2,"","","VBAK-F%d;COND%d","FIELD%d","","","","",""\r\n' "$i" "$i" "$i"
         fi
     done
+    printf '3,1,#FALSE#,0,1,0,"A","large.abap","in.txt",#TRUE#\r\n'
     for i in $(seq 0 999); do printf '6,"COND%d","IF #FIELD%d = SPACE.\r\nRESULT = YES.\r\nENDIF.","","","","","","",""\r\n' "$i" "$i"; done
 } > "$work/large.qor"
 
