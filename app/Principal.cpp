@@ -11,8 +11,10 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "app/qt/help_window.h"
+#include "app/qt/scroll_page.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/dialog.h"
 #include "base/qt/text.h"
@@ -42,7 +44,12 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
     : programa_(programa), vista_(std::move(vista)), editor_(programa.textos, *vista_) {
     setObjectName(QStringLiteral("Principal"));
     PrepararEditor(programa_, editor_);
-    vista_->Servir({[this] { Sincronizar(); },
+    vista_->Servir({[this] {
+                        // The cells alone: options can be other than the user's while an action runs.
+                        const bool antes = std::exchange(sincronizando_, true);
+                        SincronizarRejillas();
+                        sincronizando_ = antes;
+                    },
                     [this](Tabla tabla, int fila) {
                         tabla == Tabla::Archivo ? qor::MostrarArchivo(editor_, fila) : qor::MostrarTransaccion(editor_, fila);
                         Sincronizar();
@@ -52,6 +59,7 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
     if (!conexion_) conexion_ = SinConexion(*vista_);
     encoding_ = EncodingDeAdiciones(programa_.ajustes.preferencias.AdicionesDataset);
     Construir();
+    AplicarPaleta();
     RefrescarIdioma();
     RestaurarVentana();
 }
@@ -66,10 +74,10 @@ Principal::~Principal() {
 void Principal::Construir() {
     setWindowIcon(IconoDeTema("program"));
     SSTab1_ = Nuevo<QTabWidget>("SSTab1", this);
-    SSTab1_->addTab(CrearPaginaDeRejillas(), {});
-    SSTab1_->addTab(CrearPaginaDeOpciones(), {});
-    SSTab1_->addTab(CrearPaginaDeHerramientas(), {});
-    SSTab1_->addTab(CrearPaginaDeDocumentacion(), {});
+    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeRejillas()), {});
+    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeOpciones()), {});
+    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeHerramientas()), {});
+    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeDocumentacion()), {});
     connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int pagina) {
         if (!sincronizando_) editor_.ventana.SSTab1 = pagina;
     });
@@ -173,6 +181,7 @@ void Principal::EnfocarControl(const std::string& nombre) {
         for (auto* const pestanas : {SSTab1_, SSTab2_}) {
             if (const int pagina = pestanas->indexOf(hijo); pagina >= 0) pestanas->setCurrentIndex(pagina);
         }
+        if (auto* const pagina = qobject_cast<QScrollArea*>(hijo)) pagina->ensureWidgetVisible(control);
     }
     control->setFocus(Qt::OtherFocusReason);
     if (auto* const caja = qobject_cast<QLineEdit*>(control)) caja->selectAll();
@@ -250,7 +259,20 @@ void Principal::showEvent(QShowEvent* evento) {
 
 void Principal::changeEvent(QEvent* evento) {
     QMainWindow::changeEvent(evento);
-    if (evento->type() == QEvent::PaletteChange && SSTab1_ != nullptr && documento_ != nullptr) Sincronizar();
+    if (evento->type() == QEvent::PaletteChange && documento_ != nullptr) {
+        AplicarPaleta();
+        Sincronizar();
+    }
+}
+
+// Not every desktop gives place holders a colour of its own dark palette.
+void Principal::AplicarPaleta() {
+    auto* const buscado = qobject_cast<QWidget*>(controles_.value("TextoBuscado"));
+    QPalette paleta = buscado->palette();
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.5F);
+    paleta.setColor(QPalette::PlaceholderText, color);
+    buscado->setPalette(paleta);
 }
 
 void Principal::RestaurarVentana() {
@@ -258,16 +280,17 @@ void Principal::RestaurarVentana() {
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     const QRect pantalla = screen()->availableGeometry();
     if (pantalla.width() <= anchoDePantallaPequena) {
+        resize(pantalla.size());
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
-    // The layouts learn of their texts when the window is shown; its place is needed before.
-    ensurePolished();
-    for (auto* const orden : findChildren<QLayout*>()) orden->activate();
-    resize(sizeHint()
-               .expandedTo(minimumSizeHint())
-               .expandedTo({fontMetrics().averageCharWidth() * 150, 0})
-               .boundedTo(pantalla.size()));
+    // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
+    for (auto* const orden : findChildren<QLayout*>()) orden->invalidate();
+    for (auto* const control : findChildren<QWidget*>()) {
+        control->ensurePolished();
+        control->updateGeometry();
+    }
+    resize(sizeHint().expandedTo({fontMetrics().averageCharWidth() * 150, 0}).boundedTo(pantalla.size()));
     move(pantalla.center() - rect().center());
 }
 

@@ -67,6 +67,7 @@ protected:
 private:
     // ---- Principal.cpp ----
     void Construir();
+    void AplicarPaleta();
     void RestaurarVentana();
     void GuardarVentana() const;
     // Runs an event: core functions behind the failure trap, then everything is shown anew.

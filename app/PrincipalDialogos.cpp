@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QScreen>
+#include <QTimer>
 #include <utility>
 
 #include "app/FormAbout.h"
@@ -130,6 +132,11 @@ void Principal::CargarIdioma(std::string_view nombre) {
         case ResultadoIdioma::Bien: break;
     }
     RefrescarIdioma();
+    // Longer words need more room, once the layouts know of them.
+    QTimer::singleShot(0, this, [this] {
+        if (isMaximized() || isFullScreen()) return;
+        resize(size().expandedTo(sizeHint().boundedTo(screen()->availableGeometry().size())));
+    });
 }
 
 void Principal::ClicSeleccionarIdioma() {

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -301,6 +302,7 @@ QWidget* Principal::CrearOrigen(QWidget* padre) {
     opciones->addWidget(ayuda, 1, 3);
     opciones->addWidget(nombre, 2, 0);
     auto* const caja = new QHBoxLayout;
+    caja->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
     caja->addWidget(archivo, 1);
     caja->addWidget(examinar);
     opciones->addLayout(caja, 2, 1, 1, 3);

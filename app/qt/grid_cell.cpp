@@ -85,7 +85,7 @@ void CeldaDeRejilla::Sincronizar(const Celda& celda) {
         sincronizando_ = true;
         setText(nuevo);
         sincronizando_ = false;
-        if (hasFocus()) selectAll();
+        if (window()->focusWidget() == this) selectAll();
     }
     const QColor color = ColorDeTexto(celda.color, QApplication::palette(this));
     QPalette paleta = palette();

@@ -146,8 +146,6 @@ constexpr ParDePalabras palabras[] = {
     {"&Language:", "Idi&oma:"},
     {"&Name:", "&Nombre:"},
 
-    {"Choose an example", "Elija un ejemplo"},
-    {"This window is not part of this build:", "Esta ventana no es parte de esta compilación:"},
 };
 
 bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(0), "Espanol"); }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace qor {
+
+// A page that can be scrolled where the screen is too small for it, and else looks like any page.
+class PaginaDesplazable : public QScrollArea {
+public:
+    explicit PaginaDesplazable(QWidget* contenido) {
+        setWidget(contenido);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        contenido->setAutoFillBackground(false);
+        viewport()->setAutoFillBackground(false);
+    }
+
+    // All of the page.
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace qor
