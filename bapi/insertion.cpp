@@ -199,6 +199,8 @@ VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::s
         const std::string candidato = n == 0 ? raiz : raiz + std::to_string(n);
         if (VariableLibre(VariablesGlobales, candidato)) return {candidato, true};
         if (!VariableConOtroTipo(VariablesGlobales, candidato, tipo, clase)) return {candidato, false};
+        // A number behind the "-" changes nothing of what is declared in front of it.
+        if (Contiene(raiz, "-")) throw FalloDeEjecucion("no free name for the parameter " + raiz);
     }
 }
 
