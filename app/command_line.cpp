@@ -4,6 +4,7 @@
 #include <exception>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "app/command.h"
 #include "app/console_view.h"
@@ -41,8 +42,15 @@ public:
     }
 
     void Leer(const std::vector<std::string>& argumentos) {
-        // The parser takes the arguments from the back.
-        programa_.parse(std::vector<std::string>(argumentos.rbegin(), argumentos.rend()));
+        // The parser takes the arguments from the back. For it "--name=" has no value and would take the next argument, so an
+        // empty value is passed as an argument of its own.
+        std::vector<std::string> alReves;
+        for (auto argumento = argumentos.rbegin(); argumento != argumentos.rend(); ++argumento) {
+            const bool valorVacio = argumento->starts_with("--") && argumento->find('=') == argumento->size() - 1;
+            if (valorVacio) alReves.emplace_back();
+            alReves.push_back(valorVacio ? argumento->substr(0, argumento->size() - 1) : *argumento);
+        }
+        programa_.parse(std::move(alReves));
     }
 
     // The help of the command that was parsed, or of the program.

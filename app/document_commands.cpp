@@ -23,9 +23,9 @@ namespace {
 struct Argumentos {
     std::string documento;
     std::optional<std::string> archivo;
-    enum class Modelo { Archivo, OpenSQL, SQLNativo } modelo = Modelo::Archivo;
-    FuenteDeModelo fuente = FuenteDeModelo::Ninguna;
-    std::string tabla;
+    std::string modelo;
+    std::string fuente;
+    std::optional<std::string> tabla;
 };
 
 bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
@@ -50,6 +50,9 @@ bool Convert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return SaveOption(editor);
 }
 
+const std::map<std::string, FuenteDeModelo> fuentes = {
+    {"client-flat", FuenteDeModelo::ClientFlat}, {"client-tab", FuenteDeModelo::ClientTab}, {"server", FuenteDeModelo::Server}};
+
 bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Editor editor(contexto.textos, contexto.vista);
     if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
@@ -58,17 +61,14 @@ bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     const auto estructuras = ImprimirEstructuras(pedido);
     if (estructuras.texto.empty()) return false;
     const auto& tablas = estructuras.tablas;
-    const std::string itab = argumentos.tabla.empty() ? tablas.front() : DeArgumento(argumentos.tabla);
+    const std::string itab = argumentos.tabla ? DeArgumento(*argumentos.tabla) : tablas.front();
     if (std::find(tablas.begin(), tablas.end(), itab) == tablas.end()) {
-        throw MalUso("--table: the report has no internal table " + argumentos.tabla);
+        throw MalUso("--table: the report has no internal table " + *argumentos.tabla);
     }
     const auto textos = TextosDe(editor.especificacion);
-    bool hecho = false;
-    switch (argumentos.modelo) {
-        case Argumentos::Modelo::Archivo: hecho = ModeloArchivo(pedido, textos, itab, argumentos.fuente); break;
-        case Argumentos::Modelo::OpenSQL: hecho = ModeloOpenSQL(pedido, textos, itab, estructuras.texto); break;
-        case Argumentos::Modelo::SQLNativo: hecho = ModeloSQLNativo(pedido, textos, itab, estructuras.texto); break;
-    }
+    const bool hecho = argumentos.modelo == "file"       ? ModeloArchivo(pedido, textos, itab, fuentes.at(argumentos.fuente))
+                       : argumentos.modelo == "open-sql" ? ModeloOpenSQL(pedido, textos, itab, estructuras.texto)
+                                                         : ModeloSQLNativo(pedido, textos, itab, estructuras.texto);
     return hecho && SaveOption(editor);
 }
 
@@ -76,12 +76,18 @@ bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Editor editor(contexto.textos, contexto.vista);
     if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
     DispositivoDeTexto dispositivo;
-    if (!PrintOption(PedidoDe(contexto, editor), [&] { return &dispositivo; })) return false;
-    if (!argumentos.archivo) {
+    std::optional<ArchivoDeSalida> archivo;
+    // The file is opened before anything is said to be printed.
+    const auto elegir = [&] {
+        if (argumentos.archivo) archivo.emplace(*argumentos.archivo);
+        return &dispositivo;
+    };
+    if (!PrintOption(PedidoDe(contexto, editor), elegir)) return false;
+    if (archivo) {
+        archivo->Escribir(dispositivo.Texto());
+    } else {
         contexto.salida << TextoDeTerminal(dispositivo.Texto());
-        return true;
     }
-    ArchivoDeSalida(*argumentos.archivo).Escribir(dispositivo.Texto());
     return true;
 }
 
@@ -111,27 +117,21 @@ private:
 };
 
 void AgregarSource(Ordenes ordenes) {
-    OrdenDeDocumento orden(
-        ordenes, "source", "Append a code model to the document's own data source",
-        "The data source is switched on, and the document saved.",
-        [](const ContextoDeComando& contexto, const Argumentos& argumentos) {
-            if (argumentos.modelo == Argumentos::Modelo::Archivo && argumentos.fuente == FuenteDeModelo::Ninguna) {
-                throw MalUso("--from: a file model needs to know where the file lies");
-            }
-            return Source(contexto, argumentos);
-        });
+    OrdenDeDocumento orden(ordenes, "source", "Append a code model to the document's own data source",
+                           "The data source is switched on, and the document saved.",
+                           [](const ContextoDeComando& contexto, const Argumentos& argumentos) {
+                               if (argumentos.modelo == "file" && argumentos.fuente.empty()) {
+                                   throw MalUso("--from: a file model needs to know where the file lies");
+                               }
+                               return Source(contexto, argumentos);
+                           });
     orden->add_option("--model", orden.Valores().modelo, "Kind of model: file, open-sql or native-sql")
         ->required()
-        ->transform(
-            CLI::CheckedTransformer(std::map<std::string, Argumentos::Modelo>{{"file", Argumentos::Modelo::Archivo},
-                                                                              {"open-sql", Argumentos::Modelo::OpenSQL},
-                                                                              {"native-sql", Argumentos::Modelo::SQLNativo}}))
+        ->check(CLI::IsMember({"file", "open-sql", "native-sql"}))
         ->type_name("KIND");
     orden->add_option("--table", orden.Valores().tabla, "Internal table to fill; by default the main one")->type_name("NAME");
     orden->add_option("--from", orden.Valores().fuente, "Where a file lies: client-flat, client-tab or server")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, FuenteDeModelo>{{"client-flat", FuenteDeModelo::ClientFlat},
-                                                                                  {"client-tab", FuenteDeModelo::ClientTab},
-                                                                                  {"server", FuenteDeModelo::Server}}))
+        ->check(CLI::IsMember(fuentes))
         ->type_name("PLACE");
 }
 

@@ -99,11 +99,9 @@ private:
         if (!DarCampos_) return;
         PrimerCampo_ = parametro_.EsTabla();
         if (!parametro_.EsEscalar()) {
-            Prefijo_ = ConDefinicion() ? actual : BuscarParametroEnLlamada();
-            if (Prefijo_.empty()) throw Parada{};
+            Prefijo_ = Exigir(ConDefinicion() ? actual : BuscarParametroEnLlamada());
         } else if (SePide()) {
-            const std::string izquierda = BuscarParametroEnLlamada();
-            if (izquierda.empty()) throw Parada{};
+            const std::string izquierda = Exigir(BuscarParametroEnLlamada());
             PonerFila(++fila_, {"", "", izquierda, Mayusculas(parametro_.nombre), ""});
         }
     }
@@ -114,7 +112,7 @@ private:
     std::string Definir() {
         const auto& p = parametro_;
         const auto variable = NombreVariableBAPI(Variables(), p.nombre, p.tipo, p.clase);
-        if (variable.declarar) {
+        if (variable.declarar && !variable.nombre.empty()) {
             Variables() += "DATA: " + variable.nombre + " LIKE " + p.tipo;
             Variables() += p.EsTabla() ? std::string(finDeLinea) + "      OCCURS 0 WITH HEADER LINE." : std::string(".");
             Variables() += finDeLinea;
@@ -143,8 +141,14 @@ private:
             }
             break;
         }
-        editor_.vista.Advertir(Componer(editor_.textos, {394}));
         return {};
+    }
+
+    // What the call passes for a parameter; without it the insertion can't go on.
+    std::string Exigir(std::string pasado) {
+        if (!pasado.empty()) return pasado;
+        editor_.vista.Advertir(Componer(editor_.textos, {394}));
+        throw Parada{};
     }
 
     void LeerCampo(const std::string& campo) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <map>
 
+#include "base/busy_pointer.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
@@ -287,10 +288,10 @@ bool ReemplazarValores(const std::string& ruta, const JuegoDeDatos& datos, const
         LectorDeLineas lector(destino);
         ArchivoNuevo nuevo(RutaDelSistema(QuitarExtension(ruta) + ".TMP"));
         Pasada pasada(lector, nuevo, datos, reemplazo);
-        vista.PunteroOcupado(true);
-        const bool completa = pasada.Correr(progreso);
-        vista.PunteroOcupado(false);
-        if (!completa) return false;
+        {
+            const ConPunteroOcupado puntero(vista);
+            if (!pasada.Correr(progreso)) return false;
+        }
         InformarCambios(pasada.Cambios(), textos, vista);
         if (pasada.Cambios() == 0) return true;
         nuevo.Terminar();
@@ -299,7 +300,6 @@ bool ReemplazarValores(const std::string& ruta, const JuegoDeDatos& datos, const
         nuevo.PonerEnLugarDe(destino);
         return true;
     } catch (const std::exception&) {
-        vista.PunteroOcupado(false);
         vista.Advertir(Componer(textos, {328}));
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "base/busy_pointer.h"
 #include "base/clock.h"
 #include "base/failure.h"
 #include "base/files.h"
@@ -14,23 +15,6 @@
 namespace qor {
 
 namespace {
-
-// Restores the pointer on every path.
-class PunteroOcupado {
-public:
-    explicit PunteroOcupado(Vista& vista) : vista_(vista) { vista_.PunteroOcupado(true); }
-    ~PunteroOcupado() { Soltar(); }
-    PunteroOcupado(const PunteroOcupado&) = delete;
-    PunteroOcupado& operator=(const PunteroOcupado&) = delete;
-    void Soltar() {
-        if (ocupado_) vista_.PunteroOcupado(false);
-        ocupado_ = false;
-    }
-
-private:
-    Vista& vista_;
-    bool ocupado_ = true;
-};
 
 bool RechazarEnControl(const Generacion& g, const char* control, int mensaje) {
     g.vista.Enfocar(control);
@@ -197,11 +181,10 @@ void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const E
 // Runs `accion` under the failure trap of the generator: message 326, or the message of a stop.
 template <typename Accion>
 bool ConTrampa(const Generacion& g, Accion accion) {
-    PunteroOcupado puntero(g.vista);
     try {
+        const ConPunteroOcupado puntero(g.vista);
         return accion();
     } catch (const ParadaDeGeneracion& parada) {
-        puntero.Soltar();
         if (parada.lugar) {
             g.vista.MostrarFila(parada.lugar->tabla, parada.lugar->fila);
             if (parada.lugar->tabla == Tabla::Transaccion) g.vista.Enfocar("Text5_0");

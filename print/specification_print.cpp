@@ -1,5 +1,6 @@
 #include "print/specification_print.h"
 
+#include "base/busy_pointer.h"
 #include "base/text.h"
 #include "generator/checks.h"
 #include "model/cells.h"
@@ -214,9 +215,10 @@ bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& 
     if (!ChequearArchivosCampos(g) || !TablasOK(g.especificacion, g.textos, g.vista)) return false;
     Dispositivo* const dispositivo = elegir();
     if (dispositivo == nullptr) return false;
-    g.vista.PunteroOcupado(true);
-    Documento(g, *dispositivo).Imprimir();
-    g.vista.PunteroOcupado(false);
+    {
+        const ConPunteroOcupado puntero(g.vista);
+        Documento(g, *dispositivo).Imprimir();
+    }
     g.vista.Informar(Componer(g.textos, {919}));
     return true;
 }

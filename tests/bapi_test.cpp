@@ -136,6 +136,27 @@ TEST_F(PruebaDeBAPI, MandatoryOnlyDefinitionOnlyAndRefusals) {
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<389> <401> <383> <394>");
 }
 
+// Catalogues that no system writes end in a message, and never in silence or a loop.
+TEST_F(PruebaDeBAPI, OddParametersEndTheInsertion) {
+    const struct {
+        const char* parametro;
+        const char* variables;
+        const char* avisos;
+    } casos[] = {
+        {"4 Z-Y::I:S", "DATA: Z,", "<382>"},  // no number behind the "-" makes the name free
+        {"4 ::I:S", "", "<394>"},
+        {"4 A::I", "", ""},
+    };
+    for (const auto& caso : casos) {
+        EditorDePrueba otra;
+        otra.editor.especificacion.VariablesGlobales = caso.variables;
+        const auto archivo = Escribir("BAPIDEFS\r\n1 M\r\n2 BAPI_ODD\r\n" + std::string(caso.parametro) + "\r\n");
+        ElegirBAPI(otra.editor, archivo, "BAPI_ODD", false, 0, [] { return std::optional(true); });
+        EXPECT_EQ(otra.vista.TomarAvisos(), caso.avisos) << caso.parametro;
+        EXPECT_FALSE(Contiene(otra.editor.especificacion.VariablesGlobales, "DATA:  LIKE")) << caso.parametro;
+    }
+}
+
 TEST_F(PruebaDeBAPI, RowsEndAtRow1000) {
     prueba.LlenarTransaccion(997);
     ASSERT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Hecho);

@@ -53,6 +53,24 @@ TEST(Examples, EarliestFormatIsConverted) {
     EXPECT_EQ(LeerArchivo(nuevo), LeerArchivo(ejemplos / "old-format/expected/vendors.qor"));
 }
 
+// An option without a value between its name and the next argument takes nothing from that argument.
+TEST(CommandLine, EmptyValuesStayEmpty) {
+    DirectorioTemporal directorio;
+    const auto sesion = directorio / "session.txt";
+    const auto con = [&](const char* nuevo, bool separado) {
+        std::filesystem::copy_file(ejemplos / "data-sets/session.txt", sesion, std::filesystem::copy_options::overwrite_existing);
+        std::vector<std::string> argumentos = {"dataset", sesion.string(), "--field=RMMG1-MBRSH", nuevo};
+        if (separado) argumentos.emplace_back();
+        argumentos.insert(argumentos.end(), {"--once", "--yes"});
+        EXPECT_TRUE(Correr(argumentos).starts_with("0\n360: 4 "));
+        return LeerArchivo(sesion);
+    };
+    const auto vaciada = con("--new=", false);
+    EXPECT_FALSE(Contiene(vaciada, "--once"));
+    EXPECT_EQ(vaciada, con("--new", true));
+    EXPECT_TRUE(Correr({"dataset", sesion.string(), "--yes="}).starts_with("2\n"));
+}
+
 // Statuses, answers, and where the common options may stand.
 TEST(CommandLine, TellsStatusAndMessages) {
     DirectorioTemporal directorio;
@@ -67,6 +85,10 @@ TEST(CommandLine, TellsStatusAndMessages) {
         {{"unknown"}, "2\n"},
         {{"generate"}, "2\n"},
         {{"convert", documento}, "2\n"},
+        {{"source", documento, "--model", "file"}, "2\n"},
+        {{"source", documento, "--model", "0", "--from", "server"}, "2\n"},
+        {{"source", documento, "--model", "open-sql", "--table", ""}, "2\n"},
+        {{"print", documento, "-o", (directorio / "no/such/place").string()}, "1\n0: "},
         {{"--help"}, "0\n"},
         {{"check", documento}, "0\n"},
         {{"generate", documento, "-o", informe}, "0\n323: "},
