@@ -18,7 +18,6 @@ constexpr const char* finDeLinea = "\r\n";
 constexpr const char* reglaDeComentario = "*---------------------------------------------------------------------*";
 // A table parameter is a step-loop: one new line on each record.
 constexpr const char* marcasDeTabla = "!1 1!2!30!4!50!61!7";
-constexpr int ultimaFilaBAPIs = 500;
 
 // The end of an insertion in the middle of the file; the view has shown why.
 struct Parada {};
@@ -68,7 +67,7 @@ public:
 private:
     bool ConDefinicion() const { return indice_ != -1; }
     std::string& Variables() { return editor_.especificacion.VariablesGlobales; }
-    std::string& Llamada() { return editor_.especificacion.TablaBAPIs[indice_][1]; }
+    std::string& Llamada() { return editor_.especificacion.TablaBAPIs[indice_].llamada; }
 
     void Abrir() {
         if (ConDefinicion()) {
@@ -130,9 +129,9 @@ private:
     std::string BuscarParametroEnLlamada() {
         const std::string buscado = parametro_.nombre + " = ";
         for (const auto& fila : editor_.especificacion.TablaBAPIs) {
-            if (fila[0].empty()) break;
-            if (Recortar(fila[0]) != nombre_) continue;
-            for (const auto& linea : PartirLineas(fila[1], 71)) {
+            if (fila.nombre.empty()) break;
+            if (Recortar(fila.nombre) != nombre_) continue;
+            for (const auto& linea : PartirLineas(fila.llamada, 71)) {
                 const auto lugar = Posicion(linea, buscado);
                 if (lugar == 0) continue;
                 auto resto = Recortar(TramoDesde(linea, lugar + buscado.size()));
@@ -161,10 +160,10 @@ private:
         ++fila_;
     }
 
-    void PonerFila(int fila, std::array<std::string, 5> celdas) {
+    void PonerFila(int fila, FilaDeTransaccion celdas) {
         auto& destino = editor_.especificacion.TablaTransaccion[fila];
         const int primera = fila < 5 ? 0 : std::min(fila - 5, ultimaFila - lineasTransaccion + 1);
-        GuardarDeshacer(editor_, {'T', 'U', fila - primera, primera, destino});
+        GuardarDeshacer(editor_, {RegistroDeshacer::Paso::Cambio, fila - primera, primera, destino});
         destino = std::move(celdas);
     }
 
@@ -214,8 +213,8 @@ std::string CampoUnico(const Especificacion& especificacion, const std::string& 
         const std::string candidato = n == 0 ? nombre : nombre + std::to_string(n);
         bool usado = false;
         for (const auto& fila : tabla) {
-            if (fila[0].empty() && fila[2].empty()) break;
-            if (Recortar(fila[3]) == candidato) usado = true;
+            if (fila.SinNombres()) break;
+            if (Recortar(fila.valor) == candidato) usado = true;
         }
         if (!usado) return candidato;
     }
@@ -230,7 +229,7 @@ ResultadoInsercion InsertarBAPI(Editor& editor, const std::string& ArchivoBAPI, 
         todos = *respuesta;
     }
     if (indice > ultimaFilaBAPIs) throw FalloDeEjecucion("the specification has no room for another BAPI");
-    if (indice != -1) editor.especificacion.TablaBAPIs[indice][0] = nombre;
+    if (indice != -1) editor.especificacion.TablaBAPIs[indice].nombre = nombre;
     try {
         const std::string catalogo = LeerArchivo(RutaDelSistema(ArchivoBAPI));
         editor.HayCambios = true;
@@ -249,8 +248,8 @@ ResultadoInsercion ElegirBAPI(Editor& editor, const std::string& ArchivoBAPI, co
     const auto& bapis = editor.especificacion.TablaBAPIs;
     int indice = 0;
     bool existe = false;
-    for (; indice <= ultimaFilaBAPIs && !bapis[indice][0].empty() && !existe; ++indice)
-        existe = Recortar(bapis[indice][0]) == nombre;
+    for (; indice <= ultimaFilaBAPIs && !bapis[indice].nombre.empty() && !existe; ++indice)
+        existe = Recortar(bapis[indice].nombre) == nombre;
     if (!existe) return InsertarBAPI(editor, ArchivoBAPI, nombre, indice, soloDefinicion ? -1 : fila, preguntar);
     if (soloDefinicion) {
         editor.vista.Advertir(Componer(editor.textos, {389}));

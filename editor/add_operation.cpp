@@ -15,12 +15,12 @@ constexpr int lineaDeOperacion = 5;
 void EscribirCabeza(Editor& editor, const LugarDeOperacion& lugar, const std::string& transaccion) {
     auto& fila = editor.especificacion.TablaTransaccion[lugar.fila];
     const SinRegistrarCambios sinRegistrar(editor);
-    GuardarDeshacer(editor, {'T', 'U', lugar.linea, lugar.primeraFila, fila});
+    GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, lugar.linea, lugar.primeraFila, fila});
     InsertarTransaccion(editor, lugar.linea);
     for (const Columna columna : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
         CambiarCelda(editor, columna, lugar.linea, "");
     }
-    fila[4].clear();
+    fila.nota.clear();
     ColorearFila(editor, {Tabla::Transaccion, lugar.fila});
     CambiarCelda(editor, Columna::Text6, lugar.linea, "TRANS");
     CambiarCelda(editor, Columna::Text3, lugar.linea, transaccion);

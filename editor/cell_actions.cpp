@@ -16,8 +16,7 @@ namespace {
 // Nothing can be dropped behind a gap.
 bool FilaAdmite(Editor& editor, int fila) {
     if (fila == 0) return true;
-    const auto& anterior = editor.especificacion.TablaTransaccion[fila - 1];
-    if (std::any_of(anterior.begin(), anterior.begin() + 4, [](const std::string& celda) { return !celda.empty(); })) return true;
+    if (!editor.especificacion.TablaTransaccion[fila - 1].CeldasVacias()) return true;
     editor.vista.Advertir(Componer(editor.textos, {345}));
     return false;
 }
@@ -59,7 +58,7 @@ void SoltarOkCode(Editor& editor, int linea, RotuloDeOkCode rotulo) {
     for (const Columna columna : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
         CambiarCelda(editor, columna, linea, "");
     }
-    editor.especificacion.TablaTransaccion[fila][4].clear();
+    editor.especificacion.TablaTransaccion[fila].nota.clear();
     ColorearFila(editor, {Tabla::Transaccion, fila});
     CambiarCelda(editor, Columna::Text4, linea, "BDC_OKCODE");
     CambiarCelda(editor, Columna::Text5, linea, codigos[static_cast<std::size_t>(rotulo)]);

@@ -45,7 +45,7 @@ void IrPagina(Editor& editor, LugarDeCelda lugar, int paso) {
 
 void IrDeLado(Editor& editor, LugarDeCelda lugar, int paso) {
     const auto columnas = ColumnasDe(TablaDe(lugar.columna));
-    const int nueva = static_cast<int>(ColumnaDeTabla(lugar.columna)) + paso;
+    const int nueva = static_cast<int>(NumeroDeColumna(lugar.columna)) + paso;
     if (nueva >= 0 && nueva < static_cast<int>(columnas.size())) {
         return EnfocarCelda(editor, {columnas[static_cast<std::size_t>(nueva)], lugar.linea});
     }

@@ -23,18 +23,15 @@ auto& BuscarCelda(UnEditor& editor, LugarDeCelda lugar) {
     return editor.transaccion.Text5[i];
 }
 
-template <std::size_t columnas>
-void GuardarFila(Editor& editor, char tabla, int linea, int primeraFila, const std::array<std::string, columnas>& fila) {
-    if (!editor.RegistrarCambios) return;
-    RegistroDeshacer registro{tabla, 'U', linea, primeraFila, {}};
-    std::copy(fila.begin(), fila.end(), registro.valores.begin());
-    GuardarDeshacer(editor, std::move(registro));
+template <typename Fila>
+void GuardarFila(Editor& editor, int linea, int primeraFila, const Fila& fila) {
+    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, linea, primeraFila, fila});
 }
 
 void CambiarEnArchivo(Editor& editor, LugarDeCelda lugar, const std::string& texto) {
     auto& fila = editor.especificacion.TablaArchivo[FilaDe(editor, lugar)];
-    GuardarFila(editor, 'A', lugar.linea, editor.archivo.PrimeraFilaArchivo, fila);
-    fila[ColumnaDeTabla(lugar.columna)] = Mayusculas(Recortar(texto));
+    GuardarFila(editor, lugar.linea, editor.archivo.PrimeraFilaArchivo, fila);
+    fila.*ColumnaDeArchivo(lugar.columna) = Mayusculas(Recortar(texto));
     if (lugar.columna != Columna::Text1) return;
     editor.DuplicadoRevisado = false;
     if (texto.size() > largoMaximoDeCampo) {
@@ -51,19 +48,23 @@ void CambiarEnTransaccion(Editor& editor, LugarDeCelda lugar, const std::string&
         CeldaDe(editor, {Columna::Text3, lugar.linea}).color = color;
     }
     auto& fila = editor.especificacion.TablaTransaccion[FilaDe(editor, lugar)];
-    GuardarFila(editor, 'T', lugar.linea, editor.transaccion.PrimeraFilaTransaccion, fila);
+    GuardarFila(editor, lugar.linea, editor.transaccion.PrimeraFilaTransaccion, fila);
     const bool esConstante = lugar.columna == Columna::Text5 && cortado.starts_with('\'');
-    fila[ColumnaDeTabla(lugar.columna)] = esConstante ? std::string(cortado) : Mayusculas(cortado);
+    fila.*ColumnaDeTransaccion(lugar.columna) = esConstante ? std::string(cortado) : Mayusculas(cortado);
 }
 
 }  // namespace
 
 Tabla TablaDe(Columna columna) { return columna <= Columna::Text2 ? Tabla::Archivo : Tabla::Transaccion; }
 
-std::size_t ColumnaDeTabla(Columna columna) {
+std::size_t NumeroDeColumna(Columna columna) {
     const auto primera = TablaDe(columna) == Tabla::Archivo ? Columna::Text1 : Columna::Text6;
     return static_cast<std::size_t>(columna) - static_cast<std::size_t>(primera);
 }
+
+std::string FilaDeArchivo::*ColumnaDeArchivo(Columna columna) { return columnasDeArchivo[NumeroDeColumna(columna)]; }
+
+std::string FilaDeTransaccion::*ColumnaDeTransaccion(Columna columna) { return columnasDeTransaccion[NumeroDeColumna(columna)]; }
 
 int LineasDe(Columna columna) { return TablaDe(columna) == Tabla::Archivo ? lineasArchivo : lineasTransaccion; }
 

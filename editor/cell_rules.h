@@ -11,8 +11,12 @@ constexpr std::size_t largoMaximoDeCampo = 30;
 
 Tabla TablaDe(Columna columna);
 
-// Number of the column of the table that the cell shows.
-std::size_t ColumnaDeTabla(Columna columna);
+// Number of the cell's column in its grid, from 0.
+std::size_t NumeroDeColumna(Columna columna);
+
+// The text of a row that the cell shows, for cells of the file grid and of the program grid.
+std::string FilaDeArchivo::*ColumnaDeArchivo(Columna columna);
+std::string FilaDeTransaccion::*ColumnaDeTransaccion(Columna columna);
 
 // Lines of the cell's grid.
 int LineasDe(Columna columna);

@@ -9,8 +9,8 @@ namespace qor {
 namespace {
 
 // The rows without the blank ones behind row 0.
-TablaDeTextos<5> SinHuecos(const Especificacion& especificacion) {
-    TablaDeTextos<5> tabla;
+std::vector<FilaDeTransaccion> SinHuecos(const Especificacion& especificacion) {
+    std::vector<FilaDeTransaccion> tabla;
     tabla.push_back(especificacion.TablaTransaccion[0]);
     for (int r = 1; r < filasTabla; ++r) {
         if (!especificacion.FilaTransaccionVacia(r)) tabla.push_back(especificacion.TablaTransaccion[r]);

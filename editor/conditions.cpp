@@ -23,8 +23,8 @@ bool EstaEnLista(const DialogoDeCondiciones& dialogo, std::string_view nombre) {
 DialogoDeCondiciones AbrirCondiciones(const Editor& editor) {
     DialogoDeCondiciones dialogo;
     for (const auto& fila : editor.especificacion.TablaCondiciones) {
-        if (fila[0].empty()) break;
-        dialogo.ListaCondiciones.push_back(fila[0]);
+        if (fila.nombre.empty()) break;
+        dialogo.ListaCondiciones.push_back(fila.nombre);
     }
     return dialogo;
 }
@@ -62,13 +62,13 @@ void BorrarCondicion(Editor& editor, DialogoDeCondiciones& dialogo) {
 
 void SeleccionarCondicion(const Editor& editor, DialogoDeCondiciones& dialogo, int indice) {
     dialogo.seleccion = indice;
-    dialogo.Condicional = indice < 0 ? std::string() : editor.especificacion.TablaCondiciones[indice][1];
+    dialogo.Condicional = indice < 0 ? std::string() : editor.especificacion.TablaCondiciones[indice].texto;
 }
 
 void CambiarCondicional(Editor& editor, DialogoDeCondiciones& dialogo, const std::string& texto) {
     dialogo.Condicional = texto;
     if (dialogo.seleccion < 0) return;
-    std::string& guardado = editor.especificacion.TablaCondiciones[dialogo.seleccion][1];
+    std::string& guardado = editor.especificacion.TablaCondiciones[dialogo.seleccion].texto;
     if (guardado == texto) return;
     guardado = texto;
     editor.HayCambios = true;

@@ -7,11 +7,10 @@ namespace qor {
 namespace {
 
 constexpr int definicionesGlobales = 0;
-constexpr int ultimaFilaBAPI = 500;
 
 std::string& TextoDeEntrada(Editor& editor, int indice) {
     auto& especificacion = editor.especificacion;
-    return indice == definicionesGlobales ? especificacion.VariablesGlobales : especificacion.TablaBAPIs[indice - 1][1];
+    return indice == definicionesGlobales ? especificacion.VariablesGlobales : especificacion.TablaBAPIs[indice - 1].llamada;
 }
 
 bool Confirma(Editor& editor, const Mensaje& pregunta) { return editor.vista.Preguntar(pregunta, Botones::SiNo) == Respuesta::Si; }
@@ -28,8 +27,8 @@ void QuitarBAPI(Editor& editor, int fila) {
 DialogoDeDefiniciones AbrirDefiniciones(const Editor& editor) {
     const auto& especificacion = editor.especificacion;
     DialogoDeDefiniciones dialogo{{editor.textos.Texto(163)}, definicionesGlobales, especificacion.VariablesGlobales};
-    for (int r = 0; r <= ultimaFilaBAPI && !especificacion.TablaBAPIs[r][0].empty(); ++r) {
-        dialogo.ListaDefiniciones.push_back(editor.textos.Texto(164) + ": " + especificacion.TablaBAPIs[r][0]);
+    for (int r = 0; r < especificacion.FilasBAPIs(); ++r) {
+        dialogo.ListaDefiniciones.push_back(editor.textos.Texto(164) + ": " + especificacion.TablaBAPIs[r].nombre);
     }
     return dialogo;
 }
@@ -37,7 +36,8 @@ DialogoDeDefiniciones AbrirDefiniciones(const Editor& editor) {
 void SeleccionarDefinicion(const Editor& editor, DialogoDeDefiniciones& dialogo, int indice) {
     const auto& especificacion = editor.especificacion;
     dialogo.seleccion = indice;
-    dialogo.Vars = indice == definicionesGlobales ? especificacion.VariablesGlobales : especificacion.TablaBAPIs[indice - 1][1];
+    dialogo.Vars =
+        indice == definicionesGlobales ? especificacion.VariablesGlobales : especificacion.TablaBAPIs[indice - 1].llamada;
 }
 
 void CambiarVars(Editor& editor, DialogoDeDefiniciones& dialogo, const std::string& texto) {

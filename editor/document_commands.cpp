@@ -49,24 +49,24 @@ void SelGrabar(Editor& editor) {
 void LlenarRejillaArchivo(Editor& editor) {
     for (int i = 0; i < lineasArchivo; ++i) {
         const auto fila = editor.especificacion.TablaArchivo[i];
-        if (fila[0].empty()) break;
-        CambiarCelda(editor, Columna::Text1, i, fila[0]);
-        CambiarCelda(editor, Columna::Text2, i, fila[1]);
+        if (fila.campo.empty()) break;
+        CambiarCelda(editor, Columna::Text1, i, fila.campo);
+        CambiarCelda(editor, Columna::Text2, i, fila.ancho);
         const auto linea = static_cast<std::size_t>(i);
-        if (!EstaEnBlanco(fila[2])) editor.archivo.Text1[linea].color = Color::Rojo;
-        if (!EstaEnBlanco(fila[3])) editor.archivo.ABAP[linea].color = Color::Rojo;
+        if (!EstaEnBlanco(fila.nota)) editor.archivo.Text1[linea].color = Color::Rojo;
+        if (!EstaEnBlanco(fila.conversion)) editor.archivo.ABAP[linea].color = Color::Rojo;
     }
 }
 
 void LlenarRejillaTransaccion(Editor& editor) {
     for (int i = 0; i < lineasTransaccion; ++i) {
         const auto fila = editor.especificacion.TablaTransaccion[i];
-        if (fila[0].empty() && fila[2].empty()) break;
-        CambiarCelda(editor, Columna::Text6, i, fila[0]);
-        CambiarCelda(editor, Columna::Text3, i, fila[1]);
-        CambiarCelda(editor, Columna::Text4, i, fila[2]);
-        if (!EstaEnBlanco(fila[4])) editor.transaccion.Text4[static_cast<std::size_t>(i)].color = Color::Rojo;
-        CambiarCelda(editor, Columna::Text5, i, fila[3]);
+        if (fila.SinNombres()) break;
+        CambiarCelda(editor, Columna::Text6, i, fila.programa);
+        CambiarCelda(editor, Columna::Text3, i, fila.dynpro);
+        CambiarCelda(editor, Columna::Text4, i, fila.campo);
+        if (!EstaEnBlanco(fila.nota)) editor.transaccion.Text4[static_cast<std::size_t>(i)].color = Color::Rojo;
+        CambiarCelda(editor, Columna::Text5, i, fila.valor);
     }
 }
 

@@ -14,8 +14,8 @@ void GuardarDeshacer(Editor& editor, RegistroDeshacer registro) {
     editor.UndoButton = true;
 }
 
-RegistroDeshacer RecuperarDeshacer(Editor& editor) {
-    RegistroDeshacer registro = editor.deshacer.Recuperar();
+std::optional<RegistroDeshacer> RecuperarDeshacer(Editor& editor) {
+    auto registro = editor.deshacer.Recuperar();
     editor.UndoButton = !editor.deshacer.Vacia();
     return registro;
 }

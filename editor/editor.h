@@ -136,8 +136,8 @@ private:
 
 // Pushes a step to undo; the specification then differs from its document.
 void GuardarDeshacer(Editor& editor, RegistroDeshacer registro);
-// Takes the last step off; table 'E' when there is none.
-RegistroDeshacer RecuperarDeshacer(Editor& editor);
+// Takes the last step off; nothing when there is none.
+std::optional<RegistroDeshacer> RecuperarDeshacer(Editor& editor);
 void ReiniciarDeshacer(Editor& editor);
 
 }  // namespace qor

@@ -9,13 +9,13 @@ namespace {
 
 std::string TextoDeFilaArchivo(const Editor& editor, int fila) {
     const auto& celdas = editor.especificacion.TablaArchivo[fila];
-    std::string texto(Recortar(celdas[0]));
-    return texto.append(Recortar(celdas[2])).append(Recortar(celdas[3]));
+    std::string texto(Recortar(celdas.campo));
+    return texto.append(Recortar(celdas.nota)).append(Recortar(celdas.conversion));
 }
 
 std::string TextoDeFilaTransaccion(const Editor& editor, int fila) {
     std::string texto;
-    for (const auto& celda : editor.especificacion.TablaTransaccion[fila]) texto.append(Recortar(celda));
+    for (const auto columna : columnasDeTransaccion) texto.append(Recortar(editor.especificacion.TablaTransaccion[fila].*columna));
     return texto;
 }
 

@@ -21,27 +21,27 @@ bool HayTexto(const std::string& texto, Prueba prueba) { return prueba == Prueba
 void ColorearArchivo(Editor& editor, int linea, Prueba prueba) {
     const auto i = static_cast<std::size_t>(linea);
     const auto& fila = editor.especificacion.TablaArchivo[editor.archivo.PrimeraFilaArchivo + linea];
-    editor.archivo.Text1[i].color = RojoSi(HayTexto(fila[2], prueba));
-    editor.archivo.ABAP[i].color = RojoSi(HayTexto(fila[3], prueba));
+    editor.archivo.Text1[i].color = RojoSi(HayTexto(fila.nota, prueba));
+    editor.archivo.ABAP[i].color = RojoSi(HayTexto(fila.conversion, prueba));
 }
 
 void ColorearTransaccion(Editor& editor, int linea) {
     const auto& fila = editor.especificacion.TablaTransaccion[editor.transaccion.PrimeraFilaTransaccion + linea];
-    editor.transaccion.Text4[static_cast<std::size_t>(linea)].color = RojoSi(!EstaEnBlanco(fila[4]));
+    editor.transaccion.Text4[static_cast<std::size_t>(linea)].color = RojoSi(!EstaEnBlanco(fila.nota));
 }
 
 void LlenarLineaArchivo(Editor& editor, int linea, Prueba prueba) {
     // A copy: the change rule writes into the row.
     const auto fila = editor.especificacion.TablaArchivo[editor.archivo.PrimeraFilaArchivo + linea];
-    CambiarCelda(editor, Columna::Text1, linea, fila[0]);
-    CambiarCelda(editor, Columna::Text2, linea, fila[1]);
+    CambiarCelda(editor, Columna::Text1, linea, fila.campo);
+    CambiarCelda(editor, Columna::Text2, linea, fila.ancho);
     ColorearArchivo(editor, linea, prueba);
 }
 
 void LlenarLineaTransaccion(Editor& editor, int linea) {
     const auto fila = editor.especificacion.TablaTransaccion[editor.transaccion.PrimeraFilaTransaccion + linea];
     for (const Columna columna : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
-        CambiarCelda(editor, columna, linea, fila[ColumnaDeTabla(columna)]);
+        CambiarCelda(editor, columna, linea, fila.*ColumnaDeTransaccion(columna));
     }
     ColorearTransaccion(editor, linea);
 }
@@ -106,10 +106,9 @@ void IntercambiarFilas(Editor& editor, int fila, int otra) {
     const SinRegistrarCambios sinRegistrar(editor);
     auto& tabla = editor.especificacion.TablaArchivo;
     const auto& actual = tabla[fila];
-    GuardarDeshacer(editor, {'A', 'X', 0, 0, {actual[0], actual[1], actual[2], actual[3], ""}});
+    GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, 0, 0, actual});
     tabla[fila] = tabla[otra];
-    const auto registro = RecuperarDeshacer(editor);
-    std::copy_n(registro.valores.begin(), tabla[otra].size(), tabla[otra].begin());
+    tabla[otra] = std::get<FilaDeArchivo>(RecuperarDeshacer(editor)->fila);
     MostrarArchivoSinFocus(editor, editor.archivo.PrimeraFilaArchivo);
 }
 
@@ -187,13 +186,13 @@ void DesplazarTransaccion(Editor& editor, int filas) {
 
 void AbrirFilaArchivo(Editor& editor, int linea) {
     const int primera = editor.archivo.PrimeraFilaArchivo;
-    if (editor.RegistrarCambios) GuardarDeshacer(editor, {'A', 'I', linea, primera, {}});
+    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Insercion, linea, primera, FilaDeArchivo{}});
     const SinRegistrarCambios sinRegistrar(editor);
     auto& tabla = editor.especificacion.TablaArchivo;
     BajarFilas(tabla, primera + linea);
     for (int j = lineasArchivo - 1; j > linea; --j) CopiarLineaArchivo(editor, j - 1, j);
-    tabla[primera + linea][2].clear();
-    tabla[primera + linea][3].clear();
+    tabla[primera + linea].nota.clear();
+    tabla[primera + linea].conversion.clear();
     ColorearArchivo(editor, linea, Prueba::Vacio);
 }
 
@@ -205,22 +204,19 @@ void InsertarArchivo(Editor& editor, int linea) {
 
 void InsertarTransaccion(Editor& editor, int linea) {
     const int primera = editor.transaccion.PrimeraFilaTransaccion;
-    if (editor.RegistrarCambios) GuardarDeshacer(editor, {'T', 'I', linea, primera, {}});
+    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Insercion, linea, primera, FilaDeTransaccion{}});
     const SinRegistrarCambios sinRegistrar(editor);
     auto& tabla = editor.especificacion.TablaTransaccion;
     BajarFilas(tabla, primera + linea);
     for (int j = lineasTransaccion - 1; j > linea; --j) CopiarLineaTransaccion(editor, j - 1, j);
-    tabla[primera + linea][4].clear();
+    tabla[primera + linea].nota.clear();
     ColorearTransaccion(editor, linea);
 }
 
 void BorrarArchivo(Editor& editor, int linea) {
     const int primera = editor.archivo.PrimeraFilaArchivo;
     auto& tabla = editor.especificacion.TablaArchivo;
-    const auto& fila = tabla[primera + linea];
-    if (editor.RegistrarCambios) {
-        GuardarDeshacer(editor, {'A', 'D', linea, primera, {fila[0], fila[1], fila[2], fila[3], ""}});
-    }
+    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Borrado, linea, primera, tabla[primera + linea]});
     const SinRegistrarCambios sinRegistrar(editor);
     // Row 1000 stays where it is, so that in a full table it comes twice.
     SubirFilas(tabla, primera + linea);
@@ -231,7 +227,7 @@ void BorrarArchivo(Editor& editor, int linea) {
 void BorrarTransaccion(Editor& editor, int linea) {
     const int primera = editor.transaccion.PrimeraFilaTransaccion;
     auto& tabla = editor.especificacion.TablaTransaccion;
-    if (editor.RegistrarCambios) GuardarDeshacer(editor, {'T', 'D', linea, primera, tabla[primera + linea]});
+    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Borrado, linea, primera, tabla[primera + linea]});
     const SinRegistrarCambios sinRegistrar(editor);
     SubirFilas(tabla, primera + linea);
     tabla[ultimaFila] = {};

@@ -63,9 +63,8 @@ Clase ClaseDe(std::string_view control) {
 bool FilaAnteriorVacia(const Editor& editor, LugarDeCelda lugar) {
     const int anterior = FilaDe(editor, lugar) - 1;
     if (anterior < 0) return false;
-    if (TablaDe(lugar.columna) == Tabla::Archivo) return editor.especificacion.TablaArchivo[anterior][0].empty();
-    const auto& fila = editor.especificacion.TablaTransaccion[anterior];
-    return std::all_of(fila.begin(), fila.begin() + 4, [](const std::string& celda) { return celda.empty(); });
+    if (TablaDe(lugar.columna) == Tabla::Archivo) return editor.especificacion.TablaArchivo[anterior].campo.empty();
+    return editor.especificacion.TablaTransaccion[anterior].CeldasVacias();
 }
 
 // The first of the reasons, in the order in which they are asked.

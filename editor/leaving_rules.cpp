@@ -25,7 +25,7 @@ bool EstaRepetido(const Editor& editor, int fila, std::string_view nombre) {
     if (nombre.empty()) return false;
     const auto& tabla = editor.especificacion.TablaArchivo;
     for (int r = 0; r <= ultimaFila; ++r) {
-        if (r != fila && tabla[r][0] == nombre) return true;
+        if (r != fila && tabla[r].campo == nombre) return true;
     }
     return false;
 }
@@ -69,12 +69,12 @@ void Autofill(Editor& editor, const std::string& campo) {
     auto& tabla = editor.especificacion.TablaArchivo;
     const int r = editor.especificacion.FilasArchivo();
     for (int f = 0; f < r; ++f) {
-        if (tabla[f][0] == campo) return;
+        if (tabla[f].campo == campo) return;
     }
     if (r > ultimaFila) return;  // the file side is full
     const int linea = std::min(r, lineasArchivo - 1);
-    GuardarDeshacer(editor, {'A', 'U', linea, r - linea, {tabla[r][0], tabla[r][1], tabla[r][2], tabla[r][3], ""}});
-    tabla[r][0] = campo;
+    GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, linea, r - linea, tabla[r]});
+    tabla[r].campo = campo;
     MostrarArchivoSinFocus(editor, r >= lineasArchivo ? r - linea : editor.archivo.PrimeraFilaArchivo);
 }
 

@@ -40,12 +40,12 @@ private:
 // The file fields that no other group than the row's own would use.
 std::vector<DialogoDeNotas::Campo> CamposDeStep(Editor& editor, int fila) {
     auto& especificacion = editor.especificacion;
-    const CabezaDePrueba cabeza(especificacion.TablaTransaccion[fila][4]);
+    const CabezaDePrueba cabeza(especificacion.TablaTransaccion[fila].nota);
     const auto operaciones = ActualizarOperaciones(especificacion, fila);
     const int propio = operaciones.OperacionFila(fila);
     std::vector<DialogoDeNotas::Campo> campos;
     for (int f = 0; f <= ultimaFila; ++f) {
-        const std::string& campo = especificacion.TablaArchivo[f][0];
+        const std::string& campo = especificacion.TablaArchivo[f].campo;
         if (EstaEnBlanco(campo)) continue;
         const int grupo = operaciones.OperacionDeCampo(Recortar(campo));
         if (grupo == 0 || grupo == propio) campos.push_back({campo});
@@ -121,27 +121,27 @@ DialogoDeNotas AbrirNotas(Editor& editor, FilaDeTabla lugar) {
     dialogo.fila = lugar;
     if (lugar.tabla == Tabla::Archivo) {
         const auto& fila = editor.especificacion.TablaArchivo[lugar.fila];
-        dialogo.titulo = TituloDe(editor, fila[0]);
-        dialogo.NotaCampo = fila[2];
+        dialogo.titulo = TituloDe(editor, fila.campo);
+        dialogo.NotaCampo = fila.nota;
         return dialogo;
     }
     const auto& fila = editor.especificacion.TablaTransaccion[lugar.fila];
     const auto operaciones = ActualizarOperaciones(editor.especificacion, lugar.fila);
-    dialogo.titulo = TituloDe(editor, fila[2]);
+    dialogo.titulo = TituloDe(editor, fila.campo);
     dialogo.esBAPI = operaciones.TipoFilaConsultada == "BAPI";
-    dialogo.EsStepLoop = Contiene(fila[2], "(") && (!operaciones.FilaEnStepLoop(lugar.fila) || EsCabezaStepLoop(fila[4]));
+    dialogo.EsStepLoop = Contiene(fila.campo, "(") && (!operaciones.FilaEnStepLoop(lugar.fila) || EsCabezaStepLoop(fila.nota));
     if (dialogo.EsStepLoop) {
         dialogo.SinArchivoStep = FaltaArchivoDeStep(editor);
         dialogo.ListaCampos = CamposDeStep(editor, lugar.fila);
     }
-    LeerMarcas(dialogo, fila[4]);
+    LeerMarcas(dialogo, fila.nota);
     return dialogo;
 }
 
 bool CerrarNotas(Editor& editor, const DialogoDeNotas& dialogo) {
     const auto fila = static_cast<std::size_t>(dialogo.fila.fila);
     if (dialogo.fila.tabla == Tabla::Archivo) {
-        Guardar(editor, dialogo.fila, editor.especificacion.TablaArchivo[fila][2], dialogo.NotaCampo);
+        Guardar(editor, dialogo.fila, editor.especificacion.TablaArchivo[fila].nota, dialogo.NotaCampo);
         return true;
     }
     std::string nueva = dialogo.NotaCampo;
@@ -149,7 +149,7 @@ bool CerrarNotas(Editor& editor, const DialogoDeNotas& dialogo) {
         if (FaltanDatosDeStep(editor, dialogo)) return false;
         nueva += MarcasDe(dialogo);
     }
-    Guardar(editor, dialogo.fila, editor.especificacion.TablaTransaccion[fila][4], nueva);
+    Guardar(editor, dialogo.fila, editor.especificacion.TablaTransaccion[fila].nota, nueva);
     return true;
 }
 

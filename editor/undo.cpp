@@ -18,8 +18,8 @@ void PilaDeshacer::Guardar(RegistroDeshacer registro) {
     if (cabeza_ == cola_) cola_ = Siguiente(cola_);
 }
 
-RegistroDeshacer PilaDeshacer::Recuperar() {
-    if (Vacia()) return {};
+std::optional<RegistroDeshacer> PilaDeshacer::Recuperar() {
+    if (Vacia()) return std::nullopt;
     cabeza_ = cabeza_ == 0 ? lugares - 1 : cabeza_ - 1;
     return registros_[static_cast<std::size_t>(cabeza_)];
 }

@@ -1,18 +1,23 @@
 #pragma once
 
-#include <array>
-#include <string>
+#include <optional>
+#include <variant>
 #include <vector>
+
+#include "model/specification.h"
 
 namespace qor {
 
-// One step to undo: a row as it stood before the change.
+// One step to undo: what was done to a row, and the row as it stood before.
 struct RegistroDeshacer {
-    char tabla = 'E';      // 'A' TablaArchivo, 'T' TablaTransaccion, 'E' nothing to undo
-    char operacion = ' ';  // 'I' insertion, 'D' deletion, 'U' update, 'X' swap
-    int linea = 0;         // line of the grid at that moment
-    int primeraFila = 0;   // offset of the grid at that moment
-    std::array<std::string, 5> valores;
+    enum class Paso { Insercion, Borrado, Cambio };
+
+    Paso paso = Paso::Cambio;
+    int linea = 0;                                        // line of the grid at that moment
+    int primeraFila = 0;                                  // offset of the grid at that moment
+    std::variant<FilaDeArchivo, FilaDeTransaccion> fila;  // the kind tells the table
+
+    int FilaDeLaTabla() const { return primeraFila + linea; }
 };
 
 // The ring of the last 1000 steps.
@@ -21,8 +26,8 @@ public:
     static constexpr int lugares = 1001;
 
     void Guardar(RegistroDeshacer registro);
-    // The last step, taken off; table 'E' when there is none.
-    RegistroDeshacer Recuperar();
+    // The last step, taken off; nothing when there is none.
+    std::optional<RegistroDeshacer> Recuperar();
     void Reiniciar() { cabeza_ = cola_ = 0; }
     bool Vacia() const { return cabeza_ == cola_; }
 

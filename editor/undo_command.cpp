@@ -9,36 +9,35 @@ namespace qor {
 
 namespace {
 
-void DeshacerEnArchivo(Editor& editor, const RegistroDeshacer& registro) {
+void DeshacerEnArchivo(Editor& editor, const RegistroDeshacer& registro, const FilaDeArchivo& antes) {
     const int linea = registro.linea;
     MostrarArchivoSinFocus(editor, registro.primeraFila);
-    if (registro.operacion == 'I') {
+    if (registro.paso == RegistroDeshacer::Paso::Insercion) {
         BorrarArchivo(editor, linea);
     } else {
-        if (registro.operacion == 'D') AbrirFilaArchivo(editor, linea);
-        CambiarCelda(editor, Columna::Text1, linea, registro.valores[0]);
-        CambiarCelda(editor, Columna::Text2, linea, registro.valores[1]);
-        const int fila = registro.primeraFila + linea;
-        editor.especificacion.TablaArchivo[fila][2] = registro.valores[2];
-        editor.especificacion.TablaArchivo[fila][3] = registro.valores[3];
-        ColorearFila(editor, {Tabla::Archivo, fila});
+        if (registro.paso == RegistroDeshacer::Paso::Borrado) AbrirFilaArchivo(editor, linea);
+        CambiarCelda(editor, Columna::Text1, linea, antes.campo);
+        CambiarCelda(editor, Columna::Text2, linea, antes.ancho);
+        auto& fila = editor.especificacion.TablaArchivo[registro.FilaDeLaTabla()];
+        fila.nota = antes.nota;
+        fila.conversion = antes.conversion;
+        ColorearFila(editor, {Tabla::Archivo, registro.FilaDeLaTabla()});
     }
     EnfocarCelda(editor, {Columna::Text1, linea});
 }
 
-void DeshacerEnTransaccion(Editor& editor, const RegistroDeshacer& registro) {
+void DeshacerEnTransaccion(Editor& editor, const RegistroDeshacer& registro, const FilaDeTransaccion& antes) {
     const int linea = registro.linea;
     MostrarTransaccionSinFocus(editor, registro.primeraFila);
-    if (registro.operacion == 'I') {
+    if (registro.paso == RegistroDeshacer::Paso::Insercion) {
         BorrarTransaccion(editor, linea);
     } else {
-        if (registro.operacion == 'D') InsertarTransaccion(editor, linea);
+        if (registro.paso == RegistroDeshacer::Paso::Borrado) InsertarTransaccion(editor, linea);
         for (const Columna columna : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
-            CambiarCelda(editor, columna, linea, registro.valores[ColumnaDeTabla(columna)]);
+            CambiarCelda(editor, columna, linea, antes.*ColumnaDeTransaccion(columna));
         }
-        const int fila = registro.primeraFila + linea;
-        editor.especificacion.TablaTransaccion[fila][4] = registro.valores[4];
-        ColorearFila(editor, {Tabla::Transaccion, fila});
+        editor.especificacion.TablaTransaccion[registro.FilaDeLaTabla()].nota = antes.nota;
+        ColorearFila(editor, {Tabla::Transaccion, registro.FilaDeLaTabla()});
     }
     EnfocarCelda(editor, {Columna::Text6, linea});
 }
@@ -46,14 +45,14 @@ void DeshacerEnTransaccion(Editor& editor, const RegistroDeshacer& registro) {
 }  // namespace
 
 void Deshacer(Editor& editor) {
-    const RegistroDeshacer registro = RecuperarDeshacer(editor);
-    if (registro.tabla == 'E' || registro.operacion == 'X') return;
+    const auto registro = RecuperarDeshacer(editor);
+    if (!registro) return;
     editor.RegistrarCambios = false;
     editor.ventana.foco.reset();
-    if (registro.tabla == 'A') {
-        DeshacerEnArchivo(editor, registro);
+    if (const auto* const archivo = std::get_if<FilaDeArchivo>(&registro->fila)) {
+        DeshacerEnArchivo(editor, *registro, *archivo);
     } else {
-        DeshacerEnTransaccion(editor, registro);
+        DeshacerEnTransaccion(editor, *registro, std::get<FilaDeTransaccion>(registro->fila));
     }
     editor.RegistrarCambios = true;
 }

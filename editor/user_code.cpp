@@ -40,7 +40,7 @@ std::vector<Formula> LeerFormulas(std::string_view texto) {
 
 VentanaDeCodigo AbrirCodigo(Editor& editor, int fila, const std::filesystem::path& directorioDeDatos) {
     const auto& celdas = editor.especificacion.TablaArchivo[fila];
-    VentanaDeCodigo ventana{fila, editor.textos.Texto(104) + " " + celdas[0], celdas[3], {}};
+    VentanaDeCodigo ventana{fila, editor.textos.Texto(104) + " " + celdas.campo, celdas.conversion, {}};
     try {
         ventana.formulas = LeerFormulas(LeerArchivo(directorioDeDatos / nombreDeFormulas));
     } catch (const FalloDeEjecucion&) {
@@ -51,7 +51,7 @@ VentanaDeCodigo AbrirCodigo(Editor& editor, int fila, const std::filesystem::pat
 
 void AplicarFormula(Editor& editor, VentanaDeCodigo& ventana, int seleccion) {
     if (seleccion < 0) return;
-    const std::string campo(Recortar(editor.especificacion.TablaArchivo[ventana.fila][0]));
+    const std::string campo(Recortar(editor.especificacion.TablaArchivo[ventana.fila].campo));
     if (ActualizarOperaciones(editor.especificacion, 0).OperacionDeCampo(campo) != 0) {
         return editor.vista.Advertir(Componer(editor.textos, {355}));
     }
@@ -61,7 +61,7 @@ void AplicarFormula(Editor& editor, VentanaDeCodigo& ventana, int seleccion) {
 }
 
 bool CerrarCodigo(Editor& editor, const VentanaDeCodigo& ventana) {
-    std::string& celda = editor.especificacion.TablaArchivo[ventana.fila][3];
+    std::string& celda = editor.especificacion.TablaArchivo[ventana.fila].conversion;
     if (celda == ventana.ABAPText) return true;
     try {
         celda = SoloBlancos(ventana.ABAPText) ? std::string() : ventana.ABAPText;

@@ -43,7 +43,7 @@ void Insertar(const CatalogoBAPI& catalogo, const TextosIdioma& textos, Vista& v
         } catch (const FalloDeEjecucion&) {
             continue;
         }
-        Exigir(editor.especificacion.TablaTransaccion[ultimaFila + 1][2].empty(), "no row behind the last one");
+        Exigir(editor.especificacion.TablaTransaccion[ultimaFila + 1].campo.empty(), "no row behind the last one");
     }
 }
 

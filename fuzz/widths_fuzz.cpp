@@ -24,16 +24,16 @@ void Llenar(std::string_view texto, const std::vector<std::string_view>& lineas)
     Especificacion especificacion;
     auto& tabla = especificacion.TablaArchivo;
     for (std::size_t i = 0; i < lineas.size() && i < 50; ++i) {
-        tabla[i][0] = Recortar(Tramo(lineas[i], 61, 30));
-        if (i % 3 == 0) tabla[i][1] = "7";
+        tabla[i].campo = Recortar(Tramo(lineas[i], 61, 30));
+        if (i % 3 == 0) tabla[i].ancho = "7";
     }
     const auto antes = tabla;
     const bool lleno = LlenarAnchos(especificacion, texto);
     Exigir(lleno == (tabla != antes), "the answer tells whether a width was filled");
     for (std::size_t i = 0; i < tabla.size(); ++i) {
-        Exigir(antes[i][1].empty() || tabla[i][1] == antes[i][1], "a width that is there stays");
-        Exigir(tabla[i][1].empty() || Numero(tabla[i][1]) > 0, "a width that is filled is a number");
-        Exigir(tabla[i][0] == antes[i][0], "names stay");
+        Exigir(antes[i].ancho.empty() || tabla[i].ancho == antes[i].ancho, "a width that is there stays");
+        Exigir(tabla[i].ancho.empty() || Numero(tabla[i].ancho) > 0, "a width that is filled is a number");
+        Exigir(tabla[i].campo == antes[i].campo, "names stay");
     }
 }
 

@@ -35,7 +35,7 @@ void EscribirArchivos(Generacion& g) {
     int k = 1;
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
-        const std::string& marcas = g.especificacion.TablaTransaccion[r][4];
+        const std::string& marcas = g.especificacion.TablaTransaccion[r].nota;
         if (!Contiene(marcas, "!1 1")) continue;
         const std::string numero = std::to_string(k) + (k < 10 ? " " : "");
         LineaDeCampo(g, deTabla ? "*   Step-Loop table " + numero + ": " : "*   Step-Loop file " + numero + " : ",
@@ -48,8 +48,8 @@ void EscribirCodigos(Generacion& g) {
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
-        if (EsCabezaTransaccion(fila)) LineaDeCampo(g, "*   Transaction code  : ", Recortar(fila[1]));
-        if (EsCabezaBAPI(fila)) LineaDeCampo(g, "*   Bapi name         : ", Recortar(fila[1]));
+        if (fila.EsCabezaTransaccion()) LineaDeCampo(g, "*   Transaction code  : ", Recortar(fila.dynpro));
+        if (fila.EsCabezaBAPI()) LineaDeCampo(g, "*   Bapi name         : ", Recortar(fila.dynpro));
     }
 }
 

@@ -85,9 +85,9 @@ void ImprimirLlamadaBAPI(Generacion& g, const std::string& nombre) {
     g.reporte.MPrint("");
     const auto& bapis = g.especificacion.TablaBAPIs;
     std::size_t fila = 0;
-    while (fila < bapis.size() && Recortar(bapis[fila][0]) != nombre) ++fila;
+    while (fila < bapis.size() && Recortar(bapis[fila].nombre) != nombre) ++fila;
     if (fila == bapis.size()) g.Detener({384, " ", nombre, " ", 385});
-    const LlamadaBAPI llamada = LeerLlamada(bapis[fila][1]);
+    const LlamadaBAPI llamada = LeerLlamada(bapis[fila].llamada);
     for (const auto& linea : llamada.lineas) g.reporte.MPrintDelUsuario("  " + linea + "|");
     g.reporte.MPrint("");
     if (!g.valores.ManejoErrores) return;
@@ -101,20 +101,20 @@ void ImprimirLlamadaBAPI(Generacion& g, const std::string& nombre) {
 }
 
 // A file field of the record.
-void EscribirCampoDeArchivo(Generacion& g, const std::array<std::string, 5>& fila, bool& enCadena) {
-    const std::string valor = ValorDeCampo(g, fila[3]);
-    if (!Contiene(fila[2], ";")) {
+void EscribirCampoDeArchivo(Generacion& g, const FilaDeTransaccion& fila, bool& enCadena) {
+    const std::string valor = ValorDeCampo(g, fila.valor);
+    if (!Contiene(fila.campo, ";")) {
         if (enCadena) g.reporte.MPrint("  MOVE:");
         enCadena = false;
-        EscribirMoveEnCadena(g, "       ", valor, fila[2]);
+        EscribirMoveEnCadena(g, "       ", valor, fila.campo);
         return;
     }
-    const std::string campo(AntesDe(fila[2], ';'));
+    const std::string campo(AntesDe(fila.campo, ';'));
     g.reporte.MPrintLineas(R"(
   PERFORM COND_CHECK USING '{cond}' CHANGING {GS}RESULT.
   IF {GS}RESULT = {GC}YES.
 )",
-                           {{"cond", std::string(DespuesDe(fila[2], ';'))}});
+                           {{"cond", std::string(DespuesDe(fila.campo, ';'))}});
     EscribirMoveSuelto(g, "    ", valor, campo);
     g.reporte.MPrintLineas(R"(
   ELSE.
@@ -163,21 +163,21 @@ FORM {forma}_{N}.
 void EscribirFilaBAPI(Generacion& g, int fila, bool& enCadena) {
     const auto& celdas = g.especificacion.TablaTransaccion[fila];
     if (g.operaciones.FilaEnStepLoop(fila)) {
-        if (!Contiene(celdas[4], "!1")) return;
+        if (!Contiene(celdas.nota, "!1")) return;
         g.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g.operaciones.OperacionFila(fila))}});
         enCadena = true;
         return;
     }
-    if (!celdas[0].empty()) return;
-    if (celdas[3].empty()) g.DetenerEnFila(Tabla::Transaccion, fila, {319});
-    if (celdas[3].front() != '\'' && celdas[3].front() != '@') {
+    if (!celdas.programa.empty()) return;
+    if (celdas.valor.empty()) g.DetenerEnFila(Tabla::Transaccion, fila, {319});
+    if (celdas.valor.front() != '\'' && celdas.valor.front() != '@') {
         EscribirCampoDeArchivo(g, celdas, enCadena);
         return;
     }
     // A constant or a variable opens no chain and prints its condition as a mere word, on purpose: such a row is valid ABAP only
     // behind a file field of the same chain.
-    std::string linea = "       " + ValorDeCampo(g, celdas[3]) + " TO " + std::string(AntesDe(celdas[2], ';'));
-    if (Contiene(celdas[2], ";")) linea += " " + std::string(DespuesDe(celdas[2], ';'));
+    std::string linea = "       " + ValorDeCampo(g, celdas.valor) + " TO " + std::string(AntesDe(celdas.campo, ';'));
+    if (Contiene(celdas.campo, ";")) linea += " " + std::string(DespuesDe(celdas.campo, ';'));
     g.reporte.MPrintDelUsuario(linea);
 }
 

@@ -35,12 +35,12 @@ bool ChequearRegistroDeCampos(const Generacion& g) {
     std::unordered_map<std::string_view, Grupos> grupos;
     for (int r = 0; r < filas; ++r) {
         const int grupo = g.operaciones.OperacionFila(r);
-        const auto [lugar, nuevo] = grupos.try_emplace(Recortar(tabla[r][3]), Grupos{grupo});
+        const auto [lugar, nuevo] = grupos.try_emplace(Recortar(tabla[r].valor), Grupos{grupo});
         if (!nuevo && lugar->second.primero != grupo) lugar->second.distintos = true;
     }
     const int campos = g.especificacion.FilasArchivo();
     for (int f = 0; f < campos; ++f) {
-        const std::string& campo = g.especificacion.TablaArchivo[f][0];
+        const std::string& campo = g.especificacion.TablaArchivo[f].campo;
         const auto lugar = grupos.find(campo);
         if (lugar != grupos.end() && lugar->second.distintos) return Rechazar(g, {367, " ", campo, "."});
     }
@@ -58,16 +58,16 @@ bool ChequearCondicion(const Generacion& g, const std::unordered_set<std::string
 bool ChequearCondiciones(const Generacion& g) {
     std::unordered_set<std::string_view> condiciones;
     for (const auto& fila : g.especificacion.TablaCondiciones) {
-        if (fila[0].empty()) break;
-        condiciones.insert(fila[0]);
+        if (fila.nombre.empty()) break;
+        condiciones.insert(fila.nombre);
     }
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
         bool bien = true;
-        if (Contiene(fila[1], ";")) bien = ChequearCondicion(g, condiciones, fila[1], 368);
+        if (Contiene(fila.dynpro, ";")) bien = ChequearCondicion(g, condiciones, fila.dynpro, 368);
         // The test of column 2 starts anew: a valid condition there cancels the failure of column 1.
-        if (Contiene(fila[2], ";")) bien = ChequearCondicion(g, condiciones, fila[2], 371);
+        if (Contiene(fila.campo, ";")) bien = ChequearCondicion(g, condiciones, fila.campo, 371);
         if (!bien) return false;
     }
     return true;
@@ -103,7 +103,7 @@ bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, 
 bool FaltaAnchoCampos(const Especificacion& especificacion) {
     const int filas = especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
-        if (especificacion.TablaArchivo[f][1].empty()) return true;
+        if (especificacion.TablaArchivo[f].ancho.empty()) return true;
     }
     return false;
 }
@@ -146,7 +146,7 @@ bool ExistenStepsInvalidos(Generacion& g) {
     Paso anterior = Paso::Ninguno;
     g.valores.HayStepSinClave = false;
     for (const int r : CabezasStepLoop(g.especificacion)) {
-        const auto claves = ValorDeMarca(g.especificacion.TablaTransaccion[r][4], 7);
+        const auto claves = ValorDeMarca(g.especificacion.TablaTransaccion[r].nota, 7);
         const Paso paso = EstaEnBlanco(claves) ? Paso::SinClave : Paso::ConClave;
         if (anterior != Paso::Ninguno && anterior != paso) mezcla = true;
         if (paso == Paso::SinClave) g.valores.HayStepSinClave = true;
@@ -167,15 +167,15 @@ bool ExistenCamposNoDefinidos(const Generacion& g) {
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
-        if (!fila[0].empty()) {
-            esBAPI = fila[0] == "BAPI";
+        if (!fila.programa.empty()) {
+            esBAPI = fila.programa == "BAPI";
             continue;
         }
         if (!esBAPI) continue;
-        const auto nombre = AntesDe(Recortar(AntesDe(fila[2], '-')), ';');
+        const auto nombre = AntesDe(Recortar(AntesDe(fila.campo, '-')), ';');
         if (EstaDeclarado(g.especificacion.VariablesGlobales, nombre)) continue;
         g.vista.MostrarFila(Tabla::Transaccion, r);
-        return !Rechazar(g, {386, ": ", Recortar(fila[2])});
+        return !Rechazar(g, {386, ": ", Recortar(fila.campo)});
     }
     return false;
 }
@@ -186,10 +186,10 @@ void ChequearConversiones(Generacion& g) {
     g.valores.HayConversiones = g.valores.HayConversionesStep = false;
     for (int f = 0; f <= ultimaFila; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
-        if (TienePares(fila[3])) {
-            const bool principal = g.operaciones.OperacionDeCampo(Recortar(fila[0])) == 0;
+        if (TienePares(fila.conversion)) {
+            const bool principal = g.operaciones.OperacionDeCampo(Recortar(fila.campo)) == 0;
             (principal ? g.valores.HayConversiones : g.valores.HayConversionesStep) = true;
-        } else if (!EstaEnBlanco(fila[3])) {
+        } else if (!EstaEnBlanco(fila.conversion)) {
             g.valores.HayConversiones = true;
         }
     }
@@ -197,9 +197,9 @@ void ChequearConversiones(Generacion& g) {
 
 bool ChequearValores(const Generacion& g) {
     std::unordered_set<std::string_view> campos;
-    for (int f = 0; f <= ultimaFila; ++f) campos.insert(g.especificacion.TablaArchivo[f][0]);
+    for (int f = 0; f <= ultimaFila; ++f) campos.insert(g.especificacion.TablaArchivo[f].campo);
     for (int r = 0; r <= ultimaFila; ++r) {
-        const std::string& celda = g.especificacion.TablaTransaccion[r][3];
+        const std::string& celda = g.especificacion.TablaTransaccion[r].valor;
         if (EstaEnBlanco(celda)) continue;
         if (EsVariable(celda)) {
             if (!ChequearVariable(g, r, celda)) return false;

@@ -22,14 +22,14 @@ void EscribirLineaDeCodigo(Generacion& g, const char* sangria, const std::string
     if (convertida.CampoDeStep) g.Detener({mensaje, " ", nombre, "."});
 }
 
-void EscribirCodigoDeCampo(Generacion& g, const std::array<std::string, 4>& fila) {
+void EscribirCodigoDeCampo(Generacion& g, const FilaDeArchivo& fila) {
     bool hayLineas = false;
-    for (const auto& linea : PartirLineas(fila[3], anchoDeCodigo)) {
+    for (const auto& linea : PartirLineas(fila.conversion, anchoDeCodigo)) {
         if (TienePares(linea) || EstaEnBlanco(linea)) continue;
         if (linea.front() == '*') {
             g.reporte.LineaDelUsuario(linea);
         } else {
-            EscribirLineaDeCodigo(g, "  ", linea, 321, fila[0]);
+            EscribirLineaDeCodigo(g, "  ", linea, 321, fila.campo);
         }
         hayLineas = true;
     }
@@ -40,7 +40,7 @@ void EscribirCodigoDeCampo(Generacion& g, const std::array<std::string, 4>& fila
 void EscribirPares(Generacion& g, int f, const std::string& campo) {
     const std::string numero = std::to_string(f);
     g.reporte.Linea("  CASE {campo}.", {{"campo", campo}});
-    for (const auto& linea : PartirLineas(g.especificacion.TablaArchivo[f][3], anchoDeCodigo)) {
+    for (const auto& linea : PartirLineas(g.especificacion.TablaArchivo[f].conversion, anchoDeCodigo)) {
         if (!TienePares(linea)) continue;
         const auto primero = ExtraerPrimero(linea);
         if (primero.malEscrita) g.vista.Advertir(Componer(g.textos, {372}));
@@ -99,7 +99,7 @@ void EscribirCondCheck(Generacion& g) {
 FORM COND_CHECK USING {LS}CONDITION CHANGING {LS}RESULT.
   {LS}RESULT = {GC}NO.
 )");
-    const bool hayCondiciones = !g.especificacion.TablaCondiciones[0][0].empty();
+    const bool hayCondiciones = !g.especificacion.TablaCondiciones[0].nombre.empty();
     if (hayCondiciones) g.reporte.Linea("  CASE {LS}CONDITION.");
     for (const auto& [nombre, texto] : g.especificacion.TablaCondiciones) {
         if (nombre.empty()) break;
@@ -123,11 +123,11 @@ FORM CONVERSIONS.
 )");
     const auto& tabla = g.especificacion.TablaArchivo;
     for (int f = 0; f <= ultimaFila; ++f) {
-        if (!EstaEnBlanco(tabla[f][3])) EscribirCodigoDeCampo(g, tabla[f]);
+        if (!EstaEnBlanco(tabla[f].conversion)) EscribirCodigoDeCampo(g, tabla[f]);
     }
     for (int f = 0; f <= ultimaFila; ++f) {
-        const auto campo = Recortar(tabla[f][0]);
-        if (!TienePares(tabla[f][3]) || g.operaciones.OperacionDeCampo(campo) != 0) continue;
+        const auto campo = Recortar(tabla[f].campo);
+        if (!TienePares(tabla[f].conversion) || g.operaciones.OperacionDeCampo(campo) != 0) continue;
         EscribirPares(g, f, g.nombres.GTprefijo + "ITAB-" + std::string(campo));
     }
     g.reporte.Linea("ENDFORM.");
@@ -144,8 +144,8 @@ FORM TABCONVERSIONS.
 )");
     const auto& tabla = g.especificacion.TablaArchivo;
     for (int f = 0; f <= ultimaFila; ++f) {
-        const auto campo = Recortar(tabla[f][0]);
-        if (!TienePares(tabla[f][3])) continue;
+        const auto campo = Recortar(tabla[f].campo);
+        if (!TienePares(tabla[f].conversion)) continue;
         const int grupo = g.operaciones.OperacionDeCampo(campo);
         if (grupo != 0) EscribirPares(g, f, g.nombres.GTprefijo + "ITABSL_" + std::to_string(grupo) + "-" + std::string(campo));
     }

@@ -42,7 +42,7 @@ void EscribirRegistroPrincipal(Generacion& g) {
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
-        if (fila[1].empty()) g.DetenerEnFila(Tabla::Archivo, f, {315, " ", fila[0]});
+        if (fila.ancho.empty()) g.DetenerEnFila(Tabla::Archivo, f, {315, " ", fila.campo});
         const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
         EscribirCampo(g, f);
@@ -54,7 +54,7 @@ void EscribirRegistroPrincipal(Generacion& g) {
 
 void EscribirRegistroDeStepLoop(Generacion& g, int n, int cabeza) {
     if (g.operaciones.ContarCamposOperacion(n) == 0) {
-        g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabeza][2], " ", 317}));
+        g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabeza].campo, " ", 317}));
     }
     g.reporte.Linea("      BEGIN OF {GT}ITABSL_{n} OCCURS 0,", {{"n", std::to_string(n)}});
     g.valores.TextoEstructuras += g.reporte.Rellenar(
@@ -64,7 +64,7 @@ void EscribirRegistroDeStepLoop(Generacion& g, int n, int cabeza) {
     if (ConContador(g)) EscribirContador(g);
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
-        if (g.especificacion.TablaArchivo[f][1].empty()) g.Detener({315});
+        if (g.especificacion.TablaArchivo[f].ancho.empty()) g.Detener({315});
         const auto clase = g.operaciones.ClaseCampoEnOperacion(f, n);
         const bool claveLeida = clase == ClaseCampo::Clave && !g.opciones.EntradaDeTabla();
         if (clase == ClaseCampo::DelGrupo || claveLeida) EscribirCampo(g, f);
@@ -105,7 +105,7 @@ DATA: END OF {GT}MESSTAB,
 void EscribirConvertidos(Generacion& g) {
     if (!g.valores.HayConversiones && !g.valores.HayConversionesStep) return;
     for (int f = 0; f <= ultimaFila; ++f) {
-        if (!TienePares(g.especificacion.TablaArchivo[f][3])) continue;
+        if (!TienePares(g.especificacion.TablaArchivo[f].conversion)) continue;
         g.reporte.Linea("      {GS}CONVERTED{fila}(1024),", {{"fila", std::to_string(f)}});
     }
 }
@@ -129,7 +129,7 @@ double CalcularAnchoMayor(const Generacion& g) {
         double suma = 0;
         for (int f = 0; f < filas; ++f) {
             if (g.operaciones.OperacionDeCampo(f) != k && g.operaciones.ClaseCampoEnOperacion(f, k) != ClaseCampo::Clave) continue;
-            suma += Numero(g.especificacion.TablaArchivo[f][1]);
+            suma += Numero(g.especificacion.TablaArchivo[f].ancho);
         }
         mayor = std::max(mayor, suma);
     }

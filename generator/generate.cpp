@@ -71,8 +71,8 @@ bool ChequearNombresDeStepLoops(const Generacion& g) {
     if (!hacenFalta || g.especificacion.OrigenUsuario || g.valores.ArchivoUnico) return true;
     for (const int r : CabezasStepLoop(g.especificacion)) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
-        if (!EstaEnBlanco(ValorDeMarca(fila[4], 2))) continue;
-        const auto campo = Recortar(fila[2]);
+        if (!EstaEnBlanco(ValorDeMarca(fila.nota, 2))) continue;
+        const auto campo = Recortar(fila.campo);
         g.vista.Advertir(deTabla ? Componer(g.textos, {305, " ", campo, "]."}) : Componer(g.textos, {306, " ", campo, 307}));
         return false;
     }
@@ -80,7 +80,7 @@ bool ChequearNombresDeStepLoops(const Generacion& g) {
 }
 
 bool ChequearContenido(Generacion& g) {
-    const auto cabeza = Recortar(g.especificacion.TablaTransaccion[0][0]);
+    const auto cabeza = Recortar(g.especificacion.TablaTransaccion[0].programa);
     if (cabeza != "TRANS" && cabeza != "BAPI") {
         g.vista.Advertir(Componer(g.textos, {302}));
         return false;

@@ -41,7 +41,7 @@ void DefinirNombres(Generacion& g) {
     // Set by the section that declares them; a check box that is neither set nor clear declares none.
     for (const char* nombre : {"ARCHIVO", "STEP", "MODO"}) r.Definir(nombre, "");
     for (int f = 0; f <= ultimaFila; ++f) {
-        const std::string& campo = g.especificacion.TablaArchivo[f][0];
+        const std::string& campo = g.especificacion.TablaArchivo[f].campo;
         if (campo.empty()) break;
         g.filaDeCampo.try_emplace(campo, f);
     }

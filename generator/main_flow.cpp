@@ -91,7 +91,7 @@ void EscribirColumnas(Generacion& g, const std::string& plantilla) {
     for (int f = 0; f < filas; ++f) {
         const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
-        g.reporte.Linea(plantilla, {{"campo", g.especificacion.TablaArchivo[f][0]}, {"coma", c < total ? "," : ""}});
+        g.reporte.Linea(plantilla, {{"campo", g.especificacion.TablaArchivo[f].campo}, {"coma", c < total ? "," : ""}});
         ++c;
     }
 }
@@ -165,11 +165,11 @@ void Generate_Insert(Generacion& g, std::string_view sangria) {
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
-        const bool esTransaccion = fila[0] == "TRANS";
-        if (!esTransaccion && fila[0] != "BAPI") continue;
+        const bool esTransaccion = fila.programa == "TRANS";
+        if (!esTransaccion && fila.programa != "BAPI") continue;
         ++k;
-        const bool conCondicion = Contiene(fila[1], ";");
-        const std::string codigo(Recortar(AntesDe(fila[1], ';')));
+        const bool conCondicion = Contiene(fila.dynpro, ";");
+        const std::string codigo(Recortar(AntesDe(fila.dynpro, ';')));
         std::string i(sangria);
         if (conCondicion) {
             // On purpose RESULT has no prefix here and one in the test: a specification with such conditions declares it itself.
@@ -177,7 +177,7 @@ void Generate_Insert(Generacion& g, std::string_view sangria) {
 {i}PERFORM COND_CHECK USING '{cond}' CHANGING RESULT.
 {i}IF {GS}RESULT = {GC}YES.
 )",
-                             {{"i", i}, {"cond", std::string(DespuesDe(fila[1], ';'))}});
+                             {{"i", i}, {"cond", std::string(DespuesDe(fila.dynpro, ';'))}});
             i += "  ";
         }
         if (esTransaccion) {

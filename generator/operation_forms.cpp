@@ -13,9 +13,9 @@ public:
 
     void Escribir() {
         // This test doesn't cut blanks, unlike all other walks.
-        for (int r = 0; r <= ultimaFila && !(tabla_[r][0].empty() && tabla_[r][2].empty()); ++r) {
+        for (int r = 0; r <= ultimaFila && !(tabla_[r].SinNombres()); ++r) {
             const auto& fila = tabla_[r];
-            if (EsCabezaTransaccion(fila) || EsCabezaBAPI(fila)) {
+            if (fila.EsCabezaTransaccion() || fila.EsCabezaBAPI()) {
                 EmpezarOperacion(r);
             } else if (esBAPI_) {
                 EscribirFilaBAPI(g_, r, enCadena_);
@@ -31,8 +31,8 @@ private:
     void EmpezarOperacion(int r) {
         if (numero_ > 1) CerrarOperacion();
         g_.reporte.MPrint("");
-        codigo_ = Recortar(AntesDe(tabla_[r][1], ';'));
-        esBAPI_ = EsCabezaBAPI(tabla_[r]);
+        codigo_ = Recortar(AntesDe(tabla_[r].dynpro, ';'));
+        esBAPI_ = tabla_[r].EsCabezaBAPI();
         if (esBAPI_) {
             EscribirCabezaBAPI(g_, codigo_, numero_);
         } else {
@@ -71,22 +71,22 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
         const auto& fila = tabla_[r];
         if (g_.operaciones.FilaEnStepLoop(r)) {
             // The other rows of a group are sent by its own form.
-            if (!Contiene(fila[4], "!1")) return;
+            if (!Contiene(fila.nota, "!1")) return;
             g_.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g_.operaciones.OperacionFila(r))}});
             enCadena_ = true;
-        } else if (!fila[0].empty()) {
-            if (fila[1].empty()) g_.Detener({318});
+        } else if (!fila.programa.empty()) {
+            if (fila.dynpro.empty()) g_.Detener({318});
             AbrirCadena();
             g_.reporte.MPrint("       'X'   '{programa}'     '{dynpro}' '{cond}'",
-                              {{"programa", fila[0]},
-                               {"dynpro", std::string(AntesDe(fila[1], ';'))},
-                               {"cond", std::string(DespuesDe(fila[1], ';'))}});
+                              {{"programa", fila.programa},
+                               {"dynpro", std::string(AntesDe(fila.dynpro, ';'))},
+                               {"cond", std::string(DespuesDe(fila.dynpro, ';'))}});
         } else {
-            if (fila[3].empty()) g_.DetenerEnFila(Tabla::Transaccion, r, {319});
+            if (fila.valor.empty()) g_.DetenerEnFila(Tabla::Transaccion, r, {319});
             AbrirCadena();
-            g_.reporte.MPrint("       ' '   '{campo}'     {valor} '{cond}'", {{"campo", std::string(AntesDe(fila[2], ';'))},
-                                                                              {"valor", ValorDeCampo(g_, fila[3])},
-                                                                              {"cond", std::string(DespuesDe(fila[2], ';'))}});
+            g_.reporte.MPrint("       ' '   '{campo}'     {valor} '{cond}'", {{"campo", std::string(AntesDe(fila.campo, ';'))},
+                                                                              {"valor", ValorDeCampo(g_, fila.valor)},
+                                                                              {"cond", std::string(DespuesDe(fila.campo, ';'))}});
         }
     }
 
@@ -96,7 +96,7 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
     }
 
     Generacion& g_;
-    const TablaDeTextos<5>& tabla_;
+    const std::vector<FilaDeTransaccion>& tabla_;
     int numero_ = 1;
     bool esBAPI_ = false;
     bool enCadena_ = false;
@@ -111,7 +111,7 @@ std::string ValorDeCampo(const Generacion& g, std::string_view celda) {
     if (EsVariable(celda)) return std::string(celda.substr(1));
     if (celda.front() == '\'') return std::string(celda);
     const int fila = g.FilaDeCampo(celda);
-    if (fila >= 0 && TienePares(g.especificacion.TablaArchivo[fila][3]))
+    if (fila >= 0 && TienePares(g.especificacion.TablaArchivo[fila].conversion))
         return g.nombres.GSprefijo + "CONVERTED" + std::to_string(fila);
     return g.nombres.GTprefijo + "ITAB-" + std::string(celda);
 }

@@ -36,7 +36,7 @@ void EscribirParametrosDeArchivo(Generacion& g) {
     const auto cabezas = CabezasStepLoop(g.especificacion);
     EscribirParametro(g, principal, archivo, cabezas.empty() ? "." : ",");
     for (std::size_t n = 1; n <= cabezas.size(); ++n) {
-        const auto& marcas = g.especificacion.TablaTransaccion[cabezas[n - 1]][4];
+        const auto& marcas = g.especificacion.TablaTransaccion[cabezas[n - 1]].nota;
         EscribirParametro(g, "            " + g.valores.VariableArchivoStep + std::to_string(n), Recortar(ValorDeMarca(marcas, 2)),
                           n == cabezas.size() ? "." : ",");
     }

@@ -16,7 +16,7 @@ public:
           cabeza_(g.especificacion.TablaTransaccion[cabeza]),
           filaCabeza_(cabeza),
           esBAPI_(esBAPI) {
-        pantallaNueva_ = Numero(ValorDeMarca(cabeza_[4], 3)) == 1;
+        pantallaNueva_ = Numero(ValorDeMarca(cabeza_.nota, 3)) == 1;
     }
 
     void Escribir() {
@@ -29,7 +29,7 @@ FORM TABFORM_{n}.
 )",
                           {{"n", numero_}});
         if (esBAPI_) {
-            tablaBAPI_ = Recortar(AntesDe(cabeza_[2], '-'));
+            tablaBAPI_ = Recortar(AntesDe(cabeza_.campo, '-'));
             g_.reporte.LineaVacia();
             g_.reporte.Linea("  REFRESH {tabla}.", {{"tabla", tablaBAPI_}});
         } else {
@@ -74,11 +74,11 @@ private:
 
   {LN}ROWSPERSCREEN = {filas}.
 )",
-                              {{"filas", std::string(ValorDeMarca(cabeza_[4], 6))}});
+                              {{"filas", std::string(ValorDeMarca(cabeza_.nota, 6))}});
         }
         g_.reporte.Linea("  {LN}POSITION = 1.");
         ok_ = BuscarOkCode(g_.especificacion, filaCabeza_);
-        if (ok_.valor.empty()) g_.Detener({322, " ", Recortar(cabeza_[2])});
+        if (ok_.valor.empty()) g_.Detener({322, " ", Recortar(cabeza_.campo)});
     }
 
     // One line for each file field of a class, with an ending behind all but the last and another one behind the last.
@@ -87,7 +87,7 @@ private:
         const int filas = g_.especificacion.FilasArchivo();
         for (int f = 0; f < filas; ++f) {
             if (g_.operaciones.ClaseCampoEnOperacion(f, n_) != clase) continue;
-            const std::string& campo = g_.especificacion.TablaArchivo[f][0];
+            const std::string& campo = g_.especificacion.TablaArchivo[f].campo;
             g_.reporte.Linea(plantilla, {{"campo", campo},
                                          {"cortado", std::string(Recortar(campo))},
                                          {"n", numero_},
@@ -103,7 +103,7 @@ private:
         EscribirCamposDeClase(ClaseCampo::DelGrupo, campos, "       {campo}{fin}", ",", "");
         g_.reporte.Linea("    INTO");
         EscribirCamposDeClase(ClaseCampo::DelGrupo, campos, "       :{GT}ITABSL_{n}-{campo}{fin}", ",", "");
-        g_.reporte.Linea("    FROM {tabla}", {{"tabla", Mayusculas(Recortar(ValorDeMarca(cabeza_[4], 2)))}});
+        g_.reporte.Linea("    FROM {tabla}", {{"tabla", Mayusculas(Recortar(ValorDeMarca(cabeza_.nota, 2)))}});
         g_.reporte.Linea("    WHERE");
         EscribirCamposDeClase(ClaseCampo::Clave, claves, "       {campo} = :{GT}ITAB-{cortado}{fin}", " AND", "");
         g_.reporte.Linea("  ENDEXEC.");
@@ -143,14 +143,14 @@ private:
         const int filas = g_.especificacion.FilasTransaccion();
         for (int r = 0; r < filas; ++r) {
             const auto& fila = g_.especificacion.TablaTransaccion[r];
-            if (g_.operaciones.OperacionFila(r) != n_ || !Contiene(fila[2], "(")) continue;
-            const std::string valor = ValorDeLinea(fila[3]);
-            const std::string campo(AntesDe(fila[2], '('));
+            if (g_.operaciones.OperacionFila(r) != n_ || !Contiene(fila.campo, "(")) continue;
+            const std::string valor = ValorDeLinea(fila.valor);
+            const std::string campo(AntesDe(fila.campo, '('));
             if (esBAPI_) {
-                EscribirCampoBAPI(fila[2], campo, valor, enCadena);
+                EscribirCampoBAPI(fila.campo, campo, valor, enCadena);
             } else {
                 g_.reporte.MPrint("    PERFORM SL_SEND USING '{campo}' {LN}POSITION|", {{"campo", campo}});
-                const std::string condicion = Contiene(fila[2], ";") ? std::string(DespuesDe(fila[2], ';')) : " ";
+                const std::string condicion = Contiene(fila.campo, ";") ? std::string(DespuesDe(fila.campo, ';')) : " ";
                 g_.reporte.MPrint("      {valor} '{cond}'.", {{"valor", valor}, {"cond", condicion}});
             }
         }
@@ -164,7 +164,8 @@ private:
             const auto cortada = Recortar(celda);
             return std::string(EsVariable(cortada) ? cortada.substr(1) : cortada);
         }
-        if (TienePares(g_.especificacion.TablaArchivo[fila][3])) return g_.nombres.GSprefijo + "CONVERTED" + std::to_string(fila);
+        if (TienePares(g_.especificacion.TablaArchivo[fila].conversion))
+            return g_.nombres.GSprefijo + "CONVERTED" + std::to_string(fila);
         return g_.nombres.GTprefijo + "ITABSL_" + numero_ + "-" + celda;
     }
 
@@ -198,7 +199,7 @@ private:
         } else {
             lineaPantalla.append(ok_.dynpro).append("' ' '.");
         }
-        const double primera = Numero(ValorDeMarca(cabeza_[4], 5));
+        const double primera = Numero(ValorDeMarca(cabeza_.nota, 5));
         if (pantallaNueva_) {
             g_.reporte.LineaDelUsuario("    " + lineaOk);
             g_.reporte.LineaDelUsuario("    " + lineaPantalla);
@@ -231,7 +232,7 @@ ENDFORM.
     Generacion& g_;
     int n_;
     std::string numero_;
-    const std::array<std::string, 5>& cabeza_;
+    const FilaDeTransaccion& cabeza_;
     int filaCabeza_;
     bool esBAPI_;
     bool pantallaNueva_ = false;
@@ -270,9 +271,9 @@ void EscribirStepLoops(Generacion& g) {
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
-        if (EsCabezaTransaccion(fila)) esBAPI = false;
-        if (EsCabezaBAPI(fila)) esBAPI = true;
-        if (EsCabezaStepLoop(fila[4])) FormaDeStepLoop(g, ++n, r, esBAPI).Escribir();
+        if (fila.EsCabezaTransaccion()) esBAPI = false;
+        if (fila.EsCabezaBAPI()) esBAPI = true;
+        if (EsCabezaStepLoop(fila.nota)) FormaDeStepLoop(g, ++n, r, esBAPI).Escribir();
     }
     if (g.operaciones.HayTransaccion) EscribirSlSend(g);
 }

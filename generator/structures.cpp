@@ -45,9 +45,9 @@ bool ChequearAnchos(const Generacion& g) {
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
-        if (!fila[1].empty()) continue;
+        if (!fila.ancho.empty()) continue;
         g.vista.MostrarFila(Tabla::Archivo, f);
-        g.vista.Advertir(Componer(g.textos, {315, " ", fila[0]}));
+        g.vista.Advertir(Componer(g.textos, {315, " ", fila.campo}));
         return false;
     }
     return true;
@@ -70,7 +70,7 @@ Estructuras ImprimirEstructuras(const PedidoDeGeneracion& pedido) {
     for (std::size_t i = 0; i < cabezas.size(); ++i) {
         const int n = static_cast<int>(i) + 1;
         if (g.operaciones.ContarCamposOperacion(n) == 0) {
-            g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabezas[i]][2], " ", 317}));
+            g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabezas[i]].campo, " ", 317}));
         }
         estructuras.tablas.push_back(g.nombres.GTprefijo + "ITABSL_" + std::to_string(n));
         EscribirRegistro(g, estructuras.tablas.back(), n == static_cast<int>(cabezas.size()), [&](int f) {

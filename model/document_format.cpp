@@ -12,11 +12,11 @@ namespace {
 
 using Campos = std::array<Valor, 10>;  // by field number less one; the tag's place stays empty
 
-template <std::size_t columnas>
-void AgregarFila(TablaDeTextos<columnas>& tabla, int& filas, const Campos& campos) {
+template <typename Fila, typename Columnas>
+void AgregarFila(std::vector<Fila>& tabla, int& filas, const Columnas& columnas, const Campos& campos) {
     if (filas >= static_cast<int>(tabla.size())) throw FalloDeEjecucion("the document has more rows than the table holds");
-    for (std::size_t c = 0; c < columnas; ++c) tabla[static_cast<std::size_t>(filas)][c] = campos[c + 1].ComoTexto();
-    ++filas;
+    Fila& fila = tabla[static_cast<std::size_t>(filas++)];
+    for (std::size_t c = 0; c < columnas.size(); ++c) fila.*columnas[c] = campos[c + 1].ComoTexto();
 }
 
 void FijarSiHay(int& opcion, const Valor& valor) {
@@ -107,14 +107,14 @@ Formato LeerDocumento(LectorValores& lector, Especificacion& especificacion, Opc
         Campos campos;
         for (std::size_t c = 1; c < campos.size(); ++c) campos[c] = lector.Leer();
         switch (etiqueta) {
-            case 1: AgregarFila(especificacion.TablaArchivo, filasArchivo, campos); break;
-            case 2: AgregarFila(especificacion.TablaTransaccion, filasTransaccion, campos); break;
+            case 1: AgregarFila(especificacion.TablaArchivo, filasArchivo, columnasDeArchivo, campos); break;
+            case 2: AgregarFila(especificacion.TablaTransaccion, filasTransaccion, columnasDeTransaccion, campos); break;
             case 3: LeerEntrada(opciones, campos); break;
             case 4: LeerDocumentacion(opciones, campos); break;
             case 5: LeerTitulos(opciones, campos); break;
-            case 6: AgregarFila(especificacion.TablaCondiciones, filasCondiciones, campos); break;
+            case 6: AgregarFila(especificacion.TablaCondiciones, filasCondiciones, columnasDeCondicion, campos); break;
             case 7: LeerOrigen(especificacion, opciones, campos); break;
-            case 8: AgregarFila(especificacion.TablaBAPIs, filasBAPIs, campos); break;
+            case 8: AgregarFila(especificacion.TablaBAPIs, filasBAPIs, columnasDeBAPI, campos); break;
             case 9: LeerPrograma(opciones, campos); break;
             default: break;  // a tag of another release is passed over with its fields
         }
@@ -129,8 +129,8 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
     };
     lector.Leer();
     const std::string programa = lector.Leer().ComoTexto();
-    especificacion.TablaTransaccion[0][0] = "TRANS";
-    especificacion.TablaTransaccion[0][1] = programa;
+    especificacion.TablaTransaccion[0].programa = "TRANS";
+    especificacion.TablaTransaccion[0].dynpro = programa;
     opciones.Programa = programa;
 
     for (int fila = 0;; ++fila) {
@@ -149,7 +149,7 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
     }
 
     for (int fila = 1;; ++fila) {
-        std::array<Valor, 5> valores;
+        std::array<Valor, columnasDeTransaccion.size()> valores;
         for (auto& valor : valores) valor = lector.Leer();
         if (valores[0].ComoTexto() == "End of transaction specification.") {
             opciones.ClienteOp = !valores[1].ComoBooleano();
@@ -159,7 +159,9 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
             break;
         }
         comprobarFila(fila);
-        for (std::size_t c = 0; c < valores.size(); ++c) especificacion.TablaTransaccion[fila][c] = valores[c].ComoTexto();
+        for (std::size_t c = 0; c < valores.size(); ++c) {
+            especificacion.TablaTransaccion[fila].*columnasDeTransaccion[c] = valores[c].ComoTexto();
+        }
     }
 
     opciones.Functional = lector.Leer().ComoTexto();
@@ -171,13 +173,15 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
 std::string EscribirDocumento(const Especificacion& especificacion, const Opciones& opciones) {
     std::string documento;
     for (const auto& fila : especificacion.TablaArchivo) {
-        if (fila[0].empty()) break;
-        AgregarRegistro(documento, 1, {CampoTexto(fila[0]), CampoTexto(fila[1]), CampoTexto(fila[2]), CampoTexto(fila[3])});
+        if (fila.campo.empty()) break;
+        AgregarRegistro(documento, 1,
+                        {CampoTexto(fila.campo), CampoTexto(fila.ancho), CampoTexto(fila.nota), CampoTexto(fila.conversion)});
     }
     for (const auto& fila : especificacion.TablaTransaccion) {
-        if (fila[0].empty() && fila[2].empty()) break;
+        if (fila.SinNombres()) break;
         AgregarRegistro(documento, 2,
-                        {CampoTexto(fila[0]), CampoTexto(fila[1]), CampoTexto(fila[2]), CampoTexto(fila[3]), CampoTexto(fila[4])});
+                        {CampoTexto(fila.programa), CampoTexto(fila.dynpro), CampoTexto(fila.campo), CampoTexto(fila.valor),
+                         CampoTexto(fila.nota)});
     }
     AgregarRegistro(documento, 3,
                     {CampoEntero(opciones.Autofill), CampoBooleano(opciones.ServidorOp()), CampoEntero(opciones.TablaCh),
@@ -193,9 +197,9 @@ std::string EscribirDocumento(const Especificacion& especificacion, const Opcion
         {CampoEntero(opciones.DiaCheck), CampoEntero(opciones.QORCheck), CampoEntero(opciones.ArchivosCheck),
          CampoEntero(opciones.TCodeCheck), CampoEntero(opciones.StatusCheck), CampoLetra(opciones.GeneracionAutomatica ? 'A' : 'M'),
          CampoTexto(opciones.NombreManual), CampoLetra(opciones.ProcesarTodoOpt ? 'A' : 'P'), CampoTexto(opciones.SpaceCode)});
-    for (int r = 0; r <= ultimaFila && !especificacion.TablaCondiciones[r][0].empty(); ++r) {
+    for (int r = 0; r <= ultimaFila && !especificacion.TablaCondiciones[r].nombre.empty(); ++r) {
         const auto& fila = especificacion.TablaCondiciones[r];
-        AgregarRegistro(documento, 6, {CampoTexto(fila[0]), CampoTexto(fila[1])});
+        AgregarRegistro(documento, 6, {CampoTexto(fila.nombre), CampoTexto(fila.texto)});
     }
     AgregarRegistro(documento, 7,
                     {CampoBooleano(especificacion.OrigenUsuario), CampoTexto(especificacion.OrigenVariables),
@@ -203,9 +207,9 @@ std::string EscribirDocumento(const Especificacion& especificacion, const Opcion
                      CampoTexto(especificacion.VariablesGlobales), CampoLetra(opciones.MultipleFilesOption ? 'M' : 'O'),
                      CampoTexto(opciones.Identificadores), CampoEntero(opciones.ErrorHandlingCheck),
                      CampoEntero(opciones.SafeCallTransactionCheck)});
-    for (int r = 0; r <= 500 && !especificacion.TablaBAPIs[r][0].empty(); ++r) {
+    for (int r = 0; r < especificacion.FilasBAPIs(); ++r) {
         const auto& fila = especificacion.TablaBAPIs[r];
-        AgregarRegistro(documento, 8, {CampoTexto(fila[0]), CampoTexto(fila[1])});
+        AgregarRegistro(documento, 8, {CampoTexto(fila.nombre), CampoTexto(fila.llamada)});
     }
     AgregarRegistro(documento, 9,
                     {CampoTexto(opciones.ProgID), CampoEntero(opciones.ModeAsParameter), CampoEntero(opciones.AddF4)});

@@ -38,21 +38,21 @@ void Operaciones::Clasificar(const Especificacion& especificacion, int filaConsu
     };
     for (int r = 0; r <= ultimaFila && !especificacion.FilaTransaccionVacia(r); ++r) {
         const auto& fila = especificacion.TablaTransaccion[r];
-        if (EsCabezaBAPI(fila)) esBAPI = HayBAPI = true;
-        if (EsCabezaTransaccion(fila)) {
+        if (fila.EsCabezaBAPI()) esBAPI = HayBAPI = true;
+        if (fila.EsCabezaTransaccion()) {
             esBAPI = false;
             HayTransaccion = true;
         }
         if (r == filaConsultada) TipoFilaConsultada = esBAPI ? "BAPI" : "TRANS";
-        if (!EstaEnBlanco(fila[0])) {
+        if (!EstaEnBlanco(fila.programa)) {
             empezarCabeza(r, {});
             continue;
         }
-        const std::string_view campo = fila[2];
+        const std::string_view campo = fila.campo;
         const auto prefijo = Contiene(campo, "-") ? AntesDe(campo, '-') : std::string_view{};
         if (esBAPI && prefijo != prefijoPrevio) empezarCabeza(r, prefijo);
         if (Contiene(campo, "(")) grupo_[r] = miembro;
-        if (EsCabezaStepLoop(fila[4])) {
+        if (EsCabezaStepLoop(fila.nota)) {
             enLoop = true;
             grupo_[r] = miembro;
         }
@@ -93,23 +93,23 @@ void Operaciones::Indexar(const Especificacion& especificacion, int filas) {
         const auto& fila = especificacion.TablaTransaccion[r];
         const int grupo = grupo_[r];
         ++filasPorGrupo_[grupo];
-        Uso& uso = usos_[std::string(Recortar(fila[3]))];
+        Uso& uso = usos_[std::string(Recortar(fila.valor))];
         uso.ultimoGrupo = grupo;
         if (grupo != 0) {
             uso.filaConGrupo = r;
             uso.grupoDeEsaFila = grupo;
         }
-        if (fila[4].empty()) continue;
+        if (fila.nota.empty()) continue;
         try {
-            const auto claves = ValorDeMarca(fila[4], 7);
+            const auto claves = ValorDeMarca(fila.nota, 7);
             if (!claves.empty()) claves_[grupo].push_back({r, std::string(claves), false});
         } catch (const FalloDeEjecucion&) {
-            claves_[grupo].push_back({r, fila[4], true});
+            claves_[grupo].push_back({r, fila.nota, true});
         }
     }
     const int campos = especificacion.FilasArchivo();
     for (int f = 0; f < campos; ++f) {
-        const std::string& campo = especificacion.TablaArchivo[f][0];
+        const std::string& campo = especificacion.TablaArchivo[f].campo;
         const auto uso = usos_.find(campo);
         campos_.push_back(campo);
         usoDeCampo_.push_back(uso == usos_.end() ? Uso{} : uso->second);
@@ -158,7 +158,7 @@ int ContarStepLoops(const Especificacion& especificacion) { return static_cast<i
 std::vector<int> CabezasStepLoop(const Especificacion& especificacion) {
     std::vector<int> cabezas;
     for (int r = 0; r <= ultimaFila; ++r) {
-        if (EsCabezaStepLoop(especificacion.TablaTransaccion[r][4])) cabezas.push_back(r);
+        if (EsCabezaStepLoop(especificacion.TablaTransaccion[r].nota)) cabezas.push_back(r);
     }
     return cabezas;
 }
@@ -166,7 +166,7 @@ std::vector<int> CabezasStepLoop(const Especificacion& especificacion) {
 int FilaDeStepLoop(const Especificacion& especificacion, int n) {
     const int filas = especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
-        if (EsCabezaStepLoop(especificacion.TablaTransaccion[r][4]) && --n == 0) return r;
+        if (EsCabezaStepLoop(especificacion.TablaTransaccion[r].nota) && --n == 0) return r;
     }
     return 0;
 }
@@ -175,25 +175,25 @@ OkCode BuscarOkCode(const Especificacion& especificacion, int fila) {
     const auto& tabla = especificacion.TablaTransaccion;
     OkCode ok;
     const auto tomarPantalla = [&](int r) {
-        ok.programa = tabla[r][0];
-        ok.dynpro = tabla[r][1];
+        ok.programa = tabla[r].programa;
+        ok.dynpro = tabla[r].dynpro;
     };
     const auto tomarCodigo = [&](int r) {
-        if (!Contiene(tabla[r][2], "BDC_OKCODE")) return false;
-        ok.valor = tabla[r][3];
-        if (Contiene(tabla[r][2], ";")) ok.CondicionOkCode = DespuesDe(tabla[r][2], ';');
+        if (!Contiene(tabla[r].campo, "BDC_OKCODE")) return false;
+        ok.valor = tabla[r].valor;
+        if (Contiene(tabla[r].campo, ";")) ok.CondicionOkCode = DespuesDe(tabla[r].campo, ';');
         return true;
     };
-    if (EstaEnBlanco(tabla[fila][2])) {
+    if (EstaEnBlanco(tabla[fila].campo)) {
         tomarPantalla(fila);
     } else {
         for (int r = fila - 1; r >= 0 && ok.programa.empty(); --r) {
-            if (EstaEnBlanco(tabla[r][2])) tomarPantalla(r);
+            if (EstaEnBlanco(tabla[r].campo)) tomarPantalla(r);
             tomarCodigo(r);
         }
     }
     if (tomarCodigo(fila)) return ok;
-    for (int r = fila + 1; r <= ultimaFila && !EstaEnBlanco(tabla[r][2]) && ok.valor.empty(); ++r) tomarCodigo(r);
+    for (int r = fila + 1; r <= ultimaFila && !EstaEnBlanco(tabla[r].campo) && ok.valor.empty(); ++r) tomarCodigo(r);
     return ok;
 }
 

@@ -1,15 +1,17 @@
 #include "model/specification.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 
 namespace qor {
 
-bool Especificacion::FilaArchivoVacia(int fila) const { return EstaEnBlanco(TablaArchivo[fila][0]); }
+bool FilaDeTransaccion::EsCabezaTransaccion() const { return Recortar(programa) == "TRANS"; }
+
+bool FilaDeTransaccion::EsCabezaBAPI() const { return Recortar(programa) == "BAPI"; }
+
+bool Especificacion::FilaArchivoVacia(int fila) const { return EstaEnBlanco(TablaArchivo[fila].campo); }
 
 bool Especificacion::FilaTransaccionVacia(int fila) const {
-    return EstaEnBlanco(TablaTransaccion[fila][0]) && EstaEnBlanco(TablaTransaccion[fila][2]);
+    return EstaEnBlanco(TablaTransaccion[fila].programa) && EstaEnBlanco(TablaTransaccion[fila].campo);
 }
 
 int Especificacion::FilasArchivo() const {
@@ -24,15 +26,16 @@ int Especificacion::FilasTransaccion() const {
     return fila;
 }
 
-int Especificacion::PrimeraPosicionLibreTransaccion() const {
-    int fila = ultimaFila;
-    const auto vacia = [](const std::string& celda) { return celda.empty(); };
-    while (fila >= 0 && std::all_of(TablaTransaccion[fila].begin(), TablaTransaccion[fila].end(), vacia)) --fila;
-    return fila + 1;
+int Especificacion::FilasBAPIs() const {
+    int fila = 0;
+    while (fila <= ultimaFilaBAPIs && !TablaBAPIs[fila].nombre.empty()) ++fila;
+    return fila;
 }
 
-bool EsCabezaTransaccion(const std::array<std::string, 5>& fila) { return Recortar(fila[0]) == "TRANS"; }
-
-bool EsCabezaBAPI(const std::array<std::string, 5>& fila) { return Recortar(fila[0]) == "BAPI"; }
+int Especificacion::PrimeraPosicionLibreTransaccion() const {
+    int fila = ultimaFila;
+    while (fila >= 0 && TablaTransaccion[fila].Vacia()) --fila;
+    return fila + 1;
+}
 
 }  // namespace qor

@@ -99,7 +99,7 @@ private:
     void FilaDeCampo(int f) {
         const auto& fila = g_.especificacion.TablaArchivo[f];
         Controlar();
-        Fila({{2, fila[0]}, {50, fila[1]}, {60, std::string_view(fila[2]).substr(0, largoDeNota)}});
+        Fila({{2, fila.campo}, {50, fila.ancho}, {60, std::string_view(fila.nota).substr(0, largoDeNota)}});
     }
 
     void ImprimirRegistroPrincipal() {
@@ -119,7 +119,7 @@ private:
         const std::string numero = " " + std::to_string(n);
         if (g_.valores.ArchivoUnico) return g_.Texto(924) + numero;
         const int cabeza = FilaDeStepLoop(g_.especificacion, n);
-        return g_.Texto(910) + numero + ": " + std::string(ExtraerMarca(g_.especificacion.TablaTransaccion[cabeza][4], 2, 3));
+        return g_.Texto(910) + numero + ": " + std::string(ExtraerMarca(g_.especificacion.TablaTransaccion[cabeza].nota, 2, 3));
     }
 
     void ImprimirGrupo(int n) {
@@ -147,9 +147,9 @@ private:
         Controlar();
         d_.Tab(2);
         d_.PonerEnfasis(Enfasis::Clave, true);
-        d_.Item(fila[0]);
+        d_.Item(fila.campo);
         d_.PonerEnfasis(Enfasis::Clave, false);
-        Fila({{50, fila[1]}, {60, g_.Texto(911)}});
+        Fila({{50, fila.ancho}, {60, g_.Texto(911)}});
     }
 
     void ImprimirOperacion(int mensaje, const std::string& codigo) {
@@ -166,16 +166,16 @@ private:
         LineasVacias(d_, 1);
         for (int r = 0; r <= ultimaFila; ++r) {
             const auto& fila = g_.especificacion.TablaTransaccion[r];
-            if (fila[0].empty() && fila[2].empty()) break;
+            if (fila.SinNombres()) break;
             Controlar();
-            if (EsCabezaTransaccion(fila)) {
-                ImprimirOperacion(913, fila[1]);
+            if (fila.EsCabezaTransaccion()) {
+                ImprimirOperacion(913, fila.dynpro);
                 Titulos({{10, g_.Texto(914)}, {30, g_.Texto(915)}, {45, g_.Texto(916)}, {100, g_.Texto(907)}});
-            } else if (EsCabezaBAPI(fila)) {
-                ImprimirOperacion(926, fila[1]);
+            } else if (fila.EsCabezaBAPI()) {
+                ImprimirOperacion(926, fila.dynpro);
                 Titulos({{45, g_.Texto(916)}, {100, g_.Texto(907)}});
             } else {
-                Fila({{10, fila[0]}, {30, fila[1]}, {45, fila[2]}, {100, fila[3]}});
+                Fila({{10, fila.programa}, {30, fila.dynpro}, {45, fila.campo}, {100, fila.valor}});
             }
         }
     }
@@ -188,12 +188,12 @@ private:
         LineasVacias(d_, 2);
         for (int r = 0; r <= ultimaFila; ++r) {
             const auto& fila = g_.especificacion.TablaTransaccion[r];
-            const std::string_view nota = std::string_view(fila[4]).substr(0, fila[4].find("!1"));
+            const std::string_view nota = std::string_view(fila.nota).substr(0, fila.nota.find("!1"));
             if (EstaEnBlanco(nota)) continue;
             Controlar();
             LineasVacias(d_, 1);
             PonerNegrita(d_, true);
-            Linea(d_, g_.Texto(918) + " " + Mayusculas(Recortar(fila[2])));
+            Linea(d_, g_.Texto(918) + " " + Mayusculas(Recortar(fila.campo)));
             PonerNegrita(d_, false);
             Controlar();
             LineasVacias(d_, 1);

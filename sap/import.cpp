@@ -42,7 +42,7 @@ private:
         return lineas_[siguiente_++];
     }
 
-    std::array<std::string, 5>& Fila(int fila) {
+    FilaDeTransaccion& Fila(int fila) {
         if (fila >= filasTabla) throw FalloDeEjecucion("the program side is full");
         return especificacion_.TablaTransaccion[fila];
     }
@@ -71,22 +71,22 @@ private:
     void LeerPantalla(std::string_view linea) {
         ReservarCabecera();
         auto& fila = Fila(Fila_);
-        fila[0] = Primero(linea);
-        fila[1] = ExtraerSegundo(linea);
+        fila.programa = Primero(linea);
+        fila.dynpro = ExtraerSegundo(linea);
         ++Fila_;
     }
 
     std::string_view LeerCampo(std::string_view linea, bool esSubpantalla) {
         ReservarCabecera();
         auto& fila = Fila(Fila_);
-        fila[2] = Primero(linea);
+        fila.campo = Primero(linea);
         linea = LeerLinea();
-        fila[3] = "'" + Primero(linea);
+        fila.valor = "'" + Primero(linea);
         if (esSubpantalla) {
             linea = LeerLinea();
-            fila[3] += Primero(linea);  // program and number touch
+            fila.valor += Primero(linea);  // program and number touch
         }
-        fila[3] += "'";
+        fila.valor += "'";
         ++Fila_;
         return linea;
     }
@@ -94,8 +94,8 @@ private:
     void LeerTransaccion(std::string_view linea) {
         ReservarCabecera();
         auto& fila = Fila(Cabecera_);
-        fila[0] = "TRANS";
-        fila[1] = Primero(linea);
+        fila.programa = "TRANS";
+        fila.dynpro = Primero(linea);
         // So an empty row separates two transactions.
         ++Fila_;
         Inicio_ = Fila_;
@@ -106,14 +106,14 @@ private:
         auto& fila = Fila(Fila_);
         const auto clase = Tramo(linea, 45, 1);
         if (clase == "T") {
-            fila[0] = "TRANS";
-            fila[1] = campo;
+            fila.programa = "TRANS";
+            fila.dynpro = campo;
         } else if (clase == "X") {
-            fila[0] = Recortar(Tramo(linea, 1, 40));
-            fila[1] = Recortar(Tramo(linea, 41, 4));
+            fila.programa = Recortar(Tramo(linea, 1, 40));
+            fila.dynpro = Recortar(Tramo(linea, 41, 4));
         } else if (clase == " ") {
-            fila[2] = campo;
-            fila[3] = "'" + ValorDeRegistro(linea) + "'";
+            fila.campo = campo;
+            fila.valor = "'" + ValorDeRegistro(linea) + "'";
         } else {
             return;
         }

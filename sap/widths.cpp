@@ -48,9 +48,9 @@ public:
     void Escribir() {
         for (int r = 0; r <= ultimaFila; ++r) {
             const auto& fila = especificacion_.TablaTransaccion[r];
-            if (EsCabezaBAPI(fila)) enBAPI_ = true;
-            if (EsCabezaTransaccion(fila)) enBAPI_ = false;
-            if (!EstaEnBlanco(fila[2])) Escribir(fila[2], fila[3]);
+            if (fila.EsCabezaBAPI()) enBAPI_ = true;
+            if (fila.EsCabezaTransaccion()) enBAPI_ = false;
+            if (!EstaEnBlanco(fila.campo)) Escribir(fila.campo, fila.valor);
         }
     }
 
@@ -125,8 +125,8 @@ bool LlenarAnchos(Especificacion& especificacion, std::string_view texto) {
         const auto campo = Recortar(Tramo(linea, 61, anchoDeCampo));
         for (int r = 0; r <= ultimaFila && !especificacion.FilaArchivoVacia(r); ++r) {
             auto& fila = especificacion.TablaArchivo[r];
-            if (Recortar(fila[0]) != campo || !EstaEnBlanco(fila[1])) continue;
-            fila[1] = TextoDeNumero(ancho);
+            if (Recortar(fila.campo) != campo || !EstaEnBlanco(fila.ancho)) continue;
+            fila.ancho = TextoDeNumero(ancho);
             lleno = true;
         }
     }

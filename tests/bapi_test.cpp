@@ -89,7 +89,7 @@ TEST_F(PruebaDeBAPI, InsertionWritesRowsDeclarationsAndCall) {
                                                            "DATA: HEAD LIKE BAPIMATHEAD.\r\nDATA: TESTRUN LIKE BAPIE1-TEST.\r\n"
                                                            "DATA: RETURN LIKE BAPIRET2.\r\n"
                                                            "DATA: TEXTS LIKE BAPI_MAKT\r\n      OCCURS 0 WITH HEADER LINE.\r\n");
-    EXPECT_EQ(editor.especificacion.TablaBAPIs[0][1],
+    EXPECT_EQ(editor.especificacion.TablaBAPIs[0].llamada,
               "CALL FUNCTION 'BAPI_MAT_SAVE'\r\n     EXPORTING\r\n       HEAD = HEAD\r\n       TESTRUN = TESTRUN\r\n"
               "     IMPORTING\r\n       RETURN = RETURN\r\n     TABLES\r\n       TEXTS = TEXTS.");
     EXPECT_TRUE(editor.HayCambios && editor.UndoButton);
@@ -111,26 +111,26 @@ TEST_F(PruebaDeBAPI, VariablesAreSharedByTypeAndNumberedByName) {
     Elegir("BAPI_MAT_SAVE");
     ASSERT_EQ(Elegir("BAPI_ORDER"), ResultadoInsercion::Hecho);
     EXPECT_TRUE(Contiene(editor.especificacion.VariablesGlobales, "DATA: HEAD1 LIKE BAPISDHD."));
-    EXPECT_EQ(editor.especificacion.TablaBAPIs[1][1],
+    EXPECT_EQ(editor.especificacion.TablaBAPIs[1].llamada,
               "CALL FUNCTION 'BAPI_ORDER'\r\n     EXPORTING\r\n       HEAD = HEAD1\r\n     TABLES\r\n       TEXTS = TEXTS.");
     EXPECT_EQ(prueba.FilaTransaccion(7), "||HEAD1-MATERIAL|MATERIAL");
 }
 
 TEST_F(PruebaDeBAPI, MandatoryOnlyDefinitionOnlyAndRefusals) {
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE", false, std::nullopt), ResultadoInsercion::Cancelado);
-    EXPECT_TRUE(prueba.FilasTransaccion().empty() && editor.especificacion.TablaBAPIs[0][0].empty());
+    EXPECT_TRUE(prueba.FilasTransaccion().empty() && editor.especificacion.TablaBAPIs[0].nombre.empty());
 
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE", false, false), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilasTransaccion(),
               (std::vector<std::string>{"BAPI|BAPI_MAT_SAVE", "||HEAD-MATERIAL|MATERIAL", "||HEAD-SECTOR|SECTOR"}));
-    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0][1], "TEXTS = TEXTS."));
+    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
 
     EXPECT_EQ(Elegir("BAPI_ORDER", true), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilasTransaccion().size(), 3u);
     EXPECT_EQ(Elegir("BAPI_ORDER", true), ResultadoInsercion::Detenido);
     EXPECT_EQ(Elegir("BAPI_BAD"), ResultadoInsercion::Detenido);
     // A parameter that the call text doesn't pass.
-    editor.especificacion.TablaBAPIs[0][1] = "CALL FUNCTION 'BAPI_MAT_SAVE'.";
+    editor.especificacion.TablaBAPIs[0].llamada = "CALL FUNCTION 'BAPI_MAT_SAVE'.";
     prueba.vista.respuestas = {Respuesta::Si};
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Detenido);
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<389> <401> <383> <394>");
@@ -162,7 +162,7 @@ TEST_F(PruebaDeBAPI, RowsEndAtRow1000) {
     ASSERT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilaTransaccion(1000), "||HEAD-SECTOR|SECTOR");
     EXPECT_EQ(prueba.FilaTransaccion(1001), "");
-    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0][1], "TEXTS = TEXTS."));
+    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
 }
 
 // An update against a scripted system: the list first, then one call for each BAPI.

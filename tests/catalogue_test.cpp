@@ -29,7 +29,7 @@ void CompletarArchivo(EditorDePrueba& prueba) {
     auto& e = prueba.editor.especificacion;
     std::set<std::string> campos;
     for (int r = 0; r < e.FilasTransaccion(); ++r) {
-        const std::string& valor = e.TablaTransaccion[r][3];
+        const std::string& valor = e.TablaTransaccion[r].valor;
         if (valor.empty() || !campos.insert(valor).second) continue;
         e.TablaArchivo[campos.size() - 1] = {valor, "10", "", ""};
     }
@@ -75,18 +75,19 @@ TEST(Catalogue, ExampleCallsTheBAPIAsInserted) {
     LeerDocumento(documento, ejemplo, opciones);
 
     EditorDePrueba prueba;
-    const std::string nombre(AntesDe(ejemplo.TablaTransaccion[0][1], ';'));
+    const std::string nombre(AntesDe(ejemplo.TablaTransaccion[0].dynpro, ';'));
     ASSERT_EQ(Insertar(prueba, nombre), ResultadoInsercion::Hecho);
     const auto& insertada = prueba.editor.especificacion;
     std::set<std::string> campos;
-    for (int r = 1; r < insertada.FilasTransaccion(); ++r) campos.insert(insertada.TablaTransaccion[r][2]);
+    for (int r = 1; r < insertada.FilasTransaccion(); ++r) campos.insert(insertada.TablaTransaccion[r].campo);
     for (int r = 1; r < ejemplo.FilasTransaccion(); ++r) {
-        EXPECT_TRUE(campos.contains(std::string(AntesDe(ejemplo.TablaTransaccion[r][2], ';')))) << ejemplo.TablaTransaccion[r][2];
+        EXPECT_TRUE(campos.contains(std::string(AntesDe(ejemplo.TablaTransaccion[r].campo, ';'))))
+            << ejemplo.TablaTransaccion[r].campo;
     }
-    for (const auto linea : PartirEnLineas(ejemplo.TablaBAPIs[0][1])) {
+    for (const auto linea : PartirEnLineas(ejemplo.TablaBAPIs[0].llamada)) {
         auto pasado = Recortar(linea);
         if (pasado.ends_with('.')) pasado.remove_suffix(1);
-        EXPECT_TRUE(Contiene(insertada.TablaBAPIs[0][1], pasado)) << linea;
+        EXPECT_TRUE(Contiene(insertada.TablaBAPIs[0].llamada, pasado)) << linea;
     }
 }
 

@@ -74,7 +74,7 @@ TEST(Document, OddRecordsAreTaken) {
                             Registro(4, {"\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"\"", "\"  \""}) +
                             Registro(7, {"0"}) + Registro(9, {"\"12\""}),
                         o);
-    EXPECT_EQ(e.TablaArchivo[0][1], "7");
+    EXPECT_EQ(e.TablaArchivo[0].ancho, "7");
     EXPECT_TRUE(o.ServidorOp() && o.AnchoFijo);
     EXPECT_EQ(o.Modo, 'A');
     EXPECT_EQ(o.TablaZ, "ZDATAERRORS");
@@ -82,7 +82,7 @@ TEST(Document, OddRecordsAreTaken) {
     EXPECT_EQ(o.ModeAsParameter, 1);
     EXPECT_NE(EscribirDocumento(e, o).find("\"out\",\"in\",#TRUE#"), std::string::npos);
     // No record at all is a document, too.
-    EXPECT_EQ(Leer("", o).TablaArchivo[0][0], "");
+    EXPECT_EQ(Leer("", o).TablaArchivo[0].campo, "");
 }
 
 TEST(Document, BrokenTextsFail) {
@@ -114,10 +114,10 @@ TEST(Document, EarliestFormatIsRead) {
         "\"P\",\"100\",\"\",\"\",\"\"\r\n" +
             cola,
         o);
-    EXPECT_EQ(e.TablaArchivo[0], (std::array<std::string, 4>{"A", "1", "note", "code  more"}));
-    EXPECT_EQ(e.TablaArchivo[1][1], "2");
-    EXPECT_EQ(e.TablaTransaccion[0][1], "ZPROG");
-    EXPECT_EQ(e.TablaTransaccion[1][0], "P");
+    EXPECT_EQ(e.TablaArchivo[0], (FilaDeArchivo{"A", "1", "note", "code  more"}));
+    EXPECT_EQ(e.TablaArchivo[1].ancho, "2");
+    EXPECT_EQ(e.TablaTransaccion[0].dynpro, "ZPROG");
+    EXPECT_EQ(e.TablaTransaccion[1].programa, "P");
     EXPECT_TRUE(o.ServidorOp() && o.CallTransaction == 1 && o.Modo == 'N' && o.FileParameterCh == 1);
     EXPECT_EQ(o.ArchivoFuente + o.Programa + o.Notes, "in.txtZPROGN");
 }

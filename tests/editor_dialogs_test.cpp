@@ -218,22 +218,22 @@ TEST(Conditions, AreAddedEditedAndRemoved) {
     EXPECT_EQ(dialogo.Condicional, "");
     EXPECT_THAT(dialogo.ListaCondiciones, ElementsAre("TWO", "THREE"));
     const auto& tabla = e.especificacion.TablaCondiciones;
-    EXPECT_THAT(tabla[0], ElementsAre("TWO", ""));
-    EXPECT_THAT(tabla[1], ElementsAre("THREE", "3"));
-    EXPECT_THAT(tabla[2], ElementsAre("", ""));
+    EXPECT_EQ(tabla[0], (FilaDeCondicion{"TWO", ""}));
+    EXPECT_EQ(tabla[1], (FilaDeCondicion{"THREE", "3"}));
+    EXPECT_EQ(tabla[2], (FilaDeCondicion{"", ""}));
     EXPECT_EQ(AbrirCondiciones(e).ListaCondiciones, dialogo.ListaCondiciones);
 }
 
 TEST(Conditions, StopAtTheLastRowThatIsSaved) {
     EditorDePrueba p;
-    for (int r = 0; r < 1000; ++r) p.editor.especificacion.TablaCondiciones[r][0] = "C" + std::to_string(r);
+    for (int r = 0; r < 1000; ++r) p.editor.especificacion.TablaCondiciones[r].nombre = "C" + std::to_string(r);
     auto dialogo = AbrirCondiciones(p.editor);
     for (const char* nombre : {"LAST", "TOO MANY"}) {
         dialogo.Nuevo = nombre;
         AgregarCondicion(p.editor, dialogo);
     }
-    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1000][0], "LAST");
-    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1001][0], "");
+    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1000].nombre, "LAST");
+    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1001].nombre, "");
     EXPECT_EQ(p.vista.TomarAvisos(), "There is no room for another condition.");
 }
 
@@ -317,7 +317,7 @@ TEST(UserCode, IsStoredWhereItIsMoreThanBlanks) {
         EXPECT_EQ(p.vista.TomarAvisos(), "<356> FORMULAS.TXT");
         ventana.ABAPText = caso.texto;
         EXPECT_EQ(CerrarCodigo(p.editor, ventana), caso.cierra);
-        EXPECT_EQ(p.editor.especificacion.TablaArchivo[0][3], caso.queda);
+        EXPECT_EQ(p.editor.especificacion.TablaArchivo[0].conversion, caso.queda);
         EXPECT_EQ(p.editor.HayCambios, caso.cambios);
     }
 }
@@ -337,7 +337,7 @@ TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
     CambiarVars(e, dialogo, "CALL 2");
     EXPECT_FALSE(e.HayCambios);
     CambiarVars(e, dialogo, "CALL TWO");
-    EXPECT_EQ(bapis[1][1], "CALL TWO");
+    EXPECT_EQ(bapis[1].llamada, "CALL TWO");
     EXPECT_TRUE(e.HayCambios);
 
     SeleccionarDefinicion(e, dialogo, 1);
@@ -349,8 +349,8 @@ TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
     EXPECT_THAT(dialogo.ListaDefiniciones, ElementsAre("<163>", "<164>: B2", "<164>: B3"));
     EXPECT_EQ(dialogo.seleccion, 0);
     EXPECT_EQ(dialogo.Vars, "DATA: A.");
-    EXPECT_THAT(bapis[1], ElementsAre("B3", "CALL 3"));
-    EXPECT_THAT(bapis[2], ElementsAre("", ""));
+    EXPECT_EQ(bapis[1], (FilaDeBAPI{"B3", "CALL 3"}));
+    EXPECT_EQ(bapis[2], (FilaDeBAPI{"", ""}));
     Limpiar(e, dialogo);
     EXPECT_TRUE(e.HayDefiniciones());
     Limpiar(e, dialogo);

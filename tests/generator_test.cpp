@@ -51,7 +51,7 @@ using Cambio = std::function<void(Generador&)>;
 constexpr const char* sinClaves = "Items!1 1!2items.txt!30!4!51!65!7";
 
 void PonerBAPI(Generador& g) {
-    g.e.TablaTransaccion = TablaDeTextos<5>(filasTabla);
+    g.e.TablaTransaccion = std::vector<FilaDeTransaccion>(filasTabla);
     g.prueba.Transaccion({"BAPI|BAPI_X", "||HEAD-A|ORDER"});
     g.e.VariablesGlobales = "DATA: HEAD LIKE T.";
     g.e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     EXPORTING\r\n       HEAD = HEAD."};
@@ -74,7 +74,7 @@ TEST_F(Generador, EveryCheckHasItsMessage) {
         {"ids of two lengths", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "1,02"; }, "<380>", false},
         {"too many ids", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "1,2,3"; }, "<381> 2", false},
         {"no ids", [](auto& g) { g.o.MultipleFilesOption = false; }, "", false},
-        {"no keys in files of their own", [](auto& g) { g.e.TablaTransaccion[5][4] = sinClaves; },
+        {"no keys in files of their own", [](auto& g) { g.e.TablaTransaccion[5].nota = sinClaves; },
          "<378>\r\r<375>\r\r<376>\r\r<377>", false},
         {"an undeclared BAPI field", [](auto& g) { PonerBAPI(g), g.e.VariablesGlobales = "DATA:HEAD LIKE T."; }, "<386>: HEAD-A",
          false},
@@ -84,44 +84,45 @@ TEST_F(Generador, EveryCheckHasItsMessage) {
         {"error handling of a session", [](auto& g) { g.o.ErrorHandlingCheck = 1, g.o.TablaZ = ""; }, "<391> <323>", true},
         {"no error table", [](auto& g) { g.o.ErrorHandlingCheck = g.o.CallTransaction = 1, g.o.TablaZ = " "; }, "<392>", false},
         {"no program number", [](auto& g) { g.o.ErrorHandlingCheck = g.o.CallTransaction = 1; }, "<402>", false},
-        {"no operation", [](auto& g) { g.e.TablaTransaccion[0][0] = "PROG"; }, "<302>", false},
+        {"no operation", [](auto& g) { g.e.TablaTransaccion[0].programa = "PROG"; }, "<302>", false},
         {"no table", [](auto& g) { g.o.TablaCh = 1, g.o.ClienteOp = false, g.o.ArchivoFuente = " "; }, "<303>", false},
         {"no file", [](auto& g) { g.o.FileParameterCh = 0, g.o.ArchivoFuente = ""; }, "<304>", false},
-        {"a field of two records", [](auto& g) { g.e.TablaTransaccion[3][3] = "ITEM"; }, "<367> ITEM.", false},
-        {"no name of a condition", [](auto& g) { g.e.TablaTransaccion[1][1] = "101;"; }, "<368> 101.", false},
-        {"the same on a field", [](auto& g) { g.e.TablaTransaccion[3][2] = "F;"; }, "<371> F.", false},
-        {"an unknown condition", [](auto& g) { g.e.TablaTransaccion[1][1] = "101;NONE"; }, "<369> NONE <370>", false},
+        {"a field of two records", [](auto& g) { g.e.TablaTransaccion[3].valor = "ITEM"; }, "<367> ITEM.", false},
+        {"no name of a condition", [](auto& g) { g.e.TablaTransaccion[1].dynpro = "101;"; }, "<368> 101.", false},
+        {"the same on a field", [](auto& g) { g.e.TablaTransaccion[3].campo = "F;"; }, "<371> F.", false},
+        {"an unknown condition", [](auto& g) { g.e.TablaTransaccion[1].dynpro = "101;NONE"; }, "<369> NONE <370>", false},
         {"a good one behind a bad one",
          [](auto& g) {
              g.e.TablaTransaccion[1] = {"SAPMV45A", "101;NONE", "X;COND", "ORDER", ""};
          },
          "<369> NONE <370> <323>", true},
         {"a group without a table",
-         [](auto& g) { g.o.TablaCh = 1, g.o.ClienteOp = false, g.e.TablaTransaccion[5][4] = "!1 1!2 !30!4!51!65!7,ORDER"; },
+         [](auto& g) { g.o.TablaCh = 1, g.o.ClienteOp = false, g.e.TablaTransaccion[5].nota = "!1 1!2 !30!4!51!65!7,ORDER"; },
          "<305> VBAP-POSNR(1)].", false},
         {"a group without a file",
-         [](auto& g) { g.o.FileParameterCh = 0, g.e.TablaTransaccion[5][4] = "!1 1!2!30!4!51!65!7,ORDER"; },
+         [](auto& g) { g.o.FileParameterCh = 0, g.e.TablaTransaccion[5].nota = "!1 1!2!30!4!51!65!7,ORDER"; },
          "<306> VBAP-POSNR(1)<307>", false},
-        {"no such file field", [](auto& g) { g.e.TablaTransaccion[3][3] = "NONE"; }, "<308> 'NONE' <309>", false},
-        {"a quote in a constant", [](auto& g) { g.e.TablaTransaccion[3][3] = "'a'b'"; }, "<310> 'a'b' <311>", false},
-        {"half a constant", [](auto& g) { g.e.TablaTransaccion[3][3] = "'"; }, "<326>", false},
-        {"an undeclared variable", [](auto& g) { g.e.TablaTransaccion[3][3] = "@LONGVARIABLE-X"; }, "<312> LONGVARI <313>", false},
+        {"no such file field", [](auto& g) { g.e.TablaTransaccion[3].valor = "NONE"; }, "<308> 'NONE' <309>", false},
+        {"a quote in a constant", [](auto& g) { g.e.TablaTransaccion[3].valor = "'a'b'"; }, "<310> 'a'b' <311>", false},
+        {"half a constant", [](auto& g) { g.e.TablaTransaccion[3].valor = "'"; }, "<326>", false},
+        {"an undeclared variable", [](auto& g) { g.e.TablaTransaccion[3].valor = "@LONGVARIABLE-X"; }, "<312> LONGVARI <313>",
+         false},
         {"no output", [](auto& g) { g.o.Programa = " "; }, "<301>", false},
-        {"no width", [](auto& g) { g.e.TablaArchivo[1][1] = ""; }, "<315> DATE", true},
-        {"an empty group", [](auto& g) { g.e.TablaTransaccion[5][3] = "'1'"; }, "<316> VBAP-POSNR(1) <317> <323>", true},
-        {"no dynpro", [](auto& g) { g.e.TablaTransaccion[1][1] = ""; }, "<318>", true},
-        {"no value", [](auto& g) { g.e.TablaTransaccion[3][3] = ""; }, "<319>", true},
-        {"a step-loop field in a condition", [](auto& g) { g.e.TablaCondiciones[0][1] = "#ITEM = 1."; }, "<320> COND.", true},
-        {"a step-loop field in code", [](auto& g) { g.e.TablaArchivo[1][3] = "#ITEM = 1."; }, "<321> DATE.", true},
+        {"no width", [](auto& g) { g.e.TablaArchivo[1].ancho = ""; }, "<315> DATE", true},
+        {"an empty group", [](auto& g) { g.e.TablaTransaccion[5].valor = "'1'"; }, "<316> VBAP-POSNR(1) <317> <323>", true},
+        {"no dynpro", [](auto& g) { g.e.TablaTransaccion[1].dynpro = ""; }, "<318>", true},
+        {"no value", [](auto& g) { g.e.TablaTransaccion[3].valor = ""; }, "<319>", true},
+        {"a step-loop field in a condition", [](auto& g) { g.e.TablaCondiciones[0].texto = "#ITEM = 1."; }, "<320> COND.", true},
+        {"a step-loop field in code", [](auto& g) { g.e.TablaArchivo[1].conversion = "#ITEM = 1."; }, "<321> DATE.", true},
         {"no OK code", [](auto& g) { g.prueba.PonerTransaccion(6, "||OTHER|'x'"); }, "<322> VBAP-POSNR(1)", true},
-        {"a bad pair of values", [](auto& g) { g.e.TablaArchivo[1][3] = "'a' @ "; }, "<326>", true},
-        {"a worse pair of values", [](auto& g) { g.e.TablaArchivo[1][3] = "'a' @ 'b' '"; }, "<372> <326>", true},
-        {"no call of the BAPI", [](auto& g) { PonerBAPI(g), g.e.TablaBAPIs[0][0] = "OTHER"; }, "<384> BAPI_X <385>", true},
+        {"a bad pair of values", [](auto& g) { g.e.TablaArchivo[1].conversion = "'a' @ "; }, "<326>", true},
+        {"a worse pair of values", [](auto& g) { g.e.TablaArchivo[1].conversion = "'a' @ 'b' '"; }, "<372> <326>", true},
+        {"no call of the BAPI", [](auto& g) { PonerBAPI(g), g.e.TablaBAPIs[0].nombre = "OTHER"; }, "<384> BAPI_X <385>", true},
         {"no RETURN", [](auto& g) { PonerBAPI(g), g.o.ErrorHandlingCheck = 1, g.o.ProgID = "1"; }, "BAPI_X <395>", true},
-        {"a banner value too long", [](auto& g) { g.e.TablaTransaccion[0][1] = std::string(47, 'X'); }, "<326>", true},
+        {"a banner value too long", [](auto& g) { g.e.TablaTransaccion[0].dynpro = std::string(47, 'X'); }, "<326>", true},
         {"501 lines of a condition",
          [](auto& g) {
-             for (int i = 0; i < 501; ++i) g.e.TablaCondiciones[0][1] += "\r\nx";
+             for (int i = 0; i < 501; ++i) g.e.TablaCondiciones[0].texto += "\r\nx";
          },
          "<326>", true},
     };
@@ -137,7 +138,7 @@ TEST_F(Generador, EveryCheckHasItsMessage) {
 }
 
 TEST_F(Generador, StopInTheOperationsLeavesWhatStandsInFront) {
-    e.TablaTransaccion[3][3] = "";
+    e.TablaTransaccion[3].valor = "";
     const auto informe = Generar();
     EXPECT_TRUE(informe.ends_with("         DYNPROTAB = BDC_TAB.\r\nENDFORM.\r\n"));
     EXPECT_EQ(prueba.vista.focos.back(), "Text5_0");
@@ -202,7 +203,7 @@ TEST_F(Generador, StepLoopLinesStandWhereTheyShould) {
         {"0", "0", {1, 2, 3, 2, 3, 2, 3}},
     };
     for (const auto& caso : casos) {
-        e.TablaTransaccion[5][4] = "!1 1!2f!3" + std::string(caso.modo) + "!4!5" + caso.primera + "!63!7,ORDER";
+        e.TablaTransaccion[5].nota = "!1 1!2f!3" + std::string(caso.modo) + "!4!5" + caso.primera + "!63!7,ORDER";
         EXPECT_EQ(Posiciones(Generar(), 7), caso.posiciones) << caso.modo << caso.primera;
     }
 }

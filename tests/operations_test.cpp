@@ -11,7 +11,7 @@
 namespace qor::pruebas {
 namespace {
 
-using Filas = std::vector<std::array<std::string, 5>>;
+using Filas = std::vector<FilaDeTransaccion>;
 
 Especificacion Con(const Filas& filas) {
     Especificacion e;
@@ -98,28 +98,28 @@ std::vector<int> GruposPorTramos(const Especificacion& e, int filas) {
     for (int desde = 0; desde < filas;) {
         const auto& tabla = e.TablaTransaccion;
         const auto estructura = [&](int r) {
-            return Contiene(tabla[r][2], "-") ? tabla[r][2].substr(0, tabla[r][2].find('-')) : "";
+            return Contiene(tabla[r].campo, "-") ? tabla[r].campo.substr(0, tabla[r].campo.find('-')) : "";
         };
-        if (!EstaEnBlanco(tabla[desde][0])) {
-            if (EsCabezaBAPI(tabla[desde])) esBAPI = true;
-            if (EsCabezaTransaccion(tabla[desde])) esBAPI = false;
+        if (!EstaEnBlanco(tabla[desde].programa)) {
+            if (tabla[desde].EsCabezaBAPI()) esBAPI = true;
+            if (tabla[desde].EsCabezaTransaccion()) esBAPI = false;
         }
         // Behind a head's own row come field rows; in a BAPI only those without a structure belong to the head.
-        const std::string propia = EstaEnBlanco(tabla[desde][0]) ? estructura(desde) : "";
+        const std::string propia = EstaEnBlanco(tabla[desde].programa) ? estructura(desde) : "";
         int hasta = desde + 1;
-        while (hasta < filas && EstaEnBlanco(tabla[hasta][0]) && (!esBAPI || estructura(hasta) == propia)) ++hasta;
-        const bool filaDeCabeza = !EstaEnBlanco(tabla[desde][0]);
+        while (hasta < filas && EstaEnBlanco(tabla[hasta].programa) && (!esBAPI || estructura(hasta) == propia)) ++hasta;
+        const bool filaDeCabeza = !EstaEnBlanco(tabla[desde].programa);
         const int primerCampo = filaDeCabeza ? desde + 1 : desde;
         bool enLoop = false;
-        for (int r = primerCampo; r < hasta; ++r) enLoop = enLoop || EsCabezaStepLoop(tabla[r][4]);
+        for (int r = primerCampo; r < hasta; ++r) enLoop = enLoop || EsCabezaStepLoop(tabla[r].nota);
         // A head without a field row decides nothing: what stood before stays switched on.
         if (primerCampo < hasta) activo = enLoop;
         if (enLoop) ++n;
         bool okVisto = false;
         for (int r = primerCampo; r < hasta; ++r) {
-            const bool ok = Recortar(tabla[r][2]) == "BDC_OKCODE" && !okVisto;
+            const bool ok = Recortar(tabla[r].campo) == "BDC_OKCODE" && !okVisto;
             okVisto = okVisto || ok;
-            const bool miembro = ok || Contiene(tabla[r][2], "(") || EsCabezaStepLoop(tabla[r][4]);
+            const bool miembro = ok || Contiene(tabla[r].campo, "(") || EsCabezaStepLoop(tabla[r].nota);
             if (activo && miembro) grupos[static_cast<std::size_t>(r)] = n;
         }
         // In a BAPI the row that opens a group belongs to it, be it a field of the structure or the operation's own row.
@@ -138,7 +138,7 @@ struct Caminata {
     int OperacionDeCampo(const std::string& campo) const {
         int grupo = 0;
         for (int r = 0; r < e.FilasTransaccion(); ++r) {
-            if (Recortar(e.TablaTransaccion[r][3]) == campo) grupo = operaciones.OperacionFila(r);
+            if (Recortar(e.TablaTransaccion[r].valor) == campo) grupo = operaciones.OperacionFila(r);
         }
         return grupo;
     }
@@ -148,8 +148,8 @@ struct Caminata {
         for (int r = 0; r < e.FilasTransaccion(); ++r) {
             const auto& fila = e.TablaTransaccion[r];
             const int grupo = operaciones.OperacionFila(r);
-            if (Recortar(fila[3]) == campo && grupo != 0) clase = grupo == n ? 1 : 2;
-            if (grupo == n && Contiene(ExtraerMarca(fila[4], 7, 8), campo)) clase = 3;
+            if (Recortar(fila.valor) == campo && grupo != 0) clase = grupo == n ? 1 : 2;
+            if (grupo == n && Contiene(ExtraerMarca(fila.nota, 7, 8), campo)) clase = 3;
         }
         return clase;
     }
@@ -162,7 +162,7 @@ TEST(Operations, IndexAnswersAsTheWalksDo) {
     };
     for (int vuelta = 0; vuelta < 300; ++vuelta) {
         Especificacion e;
-        for (int f = 0; f < 6; ++f) e.TablaArchivo[f][0] = uno({"A", "AB", "B", "C", "KEY", "KEY2"});
+        for (int f = 0; f < 6; ++f) e.TablaArchivo[f].campo = uno({"A", "AB", "B", "C", "KEY", "KEY2"});
         e.TablaTransaccion[0] = {uno({"TRANS", "BAPI"}), "X", "", "", ""};
         for (int r = 1; r < 25; ++r) {
             if (azar() % 4 == 0) {
@@ -180,7 +180,7 @@ TEST(Operations, IndexAnswersAsTheWalksDo) {
             int campos = 0;
             int claves = 0;
             for (int f = 0; f < 6; ++f) {
-                const std::string& campo = e.TablaArchivo[f][0];
+                const std::string& campo = e.TablaArchivo[f].campo;
                 EXPECT_EQ(static_cast<int>(operaciones.ClaseCampoEnOperacion(f, n)), caminata.Clase(campo, n)) << vuelta;
                 EXPECT_EQ(static_cast<int>(operaciones.ClaseCampoEnOperacion(campo, n)), caminata.Clase(campo, n));
                 EXPECT_EQ(operaciones.OperacionDeCampo(campo), caminata.OperacionDeCampo(campo));

@@ -59,7 +59,7 @@ struct Informe {
     }
 
     void SoloBAPI(const std::string& seccionReturn) {
-        e.TablaTransaccion = TablaDeTextos<5>(filasTabla);
+        e.TablaTransaccion = std::vector<FilaDeTransaccion>(filasTabla);
         prueba.Transaccion({"BAPI|BAPI_X", "||HEAD-A|ORDER", "||HEAD-B|DATE"});
         e.VariablesGlobales = "DATA: HEAD LIKE T, RET LIKE BAPIRET2.";
         e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     " + seccionReturn + "\r\n       RETURN = RET."};
@@ -110,7 +110,7 @@ TEST(Report, ChoicesShapeItsLines) {
           "*   Step-Loop file 1  : Parameter  "},
          {"VALUE-REQUEST"}},
         {"no default names",
-         [](auto& i) { i.o.ArchivoFuente = " ", i.e.TablaTransaccion[5][4] = "!1 1!2!30!4!51!65!7,ORDER"; },
+         [](auto& i) { i.o.ArchivoFuente = " ", i.e.TablaTransaccion[5].nota = "!1 1!2!30!4!51!65!7,ORDER"; },
          {"PARAMETERS: FILE(128) OBLIGATORY LOWER CASE,\r\n            SLOOP_1(128) OBLIGATORY LOWER CASE.\r\n"},
          {"DEFAULT"}},
         {"value helps", [](auto& i) { i.o.AddF4 = 1; }, {"VALUE-REQUEST FOR FILE.\r\n", "VALUE-REQUEST FOR SLOOP_1.\r\n"}, {}},
@@ -187,7 +187,7 @@ TEST(Report, ChoicesShapeItsLines) {
          {"OBLIGATORY DEFAULT"}},
         {"no file field",
          [](auto& i) {
-             i.e.TablaArchivo = TablaDeTextos<4>(filasTabla), i.prueba.Transaccion({"", "", "", "", "", "", ""}),
+             i.e.TablaArchivo = std::vector<FilaDeArchivo>(filasTabla), i.prueba.Transaccion({"", "", "", "", "", "", ""}),
              i.prueba.Transaccion({"TRANS|T", "P|1", "||F|'x'"});
          },
          {"OCCURS 0,\r\n        DUMMY(1),\r\n      END OF ITAB,\r\n"},
@@ -209,7 +209,7 @@ TEST(Report, ChoicesShapeItsLines) {
           "        ITEM(6), \r\n        SUB(4), \r\n      END OF ITABSL_2"},
          {}},
         {"a long record in the error table",
-         [](auto& i) { i.o.ErrorHandlingCheck = i.o.CallTransaction = 1, i.o.ProgID = "1", i.e.TablaArchivo[1][1] = "300"; },
+         [](auto& i) { i.o.ErrorHandlingCheck = i.o.CallTransaction = 1, i.o.ProgID = "1", i.e.TablaArchivo[1].ancho = "300"; },
          {"        LINE(310),\r\n", "ZDATAERRORS-LINE = '00300 DATE'.\r\n"},
          {"LINE(256)"}},
         {"a short one",
@@ -221,19 +221,19 @@ TEST(Report, ChoicesShapeItsLines) {
           "PARAMETERS: FILE(128) DEFAULT 'orders.txt'\r\n            LOWER CASE.\r\n"},
          {"OBLIGATORY LOWER"}},
         {"code and pairs of one field",
-         [](auto& i) { i.e.TablaArchivo[1][3] = "'a' @ 'b'\r\n* why\r\n#DATE = 1."; },
+         [](auto& i) { i.e.TablaArchivo[1].conversion = "'a' @ 'b'\r\n* why\r\n#DATE = 1."; },
          {"FORM CONVERSIONS.\r\n\r\n* why\r\n  ITAB-DATE = 1.\r\n\r\n  CASE ITAB-DATE.\r\n    WHEN 'a'.\r\n      CONVERTED1 = "
           "'b'.\r\n"
           "    WHEN OTHERS.\r\n      CONVERTED1 = ITAB-DATE.\r\n  ENDCASE.\r\n\r\nENDFORM.\r\n",
           " '   'VBAK-ERDAT'     CONVERTED1 ''"},
          {"TABCONVERSIONS"}},
         {"pairs of a step-loop field",
-         [](auto& i) { i.e.TablaArchivo[2][3] = "'a' @ 'b'"; },
+         [](auto& i) { i.e.TablaArchivo[2].conversion = "'a' @ 'b'"; },
          {"    PERFORM TABCONVERSIONS.\r\n", "  CASE ITABSL_1-ITEM.\r\n", "      CONVERTED2 ' '.\r\n"},
          {"PERFORM CONVERSIONS", " CONVERSIONS"}},
         {"no condition", [](auto& i) { i.e.TablaCondiciones[0] = {}; }, {"  RESULT = NO.\r\nENDFORM.\r\n"}, {"CASE CONDITION"}},
         {"conditions on the screen of a step-loop",
-         [](auto& i) { i.e.TablaTransaccion[4][1] = "4001;COND", i.e.TablaTransaccion[6][2] = "BDC_OKCODE;COND"; },
+         [](auto& i) { i.e.TablaTransaccion[4].dynpro = "4001;COND", i.e.TablaTransaccion[6].campo = "BDC_OKCODE;COND"; },
          {"      PERFORM DYNPRO USING ' ' 'BDC_OKCODE' '/00' 'COND'.\r\n      PERFORM DYNPRO USING 'X' 'SAPMV45A' '4001' "
           "'COND'.\r\n"},
          {}},
@@ -263,13 +263,15 @@ TEST(Report, ChoicesShapeItsLines) {
         {"moves that are too long for a line",
          [](auto& i) {
              const std::string campo = "HEAD-" + std::string(50, 'Z');
-             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1][2] = campo, i.e.TablaTransaccion[2][2] = campo + ";COND";
+             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1].campo = campo, i.e.TablaTransaccion[2].campo = campo + ";COND";
          },
          {"  MOVE:\r\n       ITAB-ORDER TO\r\n       HEAD-" + std::string(50, 'Z') + ".\r\n  PERFORM COND_CHECK",
           "    MOVE ITAB-DATE TO\r\n    HEAD-" + std::string(50, 'Z') + ".\r\n  ELSE."},
          {}},
         {"a BAPI's name is cut for its form",
-         [](auto& i) { i.SoloBAPI("TABLES"), i.e.TablaTransaccion[0][1] = i.e.TablaBAPIs[0][0] = "BAPI_" + std::string(25, 'Y'); },
+         [](auto& i) {
+             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[0].dynpro = i.e.TablaBAPIs[0].nombre = "BAPI_" + std::string(25, 'Y');
+         },
          {"PERFORM BAPI_" + std::string(21, 'Y') + "_1.\r\n"},
          {}},
     };
@@ -308,15 +310,15 @@ TEST(Report, ChecksRunInTheirOrder) {
         {[](auto& i) { i.e.VariablesGlobales = ""; }, "T8 <386>: HEAD-A"},
         {[](auto& i) { i.o.TablaZ = " "; }, "TablaZ <392>"},
         {[](auto& i) { i.o.ProgID = ""; }, "ProgID <402>"},
-        {[](auto& i) { i.e.TablaTransaccion[0][0] = "PROG"; }, "busy <302> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[0].programa = "PROG"; }, "busy <302> idle"},
         {[](auto& i) { i.o.FileParameterCh = 0, i.o.ArchivoFuente = ""; }, "busy ArchivoFuente <304> idle"},
-        {[](auto& i) { i.e.TablaTransaccion[3][3] = "ITEM"; }, "busy <367> ITEM. idle"},
-        {[](auto& i) { i.e.TablaTransaccion[1][1] = "101;NONE"; }, "busy <369> NONE <370> idle"},
-        {[](auto& i) { i.e.TablaTransaccion[2][3] = "NONE"; }, "busy T2 Text5_0 <308> 'NONE' <309> idle"},
-        {[](auto& i) { i.e.TablaTransaccion[9][3] = "@NONE"; }, "busy T9 Text5_0 <312> NONE <313>i idle"},
+        {[](auto& i) { i.e.TablaTransaccion[3].valor = "ITEM"; }, "busy <367> ITEM. idle"},
+        {[](auto& i) { i.e.TablaTransaccion[1].dynpro = "101;NONE"; }, "busy <369> NONE <370> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[2].valor = "NONE"; }, "busy T2 Text5_0 <308> 'NONE' <309> idle"},
+        {[](auto& i) { i.e.TablaTransaccion[9].valor = "@NONE"; }, "busy T9 Text5_0 <312> NONE <313>i idle"},
         {[](auto& i) { i.o.Programa = ""; }, "busy Programa <301> idle"},
-        {[](auto& i) { i.e.TablaArchivo[0][1] = ""; }, "busy idle A0 <315> ORDER"},
-        {[](auto& i) { i.e.TablaTransaccion[4][1] = ""; }, "busy idle <318>"},
+        {[](auto& i) { i.e.TablaArchivo[0].ancho = ""; }, "busy idle A0 <315> ORDER"},
+        {[](auto& i) { i.e.TablaTransaccion[4].dynpro = ""; }, "busy idle <318>"},
         {[](auto&) {}, "busy idle A0 T0 text:<323>"},
     };
     for (std::size_t desde = 0; desde < std::size(faltas); ++desde) {

@@ -169,7 +169,7 @@ TEST(Import, RowsThatAreThereAreReplacedOrKept) {
         Importacion importacion;
         auto& editor = importacion.prueba.editor;
         importacion.prueba.Transaccion({"TRANS|OLD"});
-        editor.especificacion.TablaTransaccion[2][1] = "x";  // text anywhere makes a row a used one
+        editor.especificacion.TablaTransaccion[2].dynpro = "x";  // text anywhere makes a row a used one
         editor.ventana.foco = LugarDeCelda{Columna::Text5, 2};
         editor.ventana.SSTab1 = 3;
         editor.HayCambios = false;

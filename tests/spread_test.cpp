@@ -67,8 +67,8 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
         o.FileParameterCh = c.Elegir(2);
 
         prueba.Archivo({"ORDERNO|10", "ITEM|6", "MATERIAL|18", "KIND|4", "ANOTHER_RATHER_LONG_FIELD_NAME|30"});
-        e.TablaArchivo[3][3] = "'A' @ 'OR'\r\nTRANSLATE #KIND TO UPPER CASE.";
-        e.TablaArchivo[2][3] = "'1' @ 'ONE'";
+        e.TablaArchivo[3].conversion = "'A' @ 'OR'\r\nTRANSLATE #KIND TO UPPER CASE.";
+        e.TablaArchivo[2].conversion = "'1' @ 'ONE'";
         const std::string resultado = preferencias.CheckActivateNamingConventions == 1 ? "LS_RESULT = GC_YES." : "RESULT = YES.";
         e.TablaCondiciones[0] = {"COND", "IF #ORDERNO NE SPACE.\r\n  " + resultado + "\r\nENDIF."};
         e.VariablesGlobales =

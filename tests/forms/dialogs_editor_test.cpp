@@ -32,7 +32,7 @@ protected:
         editor.HayCambios = false;
     }
 
-    std::string Nota(int fila) const { return editor.especificacion.TablaTransaccion[fila][4]; }
+    std::string Nota(int fila) const { return editor.especificacion.TablaTransaccion[fila].nota; }
 
     EditorDePrueba prueba;
     Editor& editor = prueba.editor;
@@ -53,7 +53,7 @@ TEST_F(Dialogos, NoteHasTheShapeOfItsRow) {
           Caso{{Tabla::Transaccion, 3}, "", true, false, false},
           Caso{{Tabla::Transaccion, 3}, "!1 1!2F.TXT!31!4!51!6!7,MATNR", true, true, false},
           Caso{{Tabla::Transaccion, 3}, "!1 1!2F.TXT!30!4!51!65!7,MATNR", true, true, true}}) {
-        editor.especificacion.TablaTransaccion[3][4] = caso.marcas;
+        editor.especificacion.TablaTransaccion[3].nota = caso.marcas;
         FormNotas form(editor, caso.fila, sinAyuda, nullptr);
         const DialogoAbierto dialogo(form);
         SCOPED_TRACE(caso.marcas);
@@ -105,7 +105,7 @@ TEST_F(Dialogos, StepLoopIsRefusedUntilItIsComplete) {
 }
 
 TEST_F(Dialogos, NoteWithMarksInDisorderIsNotOpened) {
-    editor.especificacion.TablaTransaccion[3][4] = "a!2b!1 1";
+    editor.especificacion.TablaTransaccion[3].nota = "a!2b!1 1";
     EXPECT_ANY_THROW(FormNotas(editor, {Tabla::Transaccion, 3}, sinAyuda, nullptr));
 }
 
@@ -124,8 +124,8 @@ TEST_F(Dialogos, ConditionsAreAddedShownAndDeleted) {
     dialogo.Teclear("Nuevo", "one");
     dialogo.Clic("Agregar");
     dialogo.Teclear("Condicional", "IF X.\nENDIF.");
-    EXPECT_EQ(tabla[0][0], "ONE");
-    EXPECT_EQ(tabla[0][1], "IF X.\r\nENDIF.");
+    EXPECT_EQ(tabla[0].nombre, "ONE");
+    EXPECT_EQ(tabla[0].texto, "IF X.\r\nENDIF.");
     dialogo.Teclear("Nuevo", "two");
     dialogo.Clic("Agregar");
     dialogo.Teclear("Nuevo", "ONE");
@@ -142,7 +142,7 @@ TEST_F(Dialogos, ConditionsAreAddedShownAndDeleted) {
     dialogo.Clic("Borrar");
     EXPECT_EQ(dialogo.Control<QListWidget>("ListaCondiciones")->count(), 1);
     EXPECT_EQ(dialogo.Texto("Condicional"), "");
-    EXPECT_EQ(tabla[0][0], "TWO");
+    EXPECT_EQ(tabla[0].nombre, "TWO");
     dialogo.Clic("OK");
     EXPECT_FALSE(form.isVisible());
 }
@@ -164,7 +164,7 @@ TEST_F(Dialogos, FormulasStackInFrontOfTheCode) {
         EXPECT_EQ(combo->currentIndex(), -1) << "back at rest";
     }
     dialogo.Clic("Command1");
-    EXPECT_EQ(editor.especificacion.TablaArchivo[0][3], "* Second\r\nB = #KUNNR.\r\n* First\r\nA = #KUNNR.\r\n");
+    EXPECT_EQ(editor.especificacion.TablaArchivo[0].conversion, "* Second\r\nB = #KUNNR.\r\n* First\r\nA = #KUNNR.\r\n");
     EXPECT_TRUE(editor.HayCambios);
 }
 
@@ -211,7 +211,7 @@ TEST_F(Dialogos, DefinitionsAreEditedInsertedAndRemoved) {
     EXPECT_EQ(especificacion.VariablesGlobales, "DATA: X.");
     lista->setCurrentRow(1);
     dialogo.Clic("Limpiar");
-    EXPECT_EQ(especificacion.TablaBAPIs[0][0], "BAPI_TWO");
+    EXPECT_EQ(especificacion.TablaBAPIs[0].nombre, "BAPI_TWO");
     EXPECT_EQ(lista->count(), 2);
     EXPECT_EQ(lista->currentRow(), 0);
     dialogo.Clic("Limpiar");

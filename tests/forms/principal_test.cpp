@@ -316,7 +316,7 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
         {[&](Editor& e) {
              bapi(e);
              for (int r = 1; r < 30; ++r) e.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
-             e.especificacion.TablaTransaccion[25][3] = "X";
+             e.especificacion.TablaTransaccion[25].valor = "X";
              e.especificacion.VariablesGlobales = "DATA: F LIKE A-B.";
          },
          {308},

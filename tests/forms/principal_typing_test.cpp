@@ -54,7 +54,7 @@ void EscribirPrograma(ProgramaDePrueba& p) {
     for (int fila = 0; fila < static_cast<int>(filasDePrograma.size()); ++fila) {
         IrAFila(p, fila);
         for (std::size_t columna = 0; columna < 4; ++columna) {
-            ProgramaDePrueba::Escribir(tabla[fila][columna]);
+            ProgramaDePrueba::Escribir(tabla[fila].*columnasDeTransaccion[columna]);
             ProgramaDePrueba::Pulsar(Qt::Key_Right);
         }
     }
@@ -182,7 +182,7 @@ TEST(Principal, AButtonLeavesNoCellAndABoxDoes) {
 
 TEST(Principal, DropsOntoAValue) {
     ProgramaDePrueba p;
-    p.ElEditor().especificacion.TablaArchivo[0][0] = "MATNR";
+    p.ElEditor().especificacion.TablaArchivo[0].campo = "MATNR";
     p.ElEditor().especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
     p.ElEditor().especificacion.TablaTransaccion[1] = {"", "", "RMMG1-MATNR", "", ""};
     p.ElEditor().vista.MostrarFila(Tabla::Archivo, 0);

@@ -12,28 +12,28 @@ namespace qor::pruebas {
 
 namespace {
 
-template <std::size_t columnas>
-std::array<std::string, columnas> Partir(std::string_view celdas) {
-    std::array<std::string, columnas> fila;
-    for (auto& celda : fila) {
-        celda = AntesDe(celdas, '|');
+template <typename Fila, typename Columnas>
+Fila Partir(const Columnas& columnas, std::string_view celdas) {
+    Fila fila;
+    for (const auto columna : columnas) {
+        fila.*columna = AntesDe(celdas, '|');
         celdas = DespuesDe(celdas, '|');
     }
     return fila;
 }
 
-template <std::size_t columnas>
-std::string Unir(const std::array<std::string, columnas>& fila) {
+template <typename Fila, typename Columnas>
+std::string Unir(const Columnas& columnas, const Fila& fila) {
     std::string texto;
-    for (const auto& celda : fila) texto += celda + '|';
+    for (const auto columna : columnas) texto += fila.*columna + '|';
     texto.erase(texto.find_last_not_of('|') + 1);
     return texto;
 }
 
-template <typename UnaTabla>
-std::vector<std::string> UnirFilas(const UnaTabla& tabla) {
+template <typename Columnas, typename UnaTabla>
+std::vector<std::string> UnirFilas(const Columnas& columnas, const UnaTabla& tabla) {
     std::vector<std::string> filas;
-    for (const auto& fila : tabla) filas.push_back(Unir(fila));
+    for (const auto& fila : tabla) filas.push_back(Unir(columnas, fila));
     while (!filas.empty() && filas.back().empty()) filas.pop_back();
     return filas;
 }
@@ -91,10 +91,10 @@ void EditorDePrueba::Transaccion(std::initializer_list<std::string_view> filas) 
 }
 
 void EditorDePrueba::PonerArchivo(int fila, std::string_view celdas) {
-    editor.especificacion.TablaArchivo[fila] = Partir<4>(celdas);
+    editor.especificacion.TablaArchivo[fila] = Partir<FilaDeArchivo>(columnasDeArchivo, celdas);
 }
 void EditorDePrueba::PonerTransaccion(int fila, std::string_view celdas) {
-    editor.especificacion.TablaTransaccion[fila] = Partir<5>(celdas);
+    editor.especificacion.TablaTransaccion[fila] = Partir<FilaDeTransaccion>(columnasDeTransaccion, celdas);
 }
 
 void EditorDePrueba::LlenarArchivo(int ultima) {
@@ -107,10 +107,18 @@ void EditorDePrueba::LlenarTransaccion(int ultima) {
     MostrarTransaccionSinFocus(editor, 0);
 }
 
-std::vector<std::string> EditorDePrueba::FilasArchivo() const { return UnirFilas(editor.especificacion.TablaArchivo); }
-std::vector<std::string> EditorDePrueba::FilasTransaccion() const { return UnirFilas(editor.especificacion.TablaTransaccion); }
-std::string EditorDePrueba::FilaArchivo(int fila) const { return Unir(editor.especificacion.TablaArchivo[fila]); }
-std::string EditorDePrueba::FilaTransaccion(int fila) const { return Unir(editor.especificacion.TablaTransaccion[fila]); }
+std::vector<std::string> EditorDePrueba::FilasArchivo() const {
+    return UnirFilas(columnasDeArchivo, editor.especificacion.TablaArchivo);
+}
+std::vector<std::string> EditorDePrueba::FilasTransaccion() const {
+    return UnirFilas(columnasDeTransaccion, editor.especificacion.TablaTransaccion);
+}
+std::string EditorDePrueba::FilaArchivo(int fila) const {
+    return Unir(columnasDeArchivo, editor.especificacion.TablaArchivo[fila]);
+}
+std::string EditorDePrueba::FilaTransaccion(int fila) const {
+    return Unir(columnasDeTransaccion, editor.especificacion.TablaTransaccion[fila]);
+}
 
 void EditorDePrueba::Escribir(LugarDeCelda lugar, std::string_view texto) {
     EntrarEnCelda(editor, lugar);
