@@ -23,22 +23,25 @@ const char* Palabra(Respuesta respuesta) {
     return "cancel";
 }
 
-std::string LineaDe(const Mensaje& mensaje) {
-    return std::to_string(mensaje.Numero()) + ": " + AUtf8(ConFinesDeLinea(mensaje.texto, " "));
+// The message with what stands behind it on its line, then its detail on one of its own.
+std::string LineasDe(const Mensaje& mensaje, const std::string& detras = "") {
+    std::string lineas = std::to_string(mensaje.Numero()) + ": " + AUtf8(ConFinesDeLinea(mensaje.texto, " ")) + detras + '\n';
+    if (!mensaje.detalle.empty()) lineas += "  " + ConFinesDeLinea(mensaje.detalle, " ") + '\n';
+    return lineas;
 }
 
 }  // namespace
 
 std::string TextoDeTerminal(std::string_view texto) { return AUtf8(ConFinesDeLinea(texto, "\n")); }
 
-void VistaDeConsola::Mostrar(const Mensaje& mensaje, Icono /*icono*/) { errores_ << LineaDe(mensaje) << '\n'; }
+void VistaDeConsola::Mostrar(const Mensaje& mensaje, Icono /*icono*/) { errores_ << LineasDe(mensaje); }
 
 Respuesta VistaDeConsola::Preguntar(const Mensaje& mensaje, Botones botones) {
     const bool aceptar = botones == Botones::AceptarCancelar;
     Respuesta respuesta =
         siATodo_ ? (aceptar ? Respuesta::Aceptar : Respuesta::Si) : (aceptar ? Respuesta::Cancelar : Respuesta::No);
     if (const auto fijada = respuestas_.find(mensaje.Numero()); fijada != respuestas_.end()) respuesta = fijada->second;
-    errores_ << LineaDe(mensaje) << " [" << Palabra(respuesta) << "]\n";
+    errores_ << LineasDe(mensaje, std::string(" [") + Palabra(respuesta) + "]");
     return respuesta;
 }
 

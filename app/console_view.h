@@ -8,8 +8,8 @@
 namespace qor {
 
 // The view of the command line. A message is one line "N: text" on `errores`, where N is the number of the first message that it
-// was built from; a question is such a line with its answer behind it, in brackets. Texts of the text window go to `salida`. Both
-// are UTF-8 with LF.
+// was built from; a question is such a line with its answer behind it, in brackets. What the system said about a file follows on a
+// line of its own, behind two blanks. Texts of the text window go to `salida`. Both are UTF-8 with LF.
 class VistaDeConsola : public Vista {
 public:
     // With `siATodo` every question is answered with yes or OK, else with no, or with cancel where there is no "no".

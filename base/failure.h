@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstring>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -10,6 +12,20 @@ namespace qor {
 class FalloDeEjecucion : public std::runtime_error {
 public:
     explicit FalloDeEjecucion(const std::string& motivo) : std::runtime_error(motivo) {}
+};
+
+// A failed operation on a file. `what()` has the reason alone, mostly in the system's own words.
+class FalloDeArchivo : public FalloDeEjecucion {
+public:
+    FalloDeArchivo(const std::string& motivo, std::filesystem::path ruta) : FalloDeEjecucion(motivo), ruta_(std::move(ruta)) {}
+    // The reason that an error number stands for.
+    FalloDeArchivo(int error, std::filesystem::path ruta) : FalloDeArchivo(std::strerror(error), std::move(ruta)) {}
+
+    // The reason and the file's name, such as "No space left on device: /home/x/a.qor"; UTF-8, the name in the bytes that it has.
+    std::string Detalle() const { return std::string(what()) + ": " + ruta_.string(); }
+
+private:
+    std::filesystem::path ruta_;
 };
 
 }  // namespace qor

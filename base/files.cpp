@@ -1,12 +1,9 @@
 #include "base/files.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "base/failure.h"
@@ -15,57 +12,27 @@ namespace qor {
 
 namespace {
 
-[[noreturn]] void Fallar(const std::string& accion) { throw FalloDeEjecucion(accion + ": " + std::strerror(errno)); }
+[[noreturn]] void Fallar(const std::filesystem::path& ruta) { throw FalloDeArchivo(errno, ruta); }
+
+[[noreturn]] void FallarPorTamano(std::uintmax_t limite, const std::filesystem::path& ruta) {
+    throw FalloDeArchivo("The file has more than " + std::to_string(limite >> 20) + " megabytes", ruta);
+}
+
+bool Falta(int error) { return error == ENOENT || error == ENOTDIR; }
 
 // O_NONBLOCK keeps a pipe's name from blocking the opener; it means nothing for a regular file.
-int AbrirRegular(const std::filesystem::path& ruta, int modo) {
-    const int descriptor = ::open(ruta.c_str(), modo | O_CLOEXEC | O_NONBLOCK, 0666);
-    if (descriptor < 0) Fallar("the file can't be opened");
+Descriptor AbrirRegular(const std::filesystem::path& ruta, int modo) {
+    Descriptor descriptor(llamadas::Abrir(ruta.c_str(), modo | O_NONBLOCK, 0666));
+    if (!descriptor.Abierto()) Fallar(ruta);
     struct stat datos {};
-    if (::fstat(descriptor, &datos) != 0 || !S_ISREG(datos.st_mode)) {
-        ::close(descriptor);
-        throw FalloDeEjecucion("not a regular file");
-    }
+    if (llamadas::Mirar(descriptor.Valor(), datos) != 0) Fallar(ruta);
+    if (!S_ISREG(datos.st_mode)) throw FalloDeArchivo("Not a regular file", ruta);
     return descriptor;
-}
-
-std::string LeerDescriptor(int descriptor) {
-    if (::lseek(descriptor, 0, SEEK_SET) < 0) Fallar("the file can't be read");
-    std::string texto;
-    struct stat datos {};
-    if (::fstat(descriptor, &datos) == 0 && datos.st_size > 0) texto.reserve(static_cast<std::size_t>(datos.st_size));
-    char bloque[65536];
-    for (;;) {
-        const auto leidos = ::read(descriptor, bloque, sizeof bloque);
-        if (leidos < 0 && errno == EINTR) continue;
-        if (leidos < 0) Fallar("the file can't be read");
-        if (leidos == 0) return texto;
-        texto.append(bloque, static_cast<std::size_t>(leidos));
-    }
-}
-
-void EscribirEnDescriptor(int descriptor, std::string_view texto) {
-    while (!texto.empty()) {
-        const auto escritos = ::write(descriptor, texto.data(), texto.size());
-        if (escritos < 0 && errno == EINTR) continue;
-        if (escritos < 0) Fallar("the file can't be written");
-        texto.remove_prefix(static_cast<std::size_t>(escritos));
-    }
 }
 
 }  // namespace
 
-std::string LeerArchivo(const std::filesystem::path& ruta) {
-    const int descriptor = AbrirRegular(ruta, O_RDONLY);
-    try {
-        std::string texto = LeerDescriptor(descriptor);
-        ::close(descriptor);
-        return texto;
-    } catch (...) {
-        ::close(descriptor);
-        throw;
-    }
-}
+std::string LeerArchivo(const std::filesystem::path& ruta, std::uintmax_t limite) { return ArchivoAbierto(ruta).LeerTodo(limite); }
 
 std::vector<std::string_view> PartirEnLineas(std::string_view texto) {
     std::vector<std::string_view> lineas;
@@ -79,71 +46,120 @@ std::vector<std::string_view> PartirEnLineas(std::string_view texto) {
     return lineas;
 }
 
-ArchivoBloqueado::ArchivoBloqueado(ArchivoBloqueado&& otro) noexcept : descriptor_(std::exchange(otro.descriptor_, -1)) {}
+bool Existe(const std::filesystem::path& ruta) { return Identidad(ruta).has_value(); }
 
-ArchivoBloqueado& ArchivoBloqueado::operator=(ArchivoBloqueado&& otro) noexcept {
-    if (this != &otro) {
-        Cerrar();
-        descriptor_ = std::exchange(otro.descriptor_, -1);
-    }
-    return *this;
+bool ExisteNombre(const std::filesystem::path& ruta) {
+    struct stat datos {};
+    if (llamadas::MirarEnlace(ruta.c_str(), datos) == 0) return true;
+    if (!Falta(errno)) Fallar(ruta);
+    return false;
 }
 
-ArchivoBloqueado::~ArchivoBloqueado() { Cerrar(); }
+IdentidadDeArchivo IdentidadDe(const struct stat& datos) {
+    const auto hora = static_cast<std::int64_t>(datos.st_mtim.tv_sec) * 1'000'000'000 + datos.st_mtim.tv_nsec;
+    return {datos.st_dev, datos.st_ino, static_cast<std::uintmax_t>(datos.st_size), hora};
+}
+
+std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta) {
+    struct stat datos {};
+    if (llamadas::Mirar(ruta.c_str(), datos) == 0) return IdentidadDe(datos);
+    if (!Falta(errno)) Fallar(ruta);
+    return std::nullopt;
+}
+
+ArchivoAbierto::ArchivoAbierto(const std::filesystem::path& ruta) : ruta_(ruta), descriptor_(AbrirRegular(ruta, O_RDONLY)) {}
+
+std::size_t ArchivoAbierto::Leer(char* donde, std::size_t cuanto) {
+    const auto leidos = llamadas::Leer(descriptor_.Valor(), donde, cuanto);
+    if (leidos < 0) Fallar(ruta_);
+    return static_cast<std::size_t>(leidos);
+}
+
+std::size_t ArchivoAbierto::LeerEn(char* donde, std::size_t cuanto, std::uint64_t lugar) const {
+    const auto leidos = llamadas::LeerEn(descriptor_.Valor(), donde, cuanto, static_cast<off_t>(lugar));
+    if (leidos < 0) Fallar(ruta_);
+    return static_cast<std::size_t>(leidos);
+}
+
+std::string ArchivoAbierto::LeerTodo(std::uintmax_t limite) const {
+    const auto tamano = Identidad().tamano;
+    if (tamano > limite) FallarPorTamano(limite, ruta_);
+    std::string texto;
+    texto.reserve(static_cast<std::size_t>(tamano));
+    char bloque[65536];
+    while (const auto leidos = LeerEn(bloque, sizeof bloque, texto.size())) {
+        texto.append(bloque, leidos);
+        if (texto.size() > limite) FallarPorTamano(limite, ruta_);
+    }
+    return texto;
+}
+
+IdentidadDeArchivo ArchivoAbierto::Identidad() const {
+    struct stat datos {};
+    if (llamadas::Mirar(descriptor_.Valor(), datos) != 0) Fallar(ruta_);
+    return IdentidadDe(datos);
+}
+
+void Bloquear(int descriptor, const std::filesystem::path& ruta) {
+    if (llamadas::Bloquear(descriptor) == 0) return;
+    if (errno == EWOULDBLOCK) throw FalloDeArchivo("The file is in use", ruta);
+    Fallar(ruta);
+}
 
 ArchivoBloqueado ArchivoBloqueado::Abrir(const std::filesystem::path& ruta) {
-    ArchivoBloqueado archivo(AbrirRegular(ruta, O_RDONLY));
-    if (::flock(archivo.descriptor_, LOCK_EX | LOCK_NB) != 0) Fallar("the file is in use");
-    return archivo;
+    for (;;) {
+        ArchivoBloqueado archivo{ArchivoAbierto(ruta)};
+        Bloquear(archivo.Numero(), ruta);
+        // Another file may have taken the name before the lock was taken.
+        const auto hay = qor::Identidad(ruta);
+        if (hay && hay->EsElMismo(archivo.Identidad())) return archivo;
+    }
 }
 
 ArchivoBloqueado ArchivoBloqueado::Crear(const std::filesystem::path& ruta) {
     // Emptied only under the lock: a file that another holds is not touched.
-    ArchivoBloqueado archivo(AbrirRegular(ruta, O_RDWR | O_CREAT));
-    if (::flock(archivo.descriptor_, LOCK_EX | LOCK_NB) != 0) Fallar("the file is in use");
-    if (::ftruncate(archivo.descriptor_, 0) != 0) Fallar("the file can't be emptied");
+    ArchivoBloqueado archivo(AbrirRegular(ruta, O_RDWR | O_CREAT), ruta);
+    Bloquear(archivo.Numero(), ruta);
+    if (llamadas::Truncar(archivo.Numero(), 0) != 0) Fallar(ruta);
     return archivo;
 }
 
-void ArchivoBloqueado::Cerrar() {
-    if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+void ArchivoBloqueado::EscribirTodo(std::string_view texto) {
+    EscribirEn(Numero(), texto, Ruta());
+    if (llamadas::LlevarAlDisco(Numero()) != 0) Fallar(Ruta());
 }
 
-std::string ArchivoBloqueado::LeerTodo() const { return LeerDescriptor(descriptor_); }
-
-void ArchivoBloqueado::EscribirTodo(std::string_view texto) {
-    EscribirEnDescriptor(descriptor_, texto);
-    if (::fsync(descriptor_) != 0) Fallar("the file can't be flushed to the disk");
+void EscribirEn(int descriptor, std::string_view texto, const std::filesystem::path& ruta) {
+    while (!texto.empty()) {
+        const auto escritos = llamadas::Escribir(descriptor, texto.data(), texto.size());
+        if (escritos < 0) Fallar(ruta);
+        texto.remove_prefix(static_cast<std::size_t>(escritos));
+    }
 }
 
 ArchivoDeSalida::ArchivoDeSalida(const std::filesystem::path& ruta)
-    : descriptor_(::open(ruta.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666)) {
-    if (descriptor_ < 0) Fallar("the file can't be opened");
+    : ruta_(ruta), descriptor_(llamadas::Abrir(ruta.c_str(), O_WRONLY | O_CREAT, 0666)) {
+    if (!descriptor_.Abierto()) Fallar(ruta);
     struct stat datos {};
-    const bool regular = ::fstat(descriptor_, &datos) == 0 && S_ISREG(datos.st_mode);
-    if (!regular) return;
-    if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 && ::ftruncate(descriptor_, 0) == 0) return;
-    const int error = errno;
-    ::close(descriptor_);
-    errno = error;
-    Fallar("the file is in use");
+    if (llamadas::Mirar(descriptor_.Valor(), datos) != 0) Fallar(ruta);
+    if (!S_ISREG(datos.st_mode)) return;
+    Bloquear(descriptor_.Valor(), ruta);
+    if (llamadas::Truncar(descriptor_.Valor(), 0) != 0) Fallar(ruta);
 }
 
-ArchivoDeSalida::~ArchivoDeSalida() { ::close(descriptor_); }
-
-void ArchivoDeSalida::Escribir(std::string_view texto) { EscribirEnDescriptor(descriptor_, texto); }
-
 void ArchivoDeSalida::LlevarAlDisco() {
-    if (::fsync(descriptor_) != 0) Fallar("the file can't be flushed to the disk");
+    if (llamadas::LlevarAlDisco(descriptor_.Valor()) != 0) Fallar(ruta_);
 }
 
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino) {
-    if (::rename(nuevo.c_str(), destino.c_str()) != 0) Fallar("the file can't be renamed");
-    const auto directorio = destino.has_parent_path() ? destino.parent_path() : std::filesystem::path(".");
-    const int descriptor = ::open(directorio.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;  // the file is in its place; a directory that can't be opened can't be flushed
-    ::fsync(descriptor);
-    ::close(descriptor);
+    if (llamadas::Renombrar(nuevo.c_str(), destino.c_str()) != 0) Fallar(destino);
+    LlevarDirectorioAlDisco(destino);
+}
+
+void LlevarDirectorioAlDisco(const std::filesystem::path& archivo) {
+    const auto directorio = archivo.has_parent_path() ? archivo.parent_path() : std::filesystem::path(".");
+    const Descriptor descriptor(llamadas::Abrir(directorio.c_str(), O_RDONLY | O_DIRECTORY));
+    if (descriptor.Abierto()) llamadas::LlevarAlDisco(descriptor.Valor());
 }
 
 }  // namespace qor

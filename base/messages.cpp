@@ -1,5 +1,10 @@
 #include "base/messages.h"
 
+#include <filesystem>
+#include <utility>
+
+#include "base/failure.h"
+
 namespace qor {
 
 const std::string& TextosIdioma::Texto(int numero) const {
@@ -25,5 +30,14 @@ Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas
 }
 
 Mensaje MensajeLiteral(std::string_view texto) { return {{}, std::string(texto)}; }
+
+Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {
+    if (const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo)) {
+        mensaje.detalle = deArchivo->Detalle();
+    } else if (const auto* const delSistema = dynamic_cast<const std::filesystem::filesystem_error*>(&fallo)) {
+        mensaje.detalle = delSistema->code().message() + ": " + delSistema->path1().string();
+    }
+    return mensaje;
+}
 
 }  // namespace qor

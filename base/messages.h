@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <exception>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -27,6 +28,7 @@ private:
 struct Mensaje {
     std::vector<int> numeros;
     std::string texto;
+    std::string detalle = {};  // what the system said about a failed operation on a file, in UTF-8; mostly nothing
 
     // The first of the numbers, or 0 for a literal text.
     int Numero() const { return numeros.empty() ? 0 : numeros.front(); }
@@ -37,5 +39,8 @@ using Pieza = std::variant<int, std::string_view>;
 
 Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas);
 Mensaje MensajeLiteral(std::string_view texto);
+
+// A message with what the system said, where the failure is one of a file; any other failure adds nothing.
+Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo);
 
 }  // namespace qor

@@ -48,6 +48,16 @@ TEST(ConsoleView, QuestionsTellTheirAnswer) {
     }
 }
 
+TEST(ConsoleView, WhatTheSystemSaidHasALineOfItsOwn) {
+    std::ostringstream salida;
+    std::ostringstream errores;
+    VistaDeConsola vista(salida, errores, true);
+    vista.Advertir({{336}, "N\xF3t saved", "No space left on device: /\u20AC/a.qor"});
+    vista.Preguntar({{337}, "Replace?", "Permission denied: /a\nb"}, Botones::SiNo);
+    EXPECT_EQ(errores.str(),
+              "336: N\u00F3t saved\n  No space left on device: /\u20AC/a.qor\n337: Replace? [yes]\n  Permission denied: /a b\n");
+}
+
 TEST(ConsoleView, TextsEndWithALineEnd) {
     for (const char* texto : {"a\r\n\xE9", "a\r\n\xE9\r\n", "a\n\xE9\r"}) {
         std::ostringstream salida;

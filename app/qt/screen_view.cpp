@@ -36,9 +36,10 @@ private:
     bool ocupado_;
 };
 
-// Message boxes take plain text, in which a line ends with LF.
+// Message boxes take plain text, in which a line ends with LF. The detail has a line of its own.
 QString TextoDeMensaje(const Mensaje& mensaje) {
-    return TextoQt(ReemplazarTodo(ReemplazarTodo(mensaje.texto, "\r\n", "\n"), "\r", "\n"));
+    const QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(mensaje.texto, "\r\n", "\n"), "\r", "\n"));
+    return mensaje.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(mensaje.detalle);
 }
 
 void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon icono) {

@@ -1,0 +1,311 @@
+#include "base/files.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <functional>
+#include <set>
+
+#include "base/failure.h"
+#include "base/messages.h"
+#include "base/new_file.h"
+#include "tests/support/failing_calls.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor::pruebas {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+// The detail of the failure of an action; empty when it went well.
+std::string DetalleDe(const std::function<void()>& accion) {
+    try {
+        accion();
+        return "";
+    } catch (const FalloDeArchivo& fallo) {
+        return fallo.Detalle();
+    }
+}
+
+std::set<std::string> Nombres(const DirectorioTemporal& directorio) {
+    std::set<std::string> nombres;
+    for (const auto& entrada : fs::directory_iterator(directorio.Ruta())) nombres.insert(entrada.path().filename().string());
+    return nombres;
+}
+
+mode_t PermisosDe(const fs::path& ruta) {
+    struct stat datos {};
+    ::stat(ruta.c_str(), &datos);
+    return datos.st_mode & 07777;
+}
+
+struct NewFile : testing::Test {
+    DirectorioTemporal directorio;
+};
+
+TEST_F(NewFile, KeepsLinksAndPermissions) {
+    const auto ruta = directorio.Escribir("a.qor", "old");
+    fs::create_directory(directorio / "links");
+    fs::create_symlink("../a.qor", directorio / "links/inner.qor");
+    fs::create_symlink("links/inner.qor", directorio / "outer.qor");
+    fs::create_symlink("missing.qor", directorio / "dangling.qor");
+    for (const mode_t permisos : {0600u, 0640u, 0664u, 0604u}) {
+        fs::permissions(ruta, static_cast<fs::perms>(permisos));
+        GuardarArchivo(directorio / "outer.qor", "new" + std::to_string(permisos));
+        EXPECT_EQ(LeerArchivo(ruta), "new" + std::to_string(permisos));
+        EXPECT_EQ(PermisosDe(ruta), permisos);
+    }
+    EXPECT_TRUE(fs::is_symlink(directorio / "outer.qor") && fs::is_symlink(directorio / "links/inner.qor"));
+    ::chmod(ruta.c_str(), 04755);
+    GuardarArchivo(ruta, "no set-id");
+    EXPECT_EQ(PermisosDe(ruta), 0755u);
+
+    const mode_t mascara = ::umask(027);
+    GuardarArchivo(directorio / "dangling.qor", "made");
+    ::umask(mascara);
+    EXPECT_TRUE(fs::is_symlink(directorio / "dangling.qor"));
+    EXPECT_EQ(LeerArchivo(directorio / "missing.qor"), "made");
+    EXPECT_EQ(PermisosDe(directorio / "missing.qor"), 0640u);
+    EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor", "links", "outer.qor", "dangling.qor", "missing.qor"}));
+}
+
+TEST_F(NewFile, KeepsTheOwner) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can give files away";
+    const auto ruta = directorio.Escribir("a.qor", "old");
+    ASSERT_EQ(::chown(ruta.c_str(), 1234, 2345), 0);
+    const auto dueno = [&] {
+        struct stat datos {};
+        ::stat(ruta.c_str(), &datos);
+        return std::pair(datos.st_uid, datos.st_gid);
+    };
+    GuardarArchivo(ruta, "new");
+    EXPECT_EQ(dueno(), std::pair(uid_t{1234}, gid_t{2345}));
+    ::chmod(ruta.c_str(), 0664);
+    {
+        const FalloProvocado fallo(LlamadaDeArchivo::DarDueno, 1, EPERM);
+        GuardarArchivo(ruta, "the group alone");
+    }
+    EXPECT_EQ(dueno(), std::pair(uid_t{0}, gid_t{2345}));
+    EXPECT_EQ(PermisosDe(ruta), 0664u);
+    ASSERT_EQ(::chown(ruta.c_str(), 1234, 2345), 0);
+    PonerTrampa([](LlamadaDeArchivo llamada) { return llamada == LlamadaDeArchivo::DarDueno ? EPERM : 0; });
+    GuardarArchivo(ruta, "neither");
+    PonerTrampa({});
+    EXPECT_EQ(dueno(), std::pair(uid_t{0}, gid_t{0}));
+    EXPECT_EQ(PermisosDe(ruta), 0644u);  // our own group has no more rights than all others
+}
+
+// Names under which work files could come.
+TEST_F(NewFile, LeavesAUsersFilesAlone) {
+    const auto ruta = directorio.Escribir("a.qor", "old");
+    const auto suyo = directorio.Escribir("a.TMP", "the user's own");
+    const auto otro = directorio.Escribir("precious", "the user's own");
+    for (const bool conNombre : {false, true}) {
+        // Without unnamed files the work file is made under a name, else it gets one at the end.
+        PonerTrampa([conNombre, abiertos = 0](LlamadaDeArchivo llamada) mutable {
+            return conNombre && llamada == LlamadaDeArchivo::Abrir && ++abiertos == 2 ? EOPNOTSUPP : 0;
+        });
+        GuardarArchivo(ruta, "new");
+        EXPECT_EQ(LeerArchivo(ruta), "new");
+        EXPECT_EQ(LeerArchivo(directorio / "a.TMP"), "the user's own");
+        fs::remove(directorio / "a.TMP");
+        fs::create_symlink(otro, directorio / "a.TMP");
+    }
+    PonerTrampa({});
+    GuardarArchivo(ruta, "newer");
+    EXPECT_EQ(LeerArchivo(otro), "the user's own");
+    EXPECT_TRUE(fs::is_symlink(directorio / "a.TMP"));
+    EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor", "a.TMP", "precious"}));
+}
+
+TEST_F(NewFile, WorkFileIsTheUsersAlone) {
+    const auto ruta = directorio.Escribir("a.qor", "old");
+    PonerTrampa([abiertos = 0](LlamadaDeArchivo llamada) mutable {
+        return llamada == LlamadaDeArchivo::Abrir && ++abiertos == 2 ? EOPNOTSUPP : 0;
+    });
+    {
+        ArchivoNuevo nuevo(ruta);
+        EXPECT_EQ(PermisosDe(directorio / "a.TMP"), 0600u);
+        EXPECT_EQ(DetalleDe([&] { ArchivoNuevo otro(ruta); }), "The file is in use: " + ruta.string());
+    }
+    PonerTrampa({});
+    EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor"}));
+    EXPECT_EQ(LeerArchivo(ruta), "old");
+}
+
+TEST_F(NewFile, IsRefusedWhereTheOldOneMustStay) {
+    const auto ruta = directorio.Escribir("a.qor", "old");
+    fs::create_symlink("a.qor", directorio / "link.qor");
+    fs::create_symlink("loop", directorio / "loop");
+    fs::create_directory(directorio / "dir");
+    auto propio = ArchivoBloqueado::Abrir(ruta);
+    const auto detalle = [&](const char* nombre) { return DetalleDe([&] { GuardarArchivo(directorio / nombre, "new"); }); };
+    const auto esperado = [&](const char* que, const char* nombre) { return que + (": " + (directorio / nombre).string()); };
+    EXPECT_EQ(detalle("link.qor"), esperado("The file is in use", "link.qor"));
+    EXPECT_EQ(detalle("loop"), esperado("Too many levels of symbolic links", "loop"));
+    EXPECT_EQ(detalle("dir"), esperado("Is a directory", "dir"));
+    EXPECT_EQ(detalle("no/place"), esperado("No such file or directory", "no/place"));
+    EXPECT_EQ(LeerArchivo(ruta), "old");
+
+    // The caller's own lock is no hindrance, and the answer goes on holding the file.
+    ArchivoNuevo nuevo(ruta, ".TMP", &propio);
+    nuevo.Escribir("new");
+    auto guardado = nuevo.PonerEnSuLugar(propio.Identidad());
+    propio.Cerrar();
+    EXPECT_EQ(guardado.LeerTodo(), "new");
+    EXPECT_EQ(guardado.Identidad(), Identidad(ruta));
+    EXPECT_EQ(detalle("a.qor"), esperado("The file is in use", "a.qor"));
+
+    // A file that is no longer the one that was read.
+    const auto leida = guardado.Identidad();
+    for (const char* que : {"changed", "replaced", "removed"}) {
+        if (que == std::string("changed")) directorio.Escribir("a.qor", "another text");
+        if (que == std::string("replaced")) fs::rename(directorio.Escribir("b.qor", "new"), ruta);
+        if (que == std::string("removed")) fs::remove(ruta);
+        EXPECT_EQ(DetalleDe([&] {
+                      ArchivoNuevo otro(ruta, ".TMP", &guardado);
+                      otro.PonerEnSuLugar(leida);
+                  }),
+                  esperado("Another program has changed the file", "a.qor"))
+            << que;
+    }
+    EXPECT_FALSE(fs::exists(ruta));
+}
+
+TEST_F(NewFile, WritesPipesAndDevicesWhereTheyStand) {
+    const auto tubo = directorio / "pipe";
+    ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
+    const Descriptor lector(::open(tubo.c_str(), O_RDONLY | O_NONBLOCK));
+    GuardarArchivo(tubo, "through");
+    char leido[16] = {};
+    EXPECT_EQ(::read(lector.Valor(), leido, sizeof leido), 7);
+    EXPECT_STREQ(leido, "through");
+    EXPECT_TRUE(fs::is_fifo(tubo));
+    EXPECT_EQ(DetalleDe([] { GuardarArchivo("/dev/full", "x"); }), "No space left on device: /dev/full");
+    EXPECT_EQ(DetalleDe([] { GuardarArchivo("/dev/null", "x"); }), "");
+    EXPECT_EQ(DetalleDe([&] { LeerArchivo(tubo); }), "Not a regular file: " + tubo.string());
+
+    // A file that is open in this process keeps its place.
+    const auto ruta = directorio.Escribir("out", "longer than before");
+    const Descriptor abierto(::open(ruta.c_str(), O_RDWR));
+    GuardarArchivo("/proc/self/fd/" + std::to_string(abierto.Valor()), "new");
+    EXPECT_EQ(::pread(abierto.Valor(), leido, sizeof leido, 0), 3);
+}
+
+TEST_F(NewFile, LargeFilesAreRefusedNotHeld) {
+    const auto ruta = directorio.Escribir("large", "");
+    fs::resize_file(ruta, limiteDeArchivo + 1);
+    EXPECT_EQ(DetalleDe([&] { LeerArchivo(ruta); }), "The file has more than 64 megabytes: " + ruta.string());
+    fs::resize_file(ruta, 3);
+    EXPECT_EQ(LeerArchivo(ruta, 3).size(), 3u);
+}
+
+TEST_F(NewFile, OnlyAMissingFileIsAbsent) {
+    const auto ruta = directorio.Escribir("a", "");
+    fs::create_symlink("nowhere", directorio / "dangling");
+    EXPECT_TRUE(Existe(ruta));
+    EXPECT_FALSE(Existe(directorio / "b") || Existe(ruta / "b") || Existe(directorio / "dangling"));
+    EXPECT_TRUE(ExisteNombre(directorio / "dangling"));
+    const FalloProvocado fallo(LlamadaDeArchivo::Mirar, 1, EIO);
+    EXPECT_EQ(DetalleDe([&] { Existe(ruta); }), "Input/output error: " + ruta.string());
+}
+
+constexpr LlamadaDeArchivo todas[] = {
+    LlamadaDeArchivo::Abrir,     LlamadaDeArchivo::Leer,        LlamadaDeArchivo::Escribir, LlamadaDeArchivo::LlevarAlDisco,
+    LlamadaDeArchivo::Mirar,     LlamadaDeArchivo::LeerEnlace,  LlamadaDeArchivo::Bloquear, LlamadaDeArchivo::Truncar,
+    LlamadaDeArchivo::Colocar,   LlamadaDeArchivo::DarPermisos, LlamadaDeArchivo::DarDueno, LlamadaDeArchivo::Nombrar,
+    LlamadaDeArchivo::Renombrar, LlamadaDeArchivo::Borrar,      LlamadaDeArchivo::Cerrar,
+};
+
+// A way to write a file, and what is there before and after. Answers the detail of its failure, or nothing.
+struct Escritura {
+    const char* que;
+    std::function<std::string(const fs::path&)> hacer;
+};
+
+// Every call of every kind fails once in turn.
+void FallarCadaLlamada(const Escritura& escritura, const std::string& viejo, const std::string& nuevo) {
+    for (const auto llamada : todas) {
+        for (int cual = 1;; ++cual) {
+            const DirectorioTemporal directorio;
+            const auto ruta = directorio.Escribir("a.qor", viejo);
+            ::chmod(ruta.c_str(), 0640);
+            std::string detalle;
+            bool ocurrio = false;
+            {
+                const FalloProvocado fallo(llamada, cual, EIO);
+                detalle = escritura.hacer(ruta);
+                ocurrio = fallo.Ocurrio();
+            }
+            const std::string lugar =
+                escritura.que + (", kind " + std::to_string(static_cast<int>(llamada))) + ", call " + std::to_string(cual);
+            EXPECT_EQ(LeerArchivo(ruta), detalle.empty() ? nuevo : viejo) << lugar;
+            EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor"})) << lugar;
+            EXPECT_TRUE(detalle.empty() || detalle == "Input/output error: " + ruta.string()) << lugar << ": " << detalle;
+            EXPECT_EQ(PermisosDe(ruta), 0640u) << lugar;
+            if (!ocurrio) {
+                EXPECT_EQ(detalle, "") << lugar;
+                break;
+            }
+        }
+    }
+}
+
+TEST(FailingCalls, LeaveTheOldFileOrTheNewOne) {
+    const std::string grande(3 << 20, 'n');
+    FallarCadaLlamada({"a document",
+                       [&](const fs::path& ruta) {
+                           return DetalleDe([&] {
+                               auto propio = ArchivoBloqueado::Abrir(ruta);
+                               ArchivoNuevo nuevo(ruta, ".TMP", &propio);
+                               for (int i = 0; i < 3; ++i) nuevo.Escribir(std::string_view(grande).substr(0, 1 << 20));
+                               nuevo.PonerEnSuLugar(propio.Identidad());
+                           });
+                       }},
+                      "old", grande);
+}
+
+// Killed before any of its calls, a process leaves one of the two files, whole; and no work file but where it had got its name.
+TEST(KilledWriter, LeavesTheOldFileOrTheNewOne) {
+    for (int cual = 1;; ++cual) {
+        const DirectorioTemporal directorio;
+        const auto ruta = directorio.Escribir("a.qor", "old");
+        const pid_t hijo = ::fork();
+        if (hijo == 0) {
+            PonerTrampa([cuenta = 0, cual](LlamadaDeArchivo llamada) mutable {
+                if (++cuenta == cual) ::raise(SIGKILL);
+                (void)llamada;
+                return 0;
+            });
+            GuardarArchivo(ruta, "new");
+            ::_exit(0);
+        }
+        int estado = 0;
+        ::waitpid(hijo, &estado, 0);
+        const auto hay = LeerArchivo(ruta);
+        EXPECT_TRUE(hay == "old" || hay == "new") << cual << ": " << hay;
+        auto nombres = Nombres(directorio);
+        nombres.erase("a.TMP");
+        EXPECT_EQ(nombres, (std::set<std::string>{"a.qor"})) << cual;
+        if (WIFEXITED(estado)) break;
+    }
+}
+
+TEST(MessageDetail, IsTheSystemsWordOnAFile) {
+    const Mensaje mensaje = MensajeLiteral("x");
+    EXPECT_EQ(ConDetalle(mensaje, FalloDeArchivo(ENOSPC, "/a/\xC3\xB1.qor")).detalle, "No space left on device: /a/\xC3\xB1.qor");
+    EXPECT_EQ(ConDetalle(mensaje, FalloDeEjecucion("a full table")).detalle, "");
+    try {
+        fs::create_directories("/dev/null/x");
+    } catch (const std::exception& fallo) {
+        EXPECT_THAT(ConDetalle(mensaje, fallo).detalle, HasSubstr(": /dev/null"));
+    }
+}
+
+}  // namespace
+}  // namespace qor::pruebas
