@@ -1,11 +1,11 @@
 #include "app/Principal.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QPushButton>
+#include <QLineEdit>
 #include <QScreen>
-#include <QScrollBar>
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
@@ -13,12 +13,18 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/pages/captions.h"
+#include "app/pages/documentation_page.h"
+#include "app/pages/grids_page.h"
+#include "app/pages/options_page.h"
+#include "app/pages/output_row.h"
+#include "app/pages/tools_page.h"
+#include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
 #include "app/qt/scroll_page.h"
 #include "app/qt/theme_icon.h"
-#include "base/qt/dialog.h"
 #include "base/qt/text.h"
-#include "editor/cell_focus.h"
+#include "base/text.h"
 #include "editor/document_commands.h"
 #include "editor/failure_trap.h"
 #include "editor/grids.h"
@@ -41,15 +47,14 @@ QString RutaDeVentana(const Programa& programa) {
 }  // namespace
 
 Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista, const FabricaDeConexion& fabrica)
-    : programa_(programa), vista_(std::move(vista)), editor_(programa.textos, *vista_) {
+    : programa_(programa),
+      vista_(std::move(vista)),
+      editor_(programa.textos, *vista_),
+      lazos_(editor_, [this](const Lazos::Accion& accion) { Hacer(accion); }) {
     setObjectName(QStringLiteral("Principal"));
     PrepararEditor(programa_, editor_);
-    vista_->Servir({[this] {
-                        // The cells alone: options can be other than the user's while an action runs.
-                        const bool antes = std::exchange(sincronizando_, true);
-                        SincronizarRejillas();
-                        sincronizando_ = antes;
-                    },
+    vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
+                    [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
                     [this](Tabla tabla, int fila) {
                         tabla == Tabla::Archivo ? qor::MostrarArchivo(editor_, fila) : qor::MostrarTransaccion(editor_, fila);
                         Sincronizar();
@@ -57,43 +62,60 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                     [this](const std::string& control) { EnfocarControl(control); }, this});
     if (fabrica) conexion_ = fabrica({programa_, editor_, *vista_, this});
     if (!conexion_) conexion_ = SinConexion(*vista_);
-    encoding_ = EncodingDeAdiciones(programa_.ajustes.preferencias.AdicionesDataset);
     Construir();
-    AplicarPaleta();
     RefrescarIdioma();
     RestaurarVentana();
 }
 
 Principal::~Principal() {
     // Controls that go with the form have nothing to tell any more.
-    sincronizando_ = true;
-    for (auto* const celda : celdas_) celda->disconnect(this);
+    lazos_.Callar();
+    delete takeCentralWidget();
     vista_->Servir({});
 }
 
 void Principal::Construir() {
     setWindowIcon(IconoDeTema("program"));
-    SSTab1_ = Nuevo<QTabWidget>("SSTab1", this);
-    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeRejillas()), {});
-    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeOpciones()), {});
-    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeHerramientas()), {});
-    SSTab1_->addTab(new PaginaDesplazable(CrearPaginaDeDocumentacion()), {});
-    connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int pagina) {
-        if (!sincronizando_) editor_.ventana.SSTab1 = pagina;
-    });
-    connect(SSTab2_, &QTabWidget::currentChanged, this, [this](int pagina) {
-        if (!sincronizando_) editor_.ventana.SSTab2 = pagina;
-    });
+    CrearPaginas();
+    CrearMenus();
+    CrearBarra();
+    CrearEstado();
+    auto* const tecla = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(tecla, &QShortcut::activated, this, [this] { AyudaDelControl(); });
+    controles_ = Controles(*this);
+}
+
+void Principal::CrearPaginas() {
+    const EntornoDePagina entorno{programa_, editor_, *vista_, lazos_};
+    rejillas_ =
+        new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); }},
+                                       {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
+                                       [this] { ClicOrigen(); }});
+    opciones_ = new PaginaDeOpciones(entorno);
+    herramientas_ = new PaginaDeHerramientas(entorno, *conexion_, [this] { ClicEditorBDC(); });
 
     auto* const centro = new QWidget(this);
+    SSTab1_ = Nuevo<QTabWidget>("SSTab1", centro);
+    SSTab2_ = opciones_->SSTab2();
+    for (QWidget* const pagina :
+         std::initializer_list<QWidget*>{rejillas_, opciones_, herramientas_, new PaginaDeDocumentacion(entorno)}) {
+        SSTab1_->addTab(new PaginaDesplazable(pagina), {});
+    }
+    connect(SSTab1_, &QTabWidget::currentChanged, &lazos_,
+            [this](int pagina) { lazos_.Cambio([&] { editor_.ventana.SSTab1 = pagina; }); });
+    connect(SSTab2_, &QTabWidget::currentChanged, &lazos_,
+            [this](int pagina) { lazos_.Cambio([&] { editor_.ventana.SSTab2 = pagina; }); });
+    salida_ = new FilaDeSalida(
+        entorno, [this] { ClicGenerar(); }, centro);
     auto* const orden = new QVBoxLayout(centro);
     orden->setContentsMargins(6, 6, 6, 2);
     orden->addWidget(SSTab1_, 1);
-    orden->addWidget(CrearSalida(centro));
+    orden->addWidget(salida_);
     setCentralWidget(centro);
+}
 
-    CrearMenus();
-    CrearBarra();
+// The status bar.
+void Principal::CrearEstado() {
     documento_ = Nuevo<QLabel>("DocumentoActual", this);
     documento_->setTextFormat(Qt::PlainText);
     documento_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -101,17 +123,9 @@ void Principal::Construir() {
     ConnectionStatus_->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(documento_, 1);
     statusBar()->addPermanentWidget(ConnectionStatus_);
-
-    auto* const tecla = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    connect(tecla, &QShortcut::activated, this, [this] { AyudaDelControl(); });
 }
 
-QPushButton* Principal::NuevoBoton(const char* nombre, QWidget* padre, const std::function<void()>& accion) {
-    auto* const boton = Nuevo<QPushButton>(nombre, padre);
-    boton->setFocusPolicy(Qt::TabFocus);
-    connect(boton, &QPushButton::clicked, this, [this, accion] { Hacer(accion); });
-    return boton;
-}
+CeldaDeRejilla* Principal::CeldaActual() const { return qobject_cast<CeldaDeRejilla*>(focusWidget()); }
 
 void Principal::Hacer(const std::function<void()>& accion) {
     ConTrampa(editor_, accion);
@@ -121,26 +135,25 @@ void Principal::Hacer(const std::function<void()>& accion) {
 // ---- The state shown ----
 
 void Principal::Sincronizar() {
-    const bool antes = sincronizando_;
-    sincronizando_ = true;
-    SincronizarRejillas();
-    for (const auto& mostrar : sincronias_) mostrar();
-    AplicarReglas();
-    AplicarConexion();
-    SSTab1_->setCurrentIndex(editor_.ventana.SSTab1);
-    SSTab2_->setCurrentIndex(editor_.ventana.SSTab2);
-    // The star of a changed document stands where the place holder is.
-    setWindowTitle(TextoQt(TituloDeVentana(editor_)) + QStringLiteral("[*]"));
-    setWindowModified(editor_.HayCambios || editor_.UndoButton);
-    documento_->setText(TextoQt(editor_.RutaDocumento));
-    sincronizando_ = antes;
+    lazos_.SinCambios([this] {
+        rejillas_->MostrarRejillas();
+        lazos_.MostrarTodo();
+        AplicarReglas();
+        AplicarConexion();
+        SSTab1_->setCurrentIndex(editor_.ventana.SSTab1);
+        SSTab2_->setCurrentIndex(editor_.ventana.SSTab2);
+        // The star of a changed document stands where the place holder is.
+        setWindowTitle(TextoQt(TituloDeVentana(editor_)) + QStringLiteral("[*]"));
+        setWindowModified(editor_.HayCambios || editor_.UndoButton);
+        documento_->setText(TextoQt(editor_.RutaDocumento));
+    });
 }
 
 void Principal::AplicarReglas() {
-    const bool adicional = encoding_ == OpcionEncoding::Additional;
+    const bool adicional = opciones_->OptionEncodingAdditional();
     for (const auto& [nombre, estado] : EstadoDeControles(editor_, programa_.ajustes.preferencias, adicional)) {
         auto* const control =
-            qobject_cast<QWidget*>(controles_.value(QByteArray::fromRawData(nombre.data(), static_cast<qsizetype>(nombre.size()))));
+            controles_.Buscar<QWidget>(QByteArray::fromRawData(nombre.data(), static_cast<qsizetype>(nombre.size())));
         if (control == nullptr) continue;
         if (control->isHidden() == estado.visible) control->setVisible(estado.visible);
         control->setEnabled(estado.habilitado);
@@ -148,34 +161,30 @@ void Principal::AplicarReglas() {
 }
 
 void Principal::AplicarConexion() {
-    const bool conectado = conexion_->Conectado();
-    const EstadoDelMenu estado = MenuConectado(conectado);
-    const auto habilitar = [this](std::initializer_list<const char*> nombres, bool habilitado) {
-        for (const char* const nombre : nombres) {
-            QObject* const control = controles_.value(nombre);
-            if (auto* const ventana = qobject_cast<QWidget*>(control)) ventana->setEnabled(habilitado);
-            if (auto* const accion = qobject_cast<QAction*>(control)) accion->setEnabled(habilitado);
-        }
-    };
-    habilitar({"Logon", "ButtonLogon"}, estado.Logon);
-    habilitar({"Logoff", "ButtonLogoff"}, estado.Logoff);
-    habilitar({"FrameOnline", "ButtonOnlineSHDB", "ButtonOnlineSM35", "ButtonOnlineAnchos", "ButtonOnlinePublish",
-               "ButtonOnlinePublishLocal"},
-              estado.FrameOnline);
-    habilitar({"FrameImportarTransacciones", "ReporteTrans", "ExaminarReporte", "ImportTrans"}, estado.FrameImportarTransacciones);
-    habilitar({"FrameImportarAncho", "GenerarInfoCampos", "then1", "ImportInfo"}, estado.FrameImportarAncho);
-    for (const char* const nombre : {"GenerateProgram", "Programa", "ExaminarPrograma"}) {
-        qobject_cast<QWidget*>(controles_.value(nombre))->setVisible(estado.GenerateProgram);
-    }
+    const EstadoDelMenu estado = MenuConectado(conexion_->Conectado());
+    controles_.Buscar<QAction>("Logon")->setEnabled(estado.Logon);
+    controles_.Buscar<QAction>("Logoff")->setEnabled(estado.Logoff);
+    herramientas_->MostrarConexion(estado);
+    salida_->MostrarPrograma(estado.GenerateProgram);
     ConnectionStatus_->setVisible(estado.ConnectionStatus);
     ConnectionStatus_->setText(TextoQt(conexion_->ConnectionStatus()));
+}
+
+// Everything anew in the loaded language.
+void Principal::RefrescarIdioma() {
+    lazos_.SinCambios([this] {
+        CambiarIdiomaDeQt(IgualesSinCaja(programa_.textos.Texto(0), "Espanol"));
+        PonerRotulos(controles_, programa_.textos);
+    });
+    if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
+    Sincronizar();
 }
 
 // Shows the control's page of the tabs and gives the control the focus.
 void Principal::EnfocarControl(const std::string& nombre) {
     if (EnfocarEnDialogo(nombre)) return;
     Sincronizar();
-    auto* const control = qobject_cast<QWidget*>(controles_.value(QByteArray::fromStdString(nombre)));
+    auto* const control = controles_.Buscar<QWidget>(QByteArray::fromStdString(nombre));
     if (control == nullptr) return;
     for (QWidget* hijo = control; hijo != nullptr && hijo != this; hijo = hijo->parentWidget()) {
         for (auto* const pestanas : {SSTab1_, SSTab2_}) {
@@ -208,7 +217,7 @@ void Principal::AyudaDelControl() {
     QByteArray nombre;
     for (QWidget* control = focusWidget(); control != nullptr && control != this; control = control->parentWidget()) {
         nombre = control->objectName().toLatin1();
-        if (controles_.contains(nombre)) break;
+        if (controles_.Buscar(nombre) != nullptr) break;
     }
     MostrarAyuda(PaginaDeAyuda(nombre.toStdString(), SSTab1_->currentIndex()));
 }
@@ -254,25 +263,12 @@ void Principal::closeEvent(QCloseEvent* evento) {
 
 void Principal::showEvent(QShowEvent* evento) {
     QMainWindow::showEvent(evento);
-    if (focusWidget() == nullptr && !celdas_.empty()) celdas_.front()->setFocus(Qt::OtherFocusReason);
+    if (focusWidget() == nullptr) controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
 }
 
 void Principal::changeEvent(QEvent* evento) {
     QMainWindow::changeEvent(evento);
-    if (evento->type() == QEvent::PaletteChange && documento_ != nullptr) {
-        AplicarPaleta();
-        Sincronizar();
-    }
-}
-
-// Not every desktop gives place holders a colour of its own dark palette.
-void Principal::AplicarPaleta() {
-    auto* const buscado = qobject_cast<QWidget*>(controles_.value("TextoBuscado"));
-    QPalette paleta = buscado->palette();
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.5F);
-    paleta.setColor(QPalette::PlaceholderText, color);
-    buscado->setPalette(paleta);
+    if (evento->type() == QEvent::PaletteChange && documento_ != nullptr) Sincronizar();
 }
 
 void Principal::RestaurarVentana() {

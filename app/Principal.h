@@ -1,42 +1,38 @@
 #pragma once
 
-#include <QHash>
 #include <QMainWindow>
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <type_traits>
-#include <vector>
 
 #include "app/connection_actions.h"
-#include "app/qt/grid_cell.h"
+#include "app/pages/controls.h"
+#include "app/pages/page.h"
 #include "app/qt/screen_view.h"
 #include "app/start_up.h"
 #include "base/qt/dialog.h"
+#include "editor/cell_keys.h"
 #include "editor/editor.h"
+#include "generator/request.h"
 
 class QAction;
-class QBoxLayout;
-class QCheckBox;
-class QComboBox;
-class QFrame;
-class QGridLayout;
 class QLabel;
 class QMenu;
-class QPushButton;
-class QRadioButton;
-class QScrollBar;
 class QTabWidget;
-class QToolButton;
 
 namespace qor {
 
+class CeldaDeRejilla;
+class FilaDeSalida;
+class PaginaDeHerramientas;
+class PaginaDeOpciones;
+class PaginaDeRejillas;
 class VentanaDeAyuda;
 
-// The main form. It shows the state of its editor, passes events to the core, and shows the state anew behind each of them. Every
-// control bears its name as object name; a control of an array is named with its index, such as Text1_0.
+// The main form: window, menus, tool bar, status bar, dialogs, start and end; its pages are widgets of their own (app/pages/). It
+// shows the state of its editor, passes events to the core, and shows the state anew behind each of them. Every control bears its
+// name as object name; a control of an array is named with its index, such as Text1_0.
 class Principal : public QMainWindow {
     Q_OBJECT
 public:
@@ -62,12 +58,12 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void changeEvent(QEvent* evento) override;
-    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
     // ---- Principal.cpp ----
     void Construir();
-    void AplicarPaleta();
+    void CrearPaginas();
+    void CrearEstado();
     void RestaurarVentana();
     void GuardarVentana() const;
     // Runs an event: core functions behind the failure trap, then everything is shown anew.
@@ -76,65 +72,18 @@ private:
     void AyudaDelControl();
     void AplicarReglas();
     void AplicarConexion();
-    template <typename T, typename... Argumentos>
-    T* Nuevo(const char* nombre, Argumentos&&... argumentos) {
-        auto* const control = new T(std::forward<Argumentos>(argumentos)...);
-        control->setObjectName(QString::fromLatin1(nombre));
-        controles_.insert(QByteArray(nombre), control);
-        return control;
-    }
-    // A push button that runs an event and takes no focus from a cell when it is clicked.
-    QPushButton* NuevoBoton(const char* nombre, QWidget* padre, const std::function<void()>& accion);
-
-    // ---- PrincipalRejillas.cpp ----
-    QWidget* CrearPaginaDeRejillas();
-    QWidget* CrearRejillaArchivo(QWidget* padre);
-    QWidget* CrearRejillaTransaccion(QWidget* padre);
-    QWidget* CrearEdicion(QWidget* padre);
-    QWidget* CrearOrigen(QWidget* padre);
-    QWidget* CrearSalida(QWidget* padre);
-    CeldaDeRejilla* CrearCelda(LugarDeCelda lugar, QWidget* padre);
-    void SincronizarRejillas();
-    void RepartirColumnas();
-    void RepetirBusqueda();
-
-    // ---- PrincipalOpciones.cpp, PrincipalHerramientas.cpp ----
-    QWidget* CrearPaginaDeOpciones();
-    QWidget* CrearOpcionesDeErrores();
-    QWidget* CrearOpcionesDeEntrada();
-    QWidget* CrearOpcionesDeNombres();
-    QWidget* CrearContabilizacion(QWidget* padre);
-    QWidget* CrearManejoDeErrores(QWidget* padre);
-    QWidget* CrearTitulos(QWidget* padre);
-    QWidget* CrearJuegoDeDatos(QWidget* padre);
-    QWidget* CrearPaginaDeHerramientas();
-    QWidget* CrearConexion(QWidget* padre);
-    QWidget* CrearImportaciones(QWidget* padre);
-    QWidget* CrearPaginaDeDocumentacion();
-    // Ties a control to an option of the specification.
-    QCheckBox* Casilla(const char* nombre, QWidget* padre, int Opciones::*opcion);
-    std::array<QRadioButton*, 2> Par(const char* primero, const char* segundo, QWidget* padre, bool Opciones::*opcion);
-    CajaDeLinea* Linea(const char* nombre, QWidget* padre, std::string Opciones::*opcion,
-                       void (*cambiar)(Editor&, const std::string&) = nullptr);
-    CajaDeTexto* Texto(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
-    QComboBox* Combo(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
-    // The same for a setting of the user's.
-    QCheckBox* CasillaDeAjuste(const char* nombre, QWidget* padre, const std::function<bool()>& leer,
-                               const std::function<void(bool)>& cambiar);
-    void CrearEncoding(QWidget* padre, QGridLayout* orden);
-    CajaDeLinea* CajaFiltrada(const char* nombre, QWidget* padre);
+    CeldaDeRejilla* CeldaActual() const;
 
     // ---- PrincipalMenus.cpp ----
     void CrearMenus();
+    void CrearMenuDeArchivo();
+    void CrearMenuDeEdicion();
+    void CrearOtrosMenus();
     void CrearBarra();
+    QMenu* NuevoMenu(const char* nombre);
     QAction* NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion);
-    CeldaDeRejilla* CeldaActual() const;
     void PulsarEnCelda(Tecla tecla);
     void AbrirEjemplo();
-
-    // ---- PrincipalIdioma.cpp ----
-    void AplicarRotulos();
-    void AplicarPalabras();
 
     // ---- PrincipalDialogos.cpp ----
     AbrirAyuda Ayuda();
@@ -162,26 +111,18 @@ private:
     Editor editor_;
     std::unique_ptr<AccionesDeConexion> conexion_;
 
-    QHash<QByteArray, QObject*> controles_;
-    std::vector<std::function<void()>> sincronias_;  // each shows one option
-    bool sincronizando_ = false;
+    Lazos lazos_;
+    Controles controles_;
     bool cerrado_ = false;
 
     QTabWidget* SSTab1_ = nullptr;
     QTabWidget* SSTab2_ = nullptr;
+    PaginaDeRejillas* rejillas_ = nullptr;
+    PaginaDeOpciones* opciones_ = nullptr;
+    PaginaDeHerramientas* herramientas_ = nullptr;
+    FilaDeSalida* salida_ = nullptr;
     QLabel* documento_ = nullptr;
     QLabel* ConnectionStatus_ = nullptr;
-    QGridLayout* columnasTransaccion_ = nullptr;
-    std::vector<CeldaDeRejilla*> celdas_;
-    std::array<QToolButton*, lineasArchivo> ABAP_{};
-    QScrollBar* barraArchivo_ = nullptr;
-    QScrollBar* barraTransaccion_ = nullptr;
-    QFrame* marcoArchivo_ = nullptr;
-    QFrame* marcoTransaccion_ = nullptr;
-    int restoDeRueda_ = 0;
-    bool ultimaBusquedaEnArchivo_ = true;
-    int expandido_ = -1;  // state for which the columns were laid out
-    OpcionEncoding encoding_ = OpcionEncoding::Default;
     int imagenDeDefiniciones_ = -1;
     VentanaDeAyuda* ayuda_ = nullptr;
 };

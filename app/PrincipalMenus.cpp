@@ -10,9 +10,12 @@
 #include <QToolButton>
 
 #include "app/Principal.h"
+#include "app/pages/grids_page.h"
+#include "app/qt/grid_cell.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "editor/cell_actions.h"
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
 #include "editor/document_commands.h"
@@ -44,19 +47,24 @@ QAction* Principal::NuevaAccion(const char* nombre, QMenu* menu, const std::func
     return nueva;
 }
 
-CeldaDeRejilla* Principal::CeldaActual() const { return qobject_cast<CeldaDeRejilla*>(focusWidget()); }
-
 void Principal::PulsarEnCelda(Tecla tecla) {
     if (auto* const celda = CeldaActual()) emit celda->Pulsada(tecla);
 }
 
+QMenu* Principal::NuevoMenu(const char* nombre) {
+    auto* const menu = Nuevo<QMenu>(nombre, this);
+    menuBar()->addMenu(menu);
+    return menu;
+}
+
 void Principal::CrearMenus() {
-    const auto nuevoMenu = [this](const char* nombre) {
-        auto* const menu = Nuevo<QMenu>(nombre, this);
-        menuBar()->addMenu(menu);
-        return menu;
-    };
-    QMenu* const archivo = nuevoMenu("FileOption");
+    CrearMenuDeArchivo();
+    CrearMenuDeEdicion();
+    CrearOtrosMenus();
+}
+
+void Principal::CrearMenuDeArchivo() {
+    QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(editor_); });
     auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { OpenOption(editor_); });
     auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(editor_); });
@@ -79,8 +87,10 @@ void Principal::CrearMenus() {
     abrir->setIcon(IconoDeTema("open"));
     grabar->setIcon(IconoDeTema("save"));
     imprimir->setIcon(IconoDeTema("print"));
+}
 
-    QMenu* const edicion = nuevoMenu("EditOption");
+void Principal::CrearMenuDeEdicion() {
+    QMenu* const edicion = NuevoMenu("EditOption");
     auto* const deshacer = NuevaAccion("UndoOption", edicion, [this] { Deshacer(editor_); });
     edicion->addSeparator();
     auto* const subir = NuevaAccion("UpOption", edicion, [this] { UpButton(editor_); });
@@ -116,22 +126,24 @@ void Principal::CrearMenus() {
     codigo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     buscar->setShortcut(QKeySequence::Find);
     auto* const repetir = new QShortcut(QKeySequence(Qt::Key_F3), this);
-    connect(repetir, &QShortcut::activated, this, [this] { RepetirBusqueda(); });
+    connect(repetir, &QShortcut::activated, this, [this] { rejillas_->RepetirBusqueda(); });
     deshacer->setIcon(IconoDeTema("undo"));
     subir->setIcon(IconoDeTema("up"));
     bajar->setIcon(IconoDeTema("down"));
     definiciones->setIcon(IconoDeTema("definitions"));
     estructuras->setIcon(IconoDeTema("preview"));
     buscar->setIcon(IconoDeTema("find"));
+}
 
-    QMenu* const conexion = nuevoMenu("Connection");
+void Principal::CrearOtrosMenus() {
+    QMenu* const conexion = NuevoMenu("Connection");
     NuevaAccion("Logon", conexion, [this] { conexion_->Logon(); });
     NuevaAccion("Logoff", conexion, [this] { conexion_->Logoff(); });
 
-    QMenu* const idioma = nuevoMenu("LangOption");
+    QMenu* const idioma = NuevoMenu("LangOption");
     NuevaAccion("LengSeleccionar", idioma, [this] { ClicSeleccionarIdioma(); });
 
-    QMenu* const ayuda = nuevoMenu("HelpOption");
+    QMenu* const ayuda = NuevoMenu("HelpOption");
     NuevaAccion("Contenido", ayuda, [this] { MostrarAyuda(paginaDeContenido); })->setIcon(IconoDeTema("contents"));
     auto* const ejemplos = NuevaAccion("ScreenCam", ayuda, [this] { AbrirEjemplo(); });
     ejemplos->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).isEmpty());
@@ -148,9 +160,7 @@ void Principal::AbrirEjemplo() {
 }
 
 void Principal::CrearBarra() {
-    auto* const barra = new QToolBar(this);
-    barra->setObjectName(QStringLiteral("BarraDeBotones"));
-    controles_.insert("BarraDeBotones", barra);
+    auto* const barra = Nuevo<QToolBar>("BarraDeBotones", this);
     barra->setMovable(false);
     barra->setContextMenuPolicy(Qt::PreventContextMenu);
     addToolBar(barra);
@@ -166,20 +176,18 @@ void Principal::CrearBarra() {
             barra->addSeparator();
             continue;
         }
-        auto* const accion = qobject_cast<QAction*>(controles_.value(boton.accion));
+        auto* const accion = findChild<QAction*>(QString::fromLatin1(boton.accion), Qt::FindDirectChildrenOnly);
         barra->addAction(accion);
         QWidget* const control = barra->widgetForAction(accion);
         control->setObjectName(QString::fromLatin1(boton.nombre));
         control->setFocusPolicy(Qt::NoFocus);
-        controles_.insert(boton.nombre, control);
     }
-    sincronias_.emplace_back([this] {
-        qobject_cast<QAction*>(controles_.value("UndoOption"))->setEnabled(editor_.UndoButton);
+    lazos_.AlMostrar([this] {
+        controles_.Buscar<QAction>("UndoOption")->setEnabled(editor_.UndoButton);
         const int imagen = editor_.HayDefiniciones() ? 2 : 1;
         if (imagen == imagenDeDefiniciones_) return;
         imagenDeDefiniciones_ = imagen;
-        qobject_cast<QAction*>(controles_.value("DefinitionsOption"))
-            ->setIcon(IconoDeTema(imagen == 2 ? "definitions-filled" : "definitions"));
+        controles_.Buscar<QAction>("DefinitionsOption")->setIcon(IconoDeTema(imagen == 2 ? "definitions-filled" : "definitions"));
     });
 }
 

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -19,6 +20,7 @@
 #include <set>
 
 #include "base/files.h"
+#include "base/qt/text_boxes.h"
 #include "tests/forms/principal_fixture.h"
 
 namespace qor {

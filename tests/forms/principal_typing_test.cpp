@@ -4,11 +4,13 @@
 #include <QCheckBox>
 #include <QDropEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include "app/qt/grid_cell.h"
 #include "base/files.h"
 #include "generator/generate.h"
 #include "model/document_format.h"

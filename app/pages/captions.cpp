@@ -1,3 +1,5 @@
+#include "app/pages/captions.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -11,15 +13,14 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QTranslator>
+#include <array>
+#include <string>
 
-#include "app/Principal.h"
-#include "app/qt/help_window.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
-#include "editor/document_commands.h"
+#include "editor/editor.h"
 
-// Every word that the main form shows, by number of the language table, or by its English text where it has no number.
 namespace qor {
 
 namespace {
@@ -197,9 +198,12 @@ constexpr RotuloLiteral consejosLiterales[] = {
     {"CreateCode", "Drag onto the value of a row to make it an OK code"},
 };
 
-// Numbers of the titles of the tabs.
-constexpr std::array titulosSSTab1 = {56, 59, 58, 57};
-constexpr std::array titulosSSTab2 = {177, 236, 237};
+struct TitulosDePestanas {
+    const char* control;
+    std::initializer_list<int> numeros;
+};
+
+const TitulosDePestanas pestanas[] = {{"SSTab1", {56, 59, 58, 57}}, {"SSTab2", {177, 236, 237}}};
 
 void PonerRotulo(QObject* control, const QString& texto) {
     if (auto* const boton = qobject_cast<QAbstractButton*>(control)) return boton->setText(texto);
@@ -209,67 +213,57 @@ void PonerRotulo(QObject* control, const QString& texto) {
     if (auto* const accion = qobject_cast<QAction*>(control)) accion->setText(texto);
 }
 
-// The toolkit's own words, in the menus of text boxes and in file dialogs.
+void PonerConsejo(const Controles& controles, const char* nombre, const QString& texto) {
+    auto* const control = controles.Buscar<QWidget>(nombre);
+    if (auto* const boton = qobject_cast<QToolButton*>(control); boton != nullptr && boton->defaultAction() != nullptr) {
+        boton->defaultAction()->setToolTip(texto);
+    } else {
+        control->setToolTip(texto);
+    }
+}
+
+void PonerNumerados(const Controles& controles, const TextosIdioma& textos) {
+    for (const auto& rotulo : rotulos) PonerRotulo(controles.Buscar(rotulo.control), TextoQt(textos.Texto(rotulo.numero)));
+    for (const auto& consejo : consejos) PonerConsejo(controles, consejo.control, TextoQt(textos.Texto(consejo.numero)));
+    for (const auto& [control, numeros] : pestanas) {
+        auto* const tabla = controles.Buscar<QTabWidget>(control);
+        int pagina = 0;
+        for (const int numero : numeros) tabla->setTabText(pagina++, TextoQt(textos.Texto(numero)));
+    }
+}
+
+void PonerLiterales(const Controles& controles, const TextosIdioma& textos) {
+    for (const auto& rotulo : literales) PonerRotulo(controles.Buscar(rotulo.control), Palabra(textos, rotulo.ingles));
+    for (const auto& consejo : consejosLiterales) PonerConsejo(controles, consejo.control, Palabra(textos, consejo.ingles));
+    // Words of ABAP are the same in every language.
+    PonerRotulo(controles.Buscar("OptionEncodingDefault"), QStringLiteral("ENCODING DEFAULT"));
+    PonerRotulo(controles.Buscar("OptionEncodingNonUnicode"), QStringLiteral("ENCODING NON-UNICODE"));
+    for (int i = 0; i < lineasArchivo; ++i) {
+        auto* const codigo = controles.Buscar<QToolButton>(QByteArray("ABAP_") + QByteArray::number(i));
+        codigo->setText(TextoQt(textos.Texto(38)));
+        codigo->setToolTip(Palabra(textos, "Conversion code of the field"));
+    }
+    controles.Buscar<QLineEdit>("TextoBuscado")->setPlaceholderText(Palabra(textos, "Text to find"));
+    controles.Buscar<QToolBar>("BarraDeBotones")->setWindowTitle(Palabra(textos, "Tools"));
+    auto* const prioridad = controles.Buscar<QComboBox>("PrioridadCombo");
+    prioridad->clear();
+    for (const char* const palabra : {"High", "Medium", "Low"}) prioridad->addItem(Palabra(textos, palabra));
+    prioridad->setCurrentIndex(-1);
+}
+
+}  // namespace
+
+void PonerRotulos(const Controles& controles, const TextosIdioma& textos) {
+    PonerNumerados(controles, textos);
+    PonerLiterales(controles, textos);
+}
+
 void CambiarIdiomaDeQt(bool espanol) {
     static QTranslator traductor;
     QCoreApplication::removeTranslator(&traductor);
     if (espanol && traductor.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(&traductor);
     }
-}
-
-}  // namespace
-
-void Principal::AplicarRotulos() {
-    for (const auto& rotulo : rotulos)
-        PonerRotulo(controles_.value(rotulo.control), TextoQt(programa_.textos.Texto(rotulo.numero)));
-    for (const auto& consejo : consejos) {
-        const QString texto = TextoQt(programa_.textos.Texto(consejo.numero));
-        auto* const control = qobject_cast<QWidget*>(controles_.value(consejo.control));
-        if (auto* const boton = qobject_cast<QToolButton*>(control); boton != nullptr && boton->defaultAction() != nullptr) {
-            boton->defaultAction()->setToolTip(texto);
-        } else {
-            control->setToolTip(texto);
-        }
-    }
-    for (std::size_t i = 0; i < titulosSSTab1.size(); ++i) {
-        SSTab1_->setTabText(static_cast<int>(i), TextoQt(programa_.textos.Texto(titulosSSTab1[i])));
-    }
-    for (std::size_t i = 0; i < titulosSSTab2.size(); ++i) {
-        SSTab2_->setTabText(static_cast<int>(i), TextoQt(programa_.textos.Texto(titulosSSTab2[i])));
-    }
-}
-
-void Principal::AplicarPalabras() {
-    const TextosIdioma& textos = programa_.textos;
-    for (const auto& rotulo : literales) PonerRotulo(controles_.value(rotulo.control), Palabra(textos, rotulo.ingles));
-    for (const auto& consejo : consejosLiterales) {
-        qobject_cast<QWidget*>(controles_.value(consejo.control))->setToolTip(Palabra(textos, consejo.ingles));
-    }
-    // Words of ABAP are the same in every language.
-    PonerRotulo(controles_.value("OptionEncodingDefault"), QStringLiteral("ENCODING DEFAULT"));
-    PonerRotulo(controles_.value("OptionEncodingNonUnicode"), QStringLiteral("ENCODING NON-UNICODE"));
-    for (auto* const codigo : ABAP_) {
-        codigo->setText(TextoQt(textos.Texto(38)));
-        codigo->setToolTip(Palabra(textos, "Conversion code of the field"));
-    }
-    qobject_cast<QLineEdit*>(controles_.value("TextoBuscado"))->setPlaceholderText(Palabra(textos, "Text to find"));
-    qobject_cast<QToolBar*>(controles_.value("BarraDeBotones"))->setWindowTitle(Palabra(textos, "Tools"));
-    auto* const prioridad = qobject_cast<QComboBox*>(controles_.value("PrioridadCombo"));
-    prioridad->clear();
-    for (const char* const palabra : {"High", "Medium", "Low"}) prioridad->addItem(Palabra(textos, palabra));
-    prioridad->setCurrentIndex(-1);
-}
-
-void Principal::RefrescarIdioma() {
-    const bool antes = sincronizando_;
-    sincronizando_ = true;
-    CambiarIdiomaDeQt(IgualesSinCaja(programa_.textos.Texto(0), "Espanol"));
-    AplicarRotulos();
-    AplicarPalabras();
-    sincronizando_ = antes;
-    if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
-    Sincronizar();
 }
 
 }  // namespace qor

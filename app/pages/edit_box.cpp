@@ -1,0 +1,92 @@
+#include "app/pages/edit_box.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <array>
+
+#include "app/pages/controls.h"
+#include "app/qt/grid_cell.h"
+#include "app/qt/theme_icon.h"
+#include "base/qt/text.h"
+#include "editor/find.h"
+
+namespace qor {
+
+CajaDeEdicion::CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre)
+    : QGroupBox(padre), entorno_(entorno) {
+    setObjectName(QStringLiteral("FrameEdicion"));
+    auto* const arrastre = NuevaFilaDeArrastre();
+    auto* const agregar = entorno_.lazos.Boton("ButtonAddOperation", this, acciones.agregarOperacion);
+    agregar->setIcon(IconoDeTema("operation"));
+    auto* const condiciones = entorno_.lazos.Boton("Conditions", this, acciones.condiciones);
+    condiciones->setIcon(IconoDeTema("conditions"));
+    CrearBusquedas();
+    AplicarPaleta();
+
+    auto* const orden = new QGridLayout(this);
+    orden->addLayout(arrastre, 0, 0, 1, 2);
+    orden->addWidget(agregar, 0, 2);
+    orden->addWidget(condiciones, 0, 3);
+    orden->addWidget(buscado_, 1, 0, 1, 2);
+    orden->addWidget(enArchivo_, 1, 2);
+    orden->addWidget(enTransaccion_, 1, 3);
+    orden->setColumnStretch(1, 1);
+}
+
+QLayout* CajaDeEdicion::NuevaFilaDeArrastre() {
+    auto* const fila = new QHBoxLayout;
+    fila->addWidget(Nuevo<QLabel>("ArrastreLabel", this));
+    constexpr std::array<const char*, 4> nombres = {"EnterCode", "SaveCode", "F5Code", "CreateCode"};
+    for (std::size_t i = 0; i < nombres.size(); ++i) {
+        fila->addWidget(Nuevo<RotuloDeArrastre>(nombres[i], static_cast<RotuloDeOkCode>(i), this));
+    }
+    fila->addStretch();
+    fila->addWidget(entorno_.lazos.Casilla("Autofill", this, &Opciones::Autofill));
+    return fila;
+}
+
+void CajaDeEdicion::CrearBusquedas() {
+    Editor& editor = entorno_.editor;
+    Lazos& lazos = entorno_.lazos;
+    buscado_ = lazos.CajaFiltrada("TextoBuscado", this);
+    buscado_->setClearButtonEnabled(true);
+    connect(buscado_, &QLineEdit::textChanged, this,
+            [this] { entorno_.lazos.Cambio([this] { CambiarTextoBuscado(entorno_.editor, buscado_->Texto()); }); });
+    connect(buscado_, &QLineEdit::returnPressed, this, [this] { RepetirBusqueda(); });
+    lazos.AlMostrar([this] { buscado_->PonerTexto(entorno_.editor.busquedas.TextoBuscado); });
+    enArchivo_ = lazos.Boton("BuscarArchivo", this, [this, &editor] {
+        ultimaEnArchivo_ = true;
+        BuscarArchivo(editor);
+    });
+    enTransaccion_ = lazos.Boton("BuscarTransaccion", this, [this, &editor] {
+        ultimaEnArchivo_ = false;
+        BuscarTransaccion(editor);
+    });
+    lazos.AlMostrar([this, &editor] {
+        enArchivo_->setText(TextoQt(editor.textos.Texto(RotuloDeBuscarArchivo(editor))));
+        enTransaccion_->setText(TextoQt(editor.textos.Texto(RotuloDeBuscarTransaccion(editor))));
+    });
+}
+
+void CajaDeEdicion::RepetirBusqueda() {
+    entorno_.lazos.Hacer([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.editor) : BuscarTransaccion(entorno_.editor); });
+}
+
+void CajaDeEdicion::changeEvent(QEvent* evento) {
+    QGroupBox::changeEvent(evento);
+    if (evento->type() == QEvent::PaletteChange && buscado_ != nullptr) AplicarPaleta();
+}
+
+// Not every desktop gives place holders a colour of its own dark palette.
+void CajaDeEdicion::AplicarPaleta() {
+    QPalette paleta = buscado_->palette();
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.5F);
+    paleta.setColor(QPalette::PlaceholderText, color);
+    buscado_->setPalette(paleta);
+}
+
+}  // namespace qor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+
+#include "app/pages/page.h"
+
+class QPushButton;
+
+namespace qor {
+
+class CajaDeLinea;
+
+// What edits the grids, below the program side: OK codes to drag onto a value, Autofill, operations, conditions, the searches.
+class CajaDeEdicion : public QGroupBox {
+    Q_OBJECT
+public:
+    struct Acciones {
+        std::function<void()> agregarOperacion;
+        std::function<void()> condiciones;
+    };
+
+    CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre);
+
+    // Searches again in the grid that was searched last; as an event.
+    void RepetirBusqueda();
+
+protected:
+    void changeEvent(QEvent* evento) override;
+
+private:
+    QLayout* NuevaFilaDeArrastre();
+    void CrearBusquedas();
+    void AplicarPaleta();
+
+    EntornoDePagina entorno_;
+    CajaDeLinea* buscado_ = nullptr;
+    QPushButton* enArchivo_ = nullptr;
+    QPushButton* enTransaccion_ = nullptr;
+    bool ultimaEnArchivo_ = true;
+};
+
+}  // namespace qor

@@ -1,0 +1,91 @@
+#include "app/pages/file_grid.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollBar>
+#include <QToolButton>
+#include <string>
+
+#include "app/pages/controls.h"
+#include "app/pages/layout.h"
+#include "editor/cell_actions.h"
+#include "editor/cell_rules.h"
+#include "editor/grids.h"
+
+namespace qor {
+
+PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeRejilla& acciones, QWidget* padre)
+    : QWidget(padre), entorno_(entorno), acciones_(acciones) {
+    auto* const titulo = EnNegrita(Nuevo<QLabel>("FileSpecification", this));
+    auto* const rotulo = Nuevo<QLabel>("LineaArchivoLabel", this);
+    linea_ = Nuevo<RotuloDeLinea>("LineaArchivo", this,
+                                  [this] { entorno_.lazos.Hacer([this] { DobleClicLineaArchivo(entorno_.editor); }); });
+
+    auto* const marco = Nuevo<MarcoDeRejilla>(
+        "RejillaArchivo", this, [this](int filas) { entorno_.lazos.Hacer([&] { DesplazarArchivo(entorno_.editor, filas); }); });
+    auto* const rejilla = marco->Orden();
+    rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("ColumnName", marco)), 0, 0);
+    rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("FileWidth", marco)), 0, 1);
+    rejilla->addWidget(ComoCabecera(new QLabel(marco)), 0, 2);
+    for (int i = 0; i < lineasArchivo; ++i) {
+        for (const Columna columna : {Columna::Text1, Columna::Text2}) {
+            celdas_.push_back(NuevaCelda(entorno_, {columna, i}, marco, acciones_.notas));
+            rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(ColumnaDeTabla(columna)));
+        }
+        rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
+        rejilla->setRowStretch(i + 1, 1);
+    }
+    rejilla->setColumnStretch(0, 5);
+    rejilla->setColumnStretch(1, 2);
+    barra_ = NuevaBarra(this, "BarraArchivo", ultimaPrimeraFilaArchivo, lineasArchivo);
+    connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
+        entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.editor, primera - entorno_.editor.archivo.PrimeraFilaArchivo); });
+    });
+
+    auto* const orden = new QGridLayout(this);
+    orden->setContentsMargins(0, 0, 0, 0);
+    orden->setHorizontalSpacing(3);
+    orden->addWidget(titulo, 0, 0);
+    orden->setRowMinimumHeight(0, AltoDeTitulo(*this));
+    orden->addWidget(rotulo, 0, 1);
+    orden->addWidget(linea_, 0, 2, 1, 2);
+    orden->addWidget(marco, 1, 0, 1, 3);
+    orden->addWidget(barra_, 1, 3);
+    orden->setColumnStretch(0, 1);
+    orden->setRowStretch(1, 1);
+}
+
+QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
+    auto* const boton = Nuevo<QToolButton>(("ABAP_" + std::to_string(linea)).c_str(), padre);
+    boton->setFocusPolicy(Qt::NoFocus);
+    boton->setAutoRaise(true);
+    boton->setAutoFillBackground(true);
+    boton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    connect(boton, &QToolButton::clicked, this, [this, linea] {
+        entorno_.lazos.Hacer([&] {
+            if (const auto fila = ClicEnABAP(entorno_.editor, linea)) acciones_.codigo(*fila);
+        });
+    });
+    ABAP_[static_cast<std::size_t>(linea)] = boton;
+    return boton;
+}
+
+void PanelDeArchivo::MostrarLineas() {
+    const Editor& editor = entorno_.editor;
+    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(editor, celda->Lugar()));
+    for (std::size_t i = 0; i < ABAP_.size(); ++i) {
+        const Color color = editor.archivo.ABAP[i].color;
+        QPalette paleta = ABAP_[i]->palette();
+        const QColor nuevo = color == Color::Rojo ? ColorDeTexto(color, palette()) : palette().color(QPalette::ButtonText);
+        if (paleta.color(QPalette::ButtonText) == nuevo) continue;
+        paleta.setColor(QPalette::ButtonText, nuevo);
+        ABAP_[i]->setPalette(paleta);
+        QFont letra = ABAP_[i]->font();
+        letra.setBold(color == Color::Rojo);
+        ABAP_[i]->setFont(letra);
+    }
+    linea_->setText(QString::number(editor.archivo.LineaArchivo));
+    barra_->setValue(editor.archivo.PrimeraFilaArchivo);
+}
+
+}  // namespace qor

@@ -1,0 +1,116 @@
+#include "app/pages/grid_parts.h"
+
+#include <QGridLayout>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "app/pages/controls.h"
+#include "editor/cell_actions.h"
+#include "editor/cell_focus.h"
+#include "editor/cell_rules.h"
+#include "editor/key_filters.h"
+#include "editor/undo_command.h"
+
+namespace qor {
+
+namespace {
+
+void FiltrarTeclas(CeldaDeRejilla* celda, Editor& editor, const Lazos& lazos) {
+    const LugarDeCelda lugar = celda->Lugar();
+    celda->PonerFiltro([&editor, &lazos, lugar](std::string_view texto) -> std::string {
+        std::string pasado;
+        lazos.Hacer([&] {
+            if (texto.size() != 1) {
+                pasado = FiltrarTextoDeCelda(editor, lugar, texto);
+                return;
+            }
+            const char tecla = FiltrarTeclaDeCelda(editor, lugar, texto.front());
+            if (tecla != teclaDescartada) pasado = tecla;
+        });
+        return pasado;
+    });
+    celda->PonerFiltroDeRetroceso([&editor, &lazos, lugar] {
+        bool admite = false;
+        lazos.Hacer([&] { admite = FiltrarTeclaDeCelda(editor, lugar, retroceso) != teclaDescartada; });
+        return admite;
+    });
+}
+
+}  // namespace
+
+CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre,
+                           const std::function<void(FilaDeTabla)>& notas) {
+    auto* const celda = new CeldaDeRejilla(lugar, padre);
+    celda->setMinimumWidth(celda->fontMetrics().averageCharWidth() * 3);
+    celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+    celda->setMaximumHeight(celda->sizeHint().height() * 3 / 2);
+    Editor& editor = entorno.editor;
+    Lazos& lazos = entorno.lazos;
+    FiltrarTeclas(celda, editor, lazos);
+    const auto alOcurrir = [&](auto senal, auto accion) {
+        QObject::connect(celda, senal, &lazos,
+                         [&lazos, accion](auto... datos) { lazos.Hacer([&accion, datos...] { accion(datos...); }); });
+    };
+    alOcurrir(&CeldaDeRejilla::Entrada, [&editor, lugar] { EntrarEnCelda(editor, lugar); });
+    alOcurrir(&CeldaDeRejilla::Salida, [&editor, lugar] { SalirDeCelda(editor, lugar); });
+    alOcurrir(&CeldaDeRejilla::Escrita, [&editor, celda, lugar] {
+        // A new document has taken the focus from the editor, and not from the control.
+        EntrarEnCelda(editor, lugar);
+        CambiarCelda(editor, lugar.columna, lugar.linea, celda->Texto());
+    });
+    alOcurrir(&CeldaDeRejilla::Pulsada, [&editor, lugar](Tecla tecla) { TeclaEnCelda(editor, lugar, tecla); });
+    alOcurrir(&CeldaDeRejilla::PideDeshacer, [&editor] { Deshacer(editor); });
+    alOcurrir(&CeldaDeRejilla::SoltadoCampo, [&editor, lugar](int linea) { SoltarCampo(editor, lugar.linea, linea); });
+    alOcurrir(&CeldaDeRejilla::SoltadoOkCode,
+              [&editor, lugar](RotuloDeOkCode rotulo) { SoltarOkCode(editor, lugar.linea, rotulo); });
+    alOcurrir(&CeldaDeRejilla::DobleClic, [&editor, lugar, notas] {
+        if (const auto fila = DobleClicEnCelda(editor, lugar)) notas(*fila);
+    });
+    return celda;
+}
+
+MarcoDeRejilla::MarcoDeRejilla(QWidget* padre, std::function<void(int)> desplazar)
+    : QFrame(padre), desplazar_(std::move(desplazar)), orden_(new QGridLayout(this)) {
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Mid);
+    orden_->setContentsMargins(1, 1, 1, 1);
+    orden_->setSpacing(1);
+}
+
+void MarcoDeRejilla::wheelEvent(QWheelEvent* evento) {
+    // A step of the wheel is 120; finer wheels send parts of it.
+    constexpr int pasoDeRueda = 120;
+    constexpr int filasPorPaso = 3;
+    restoDeRueda_ += evento->angleDelta().y() * filasPorPaso;
+    const int filas = -restoDeRueda_ / pasoDeRueda;
+    restoDeRueda_ %= pasoDeRueda;
+    if (filas != 0) desplazar_(filas);
+    evento->accept();
+}
+
+void RotuloDeLinea::mouseDoubleClickEvent(QMouseEvent* evento) {
+    dobleClic_();
+    evento->accept();
+}
+
+QLabel* ComoCabecera(QLabel* rotulo) {
+    rotulo->setAutoFillBackground(true);
+    rotulo->setBackgroundRole(QPalette::Button);
+    rotulo->setForegroundRole(QPalette::ButtonText);
+    rotulo->setMargin(3);
+    rotulo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return rotulo;
+}
+
+QScrollBar* NuevaBarra(QWidget* padre, const char* nombre, int ultima, int lineas) {
+    auto* const barra = Nuevo<QScrollBar>(nombre, Qt::Vertical, padre);
+    barra->setRange(0, ultima);
+    barra->setPageStep(lineas);
+    barra->setFocusPolicy(Qt::NoFocus);
+    return barra;
+}
+
+int AltoDeTitulo(const QWidget& control) { return control.fontMetrics().height() + 8; }
+
+}  // namespace qor

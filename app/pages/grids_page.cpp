@@ -1,0 +1,32 @@
+#include "app/pages/grids_page.h"
+
+#include <QVBoxLayout>
+
+#include "app/pages/file_grid.h"
+#include "app/pages/program_grid.h"
+#include "app/pages/source_box.h"
+
+namespace qor {
+
+PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Acciones& acciones)
+    : archivo_(new PanelDeArchivo(entorno, acciones.rejilla, this)),
+      programa_(new PanelDePrograma(entorno, acciones.rejilla, this)),
+      edicion_(new CajaDeEdicion(entorno, acciones.edicion, this)) {
+    auto* const derecha = new QVBoxLayout;
+    derecha->addWidget(programa_, 1);
+    derecha->addWidget(edicion_);
+    auto* const rejillas = new QHBoxLayout;
+    rejillas->setSpacing(12);
+    rejillas->addWidget(archivo_, 4);
+    rejillas->addLayout(derecha, 9);
+    auto* const orden = new QVBoxLayout(this);
+    orden->addLayout(rejillas, 1);
+    orden->addWidget(new PanelDeOrigen(entorno, acciones.otroOrigen, this));
+}
+
+void PaginaDeRejillas::MostrarRejillas() {
+    archivo_->MostrarLineas();
+    programa_->MostrarLineas();
+}
+
+}  // namespace qor

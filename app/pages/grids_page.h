@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+#include "app/pages/edit_box.h"
+#include "app/pages/grid_parts.h"
+
+namespace qor {
+
+class PanelDeArchivo;
+class PanelDePrograma;
+
+// The first page: the two grids, what edits them, and the source of the data.
+class PaginaDeRejillas : public QWidget {
+    Q_OBJECT
+public:
+    struct Acciones {
+        AccionesDeRejilla rejilla;
+        CajaDeEdicion::Acciones edicion;
+        std::function<void()> otroOrigen;
+    };
+
+    PaginaDeRejillas(const EntornoDePagina& entorno, const Acciones& acciones);
+
+    // Shows the lines of both grids; the options keep what they show.
+    void MostrarRejillas();
+    // Searches again in the grid that was searched last; as an event.
+    void RepetirBusqueda() { edicion_->RepetirBusqueda(); }
+
+private:
+    PanelDeArchivo* archivo_;
+    PanelDePrograma* programa_;
+    CajaDeEdicion* edicion_;
+};
+
+}  // namespace qor

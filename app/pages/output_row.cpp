@@ -1,0 +1,43 @@
+#include "app/pages/output_row.h"
+
+#include <QPushButton>
+
+#include "app/pages/controls.h"
+#include "app/pages/layout.h"
+#include "app/qt/theme_icon.h"
+#include "base/qt/text_boxes.h"
+#include "editor/option_rules.h"
+
+namespace qor {
+
+namespace {
+
+constexpr const char* filtroDeProgramas = "ABAP|*.abap|*.*|*";
+
+}  // namespace
+
+FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<void()>& generar, QWidget* padre) : QWidget(padre) {
+    Lazos& lazos = entorno.lazos;
+    auto* const rotulo = Nuevo<QLabel>("GenerateProgram", this);
+    auto* const programa = lazos.Linea("Programa", this, &Opciones::Programa);
+    rotulo->setBuddy(programa);
+    auto* const examinar = lazos.Boton("ExaminarPrograma", this, [&editor = entorno.editor, &vista = entorno.vista] {
+        if (const auto ruta = vista.ElegirParaGrabar(filtroDeProgramas)) CambiarOpcion(editor, &Opciones::Programa, *ruta);
+    });
+    auto* const boton = lazos.Boton("Generar", this, generar);
+    boton->setIcon(IconoDeTema("generate"));
+    auto* const orden = new QHBoxLayout(this);
+    orden->setContentsMargins(0, 0, 0, 0);
+    orden->addWidget(rotulo);
+    orden->addWidget(programa, 1);
+    orden->addWidget(examinar);
+    orden->addSpacing(12);
+    orden->addWidget(boton);
+    delPrograma_ = {rotulo, programa, examinar};
+}
+
+void FilaDeSalida::MostrarPrograma(bool visible) {
+    for (auto* const control : delPrograma_) control->setVisible(visible);
+}
+
+}  // namespace qor

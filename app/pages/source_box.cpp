@@ -1,0 +1,80 @@
+#include "app/pages/source_box.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+
+#include "app/pages/controls.h"
+#include "app/pages/layout.h"
+#include "base/qt/text.h"
+#include "base/qt/text_boxes.h"
+#include "editor/option_rules.h"
+
+namespace qor {
+
+namespace {
+
+constexpr const char* todosLosArchivos = "*.*|*";
+
+}  // namespace
+
+PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const std::function<void()>& otroOrigen, QWidget* padre)
+    : QWidget(padre), entorno_(entorno) {
+    auto* const grupo = NuevoGrupo();
+    auto* const otro = entorno_.lazos.Boton("OtherSource", this, otroOrigen);
+    auto* const propio = EnNegrita(Nuevo<QLabel>("Otro1", this));
+    auto* const explicacion = Nuevo<QLabel>("Otro2", this);
+    entorno_.lazos.AlMostrar([this, explicacion] { explicacion->setVisible(entorno_.editor.especificacion.OrigenUsuario); });
+    auto* const propios = new QVBoxLayout;
+    propios->addWidget(propio);
+    propios->addWidget(explicacion);
+    auto* const orden = new QHBoxLayout(this);
+    orden->setContentsMargins(0, 0, 0, 0);
+    orden->addWidget(grupo, 1);
+    orden->addLayout(propios);
+    orden->addStretch();
+    orden->addWidget(otro, 0, Qt::AlignBottom);
+}
+
+QGroupBox* PanelDeOrigen::NuevoGrupo() {
+    Editor& editor = entorno_.editor;
+    Lazos& lazos = entorno_.lazos;
+    auto* const grupo = Nuevo<QGroupBox>("SourceField", this);
+    const auto lugar = lazos.Par("ClienteOp", "ServidorOp", grupo, &Opciones::ClienteOp);
+    auto* const tabla = lazos.Casilla("TablaCh", grupo, &Opciones::TablaCh);
+    const auto formato = lazos.Par("AnchoFijo", "DelimTab", grupo, &Opciones::AnchoFijo);
+    auto* const parametro = lazos.Casilla("FileParameterCh", grupo, &Opciones::FileParameterCh);
+    auto* const ayuda = lazos.Casilla("AddF4", grupo, &Opciones::AddF4);
+    auto* const nombre = Nuevo<QLabel>("SourceName", grupo);
+    lazos.AlMostrar([&editor, nombre] { nombre->setText(TextoQt(editor.textos.Texto(RotuloDeSourceName(editor.opciones)))); });
+    auto* const archivo = lazos.Linea("ArchivoFuente", grupo, &Opciones::ArchivoFuente);
+    nombre->setBuddy(archivo);
+    auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {
+        const auto ruta = entorno_.vista.ElegirParaAbrir(entorno_.editor.DirectorioDocumentos, todosLosArchivos);
+        if (ruta) CambiarOpcion(entorno_.editor, &Opciones::ArchivoFuente, *ruta);
+    });
+
+    auto* const opciones = new QGridLayout(grupo);
+    opciones->addWidget(lugar[0], 0, 0);
+    opciones->addWidget(lugar[1], 1, 0);
+    opciones->addWidget(tabla, 1, 1);
+    opciones->addWidget(formato[0], 0, 2);
+    opciones->addWidget(formato[1], 1, 2);
+    opciones->addWidget(parametro, 0, 3);
+    opciones->addWidget(ayuda, 1, 3);
+    opciones->addWidget(nombre, 2, 0);
+    auto* const caja = new QHBoxLayout;
+    caja->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+    caja->addWidget(archivo, 1);
+    caja->addWidget(examinar);
+    opciones->addLayout(caja, 2, 1, 1, 3);
+    opciones->setColumnStretch(3, 1);
+    opciones->setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
+    return grupo;
+}
+
+}  // namespace qor

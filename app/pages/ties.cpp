@@ -1,0 +1,106 @@
+#include "app/pages/ties.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "app/pages/controls.h"
+#include "base/qt/text_boxes.h"
+#include "editor/key_filters.h"
+#include "editor/option_rules.h"
+
+namespace qor {
+
+void Lazos::Hacer(const Accion& accion) const {
+    if (!callado_) evento_(accion);
+}
+
+void Lazos::Cambio(const Accion& accion) const {
+    if (!mostrando_) Hacer(accion);
+}
+
+void Lazos::MostrarTodo() {
+    SinCambios([this] {
+        for (const auto& paso : pasos_) paso();
+    });
+}
+
+QCheckBox* Lazos::Casilla(const char* nombre, QWidget* padre, int Opciones::*opcion) {
+    auto* const casilla = Nuevo<QCheckBox>(nombre, padre);
+    connect(casilla, &QCheckBox::toggled, this,
+            [this, opcion](bool puesta) { Cambio([&] { CambiarOpcion(editor_, opcion, puesta ? 1 : 0); }); });
+    AlMostrar([this, casilla, opcion] { casilla->setChecked(editor_.opciones.*opcion == 1); });
+    return casilla;
+}
+
+std::array<QRadioButton*, 2> Lazos::Par(const char* primero, const char* segundo, QWidget* padre, bool Opciones::*opcion) {
+    auto* const si = Nuevo<QRadioButton>(primero, padre);
+    auto* const no = Nuevo<QRadioButton>(segundo, padre);
+    auto* const grupo = new QButtonGroup(padre);
+    grupo->addButton(si);
+    grupo->addButton(no);
+    connect(si, &QRadioButton::toggled, this,
+            [this, opcion](bool puesto) { Cambio([&] { CambiarOpcion(editor_, opcion, puesto); }); });
+    AlMostrar([this, si, no, opcion] { (editor_.opciones.*opcion ? si : no)->setChecked(true); });
+    return {si, no};
+}
+
+CajaDeLinea* Lazos::Linea(const char* nombre, QWidget* padre, std::string Opciones::*opcion,
+                          void (*cambiar)(Editor&, const std::string&)) {
+    auto* const caja = CajaFiltrada(nombre, padre);
+    connect(caja, &QLineEdit::textChanged, this, [this, caja, opcion, cambiar] {
+        Cambio([&] {
+            if (cambiar != nullptr) return cambiar(editor_, caja->Texto());
+            CambiarOpcion(editor_, opcion, caja->Texto());
+        });
+    });
+    AlMostrar([this, caja, opcion] { caja->PonerTexto(editor_.opciones.*opcion); });
+    return caja;
+}
+
+CajaDeTexto* Lazos::Texto(const char* nombre, QWidget* padre, std::string Opciones::*opcion) {
+    auto* const caja = Nuevo<CajaDeTexto>(nombre, padre);
+    connect(caja, &QPlainTextEdit::textChanged, this,
+            [this, caja, opcion] { Cambio([&] { CambiarOpcion(editor_, opcion, caja->Texto()); }); });
+    AlMostrar([this, caja, opcion] {
+        if (caja->Texto() != editor_.opciones.*opcion) caja->PonerTexto(editor_.opciones.*opcion);
+    });
+    return caja;
+}
+
+QComboBox* Lazos::Combo(const char* nombre, QWidget* padre, std::string Opciones::*opcion) {
+    auto* const combo = Nuevo<QComboBox>(nombre, padre);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    auto* const caja = new CajaDeLinea(combo);
+    combo->setLineEdit(caja);
+    connect(combo, &QComboBox::currentTextChanged, this,
+            [this, caja, opcion] { Cambio([&] { CambiarOpcion(editor_, opcion, caja->Texto()); }); });
+    AlMostrar([this, caja, opcion] { caja->PonerTexto(editor_.opciones.*opcion); });
+    return combo;
+}
+
+QCheckBox* Lazos::CasillaDeAjuste(const char* nombre, QWidget* padre, const std::function<bool()>& leer,
+                                  const std::function<void(bool)>& cambiar) {
+    auto* const casilla = Nuevo<QCheckBox>(nombre, padre);
+    connect(casilla, &QCheckBox::toggled, this, [this, cambiar](bool puesta) { Cambio([&] { cambiar(puesta); }); });
+    AlMostrar([casilla, leer] { casilla->setChecked(leer()); });
+    return casilla;
+}
+
+CajaDeLinea* Lazos::CajaFiltrada(const char* nombre, QWidget* padre) {
+    auto* const caja = Nuevo<CajaDeLinea>(nombre, padre);
+    caja->PonerFiltro([control = std::string(nombre)](std::string_view texto) { return FiltrarTexto(control, texto); });
+    return caja;
+}
+
+QPushButton* Lazos::Boton(const char* nombre, QWidget* padre, const Accion& accion) {
+    auto* const boton = Nuevo<QPushButton>(nombre, padre);
+    boton->setFocusPolicy(Qt::TabFocus);
+    connect(boton, &QPushButton::clicked, this, [this, accion] { Hacer(accion); });
+    return boton;
+}
+
+}  // namespace qor

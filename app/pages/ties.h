@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QObject>
+#include <array>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editor/editor.h"
+
+class QCheckBox;
+class QComboBox;
+class QPushButton;
+class QRadioButton;
+
+namespace qor {
+
+class CajaDeLinea;
+class CajaDeTexto;
+
+// Ties the controls of the main form to what they show. A control shows its piece of the state whenever `MostrarTodo` runs; what a
+// user does to it runs as an event, behind which the main form shows everything anew. Showing makes no events.
+class Lazos : public QObject {
+public:
+    using Accion = std::function<void()>;
+    using Ejecutor = std::function<void(const Accion&)>;
+
+    // `evento` runs an action and shows the state behind it.
+    Lazos(Editor& editor, Ejecutor evento) : editor_(editor), evento_(std::move(evento)) {}
+
+    // ---- Events ----
+
+    void Hacer(const Accion& accion) const;
+    // A change of a control: an event, but nothing while the state is shown.
+    void Cambio(const Accion& accion) const;
+    // From now on nothing runs any more: the controls go with their form.
+    void Callar() { callado_ = true; }
+
+    // ---- What is shown ----
+
+    // Adds what shows a piece of the state.
+    void AlMostrar(Accion paso) { pasos_.push_back(std::move(paso)); }
+    void MostrarTodo();
+    // Runs something that changes controls without a user.
+    template <typename F>
+    void SinCambios(F accion) {
+        const bool antes = std::exchange(mostrando_, true);
+        accion();
+        mostrando_ = antes;
+    }
+
+    // ---- Controls tied to an option of the specification, each with its object name ----
+
+    QCheckBox* Casilla(const char* nombre, QWidget* padre, int Opciones::*opcion);
+    // Two buttons of which one is on: the first where the option is true.
+    std::array<QRadioButton*, 2> Par(const char* primero, const char* segundo, QWidget* padre, bool Opciones::*opcion);
+    // `cambiar` takes a typed text over in the place of CambiarOpcion.
+    CajaDeLinea* Linea(const char* nombre, QWidget* padre, std::string Opciones::*opcion,
+                       void (*cambiar)(Editor&, const std::string&) = nullptr);
+    CajaDeTexto* Texto(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
+    QComboBox* Combo(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
+
+    // ---- Others ----
+
+    // A check box for a setting of the user's.
+    QCheckBox* CasillaDeAjuste(const char* nombre, QWidget* padre, const std::function<bool()>& leer,
+                               const std::function<void(bool)>& cambiar);
+    // A text box with the key filter of its name, tied to nothing.
+    CajaDeLinea* CajaFiltrada(const char* nombre, QWidget* padre);
+    // A push button that runs an event and takes no focus from a cell when it is clicked.
+    QPushButton* Boton(const char* nombre, QWidget* padre, const Accion& accion);
+
+private:
+    Editor& editor_;
+    Ejecutor evento_;
+    std::vector<Accion> pasos_;
+    bool mostrando_ = false;
+    bool callado_ = false;
+};
+
+}  // namespace qor
