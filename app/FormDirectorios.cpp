@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/chosen_path.h"
 #include "base/code_page.h"
 #include "base/paths.h"
 #include "base/qt/text.h"
@@ -54,7 +55,8 @@ CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char
         if (directorio) {
             const QString elegido = QFileDialog::getExistingDirectory(this, {}, caja->text());
             if (const auto texto = DesdeUtf8(elegido.toStdString()); texto && !texto->empty()) caja->PonerTexto(*texto);
-        } else if (const auto ruta = vista_.ElegirParaAbrir(DirectorioDeRuta(caja->Texto()), "*.*|*")) {
+        } else if (const auto ruta =
+                       ComoTexto(vista_.ElegirParaAbrir(RutaDelSistema(DirectorioDeRuta(caja->Texto())), "*.*|*"), vista_)) {
             caja->PonerTexto(*ruta);
         }
     });

@@ -23,10 +23,10 @@
 #include "app/qt/help_window.h"
 #include "app/qt/scroll_page.h"
 #include "app/qt/theme_icon.h"
+#include "base/failure_trap.h"
 #include "base/qt/text.h"
 #include "base/text.h"
 #include "editor/document_commands.h"
-#include "editor/failure_trap.h"
 #include "editor/grids.h"
 #include "editor/help_pages.h"
 #include "editor/option_rules.h"
@@ -49,18 +49,17 @@ QString RutaDeVentana(const Programa& programa) {
 Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista, const FabricaDeConexion& fabrica)
     : programa_(programa),
       vista_(std::move(vista)),
-      editor_(programa.textos, *vista_),
-      lazos_(editor_, [this](const Lazos::Accion& accion) { Hacer(accion); }) {
+      ventana_(abierto_, programa.textos, *vista_),
+      lazos_(ventana_, [this](const Lazos::Accion& accion) { Hacer(accion); }) {
     setObjectName(QStringLiteral("Principal"));
-    PrepararEditor(programa_, editor_);
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
                     [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
                     [this](Tabla tabla, int fila) {
-                        tabla == Tabla::Archivo ? qor::MostrarArchivo(editor_, fila) : qor::MostrarTransaccion(editor_, fila);
+                        tabla == Tabla::Archivo ? qor::MostrarArchivo(ventana_, fila) : qor::MostrarTransaccion(ventana_, fila);
                         Sincronizar();
                     },
                     [this](const std::string& control) { EnfocarControl(control); }, this});
-    if (fabrica) conexion_ = fabrica({programa_, editor_, *vista_, this});
+    if (fabrica) conexion_ = fabrica({programa_, ventana_, *vista_, this});
     if (!conexion_) conexion_ = SinConexion(*vista_);
     Construir();
     RefrescarIdioma();
@@ -86,7 +85,7 @@ void Principal::Construir() {
 }
 
 void Principal::CrearPaginas() {
-    const EntornoDePagina entorno{programa_, editor_, *vista_, lazos_};
+    const EntornoDePagina entorno{programa_, ventana_, *vista_, lazos_};
     rejillas_ =
         new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); }},
                                        {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
@@ -102,9 +101,9 @@ void Principal::CrearPaginas() {
         SSTab1_->addTab(new PaginaDesplazable(pagina), {});
     }
     connect(SSTab1_, &QTabWidget::currentChanged, &lazos_,
-            [this](int pagina) { lazos_.Cambio([&] { editor_.ventana.SSTab1 = pagina; }); });
+            [this](int pagina) { lazos_.Cambio([&] { ventana_.SSTab1 = pagina; }); });
     connect(SSTab2_, &QTabWidget::currentChanged, &lazos_,
-            [this](int pagina) { lazos_.Cambio([&] { editor_.ventana.SSTab2 = pagina; }); });
+            [this](int pagina) { lazos_.Cambio([&] { ventana_.SSTab2 = pagina; }); });
     salida_ = new FilaDeSalida(
         entorno, [this] { ClicGenerar(); }, centro);
     auto* const orden = new QVBoxLayout(centro);
@@ -128,7 +127,7 @@ void Principal::CrearEstado() {
 CeldaDeRejilla* Principal::CeldaActual() const { return qobject_cast<CeldaDeRejilla*>(focusWidget()); }
 
 void Principal::Hacer(const std::function<void()>& accion) {
-    ConTrampa(editor_, accion);
+    ConTrampa(ventana_.vista, accion);
     Sincronizar();
 }
 
@@ -140,18 +139,18 @@ void Principal::Sincronizar() {
         lazos_.MostrarTodo();
         AplicarReglas();
         AplicarConexion();
-        SSTab1_->setCurrentIndex(editor_.ventana.SSTab1);
-        SSTab2_->setCurrentIndex(editor_.ventana.SSTab2);
+        SSTab1_->setCurrentIndex(ventana_.SSTab1);
+        SSTab2_->setCurrentIndex(ventana_.SSTab2);
         // The star of a changed document stands where the place holder is.
-        setWindowTitle(TextoQt(TituloDeVentana(editor_)) + QStringLiteral("[*]"));
-        setWindowModified(editor_.HayCambios || editor_.UndoButton);
-        documento_->setText(TextoQt(editor_.RutaDocumento));
+        setWindowTitle(TextoQt(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]"));
+        setWindowModified(ventana_.documento.HayCambios());
+        documento_->setText(NombreQt(ventana_.documento.ruta));
     });
 }
 
 void Principal::AplicarReglas() {
     const bool adicional = opciones_->OptionEncodingAdditional();
-    for (const auto& [nombre, estado] : EstadoDeControles(editor_, programa_.ajustes.preferencias, adicional)) {
+    for (const auto& [nombre, estado] : EstadoDeControles(ventana_, programa_.ajustes.preferencias, adicional)) {
         auto* const control =
             controles_.Buscar<QWidget>(QByteArray::fromRawData(nombre.data(), static_cast<qsizetype>(nombre.size())));
         if (control == nullptr) continue;
@@ -224,14 +223,14 @@ void Principal::AyudaDelControl() {
 
 // ---- Start and end ----
 
-void Principal::ActivarPorPrimeraVez(const LineaDeComandos& linea) {
-    const PrimeraActivacion plan = PlanearPrimeraActivacion(programa_, linea);
+void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
+    const PrimeraActivacion plan = PlanearPrimeraActivacion(programa_, arranque);
     if (plan.mostrarPresentacion) MostrarPresentacion();
     if (plan.preguntarIdioma) PreguntarIdioma();
     if (cerrado_) return;
     if (!plan.documento.empty()) {
         bool abierto = false;
-        ConTrampa(editor_, [&] { abierto = AbrirInicial(editor_, plan.documento); });
+        ConTrampa(ventana_.vista, [&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
         Sincronizar();
         if (!abierto) TerminarCon(1);
         return;
@@ -241,7 +240,7 @@ void Principal::ActivarPorPrimeraVez(const LineaDeComandos& linea) {
 
 void Principal::TerminarCon(int estado) {
     cerrado_ = true;
-    editor_.CanalDocumento.Cerrar();
+    ventana_.documento.canal.Cerrar();
     hide();
     QCoreApplication::exit(estado);
 }
@@ -249,7 +248,7 @@ void Principal::TerminarCon(int estado) {
 void Principal::closeEvent(QCloseEvent* evento) {
     if (cerrado_) return evento->accept();
     bool cerrar = false;
-    ConTrampa(editor_, [&] { cerrar = CerrarPrograma(programa_, editor_, [this] { conexion_->Logoff(); }); });
+    ConTrampa(ventana_.vista, [&] { cerrar = CerrarPrograma(programa_, ventana_, [this] { conexion_->Logoff(); }); });
     if (!cerrar) {
         evento->ignore();
         Sincronizar();

@@ -13,7 +13,7 @@
 #include "app/start_up.h"
 #include "base/qt/dialog.h"
 #include "editor/cell_keys.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 #include "generator/request.h"
 
 class QAction;
@@ -31,7 +31,7 @@ class PaginaDeRejillas;
 class VentanaDeAyuda;
 
 // The main form: window, menus, tool bar, status bar, dialogs, start and end; its pages are widgets of their own (app/pages/). It
-// shows the state of its editor, passes events to the core, and shows the state anew behind each of them. Every control bears its
+// shows the state of its window, passes events to the core, and shows the state anew behind each of them. Every control bears its
 // name as object name; a control of an array is named with its index, such as Text1_0.
 class Principal : public QMainWindow {
     Q_OBJECT
@@ -40,10 +40,10 @@ public:
     Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista, const FabricaDeConexion& fabrica = {});
     ~Principal() override;
 
-    Editor& ElEditor() { return editor_; }
+    Ventana& LaVentana() { return ventana_; }
 
     // What follows on the first showing: opening box, language, the document named at the start, logon.
-    void ActivarPorPrimeraVez(const LineaDeComandos& linea);
+    void ActivarPorPrimeraVez(const Arranque& arranque);
 
     // Shows the editor's state in all controls.
     void Sincronizar();
@@ -84,6 +84,8 @@ private:
     QAction* NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion);
     void PulsarEnCelda(Tecla tecla);
     void AbrirEjemplo();
+    // Asks which document to open, starting from a directory, and opens it.
+    void ElegirYAbrir(const std::filesystem::path& directorio);
 
     // ---- PrincipalDialogos.cpp ----
     AbrirAyuda Ayuda();
@@ -108,7 +110,8 @@ private:
 
     Programa& programa_;
     std::unique_ptr<VistaDePantalla> vista_;
-    Editor editor_;
+    Documento abierto_;
+    Ventana ventana_;
     std::unique_ptr<AccionesDeConexion> conexion_;
 
     Lazos lazos_;

@@ -34,14 +34,8 @@ AbrirAyuda Principal::Ayuda() {
 }
 
 PedidoDeGeneracion Principal::Pedido() {
-    return {editor_.especificacion,
-            editor_.opciones,
-            programa_.ajustes.preferencias,
-            programa_.textos,
-            *vista_,
-            editor_.RutaDocumento,
-            editor_.NombreDocumento,
-            conexion_->Sistema()};
+    return PedidoDeGeneracion::De(ventana_.documento, programa_.ajustes.preferencias, programa_.textos, *vista_,
+                                  conexion_->Sistema());
 }
 
 void Principal::ClicGenerar() { Generar(Pedido(), programa_.generador); }
@@ -52,34 +46,34 @@ void Principal::ClicImprimir() {
 }
 
 void Principal::ClicNotas(FilaDeTabla fila) {
-    FormNotas(editor_, fila, Ayuda(), this).exec();
-    ColorearFila(editor_, fila);
+    FormNotas(ventana_, fila, Ayuda(), this).exec();
+    ColorearFila(ventana_, fila);
 }
 
 void Principal::ClicCodigo(int fila) {
-    FormABAPWindow(editor_, fila, programa_.directorioDeDatos, Ayuda(), this).exec();
-    ColorearFila(editor_, {Tabla::Archivo, fila});
+    FormABAPWindow(ventana_, fila, programa_.directorioDeDatos, Ayuda(), this).exec();
+    ColorearFila(ventana_, {Tabla::Archivo, fila});
 }
 
-void Principal::ClicCondiciones() { FormConditions(editor_, Ayuda(), this).exec(); }
+void Principal::ClicCondiciones() { FormConditions(ventana_, Ayuda(), this).exec(); }
 
 void Principal::ClicDefiniciones() {
     FormNuevasVariables(
-        editor_, [this](QWidget* ventana) { NavegarBAPIs(ventana, true, -1); }, Ayuda(), this)
+        ventana_, [this](QWidget* ventana) { NavegarBAPIs(ventana, true, -1); }, Ayuda(), this)
         .exec();
 }
 
 void Principal::ClicOrigen() {
-    auto estado = AbrirOrigen(editor_, programa_.ajustes.preferencias);
+    auto estado = AbrirOrigen(ventana_, programa_.ajustes.preferencias);
     if (!estado) return;
     FormDataSource(
-        editor_, programa_.ajustes.preferencias, std::move(*estado),
+        ventana_, programa_.ajustes.preferencias, std::move(*estado),
         [this](const std::string& texto, QWidget* ventana) { MostrarEstructuras(texto, ventana); }, Ayuda(), this)
         .exec();
 }
 
 void Principal::ClicPreview() {
-    const std::string texto = TextoDePreview(editor_, programa_.ajustes.preferencias);
+    const std::string texto = TextoDePreview(ventana_, programa_.ajustes.preferencias);
     if (!texto.empty()) MostrarEstructuras(texto, this);
 }
 
@@ -88,7 +82,7 @@ void Principal::MostrarEstructuras(const std::string& texto, QWidget* ventana) {
 }
 
 void Principal::ClicAgregarOperacion() {
-    AgregarOperacion(editor_, [this](int fila) {
+    AgregarOperacion(ventana_, [this](int fila) {
         FormTrans dialogo(
             programa_.textos, [this, fila](QWidget* ventana) { NavegarBAPIs(ventana, false, fila); }, this);
         dialogo.exec();
@@ -109,16 +103,14 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }
                           }};
-    FormBAPI(editor_, std::move(entorno), ventana).exec();
+    FormBAPI(ventana_.documento, programa_.textos, *vista_, std::move(entorno), ventana).exec();
 }
 
-void Principal::ClicEditorBDC() { FormBDCEditor(programa_.textos, *vista_, editor_.DirectorioDocumentos, Ayuda(), this).exec(); }
-
-void Principal::ClicDirectorios() {
-    programa_.ajustes.DirectorioDocumentos = editor_.DirectorioDocumentos;
-    FormDirectorios dialogo(programa_.textos, *vista_, programa_.ajustes, this);
-    if (dialogo.exec() == QDialog::Accepted) editor_.DirectorioDocumentos = programa_.ajustes.DirectorioDocumentos;
+void Principal::ClicEditorBDC() {
+    FormBDCEditor(programa_.textos, *vista_, programa_.ajustes.DirectorioDocumentos, Ayuda(), this).exec();
 }
+
+void Principal::ClicDirectorios() { FormDirectorios(programa_.textos, *vista_, programa_.ajustes, this).exec(); }
 
 // ---- Language and opening box ----
 

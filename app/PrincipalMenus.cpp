@@ -13,6 +13,7 @@
 #include "app/pages/grids_page.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/theme_icon.h"
+#include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "editor/cell_actions.h"
@@ -65,10 +66,11 @@ void Principal::CrearMenus() {
 
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
-    auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(editor_); });
-    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { OpenOption(editor_); });
-    auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(editor_); });
-    auto* const grabarComo = NuevaAccion("SaveAsOption", archivo, [this] { SaveAsOption(editor_); });
+    auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(ventana_); });
+    auto* const abrir =
+        NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(RutaDelSistema(programa_.ajustes.DirectorioDocumentos)); });
+    auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(ventana_); });
+    auto* const grabarComo = NuevaAccion("SaveAsOption", archivo, [this] { SaveAsOption(ventana_); });
     archivo->addSeparator();
     auto* const imprimir = NuevaAccion("PrintOption", archivo, [this] { ClicImprimir(); });
     archivo->addSeparator();
@@ -91,25 +93,25 @@ void Principal::CrearMenuDeArchivo() {
 
 void Principal::CrearMenuDeEdicion() {
     QMenu* const edicion = NuevoMenu("EditOption");
-    auto* const deshacer = NuevaAccion("UndoOption", edicion, [this] { Deshacer(editor_); });
+    auto* const deshacer = NuevaAccion("UndoOption", edicion, [this] { Deshacer(ventana_); });
     edicion->addSeparator();
-    auto* const subir = NuevaAccion("UpOption", edicion, [this] { UpButton(editor_); });
-    auto* const bajar = NuevaAccion("DownOption", edicion, [this] { DownButton(editor_); });
+    auto* const subir = NuevaAccion("UpOption", edicion, [this] { UpButton(ventana_); });
+    auto* const bajar = NuevaAccion("DownOption", edicion, [this] { DownButton(ventana_); });
     auto* const insertar = NuevaAccion("InsertOption", edicion, [this] { PulsarEnCelda(Tecla::F5); });
     auto* const borrar = NuevaAccion("DeleteOption", edicion, [this] { PulsarEnCelda(Tecla::F6); });
-    NuevaAccion("RemoveBlankOption", edicion, [this] { QuitarFilasEnBlanco(editor_); });
+    NuevaAccion("RemoveBlankOption", edicion, [this] { QuitarFilasEnBlanco(ventana_); });
     edicion->addSeparator();
     auto* const nota = NuevaAccion("NoteOption", edicion, [this] {
         auto* const celda = CeldaActual();
         if (celda == nullptr) return;
         const bool deArchivo = TablaDe(celda->Lugar().columna) == Tabla::Archivo;
-        const LugarDeCelda lugar{deArchivo ? Columna::Text2 : Columna::Text4, celda->Lugar().linea};
-        if (const auto fila = DobleClicEnCelda(editor_, lugar)) ClicNotas(*fila);
+        const LugarDeCelda lugar{deArchivo ? Columna::Ancho : Columna::Campo, celda->Lugar().linea};
+        if (const auto fila = DobleClicEnCelda(ventana_, lugar)) ClicNotas(*fila);
     });
     auto* const codigo = NuevaAccion("CodeOption", edicion, [this] {
         auto* const celda = CeldaActual();
         if (celda == nullptr || TablaDe(celda->Lugar().columna) != Tabla::Archivo) return;
-        if (const auto fila = ClicEnABAP(editor_, celda->Lugar().linea)) ClicCodigo(*fila);
+        if (const auto fila = ClicEnABAP(ventana_, celda->Lugar().linea)) ClicCodigo(*fila);
     });
     edicion->addSeparator();
     auto* const definiciones = NuevaAccion("DefinitionsOption", edicion, [this] { ClicDefiniciones(); });
@@ -153,10 +155,15 @@ void Principal::CrearOtrosMenus() {
 
 // Demonstrations are the examples that come with the program, opened like any document.
 void Principal::AbrirEjemplo() {
-    const std::string antes = editor_.DirectorioDocumentos;
-    editor_.DirectorioDocumentos = TextoDelModelo(DirectorioDeEjemplos(programa_.directorioDeDatos));
-    OpenOption(editor_);
-    editor_.DirectorioDocumentos = antes;
+    const std::string antes = programa_.ajustes.DirectorioDocumentos;
+    ElegirYAbrir(RutaDeQt(DirectorioDeEjemplos(programa_.directorioDeDatos)));
+    programa_.ajustes.DirectorioDocumentos = antes;
+}
+
+void Principal::ElegirYAbrir(const std::filesystem::path& directorio) {
+    if (!DejarDocumento(ventana_)) return;
+    const auto ruta = vista_->ElegirParaAbrir(directorio, filtroDeDocumentos);
+    if (ruta && OpenOption(ventana_, *ruta)) RecordarDirectorio(programa_, ventana_.documento);
 }
 
 void Principal::CrearBarra() {
@@ -183,8 +190,8 @@ void Principal::CrearBarra() {
         control->setFocusPolicy(Qt::NoFocus);
     }
     lazos_.AlMostrar([this] {
-        controles_.Buscar<QAction>("UndoOption")->setEnabled(editor_.UndoButton);
-        const int imagen = editor_.HayDefiniciones() ? 2 : 1;
+        controles_.Buscar<QAction>("UndoOption")->setEnabled(!ventana_.documento.deshacer.Vacia());
+        const int imagen = ventana_.documento.HayDefiniciones() ? 2 : 1;
         if (imagen == imagenDeDefiniciones_) return;
         imagenDeDefiniciones_ = imagen;
         controles_.Buscar<QAction>("DefinitionsOption")->setIcon(IconoDeTema(imagen == 2 ? "definitions-filled" : "definitions"));

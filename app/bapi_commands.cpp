@@ -9,7 +9,6 @@
 #include "bapi/insertion.h"
 #include "bapi/search.h"
 #include "base/text.h"
-#include "editor/document_commands.h"
 
 namespace qor {
 
@@ -72,20 +71,21 @@ bool Show(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 }
 
 bool Insert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     const auto catalogo = Cargar(contexto, argumentos);
     if (!catalogo) return false;
     const std::string nombre = DeArgumento(argumentos.texto);
     if (catalogo->Buscar(nombre) == nullptr) return SinHallazgo(contexto);
-    const int fila = editor.especificacion.PrimeraPosicionLibreTransaccion();
+    const int fila = abierto.documento.especificacion.PrimeraPosicionLibreTransaccion();
     if (!argumentos.definicion && fila > ultimaFila) {
         contexto.vista.Advertir(Componer(contexto.textos, {515}));
         return false;
     }
-    const auto resultado = ElegirBAPI(editor, ArchivoDe(contexto, argumentos), nombre, argumentos.definicion, fila,
-                                      [&] { return std::optional(!argumentos.obligatorios); });
-    return resultado == ResultadoInsercion::Hecho && SaveOption(editor);
+    const auto resultado = ElegirBAPI(
+        abierto.documento, ArchivoDe(contexto, argumentos), nombre, argumentos.definicion, fila,
+        [&] { return std::optional(!argumentos.obligatorios); }, contexto.textos, contexto.vista);
+    return resultado == ResultadoInsercion::Hecho && abierto.Guardar(contexto);
 }
 
 CLI::App* AgregarOrden(CLI::App* bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,

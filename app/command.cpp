@@ -2,7 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/failure.h"
-#include "editor/document_commands.h"
+#include "model/document_file.h"
 
 namespace qor {
 
@@ -12,15 +12,18 @@ std::string DeArgumento(const std::string& argumento) {
     return *texto;
 }
 
-bool AbrirDocumento(Editor& editor, const std::string& documento) {
-    editor.AbrirDesdeComando = true;
-    editor.ArchivoInicial = documento;
-    return OpenOption(editor);
+bool DocumentoDeComando::Abrir(const ContextoDeComando& contexto, const std::filesystem::path& ruta) {
+    if (!AbrirDocumento(documento, ruta, contexto.textos, contexto.vista)) return false;
+    lineas.MostrarDocumento(documento.especificacion, contexto.textos, contexto.vista);
+    return true;
 }
 
-PedidoDeGeneracion PedidoDe(const ContextoDeComando& contexto, Editor& editor) {
-    return {editor.especificacion, editor.opciones,      contexto.ajustes.preferencias, contexto.textos,
-            contexto.vista,        editor.RutaDocumento, editor.NombreDocumento};
+bool DocumentoDeComando::Guardar(const ContextoDeComando& contexto) {
+    return GuardarDocumento(documento, contexto.textos, contexto.vista);
+}
+
+PedidoDeGeneracion DocumentoDeComando::Pedido(const ContextoDeComando& contexto) {
+    return PedidoDeGeneracion::De(documento, contexto.ajustes.preferencias, contexto.textos, contexto.vista);
 }
 
 }  // namespace qor

@@ -10,8 +10,9 @@
 #include "app/settings.h"
 #include "base/messages.h"
 #include "base/view.h"
-#include "editor/editor.h"
 #include "generator/request.h"
+#include "model/document.h"
+#include "model/first_lines.h"
 
 namespace CLI {
 class App;
@@ -52,9 +53,15 @@ void AgregarComandosDeSAP(Ordenes ordenes);        // import, widths, publish
 // An argument as a text of the model. Throws FalloDeEjecucion when the code page can't hold it.
 std::string DeArgumento(const std::string& argumento);
 
-// Opens a document for a command, as the desktop does.
-bool AbrirDocumento(Editor& editor, const std::string& documento);
+// The document that a command works on, with the lines that a screen would show first.
+struct DocumentoDeComando {
+    Documento documento;
+    PrimerasLineas lineas;
 
-PedidoDeGeneracion PedidoDe(const ContextoDeComando& contexto, Editor& editor);
+    // Opens a document as the desktop does.
+    bool Abrir(const ContextoDeComando& contexto, const std::filesystem::path& ruta);
+    bool Guardar(const ContextoDeComando& contexto);
+    PedidoDeGeneracion Pedido(const ContextoDeComando& contexto);
+};
 
 }  // namespace qor

@@ -6,7 +6,7 @@
 
 #include "app/start_up.h"
 #include "base/view.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 #include "generator/request.h"
 #include "sap/session.h"
 
@@ -43,9 +43,9 @@ public:
 // All that a connection works with. Everything belongs to the main form and outlives the connection.
 struct EntornoDeConexion {
     Programa& programa;
-    Editor& editor;
+    Ventana& ventana;
     Vista& vista;
-    QWidget* ventana;  // parent of its dialogs
+    QWidget* padre;  // of its dialogs
 };
 
 using FabricaDeConexion = std::function<std::unique_ptr<AccionesDeConexion>(const EntornoDeConexion&)>;

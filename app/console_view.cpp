@@ -46,10 +46,11 @@ Respuesta VistaDeConsola::Preguntar(const Mensaje& mensaje, Botones botones) {
 }
 
 // Paths come with the command; no dialog is ever shown.
-std::optional<std::string> VistaDeConsola::ElegirParaAbrir(const std::string& /*directorio*/, const std::string& /*filtro*/) {
+std::optional<std::filesystem::path> VistaDeConsola::ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
+                                                                     const std::string& /*filtro*/) {
     return std::nullopt;
 }
-std::optional<std::string> VistaDeConsola::ElegirParaGrabar(const std::string& /*filtro*/) { return std::nullopt; }
+std::optional<std::filesystem::path> VistaDeConsola::ElegirParaGrabar(const std::string& /*filtro*/) { return std::nullopt; }
 
 // Without a screen there is nothing to move, point at or focus.
 void VistaDeConsola::PunteroOcupado(bool /*ocupado*/) {}
@@ -62,6 +63,6 @@ void VistaDeConsola::MostrarTexto(const std::string& texto) {
     if (!listo.ends_with('\n')) salida_ << '\n';
 }
 
-bool VistaDeConsola::AbrirEditor(const std::string& /*ruta*/) { return false; }
+bool VistaDeConsola::AbrirEditor(const std::filesystem::path& /*ruta*/) { return false; }
 
 }  // namespace qor

@@ -21,14 +21,15 @@ public:
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::string> ElegirParaAbrir(const std::string& directorio, const std::string& filtro) override;
-    std::optional<std::string> ElegirParaGrabar(const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
+                                                         const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
     void PunteroOcupado(bool ocupado) override;
     void MostrarFila(Tabla tabla, int fila) override;
     void Enfocar(const std::string& control) override;
     void MostrarTexto(const std::string& texto) override;
     bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::string& ruta) override;
+    bool AbrirEditor(const std::filesystem::path& ruta) override;
 
 private:
     std::ostream& salida_;

@@ -1,5 +1,3 @@
-#include "editor/document_commands.h"
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
@@ -13,6 +11,7 @@
 #include "base/text.h"
 #include "generator/data_source_models.h"
 #include "generator/generate.h"
+#include "model/document_file.h"
 #include "print/specification_print.h"
 #include "print/text_device.h"
 
@@ -29,35 +28,33 @@ struct Argumentos {
 };
 
 bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
-    if (argumentos.archivo) editor.opciones.Programa = DeArgumento(*argumentos.archivo);
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
+    if (argumentos.archivo) abierto.documento.opciones.Programa = DeArgumento(*argumentos.archivo);
     EstadoDelGenerador estado;
-    return Generar(PedidoDe(contexto, editor), estado);
+    return Generar(abierto.Pedido(contexto), estado);
 }
 
 bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    return AbrirDocumento(editor, DeArgumento(argumentos.documento)) && ChequearEspecificacion(PedidoDe(contexto, editor));
+    DocumentoDeComando abierto;
+    return abierto.Abrir(contexto, argumentos.documento) && ChequearEspecificacion(abierto.Pedido(contexto));
 }
 
 bool Convert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
-    const std::string nuevo = DeArgumento(*argumentos.archivo);
-    if (EstaEnBlanco(nuevo)) return false;
-    FijarDocumento(editor, nuevo);
-    return SaveOption(editor);
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
+    if (EstaEnBlanco(*argumentos.archivo)) return false;
+    return GuardarDocumentoComo(abierto.documento, *argumentos.archivo, contexto.textos, contexto.vista);
 }
 
 const std::map<std::string, FuenteDeModelo> fuentes = {
     {"client-flat", FuenteDeModelo::ClientFlat}, {"client-tab", FuenteDeModelo::ClientTab}, {"server", FuenteDeModelo::Server}};
 
 bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
-    editor.especificacion.OrigenUsuario = true;
-    const auto pedido = PedidoDe(contexto, editor);
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
+    abierto.documento.especificacion.OrigenUsuario = true;
+    const auto pedido = abierto.Pedido(contexto);
     const auto estructuras = ImprimirEstructuras(pedido);
     if (estructuras.texto.empty()) return false;
     const auto& tablas = estructuras.tablas;
@@ -65,16 +62,16 @@ bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (std::find(tablas.begin(), tablas.end(), itab) == tablas.end()) {
         throw MalUso("--table: the report has no internal table " + *argumentos.tabla);
     }
-    const auto textos = TextosDe(editor.especificacion);
+    const auto textos = TextosDe(abierto.documento.especificacion);
     const bool hecho = argumentos.modelo == "file"       ? ModeloArchivo(pedido, textos, itab, fuentes.at(argumentos.fuente))
                        : argumentos.modelo == "open-sql" ? ModeloOpenSQL(pedido, textos, itab, estructuras.texto)
                                                          : ModeloSQLNativo(pedido, textos, itab, estructuras.texto);
-    return hecho && SaveOption(editor);
+    return hecho && abierto.Guardar(contexto);
 }
 
 bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     DispositivoDeTexto dispositivo;
     std::optional<ArchivoDeSalida> archivo;
     // The file is opened before anything is said to be printed.
@@ -82,7 +79,7 @@ bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
         if (argumentos.archivo) archivo.emplace(*argumentos.archivo);
         return &dispositivo;
     };
-    if (!PrintOption(PedidoDe(contexto, editor), elegir)) return false;
+    if (!PrintOption(abierto.Pedido(contexto), elegir)) return false;
     if (archivo) {
         archivo->Escribir(dispositivo.Texto());
     } else {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 #include <QProcess>
 #include <QTimer>
@@ -27,7 +28,7 @@ void Avisar(const char* texto) {
 std::string LineaDe(const QStringList& argumentos) {
     QString linea = argumentos.mid(1).join(QLatin1Char(' '));
     if (argumentos.size() > 2 && argumentos.at(1) == QLatin1String("#$%")) linea.remove(3, 1);
-    return linea.toStdString();
+    return QFile::encodeName(linea).toStdString();
 }
 
 void RegistrarTipoDeArchivo() {
@@ -80,16 +81,12 @@ int main(int cantidad, char** argumentos) {
     }
     const QStringList dados = QApplication::arguments();
     if (dados.size() > 1 && dados.at(1) == QLatin1String("--data-set-editor")) return CorrerEditorDeDatos(programa, dados.mid(2));
-    const auto linea = qor::DesdeUtf8(LineaDe(QApplication::arguments()));
-    if (!linea) {
-        Avisar("The name of the document has a character outside windows-1252.");
-        return 1;
-    }
+    const std::string linea = LineaDe(QApplication::arguments());
     RegistrarTipoDeArchivo();
 
     qor::Principal principal(programa, std::make_unique<qor::VistaDePantalla>(programa.textos), qor::ConexionSAP);
     principal.show();
     // Behind the first painting of the window, so that the opening box comes up in front of it.
-    QTimer::singleShot(0, &principal, [&] { principal.ActivarPorPrimeraVez(qor::LeerLineaDeComandos(*linea)); });
+    QTimer::singleShot(0, &principal, [&] { principal.ActivarPorPrimeraVez(qor::LeerArranque(linea)); });
     return QApplication::exec();
 }

@@ -3,13 +3,13 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "app/command.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
-#include "editor/close_gaps.h"
-#include "editor/document_commands.h"
+#include "model/gaps.h"
 #include "sap/import.h"
 #include "sap/publish.h"
 #include "sap/widths.h"
@@ -32,12 +32,9 @@ struct Argumentos {
 };
 
 // A document that doesn't exist starts as a new one.
-bool AbrirONuevo(Editor& editor, const std::string& documento) {
-    std::error_code ignorado;
-    if (std::filesystem::exists(std::filesystem::symlink_status(RutaDelSistema(documento), ignorado))) {
-        return AbrirDocumento(editor, documento);
-    }
-    FijarDocumento(editor, documento);
+bool AbrirONuevo(DocumentoDeComando& abierto, const ContextoDeComando& contexto, const std::filesystem::path& ruta) {
+    if (ExisteNombre(ruta)) return abierto.Abrir(contexto, ruta);
+    abierto.documento.ruta = RutaAbsoluta(ruta);
     return true;
 }
 
@@ -56,16 +53,28 @@ bool EmpiezaEnBlanco(const Especificacion& especificacion) {
 }
 
 bool Import(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirONuevo(editor, DeArgumento(argumentos.documento))) return false;
+    DocumentoDeComando abierto;
+    if (!AbrirONuevo(abierto, contexto, argumentos.documento)) return false;
     contexto.vista.Responder(330, RespuestaSobreFilas(argumentos));
-    if (!ImportarSesion(editor, DeArgumento(argumentos.archivo))) return false;
-    if (argumentos.cerrarHuecos) QuitarFilasEnBlanco(editor);
-    if (EmpiezaEnBlanco(editor.especificacion)) {
+    auto& especificacion = abierto.documento.especificacion;
+    auto importacion = LeerImportacion(especificacion, argumentos.archivo, contexto.textos, contexto.vista);
+    if (!importacion) return false;
+    if (importacion->filas == 0) {
+        contexto.vista.Advertir(MensajeLiteral("The file holds no recording and no session; nothing was imported."));
+        return false;
+    }
+    Importar(abierto.documento, std::move(*importacion));
+    abierto.lineas.MostrarTransaccion(especificacion);
+    contexto.vista.Informar(Componer(contexto.textos, {329}));
+    if (argumentos.cerrarHuecos) {
+        especificacion.TablaTransaccion = SinFilasEnBlanco(especificacion);
+        abierto.lineas.MostrarTransaccion(especificacion);
+    }
+    if (EmpiezaEnBlanco(especificacion)) {
         contexto.vista.Advertir(Componer(contexto.textos, {302}));
         return false;
     }
-    return SaveOption(editor);
+    return abierto.Guardar(contexto);
 }
 
 void ImprimirReporte(const LineasABAP& lineas, std::ostream& salida) {
@@ -73,16 +82,16 @@ void ImprimirReporte(const LineasABAP& lineas, std::ostream& salida) {
 }
 
 // The whole text of a file, or the message that tells of its absence.
-std::optional<std::string> LeerOAdvertir(const ContextoDeComando& contexto, const std::string& archivo, int mensaje) {
+std::optional<std::string> LeerOAdvertir(const ContextoDeComando& contexto, const std::filesystem::path& archivo, int mensaje) {
     try {
-        return LeerArchivo(RutaDelSistema(archivo));
-    } catch (const FalloDeEjecucion&) {
-        contexto.vista.Advertir(Componer(contexto.textos, {mensaje}));
+        return LeerArchivo(archivo);
+    } catch (const FalloDeEjecucion& fallo) {
+        contexto.vista.Advertir(ConDetalle(Componer(contexto.textos, {mensaje}), fallo));
         return std::nullopt;
     }
 }
 
-bool Query(const ContextoDeComando& contexto, const std::string& archivo) {
+bool Query(const ContextoDeComando& contexto, const std::filesystem::path& archivo) {
     const auto texto = LeerOAdvertir(contexto, archivo, 415);
     if (!texto) return false;
     ImprimirReporte(ReporteDeAnchos(PartirEnLineas(*texto)), contexto.salida);
@@ -90,17 +99,20 @@ bool Query(const ContextoDeComando& contexto, const std::string& archivo) {
 }
 
 bool Widths(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    if (argumentos.consulta) return Query(contexto, DeArgumento(*argumentos.consulta));
-    Editor editor(contexto.textos, contexto.vista);
-    if (!AbrirDocumento(editor, DeArgumento(argumentos.documento))) return false;
+    if (argumentos.consulta) return Query(contexto, *argumentos.consulta);
+    DocumentoDeComando abierto;
+    if (!abierto.Abrir(contexto, argumentos.documento)) return false;
+    auto& especificacion = abierto.documento.especificacion;
     if (argumentos.exportar) {
-        return GenerarInfoCampos(editor.especificacion, DeArgumento(*argumentos.exportar), false, contexto.textos, contexto.vista);
+        return GenerarInfoCampos(especificacion, *argumentos.exportar, false, contexto.textos, contexto.vista);
     }
-    return ImportInfo(editor, DeArgumento(*argumentos.importar)) && SaveOption(editor);
+    if (!ImportInfo(abierto.documento, *argumentos.importar, contexto.textos, contexto.vista)) return false;
+    abierto.lineas.MostrarArchivo(especificacion, contexto.textos, contexto.vista);
+    return abierto.Guardar(contexto);
 }
 
 bool Publish(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    const auto fuente = LeerOAdvertir(contexto, DeArgumento(argumentos.archivo), 411);
+    const auto fuente = LeerOAdvertir(contexto, argumentos.archivo, 411);
     if (!fuente) return false;
     ImprimirReporte(ComponerPublicacion(*fuente, DeArgumento(argumentos.nombre)).lineas, contexto.salida);
     return true;

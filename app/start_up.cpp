@@ -26,23 +26,22 @@ std::string SinComillas(std::string_view texto) {
 }
 
 // The path with its name as the directory has it: on a disk that doesn't tell case apart, the case of the letters.
-std::string ConNombreDelDisco(const std::string& documento) {
-    const fs::path ruta = RutaDelSistema(documento);
+fs::path ConNombreDelDisco(const fs::path& documento) {
     std::error_code error;
-    if (!fs::exists(ruta, error)) return documento;
-    const fs::path directorio = ruta.has_parent_path() ? ruta.parent_path() : fs::path(".");
-    std::string parecido;
+    if (!fs::exists(documento, error)) return documento;
+    const fs::path directorio = documento.has_parent_path() ? documento.parent_path() : fs::path(".");
+    fs::path parecido;
     for (fs::directory_iterator lugar(directorio, error), fin; !error && lugar != fin; lugar.increment(error)) {
-        const std::string nombre = RutaDelModelo(lugar->path().filename());
-        if (nombre == NombreDeRuta(documento)) return documento;
+        const fs::path nombre = lugar->path().filename();
+        if (nombre == documento.filename()) return documento;
         std::error_code ignorado;
-        if (IgualesSinCaja(nombre, NombreDeRuta(documento)) && fs::equivalent(lugar->path(), ruta, ignorado)) parecido = nombre;
+        const bool igual = IgualesSinCaja(TextoDeRuta(nombre), TextoDeRuta(documento.filename()));
+        if (igual && fs::equivalent(lugar->path(), documento, ignorado)) parecido = nombre;
     }
-    return parecido.empty() ? documento : ObtenerPath(documento) + parecido;
+    return parecido.empty() ? documento : documento.parent_path() / parecido;
 }
 
-void GuardarTodo(Programa& programa, const Editor& editor) {
-    programa.ajustes.DirectorioDocumentos = editor.DirectorioDocumentos;
+void GuardarTodo(Programa& programa) {
     GuardarAjustes(programa.ini, programa.ajustes);
     programa.ini.GuardarINI(programa.rutaDeAjustes);
 }
@@ -73,37 +72,34 @@ ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre) {
     return CargarIdioma(programa, programa.ajustes.IdiomaActual);
 }
 
-void PrepararEditor(const Programa& programa, Editor& editor) {
-    editor.DirectorioDocumentos = programa.ajustes.DirectorioDocumentos;
-    editor.RegistrarCambios = true;
-    editor.HayCambios = false;
+void RecordarDirectorio(Programa& programa, const Documento& documento) {
+    try {
+        programa.ajustes.DirectorioDocumentos = ObtenerPath(RutaDelModelo(documento.ruta));
+    } catch (const FalloDeEjecucion&) {
+        // The old one stays.
+    }
 }
 
-LineaDeComandos LeerLineaDeComandos(std::string_view linea) {
+Arranque LeerArranque(std::string_view linea) {
     const bool sinCaja = linea.starts_with(sinPresentacion);
     if (sinCaja) linea.remove_prefix(sinPresentacion.size());
     return {!sinCaja, SinComillas(linea)};
 }
 
-PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const LineaDeComandos& linea) {
-    return {linea.conPresentacion, EstaEnBlanco(programa.ajustes.IdiomaActual), linea.documento,
-            linea.documento.empty() && programa.ajustes.LogonAlInicio};
+PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const Arranque& arranque) {
+    return {arranque.conPresentacion, EstaEnBlanco(programa.ajustes.IdiomaActual), arranque.documento,
+            arranque.documento.empty() && programa.ajustes.LogonAlInicio};
 }
 
-bool AbrirInicial(Editor& editor, const std::string& documento) {
-    editor.ArchivoInicial = documento;
-    try {
-        editor.ArchivoInicial = ConNombreDelDisco(documento);
-    } catch (const FalloDeEjecucion&) {
-        // Another file there has a name that the code page can't hold: the name stays as it was given.
-    }
-    editor.AbrirDesdeComando = true;
-    return OpenOption(editor);
+bool AbrirInicial(Programa& programa, Ventana& ventana, const fs::path& documento) {
+    if (!OpenOption(ventana, ConNombreDelDisco(documento))) return false;
+    RecordarDirectorio(programa, ventana.documento);
+    return true;
 }
 
-bool CerrarPrograma(Programa& programa, Editor& editor, const std::function<void()>& desconectar) {
-    if (!CerrarDocumento(editor)) return false;
-    GuardarTodo(programa, editor);
+bool CerrarPrograma(Programa& programa, Ventana& ventana, const std::function<void()>& desconectar) {
+    if (!CerrarDocumento(ventana)) return false;
+    GuardarTodo(programa);
     BorrarTemporal(programa.generador);
     if (desconectar) desconectar();
     return true;

@@ -7,14 +7,14 @@
 
 #include "app/language.h"
 #include "app/settings.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 #include "generator/generate.h"
 
 // The desktop program from its start to its end: what is loaded, what the first activation of the main form does, and the order of
 // closing.
 namespace qor {
 
-// What the main form holds beside the editor, and what outlives a document.
+// What the main form holds beside the ventana, and what outlives a document.
 struct Programa {
     std::filesystem::path directorioDeDatos;
     std::filesystem::path rutaDeAjustes;
@@ -36,33 +36,35 @@ constexpr const char* avisoFalloListaDeIdiomas = "An error has occurred while tr
 // A language chosen by the user, at the first start or by the menu. Nothing with a blank name.
 ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre);
 
-// An editor as the program starts with.
-void PrepararEditor(const Programa& programa, Editor& editor);
+// The directory of the document that was opened is the one where the next one is looked for. A name that the settings can't hold is
+// passed over.
+void RecordarDirectorio(Programa& programa, const Documento& documento);
 
-struct LineaDeComandos {
-    bool conPresentacion = true;  // the opening box is shown
-    std::string documento;        // to open; empty for none
+// What the command line of the desktop program asks for.
+struct Arranque {
+    bool conPresentacion = true;      // the opening box is shown
+    std::filesystem::path documento;  // to open; empty for none
 };
 
-// The prefix "#$%" asks for no opening box; the document may stand in double quotes.
-LineaDeComandos LeerLineaDeComandos(std::string_view linea);
+// The prefix "#$%" asks for no opening box; the document may stand in double quotes. The bytes are those of the system.
+Arranque LeerArranque(std::string_view linea);
 
 // What the first activation does, in this order.
 struct PrimeraActivacion {
     bool mostrarPresentacion = false;
-    bool preguntarIdioma = false;  // FormSelectLanguage, then ElegirIdioma with "Espanol" or "English"
-    std::string documento;         // for AbrirInicial; empty for none
-    bool conectar = false;         // log on
+    bool preguntarIdioma = false;     // FormSelectLanguage, then ElegirIdioma with "Espanol" or "English"
+    std::filesystem::path documento;  // for AbrirInicial; empty for none
+    bool conectar = false;            // log on
 };
 
-PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const LineaDeComandos& linea);
+PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const Arranque& arranque);
 
 // Opens the document named at the start, under the name that the disk has for it. False when it can't be opened: the program ends.
-bool AbrirInicial(Editor& editor, const std::string& documento);
+bool AbrirInicial(Programa& programa, Ventana& ventana, const std::filesystem::path& documento);
 
 // The unload of the main form: the question about changes, the document, the settings, the temporary file, then `desconectar`,
 // which logs off where there is a connection. False when the user keeps the program open; nothing but a save has happened then.
 // What fails on the way is passed over.
-bool CerrarPrograma(Programa& programa, Editor& editor, const std::function<void()>& desconectar);
+bool CerrarPrograma(Programa& programa, Ventana& ventana, const std::function<void()>& desconectar);
 
 }  // namespace qor

@@ -17,11 +17,11 @@
 #include "bapi/FormBAPIFields.h"
 #include "bapi/update.h"
 #include "base/busy_pointer.h"
+#include "base/failure_trap.h"
 #include "base/qt/read_only_box.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
-#include "editor/failure_trap.h"
 #include "editor/key_filters.h"
 
 namespace qor {
@@ -38,8 +38,8 @@ Widget* ConNombre(Widget* widget, const char* nombre) {
 
 }  // namespace
 
-FormBAPI::FormBAPI(Editor& editor, EntornoDeBAPI entorno, QWidget* padre)
-    : Dialogo(editor.textos, "FormBAPI", padre), editor_(editor), entorno_(std::move(entorno)) {
+FormBAPI::FormBAPI(Documento& documento, const TextosIdioma& textos, Vista& vista, EntornoDeBAPI entorno, QWidget* padre)
+    : Dialogo(textos, "FormBAPI", padre), documento_(documento), vista_(vista), entorno_(std::move(entorno)) {
     setWindowTitle(Rotulo(176));
     CrearControles();
     MostrarNodo();
@@ -144,11 +144,11 @@ void FormBAPI::Abrir() {
     Recuperar();
     if (entorno_.sesion == nullptr) return;
     const auto aviso = AvisoDeVersion(Textos(), catalogo_.VersionSAP, entorno_.sesion->VersionSistema);
-    if (aviso) editor_.vista.Informar(*aviso);
+    if (aviso) vista_.Informar(*aviso);
 }
 
 bool FormBAPI::Recuperar() {
-    auto leido = RecuperarDatosBAPIs(entorno_.ArchivoBAPI, Textos(), editor_.vista);
+    auto leido = RecuperarDatosBAPIs(entorno_.ArchivoBAPI, Textos(), vista_);
     catalogo_ = leido.value_or(CatalogoBAPI{});
     busqueda_.emplace(catalogo_);
     nuevaBusqueda_ = true;
@@ -200,12 +200,12 @@ void FormBAPI::BuscarSiguiente() {
     }
     std::optional<std::size_t> hallado;
     {
-        const ConPunteroOcupado puntero(editor_.vista);
+        const ConPunteroOcupado puntero(vista_);
         hallado = busqueda_->Siguiente();
     }
     if (!hallado) {
         NuevaBusqueda();
-        return editor_.vista.Advertir(Componer(Textos(), {374}));
+        return vista_.Advertir(Componer(Textos(), {374}));
     }
     Buscar_->setText(Rotulo(189));
     Arbol_->setCurrentItem(ramas_.at(*hallado));
@@ -216,10 +216,10 @@ void FormBAPI::Aceptar() {
     const auto* const nodo = NodoElegido();
     if (nodo == nullptr || enProgreso_) return;
     bool cerrar = true;
-    ConTrampa(editor_, [&] {
-        const auto resultado =
-            ElegirBAPI(editor_, entorno_.ArchivoBAPI, std::string(Recortar(nodo->texto)), entorno_.SoloDefinicion,
-                       entorno_.FilaInsercion, [this] { return FormBAPIFields(Textos(), this).Preguntar(); });
+    ConTrampa(vista_, [&] {
+        const auto resultado = ElegirBAPI(
+            documento_, entorno_.ArchivoBAPI, std::string(Recortar(nodo->texto)), entorno_.SoloDefinicion, entorno_.FilaInsercion,
+            [this] { return FormBAPIFields(Textos(), this).Preguntar(); }, Textos(), vista_);
         cerrar = resultado != ResultadoInsercion::Cancelado;
     });
     if (cerrar) accept();
@@ -228,19 +228,19 @@ void FormBAPI::Aceptar() {
 void FormBAPI::Imprimir() {
     const auto* const nodo = NodoElegido();
     if (nodo == nullptr) return;
-    ConTrampa(editor_, [&] { entorno_.imprimir(nodo->texto, QuitarMarcas(catalogo_.DescripcionesBAPI.at(nodo->numero)), this); });
+    ConTrampa(vista_, [&] { entorno_.imprimir(nodo->texto, QuitarMarcas(catalogo_.DescripcionesBAPI.at(nodo->numero)), this); });
 }
 
 void FormBAPI::Actualizar() {
-    if (entorno_.sesion == nullptr) return editor_.vista.Informar(InstruccionesDeActualizacion(Textos()));
+    if (entorno_.sesion == nullptr) return vista_.Informar(InstruccionesDeActualizacion(Textos()));
     CancelarActualizacion_ = false;
     const PedidoDeActualizacion pedido{*entorno_.sesion,
                                        Textos(),
-                                       editor_.vista,
+                                       vista_,
                                        entorno_.directorio,
                                        entorno_.ArchivoBAPI,
                                        [this](bool enProgreso) {
-                                           editor_.vista.PunteroOcupado(enProgreso);
+                                           vista_.PunteroOcupado(enProgreso);
                                            ConfigurarActualizacionEnProgreso(enProgreso);
                                            if (!enProgreso) ButtonUpdate_->setFocus();
                                        },
@@ -250,16 +250,16 @@ void FormBAPI::Actualizar() {
                                            QCoreApplication::processEvents();
                                            return !CancelarActualizacion_;
                                        }};
-    ConTrampa(editor_, [&] {
+    ConTrampa(vista_, [&] {
         if (ActualizarCatalogo(pedido) == ResultadoActualizacion::Hecha && Recuperar()) {
-            editor_.vista.Informar(Componer(Textos(), {242}));
+            vista_.Informar(Componer(Textos(), {242}));
         }
     });
     if (enProgreso_) ConfigurarActualizacionEnProgreso(false);
 }
 
 void FormBAPI::Cancelar() {
-    if (editor_.vista.Preguntar(Componer(Textos(), {442}), Botones::SiNo) == Respuesta::Si) CancelarActualizacion_ = true;
+    if (vista_.Preguntar(Componer(Textos(), {442}), Botones::SiNo) == Respuesta::Si) CancelarActualizacion_ = true;
 }
 
 void FormBAPI::ConfigurarActualizacionEnProgreso(bool enProgreso) {

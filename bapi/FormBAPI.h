@@ -37,7 +37,7 @@ struct EntornoDeBAPI {
 class FormBAPI : public Dialogo {
     Q_OBJECT
 public:
-    FormBAPI(Editor& editor, EntornoDeBAPI entorno, QWidget* padre);
+    FormBAPI(Documento& documento, const TextosIdioma& textos, Vista& vista, EntornoDeBAPI entorno, QWidget* padre);
     ~FormBAPI() override;
 
 protected:
@@ -64,7 +64,8 @@ private:
     void Cancelar();
     void ConfigurarActualizacionEnProgreso(bool enProgreso);
 
-    Editor& editor_;
+    Documento& documento_;
+    Vista& vista_;
     EntornoDeBAPI entorno_;
     CatalogoBAPI catalogo_;
     std::optional<BusquedaBAPI> busqueda_;

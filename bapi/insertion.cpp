@@ -9,6 +9,8 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "model/cells.h"
+#include "model/declarations.h"
+#include "model/first_lines.h"
 
 namespace qor {
 
@@ -45,8 +47,15 @@ void Separar(std::string& texto) {
 
 class Insercion {
 public:
-    Insercion(Editor& editor, const std::string& nombre, int indice, int fila, bool todos)
-        : editor_(editor), nombre_(nombre), indice_(indice), fila_(fila), TodosLosCampos_(todos) {}
+    Insercion(Documento& documento, const std::string& nombre, int indice, int fila, bool todos, const TextosIdioma& textos,
+              Vista& vista)
+        : documento_(documento),
+          textos_(textos),
+          vista_(vista),
+          nombre_(nombre),
+          indice_(indice),
+          fila_(fila),
+          TodosLosCampos_(todos) {}
 
     void Leer(std::string_view catalogo) {
         for (const auto linea : PartirEnLineas(catalogo)) {
@@ -66,8 +75,8 @@ public:
 
 private:
     bool ConDefinicion() const { return indice_ != -1; }
-    std::string& Variables() { return editor_.especificacion.VariablesGlobales; }
-    std::string& Llamada() { return editor_.especificacion.TablaBAPIs[indice_].llamada; }
+    std::string& Variables() { return documento_.especificacion.VariablesGlobales; }
+    std::string& Llamada() { return documento_.especificacion.TablaBAPIs[indice_].llamada; }
 
     void Abrir() {
         if (ConDefinicion()) {
@@ -88,7 +97,7 @@ private:
             contenido = DespuesDe(contenido, ':');
         }
         if (partes[2] != "I" && partes[2] != "E" && partes[2] != "T") {
-            editor_.vista.Advertir(Componer(editor_.textos, {401}));
+            vista_.Advertir(Componer(textos_, {401}));
             throw Parada{};
         }
         parametro_ = {partes[0], !partes[1].empty(), partes[2][0], partes[3]};
@@ -128,7 +137,7 @@ private:
     // The first line of the call that holds the name and " = ", so it may find a longer name; this stays so.
     std::string BuscarParametroEnLlamada() {
         const std::string buscado = parametro_.nombre + " = ";
-        for (const auto& fila : editor_.especificacion.TablaBAPIs) {
+        for (const auto& fila : documento_.especificacion.TablaBAPIs) {
             if (fila.nombre.empty()) break;
             if (Recortar(fila.nombre) != nombre_) continue;
             for (const auto& linea : PartirLineas(fila.llamada, 71)) {
@@ -146,7 +155,7 @@ private:
     // What the call passes for a parameter; without it the insertion can't go on.
     std::string Exigir(std::string pasado) {
         if (!pasado.empty()) return pasado;
-        editor_.vista.Advertir(Componer(editor_.textos, {394}));
+        vista_.Advertir(Componer(textos_, {394}));
         throw Parada{};
     }
 
@@ -154,20 +163,22 @@ private:
         if (!DarCampos_ || fila_ + 1 > ultimaFila || !SePide() || parametro_.EsReturn()) return;
         const std::string columna = Prefijo_ + "-" + campo + (parametro_.EsTabla() ? "(+)" : "");
         const std::string nombre = Mayusculas(campo);
-        PonerFila(fila_ + 1, {"", "", columna, parametro_.EsTabla() ? CampoUnico(editor_.especificacion, nombre) : nombre,
+        PonerFila(fila_ + 1, {"", "", columna, parametro_.EsTabla() ? CampoUnico(documento_.especificacion, nombre) : nombre,
                               PrimerCampo_ ? marcasDeTabla : ""});
         PrimerCampo_ = false;
         ++fila_;
     }
 
     void PonerFila(int fila, FilaDeTransaccion celdas) {
-        auto& destino = editor_.especificacion.TablaTransaccion[fila];
+        auto& destino = documento_.especificacion.TablaTransaccion[fila];
         const int primera = fila < 5 ? 0 : std::min(fila - 5, ultimaFila - lineasTransaccion + 1);
-        GuardarDeshacer(editor_, {RegistroDeshacer::Paso::Cambio, fila - primera, primera, destino});
+        documento_.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, fila - primera, primera, destino});
         destino = std::move(celdas);
     }
 
-    Editor& editor_;
+    Documento& documento_;
+    const TextosIdioma& textos_;
+    Vista& vista_;
     const std::string& nombre_;
     int indice_;
     int fila_;  // the last row written
@@ -182,17 +193,9 @@ private:
     std::string Prefijo_;
 };
 
-bool VariableLibre(std::string_view variables, std::string_view nombre) {
-    const std::string declaracion = "DATA: " + std::string(AntesDe(nombre, '-'));
-    return std::none_of(std::begin(",.( "), std::end(",.( ") - 1,
-                        [&](char final) { return Contiene(variables, declaracion + final); });
-}
-
 bool VariableConOtroTipo(std::string_view variables, const std::string& nombre, const std::string& tipo, char clase) {
-    const std::string declaracion = "DATA: " + nombre + " LIKE " + tipo;
-    if (clase == 'T')
-        return !Contiene(variables, declaracion + "\r\n      OCCURS") && !Contiene(variables, declaracion + " OCCURS");
-    return !Contiene(variables, declaracion + ",") && !Contiene(variables, declaracion + ".");
+    if (clase == 'T') return !HayDataConTipo(variables, nombre, tipo, {"\r\n      OCCURS", " OCCURS"});
+    return !HayDataConTipo(variables, nombre, tipo, {",", "."});
 }
 
 }  // namespace
@@ -200,7 +203,7 @@ bool VariableConOtroTipo(std::string_view variables, const std::string& nombre, 
 VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::string& raiz, const std::string& tipo, char clase) {
     for (int n = 0;; ++n) {
         const std::string candidato = n == 0 ? raiz : raiz + std::to_string(n);
-        if (VariableLibre(VariablesGlobales, candidato)) return {candidato, true};
+        if (!HayData(VariablesGlobales, AntesDe(candidato, '-'))) return {candidato, true};
         if (!VariableConOtroTipo(VariablesGlobales, candidato, tipo, clase)) return {candidato, false};
         // A number behind the "-" changes nothing of what is declared in front of it.
         if (Contiene(raiz, "-")) throw FalloDeEjecucion("no free name for the parameter " + raiz);
@@ -220,8 +223,8 @@ std::string CampoUnico(const Especificacion& especificacion, const std::string& 
     }
 }
 
-ResultadoInsercion InsertarBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, int indice, int fila,
-                                const PreguntaDeCampos& preguntar) {
+ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, int indice,
+                                int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
     bool todos = true;
     if (fila != -1) {
         const auto respuesta = preguntar();
@@ -229,35 +232,33 @@ ResultadoInsercion InsertarBAPI(Editor& editor, const std::string& ArchivoBAPI, 
         todos = *respuesta;
     }
     if (indice > ultimaFilaBAPIs) throw FalloDeEjecucion("the specification has no room for another BAPI");
-    if (indice != -1) editor.especificacion.TablaBAPIs[indice].nombre = nombre;
+    if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
     try {
-        const std::string catalogo = LeerArchivo(RutaDelSistema(ArchivoBAPI));
-        editor.HayCambios = true;
-        Insercion(editor, nombre, indice, fila, todos).Leer(catalogo);
+        const std::string catalogo = LeerArchivo(RutaDelSistema(ArchivoBAPI), limiteDeCatalogo);
+        documento.Cambiar();
+        Insercion(documento, nombre, indice, fila, todos, textos, vista).Leer(catalogo);
         return ResultadoInsercion::Hecho;
     } catch (const Parada&) {
         return ResultadoInsercion::Detenido;
-    } catch (const FalloDeEjecucion&) {
-        editor.vista.Advertir(Componer(editor.textos, {382}));
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {382}), fallo));
         return ResultadoInsercion::Detenido;
     }
 }
 
-ResultadoInsercion ElegirBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
-                              int fila, const PreguntaDeCampos& preguntar) {
-    const auto& bapis = editor.especificacion.TablaBAPIs;
-    int indice = 0;
-    bool existe = false;
-    for (; indice <= ultimaFilaBAPIs && !bapis[indice].nombre.empty() && !existe; ++indice)
-        existe = Recortar(bapis[indice].nombre) == nombre;
-    if (!existe) return InsertarBAPI(editor, ArchivoBAPI, nombre, indice, soloDefinicion ? -1 : fila, preguntar);
+ResultadoInsercion ElegirBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
+                              int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
+    const auto& bapis = documento.especificacion.TablaBAPIs;
+    const int indice = documento.especificacion.FilasBAPIs();
+    const bool existe =
+        std::any_of(bapis.begin(), bapis.begin() + indice, [&](const FilaDeBAPI& bapi) { return Recortar(bapi.nombre) == nombre; });
+    if (!existe) return InsertarBAPI(documento, ArchivoBAPI, nombre, indice, soloDefinicion ? -1 : fila, preguntar, textos, vista);
     if (soloDefinicion) {
-        editor.vista.Advertir(Componer(editor.textos, {389}));
+        vista.Advertir(Componer(textos, {389}));
         return ResultadoInsercion::Detenido;
     }
-    if (editor.vista.Preguntar(Componer(editor.textos, {383}), Botones::SiNo) != Respuesta::Si)
-        return ResultadoInsercion::Cancelado;
-    return InsertarBAPI(editor, ArchivoBAPI, nombre, -1, fila, preguntar);
+    if (vista.Preguntar(Componer(textos, {383}), Botones::SiNo) != Respuesta::Si) return ResultadoInsercion::Cancelado;
+    return InsertarBAPI(documento, ArchivoBAPI, nombre, -1, fila, preguntar, textos, vista);
 }
 
 }  // namespace qor

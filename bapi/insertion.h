@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "editor/editor.h"
+#include "base/messages.h"
+#include "base/view.h"
+#include "model/document.h"
 
 // The insertion of a BAPI into a specification: a head and a row for each field, the declarations of its variables, and the whole
 // text of its call.
@@ -23,13 +25,13 @@ enum class ResultadoInsercion {
 
 // `indice` is the row of TablaBAPIs that gets the call text, -1 for no declarations and no call; `fila` the row of the head, -1 for
 // no rows.
-ResultadoInsercion InsertarBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, int indice, int fila,
-                                const PreguntaDeCampos& preguntar);
+ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, int indice,
+                                int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista);
 
 // What OK does for the chosen BAPI. With `soloDefinicion` only declarations and call text are wanted. `Cancelado` leaves the
 // browser open.
-ResultadoInsercion ElegirBAPI(Editor& editor, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
-                              int fila, const PreguntaDeCampos& preguntar);
+ResultadoInsercion ElegirBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
+                              int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista);
 
 // The name for a parameter's variable: the parameter's own, with a number behind it where that name has another type.
 struct VariableBAPI {

@@ -60,19 +60,40 @@ std::string AUtf8(std::string_view texto) {
     return salida;
 }
 
+namespace {
+
+// The byte of a character, or nothing.
+std::optional<char> ByteDe(char32_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+    const auto* const lugar = std::find(altos.begin(), altos.end(), c);
+    if (lugar == altos.end()) return std::nullopt;
+    return static_cast<char>(0x80 + (lugar - altos.begin()));
+}
+
+}  // namespace
+
 std::optional<std::string> DesdeUtf8(std::string_view texto) {
     std::string salida;
     salida.reserve(texto.size());
     for (std::size_t i = 0; i < texto.size();) {
         const auto c = LeerUtf8(texto, i);
-        if (!c) return std::nullopt;
-        if (*c < 0x80 || (*c >= 0xA0 && *c <= 0xFF)) {
-            salida += static_cast<char>(*c);
-            continue;
-        }
-        const auto* const lugar = std::find(altos.begin(), altos.end(), *c);
-        if (lugar == altos.end()) return std::nullopt;
-        salida += static_cast<char>(0x80 + (lugar - altos.begin()));
+        const auto byte = c ? ByteDe(*c) : std::nullopt;
+        if (!byte) return std::nullopt;
+        salida += *byte;
+    }
+    return salida;
+}
+
+std::string DesdeUtf8ConFaltas(std::string_view texto) {
+    std::string salida;
+    salida.reserve(texto.size());
+    for (std::size_t i = 0; i < texto.size();) {
+        const std::size_t inicio = i;
+        const auto c = LeerUtf8(texto, i);
+        salida += (c ? ByteDe(*c) : std::nullopt).value_or('?');
+        if (c) continue;
+        // Behind a malformed sequence reading goes on at the next byte that can start one.
+        for (i = inicio + 1; i < texto.size() && (static_cast<unsigned char>(texto[i]) & 0xC0) == 0x80;) ++i;
     }
     return salida;
 }

@@ -14,4 +14,7 @@ std::string AUtf8(std::string_view texto);
 // The text in windows-1252, or nothing when it isn't UTF-8 or holds a character that the code page lacks.
 std::optional<std::string> DesdeUtf8(std::string_view texto);
 
+// The same with "?" in the place of each character that the code page lacks, and of each byte that belongs to none.
+std::string DesdeUtf8ConFaltas(std::string_view texto);
+
 }  // namespace qor

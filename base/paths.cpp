@@ -48,11 +48,13 @@ std::string RutaDelModelo(const std::filesystem::path& ruta) {
     return *texto;
 }
 
-std::string RutaAbsoluta(std::string_view ruta) {
+std::string TextoDeRuta(const std::filesystem::path& ruta) { return DesdeUtf8ConFaltas(ruta.string()); }
+
+std::filesystem::path RutaAbsoluta(const std::filesystem::path& ruta) {
     std::error_code error;
-    const auto absoluta = std::filesystem::absolute(RutaDelSistema(ruta), error);
+    const auto absoluta = std::filesystem::absolute(ruta, error);
     if (error) throw FalloDeEjecucion("the path can't be made absolute: " + error.message());
-    return RutaDelModelo(absoluta.lexically_normal());
+    return absoluta.lexically_normal();
 }
 
 }  // namespace qor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,8 +27,9 @@ public:
     virtual Respuesta Preguntar(const Mensaje& mensaje, Botones botones) = 0;
 
     // File dialogs. Nothing when the user cancels.
-    virtual std::optional<std::string> ElegirParaAbrir(const std::string& directorio, const std::string& filtro) = 0;
-    virtual std::optional<std::string> ElegirParaGrabar(const std::string& filtro) = 0;
+    virtual std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
+                                                                 const std::string& filtro) = 0;
+    virtual std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) = 0;
 
     virtual void PunteroOcupado(bool ocupado) = 0;
 
@@ -42,7 +44,7 @@ public:
 
     // Whether a finished report is offered in an editor, and the editor itself, which is not waited for. False when it fails.
     virtual bool OfreceEditor() const = 0;
-    virtual bool AbrirEditor(const std::string& ruta) = 0;
+    virtual bool AbrirEditor(const std::filesystem::path& ruta) = 0;
 };
 
 }  // namespace qor

@@ -58,11 +58,10 @@ int main(int argc, char** argv) {
     std::printf("a key in a cell              %8.3f ms\n", PromedioDeTecla(principal));
 
     // What was typed must not be asked for.
-    qor::ReiniciarDeshacer(principal.ElEditor());
-    principal.ElEditor().HayCambios = false;
+    principal.LaVentana().documento.DarPorGuardado();
     const std::string documento = EscribirDocumentoMayor();
     reloj.restart();
-    const bool abierto = qor::AbrirInicial(principal.ElEditor(), documento);
+    const bool abierto = qor::AbrirInicial(programa, principal.LaVentana(), documento);
     principal.Sincronizar();
     QApplication::processEvents();
     std::printf("opening the largest document %8.1f ms\n", Milisegundos(reloj));

@@ -6,9 +6,9 @@
 #include "base/values.h"
 #include "bench/large_specification.h"
 #include "bench/silent_view.h"
-#include "editor/document_commands.h"
 #include "generator/checks.h"
 #include "generator/generate.h"
+#include "model/document_file.h"
 #include "model/document_format.h"
 
 namespace qor {
@@ -44,18 +44,15 @@ void Complejidad(benchmark::State& state) { state.SetComplexityN(state.range(0))
 
 void BM_Abrir(benchmark::State& state) {
     Prueba prueba(state);
-    Editor escritor(prueba.textos, prueba.vista);
-    escritor.especificacion = prueba.especificacion;
-    escritor.opciones = prueba.opciones;
-    FijarDocumento(escritor, RutaDePrueba("qor_bench_open.qor"));
-    if (!SaveOption(escritor)) throw std::runtime_error("save failed");
-    const std::string ruta = escritor.RutaDocumento;
-    escritor.CanalDocumento.Cerrar();
+    const std::filesystem::path ruta = RutaDePrueba("qor_bench_open.qor");
+    Documento escrito;
+    escrito.especificacion = prueba.especificacion;
+    escrito.opciones = prueba.opciones;
+    if (!GuardarDocumentoComo(escrito, ruta, prueba.textos, prueba.vista)) throw std::runtime_error("save failed");
+    escrito.canal.Cerrar();
     for (auto _ : state) {
-        Editor editor(prueba.textos, prueba.vista);
-        editor.AbrirDesdeComando = true;
-        editor.ArchivoInicial = ruta;
-        if (!OpenOption(editor)) throw std::runtime_error("open failed");
+        Documento documento;
+        if (!AbrirDocumento(documento, ruta, prueba.textos, prueba.vista)) throw std::runtime_error("open failed");
     }
     Complejidad(state);
 }
@@ -80,12 +77,12 @@ void BM_Generar(benchmark::State& state) {
 // The disk's flush is part of a save.
 void BM_Grabar(benchmark::State& state) {
     Prueba prueba(state);
-    Editor editor(prueba.textos, prueba.vista);
-    editor.especificacion = prueba.especificacion;
-    editor.opciones = prueba.opciones;
-    FijarDocumento(editor, RutaDePrueba("qor_bench_save.qor"));
+    Documento documento;
+    documento.especificacion = prueba.especificacion;
+    documento.opciones = prueba.opciones;
+    const std::filesystem::path ruta = RutaDePrueba("qor_bench_save.qor");
     for (auto _ : state) {
-        if (!SaveOption(editor)) throw std::runtime_error("save failed");
+        if (!GuardarDocumentoComo(documento, ruta, prueba.textos, prueba.vista)) throw std::runtime_error("save failed");
     }
     Complejidad(state);
 }

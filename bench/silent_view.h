@@ -15,16 +15,17 @@ public:
     Respuesta Preguntar(const Mensaje& /*mensaje*/, Botones botones) override {
         return botones == Botones::AceptarCancelar ? Respuesta::Aceptar : Respuesta::Si;
     }
-    std::optional<std::string> ElegirParaAbrir(const std::string& /*directorio*/, const std::string& /*filtro*/) override {
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
+                                                         const std::string& /*filtro*/) override {
         return std::nullopt;
     }
-    std::optional<std::string> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
     void PunteroOcupado(bool /*ocupado*/) override {}
     void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
     void Enfocar(const std::string& /*control*/) override {}
     void MostrarTexto(const std::string& /*texto*/) override {}
     bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::string& /*ruta*/) override { return false; }
+    bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
 };
 
 }  // namespace qor

@@ -75,7 +75,7 @@ FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::stri
     OK_ = NuevoBoton("OK", Literal("OK"));
     connect(EdicionButton_, &QPushButton::clicked, this, [this] {
         if (vista_.Preguntar(Componer(Textos(), {406}), Botones::SiNo) != Respuesta::Si) return CambiarVista();
-        if (!vista_.AbrirEditor(RutaArchivo_)) vista_.Advertir(Componer(Textos(), {325}));
+        if (!vista_.AbrirEditor(RutaDelSistema(RutaArchivo_))) vista_.Advertir(Componer(Textos(), {325}));
     });
     connect(OK_, &QPushButton::clicked, this, &QDialog::accept);
     orden->addLayout(FilaDeBotones({Ayuda_, EdicionButton_, OK_}, 2));
@@ -91,8 +91,8 @@ QLayout* FormBDCEditor::CrearArchivo() {
     FileToEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     LabelCompletado_ = NuevoRotulo("LabelCompletado", {});
     connect(Browse_, &QPushButton::clicked, this, [this] {
-        const auto ruta = vista_.ElegirParaAbrir(directorio_, "");
-        Abrir(ruta.value_or(""));
+        const auto ruta = vista_.ElegirParaAbrir(RutaDelSistema(directorio_), "");
+        Abrir(ruta ? TextoDeRuta(*ruta) : std::string());
     });
     auto* const fila = new QHBoxLayout;
     fila->addWidget(Browse_);

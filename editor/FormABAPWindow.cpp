@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/failure_trap.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
-#include "editor/failure_trap.h"
 
 namespace qor {
 
@@ -22,9 +22,9 @@ constexpr int letrasDeCombo = 30;
 
 }  // namespace
 
-FormABAPWindow::FormABAPWindow(Editor& editor, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
+FormABAPWindow::FormABAPWindow(Ventana& ventana, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
                                QWidget* padre)
-    : Dialogo(editor.textos, "ABAPWindow", padre), editor_(editor), estado_(AbrirCodigo(editor, fila, directorioDeDatos)) {
+    : Dialogo(ventana.textos, "ABAPWindow", padre), ventana_(ventana), estado_(AbrirCodigo(ventana, fila, directorioDeDatos)) {
     PonerTitulo(estado_.titulo);
     CrearControles(ayuda);
     PonerTamano(110, 34);
@@ -70,7 +70,7 @@ void FormABAPWindow::CrearControles(const AbrirAyuda& ayuda) {
 void FormABAPWindow::Aplicar() {
     estado_.ABAPText = ABAPText_->Texto();
     const auto antes = estado_.ABAPText.size();
-    ConTrampa(editor_, [this] { AplicarFormula(editor_, estado_, FormulaCombo_->currentIndex()); });
+    ConTrampa(ventana_.vista, [this] { AplicarFormula(ventana_, estado_, FormulaCombo_->currentIndex()); });
     if (estado_.ABAPText.size() == antes) return;
     ABAPText_->PonerTexto(estado_.ABAPText);
     FormulaCombo_->setCurrentIndex(-1);
@@ -79,7 +79,7 @@ void FormABAPWindow::Aplicar() {
 bool FormABAPWindow::PuedeCerrar() {
     estado_.ABAPText = ABAPText_->Texto();
     bool cerrar = true;
-    ConTrampa(editor_, [&] { cerrar = CerrarCodigo(editor_, estado_); });
+    ConTrampa(ventana_.vista, [&] { cerrar = CerrarCodigo(ventana_, estado_); });
     return cerrar;
 }
 

@@ -16,7 +16,7 @@ class CajaDeTexto;
 class FormABAPWindow : public Dialogo {
     Q_OBJECT
 public:
-    FormABAPWindow(Editor& editor, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
+    FormABAPWindow(Ventana& ventana, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
                    QWidget* padre);
 
 protected:
@@ -26,8 +26,8 @@ private:
     void CrearControles(const AbrirAyuda& ayuda);
     void Aplicar();
 
-    Editor& editor_;
-    VentanaDeCodigo estado_;
+    Ventana& ventana_;
+    DialogoDeCodigo estado_;
 
     CajaDeTexto* ABAPText_ = nullptr;
     QComboBox* FormulaCombo_ = nullptr;

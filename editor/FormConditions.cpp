@@ -9,9 +9,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "base/failure_trap.h"
 #include "base/qt/lists.h"
 #include "base/qt/text_boxes.h"
-#include "editor/failure_trap.h"
 #include "editor/key_filters.h"
 
 namespace qor {
@@ -22,8 +22,8 @@ constexpr int paginaDeAyuda = 722;
 
 }  // namespace
 
-FormConditions::FormConditions(Editor& editor, const AbrirAyuda& ayuda, QWidget* padre)
-    : Dialogo(editor.textos, "FormConditions", padre), editor_(editor), estado_(AbrirCondiciones(editor)) {
+FormConditions::FormConditions(Ventana& ventana, const AbrirAyuda& ayuda, QWidget* padre)
+    : Dialogo(ventana.textos, "FormConditions", padre), ventana_(ventana), estado_(AbrirCondiciones(ventana)) {
     setWindowTitle(Rotulo(114));
     CrearControles(ayuda);
     Mostrar();
@@ -45,7 +45,7 @@ void FormConditions::CrearControles(const AbrirAyuda& ayuda) {
     Condicional_->setObjectName(QStringLiteral("Condicional"));
     Condicional_->MostrarComoABAP();
     Condicional_->PonerFiltro([this](std::string_view texto) {
-        const bool pasa = FiltrarTeclaDeCondicional(editor_, estado_, texto.front()) != teclaDescartada;
+        const bool pasa = FiltrarTeclaDeCondicional(ventana_, estado_, texto.front()) != teclaDescartada;
         return pasa ? std::string(texto) : std::string();
     });
     auto* const CondicionesButton = NuevaAyuda("CondicionesButton", Rotulo(132), ayuda, paginaDeAyuda);
@@ -74,20 +74,20 @@ void FormConditions::Escuchar() {
     Nuevo_->installEventFilter(this);
     connect(Nuevo_, &QLineEdit::textChanged, this, [this] { estado_.Nuevo = Nuevo_->Texto(); });
     connect(Agregar_, &QPushButton::clicked, this, [this] {
-        ConTrampa(editor_, [this] { AgregarCondicion(editor_, estado_); });
+        ConTrampa(ventana_.vista, [this] { AgregarCondicion(ventana_, estado_); });
         Mostrar();
     });
     connect(Borrar_, &QPushButton::clicked, this, [this] {
-        ConTrampa(editor_, [this] { BorrarCondicion(editor_, estado_); });
+        ConTrampa(ventana_.vista, [this] { BorrarCondicion(ventana_, estado_); });
         Mostrar();
     });
     connect(ListaCondiciones_, &QListWidget::currentRowChanged, this, [this](int fila) {
         if (mostrando_ || fila < 0) return;
-        SeleccionarCondicion(editor_, estado_, fila);
+        SeleccionarCondicion(ventana_, estado_, fila);
         Mostrar();
     });
     connect(Condicional_, &QPlainTextEdit::textChanged, this, [this] {
-        if (!mostrando_) CambiarCondicional(editor_, estado_, Condicional_->Texto());
+        if (!mostrando_) CambiarCondicional(ventana_, estado_, Condicional_->Texto());
     });
 }
 

@@ -15,7 +15,7 @@ class CajaDeTexto;
 class FormConditions : public Dialogo {
     Q_OBJECT
 public:
-    FormConditions(Editor& editor, const AbrirAyuda& ayuda, QWidget* padre);
+    FormConditions(Ventana& ventana, const AbrirAyuda& ayuda, QWidget* padre);
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -26,7 +26,7 @@ private:
     // Shows the state; changes of the controls that come of it are not the user's.
     void Mostrar();
 
-    Editor& editor_;
+    Ventana& ventana_;
     DialogoDeCondiciones estado_;
     bool mostrando_ = false;
 

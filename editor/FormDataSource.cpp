@@ -10,12 +10,12 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "base/failure_trap.h"
 #include "base/qt/lists.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "editor/FormConsultaOrigen.h"
 #include "editor/FormConsultadeEliminar.h"
-#include "editor/failure_trap.h"
 
 namespace qor {
 
@@ -25,19 +25,19 @@ constexpr int paginaDeAyuda = 708;
 
 }  // namespace
 
-FormDataSource::FormDataSource(Editor& editor, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
+FormDataSource::FormDataSource(Ventana& ventana, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
                                const AbrirAyuda& ayuda, QWidget* padre)
-    : Dialogo(editor.textos, "FormDataSource", padre),
-      editor_(editor),
+    : Dialogo(ventana.textos, "FormDataSource", padre),
+      ventana_(ventana),
       preferencias_(preferencias),
       estado_(std::move(estado)),
       preview_(std::move(preview)) {
     setWindowTitle(Literal("Data source"));
     CheckOtroOrigen_ = new QCheckBox(Literal("The data come from my &own code"), this);
     CheckOtroOrigen_->setObjectName(QStringLiteral("CheckOtroOrigen"));
-    CheckOtroOrigen_->setChecked(editor.especificacion.OrigenUsuario);
+    CheckOtroOrigen_->setChecked(ventana.documento.especificacion.OrigenUsuario);
     connect(CheckOtroOrigen_, &QCheckBox::toggled, this, [this](bool encendido) {
-        CambiarOtroOrigen(editor_, encendido);
+        CambiarOtroOrigen(ventana_, encendido);
         Habilitar();
     });
 
@@ -84,7 +84,7 @@ void FormDataSource::CrearTextos() {
         textos->addWidget(marco);
         cajas_[i] = {texto, caja};
         connect(caja, &QPlainTextEdit::textChanged, this, [this, i] {
-            if (!mostrando_) CambiarTextoDeOrigen(editor_, cajas_[i].texto, cajas_[i].caja->Texto());
+            if (!mostrando_) CambiarTextoDeOrigen(ventana_, cajas_[i].texto, cajas_[i].caja->Texto());
         });
     }
 }
@@ -93,7 +93,7 @@ void FormDataSource::CrearBoton(QLayout* orden, const char* nombre, std::string_
     auto* const boton = NuevoBoton(nombre, Literal(rotulo));
     orden->addWidget(boton);
     connect(boton, &QPushButton::clicked, this, [this, accion] {
-        ConTrampa(editor_, accion);
+        ConTrampa(ventana_.vista, accion);
         Mostrar();
     });
 }
@@ -112,15 +112,15 @@ QLayout* FormDataSource::CrearModelos() {
     CrearBoton(modelos, "ModeloArchivo", "Read a f&ile...", [this] {
         FormConsultaOrigen consulta(Textos(), this);
         consulta.exec();
-        ClicModeloArchivo(editor_, preferencias_, estado_, consulta.Fuente());
+        ClicModeloArchivo(ventana_, preferencias_, estado_, consulta.Fuente());
     });
-    CrearBoton(modelos, "ModeloOpenSQL", "O&pen SQL", [this] { ClicModeloOpenSQL(editor_, preferencias_, estado_); });
-    CrearBoton(modelos, "ModeloSQLNativo", "&Native SQL", [this] { ClicModeloSQLNativo(editor_, preferencias_, estado_); });
+    CrearBoton(modelos, "ModeloOpenSQL", "O&pen SQL", [this] { ClicModeloOpenSQL(ventana_, preferencias_, estado_); });
+    CrearBoton(modelos, "ModeloSQLNativo", "&Native SQL", [this] { ClicModeloSQLNativo(ventana_, preferencias_, estado_); });
 
     auto* const orden = new QVBoxLayout;
     orden->addWidget(Modelos);
     CrearBoton(orden, "PreviewButton", "Pre&view...", [this] {
-        const std::string texto = TextoDePreview(editor_, preferencias_);
+        const std::string texto = TextoDePreview(ventana_, preferencias_);
         if (!texto.empty() && preview_) preview_(texto, this);
     });
     CrearBoton(orden, "Eliminar", "&Clear...", [this] { ElegirYEliminar(); });
@@ -131,19 +131,19 @@ QLayout* FormDataSource::CrearModelos() {
 void FormDataSource::ElegirYEliminar() {
     FormConsultadeEliminar consulta(Textos(), this);
     consulta.exec();
-    EliminarDeOrigen(editor_, consulta.Eleccion());
+    EliminarDeOrigen(ventana_, consulta.Eleccion());
 }
 
 void FormDataSource::Habilitar() {
     for (const char* const nombre : {"Variables", "Forms", "Source", "ComboItabs", "ModeloArchivo", "ModeloSQLNativo",
                                      "ModeloOpenSQL", "PreviewButton", "Eliminar"}) {
-        findChild<QWidget*>(QString::fromLatin1(nombre))->setEnabled(HabilitadoEnOrigen(editor_, nombre));
+        findChild<QWidget*>(QString::fromLatin1(nombre))->setEnabled(HabilitadoEnOrigen(ventana_, nombre));
     }
 }
 
 void FormDataSource::Mostrar() {
     const bool antes = std::exchange(mostrando_, true);
-    for (const auto& [texto, caja] : cajas_) caja->PonerTexto(editor_.especificacion.*texto);
+    for (const auto& [texto, caja] : cajas_) caja->PonerTexto(ventana_.documento.especificacion.*texto);
     mostrando_ = antes;
 }
 

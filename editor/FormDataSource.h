@@ -20,7 +20,7 @@ public:
     // Shows the structures of the report over a window.
     using MostrarPreview = std::function<void(const std::string& texto, QWidget* ventana)>;
 
-    FormDataSource(Editor& editor, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
+    FormDataSource(Ventana& ventana, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
                    const AbrirAyuda& ayuda, QWidget* padre);
 
 private:
@@ -36,7 +36,7 @@ private:
     void Habilitar();
     void Mostrar();
 
-    Editor& editor_;
+    Ventana& ventana_;
     const Preferencias& preferencias_;
     DialogoDeOrigen estado_;
     MostrarPreview preview_;

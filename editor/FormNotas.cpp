@@ -9,9 +9,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "base/failure_trap.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
-#include "editor/failure_trap.h"
 #include "editor/key_filters.h"
 
 namespace qor {
@@ -28,8 +28,8 @@ Widget* ConNombre(Widget* widget, const char* nombre) {
 
 }  // namespace
 
-FormNotas::FormNotas(Editor& editor, FilaDeTabla fila, const AbrirAyuda& ayuda, QWidget* padre)
-    : Dialogo(editor.textos, "FormNotas", padre), editor_(editor), estado_(AbrirNotas(editor, fila)) {
+FormNotas::FormNotas(Ventana& ventana, FilaDeTabla fila, const AbrirAyuda& ayuda, QWidget* padre)
+    : Dialogo(ventana.textos, "FormNotas", padre), ventana_(ventana), estado_(AbrirNotas(ventana, fila)) {
     PonerTitulo(estado_.titulo);
     auto* const orden = new QVBoxLayout(this);
     CrearNota();
@@ -157,9 +157,9 @@ void FormNotas::Escuchar() {
         Filas_->PonerTexto(estado_.Filas);
     });
     connect(ExaminarStep_, &QPushButton::clicked, this, [this] {
-        ConTrampa(editor_, [this] {
+        ConTrampa(ventana_.vista, [this] {
             estado_.NombreArchivo = NombreArchivo_->Texto();
-            ExaminarStep(editor_, estado_);
+            ExaminarStep(ventana_, estado_);
             NombreArchivo_->PonerTexto(estado_.NombreArchivo);
         });
     });
@@ -191,7 +191,7 @@ std::string FormNotas::FiltrarNota(std::string_view texto) {
             pasado += c;
             continue;
         }
-        const char tecla = FiltrarTeclaDeNota(editor_, estado_, c);
+        const char tecla = FiltrarTeclaDeNota(ventana_, estado_, c);
         if (tecla != teclaDescartada) pasado += tecla;
         if (c == '\r') enterDescartado = tecla == teclaDescartada;
     }
@@ -210,7 +210,7 @@ bool FormNotas::PuedeCerrar() {
     estado_.Descripcion = Descripcion_->Texto();
     LeerLista();
     bool cerrar = true;
-    ConTrampa(editor_, [&] { cerrar = CerrarNotas(editor_, estado_); });
+    ConTrampa(ventana_.vista, [&] { cerrar = CerrarNotas(ventana_, estado_); });
     return cerrar;
 }
 

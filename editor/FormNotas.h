@@ -22,7 +22,7 @@ class FormNotas : public Dialogo {
     Q_OBJECT
 public:
     // Throws FalloDeEjecucion when the marks of the row stand in the wrong order.
-    FormNotas(Editor& editor, FilaDeTabla fila, const AbrirAyuda& ayuda, QWidget* padre);
+    FormNotas(Ventana& ventana, FilaDeTabla fila, const AbrirAyuda& ayuda, QWidget* padre);
 
 protected:
     bool PuedeCerrar() override;
@@ -37,7 +37,7 @@ private:
     std::string FiltrarNota(std::string_view texto);
     void LeerLista();
 
-    Editor& editor_;
+    Ventana& ventana_;
     DialogoDeNotas estado_;
 
     CajaDeTexto* NotaCampo_ = nullptr;

@@ -6,9 +6,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "base/failure_trap.h"
 #include "base/qt/lists.h"
 #include "base/qt/text_boxes.h"
-#include "editor/failure_trap.h"
 
 namespace qor {
 
@@ -18,11 +18,11 @@ constexpr int paginaDeAyuda = 705;
 
 }  // namespace
 
-FormNuevasVariables::FormNuevasVariables(Editor& editor, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre)
-    : Dialogo(editor.textos, "FormNuevasVariables", padre),
-      editor_(editor),
+FormNuevasVariables::FormNuevasVariables(Ventana& ventana, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre)
+    : Dialogo(ventana.textos, "FormNuevasVariables", padre),
+      ventana_(ventana),
       navegador_(std::move(navegador)),
-      estado_(AbrirDefiniciones(editor)) {
+      estado_(AbrirDefiniciones(ventana)) {
     setWindowTitle(Rotulo(151));
     CrearControles(ayuda);
     Mostrar();
@@ -47,19 +47,19 @@ void FormNuevasVariables::CrearControles(const AbrirAyuda& ayuda) {
 
     connect(ListaDefiniciones_, &QListWidget::currentRowChanged, this, [this](int fila) {
         if (mostrando_ || fila < 0) return;
-        SeleccionarDefinicion(editor_, estado_, fila);
+        SeleccionarDefinicion(ventana_, estado_, fila);
         Mostrar();
     });
     connect(Vars_, &QPlainTextEdit::textChanged, this, [this] {
-        if (!mostrando_) CambiarVars(editor_, estado_, Vars_->Texto());
+        if (!mostrando_) CambiarVars(ventana_, estado_, Vars_->Texto());
     });
     connect(InsertBAPIButton, &QPushButton::clicked, this, [this] {
         navegador_(this);
-        estado_ = AbrirDefiniciones(editor_);
+        estado_ = AbrirDefiniciones(ventana_);
         Mostrar();
     });
     connect(LimpiarBoton, &QPushButton::clicked, this, [this] {
-        ConTrampa(editor_, [this] { Limpiar(editor_, estado_); });
+        ConTrampa(ventana_.vista, [this] { Limpiar(ventana_, estado_); });
         Mostrar();
     });
     connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);

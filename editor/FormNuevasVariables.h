@@ -16,13 +16,13 @@ public:
     // Runs the BAPI browser over a window, for a definition instead of rows.
     using NavegadorDeBAPIs = std::function<void(QWidget* ventana)>;
 
-    FormNuevasVariables(Editor& editor, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre);
+    FormNuevasVariables(Ventana& ventana, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre);
 
 private:
     void CrearControles(const AbrirAyuda& ayuda);
     void Mostrar();
 
-    Editor& editor_;
+    Ventana& ventana_;
     NavegadorDeBAPIs navegador_;
     DialogoDeDefiniciones estado_;
     bool mostrando_ = false;

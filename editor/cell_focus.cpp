@@ -9,35 +9,35 @@ namespace qor {
 
 namespace {
 
-void ReglaDeSalida(Editor& editor, LugarDeCelda lugar) {
-    if (lugar.columna == Columna::Text1) ReglaDeDuplicados(editor, lugar.linea);
-    if (lugar.columna == Columna::Text5) ReglaDeValor(editor, lugar.linea);
+void ReglaDeSalida(Ventana& ventana, LugarDeCelda lugar) {
+    if (lugar.columna == Columna::CampoDeArchivo) ReglaDeDuplicados(ventana, lugar.linea);
+    if (lugar.columna == Columna::Valor) ReglaDeValor(ventana, lugar.linea);
 }
 
 }  // namespace
 
-void EntrarEnCelda(Editor& editor, LugarDeCelda lugar) {
-    if (editor.ventana.foco != lugar) {
-        DejarCelda(editor);
-        editor.ventana.foco = lugar;
+void EntrarEnCelda(Ventana& ventana, LugarDeCelda lugar) {
+    if (ventana.foco != lugar) {
+        DejarCelda(ventana);
+        ventana.foco = lugar;
     }
     const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
-    (deArchivo ? editor.archivo.LineaArchivo : editor.transaccion.LineaTransaccion) = FilaDe(editor, lugar);
+    (deArchivo ? ventana.archivo.LineaArchivo : ventana.transaccion.LineaTransaccion) = FilaDe(ventana, lugar);
 }
 
-void SalirDeCelda(Editor& editor, LugarDeCelda lugar) {
-    if (editor.ventana.foco && editor.ventana.foco != lugar) return;
-    editor.ventana.foco.reset();
-    ReglaDeSalida(editor, lugar);
+void SalirDeCelda(Ventana& ventana, LugarDeCelda lugar) {
+    if (ventana.foco && ventana.foco != lugar) return;
+    ventana.foco.reset();
+    ReglaDeSalida(ventana, lugar);
 }
 
-void EnfocarCelda(Editor& editor, LugarDeCelda lugar) {
-    EntrarEnCelda(editor, lugar);
-    editor.vista.Enfocar(NombreDeControl(lugar));
+void EnfocarCelda(Ventana& ventana, LugarDeCelda lugar) {
+    EntrarEnCelda(ventana, lugar);
+    ventana.vista.Enfocar(NombreDeControl(lugar));
 }
 
-void DejarCelda(Editor& editor) {
-    if (const auto lugar = std::exchange(editor.ventana.foco, std::nullopt)) ReglaDeSalida(editor, *lugar);
+void DejarCelda(Ventana& ventana) {
+    if (const auto lugar = std::exchange(ventana.foco, std::nullopt)) ReglaDeSalida(ventana, *lugar);
 }
 
 }  // namespace qor

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/editor.h"
+#include "editor/window.h"
 
 // Which cell has the focus, and the rules of entering and leaving one.
 //
@@ -11,15 +11,15 @@ namespace qor {
 
 // The form: a cell has got the focus. The cell before is left by its rule, and the row becomes the one last entered. The form
 // selects the whole text.
-void EntrarEnCelda(Editor& editor, LugarDeCelda lugar);
+void EntrarEnCelda(Ventana& ventana, LugarDeCelda lugar);
 
 // The form: a cell has lost the focus to a control that is no cell.
-void SalirDeCelda(Editor& editor, LugarDeCelda lugar);
+void SalirDeCelda(Ventana& ventana, LugarDeCelda lugar);
 
 // The core: gives a cell the focus, with both rules.
-void EnfocarCelda(Editor& editor, LugarDeCelda lugar);
+void EnfocarCelda(Ventana& ventana, LugarDeCelda lugar);
 
 // The core: leaves the cell that has the focus by its rule. No cell has it afterwards.
-void DejarCelda(Editor& editor);
+void DejarCelda(Ventana& ventana);
 
 }  // namespace qor

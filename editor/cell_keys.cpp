@@ -11,68 +11,68 @@ namespace qor {
 
 namespace {
 
-constexpr std::array columnasArchivo = {Columna::Text1, Columna::Text2};
-constexpr std::array columnasTransaccion = {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5};
+constexpr std::array columnasArchivo = {Columna::CampoDeArchivo, Columna::Ancho};
+constexpr std::array columnasTransaccion = {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor};
 
 std::span<const Columna> ColumnasDe(Tabla tabla) {
     if (tabla == Tabla::Archivo) return columnasArchivo;
     return columnasTransaccion;
 }
 
-void MoverVentana(Editor& editor, Tabla tabla, int paso) {
+void MoverVentana(Ventana& ventana, Tabla tabla, int paso) {
     if (tabla == Tabla::Archivo) {
-        paso < 0 ? VentanaArchivoArriba(editor) : VentanaArchivoAbajo(editor);
+        paso < 0 ? VentanaArchivoArriba(ventana) : VentanaArchivoAbajo(ventana);
     } else {
-        paso < 0 ? VentanaTransaccionArriba(editor) : VentanaTransaccionAbajo(editor);
+        paso < 0 ? VentanaTransaccionArriba(ventana) : VentanaTransaccionAbajo(ventana);
     }
 }
 
 // To a cell of the line above or below; at the end of the grid the grid scrolls instead.
-void IrALinea(Editor& editor, Columna columna, int linea, int paso) {
+void IrALinea(Ventana& ventana, Columna columna, int linea, int paso) {
     const int nueva = linea + paso;
-    if (nueva >= 0 && nueva < LineasDe(columna)) return EnfocarCelda(editor, {columna, nueva});
-    DejarCelda(editor);
-    MoverVentana(editor, TablaDe(columna), paso);
-    EnfocarCelda(editor, {columna, linea});
+    if (nueva >= 0 && nueva < LineasDe(columna)) return EnfocarCelda(ventana, {columna, nueva});
+    DejarCelda(ventana);
+    MoverVentana(ventana, TablaDe(columna), paso);
+    EnfocarCelda(ventana, {columna, linea});
 }
 
-void IrPagina(Editor& editor, LugarDeCelda lugar, int paso) {
+void IrPagina(Ventana& ventana, LugarDeCelda lugar, int paso) {
     for (int n = LineasDe(lugar.columna) - 1; n > 0; --n) {
-        IrALinea(editor, lugar.columna, lugar.linea, paso);
-        lugar = *editor.ventana.foco;
+        IrALinea(ventana, lugar.columna, lugar.linea, paso);
+        lugar = *ventana.foco;
     }
 }
 
-void IrDeLado(Editor& editor, LugarDeCelda lugar, int paso) {
+void IrDeLado(Ventana& ventana, LugarDeCelda lugar, int paso) {
     const auto columnas = ColumnasDe(TablaDe(lugar.columna));
     const int nueva = static_cast<int>(NumeroDeColumna(lugar.columna)) + paso;
     if (nueva >= 0 && nueva < static_cast<int>(columnas.size())) {
-        return EnfocarCelda(editor, {columnas[static_cast<std::size_t>(nueva)], lugar.linea});
+        return EnfocarCelda(ventana, {columnas[static_cast<std::size_t>(nueva)], lugar.linea});
     }
-    IrALinea(editor, paso < 0 ? columnas.back() : columnas.front(), lugar.linea, paso);
+    IrALinea(ventana, paso < 0 ? columnas.back() : columnas.front(), lugar.linea, paso);
 }
 
-void InsertarFila(Editor& editor, LugarDeCelda lugar) {
-    TablaDe(lugar.columna) == Tabla::Archivo ? InsertarArchivo(editor, lugar.linea) : InsertarTransaccion(editor, lugar.linea);
+void InsertarFila(Ventana& ventana, LugarDeCelda lugar) {
+    TablaDe(lugar.columna) == Tabla::Archivo ? InsertarArchivo(ventana, lugar.linea) : InsertarTransaccion(ventana, lugar.linea);
 }
 
-void BorrarFila(Editor& editor, LugarDeCelda lugar) {
-    TablaDe(lugar.columna) == Tabla::Archivo ? BorrarArchivo(editor, lugar.linea) : BorrarTransaccion(editor, lugar.linea);
+void BorrarFila(Ventana& ventana, LugarDeCelda lugar) {
+    TablaDe(lugar.columna) == Tabla::Archivo ? BorrarArchivo(ventana, lugar.linea) : BorrarTransaccion(ventana, lugar.linea);
 }
 
 }  // namespace
 
-void TeclaEnCelda(Editor& editor, LugarDeCelda lugar, Tecla tecla) {
-    EntrarEnCelda(editor, lugar);
+void TeclaEnCelda(Ventana& ventana, LugarDeCelda lugar, Tecla tecla) {
+    EntrarEnCelda(ventana, lugar);
     switch (tecla) {
-        case Tecla::Arriba: return IrALinea(editor, lugar.columna, lugar.linea, -1);
-        case Tecla::Abajo: return IrALinea(editor, lugar.columna, lugar.linea, 1);
-        case Tecla::Izquierda: return IrDeLado(editor, lugar, -1);
-        case Tecla::Derecha: return IrDeLado(editor, lugar, 1);
-        case Tecla::RePag: return IrPagina(editor, lugar, -1);
-        case Tecla::AvPag: return IrPagina(editor, lugar, 1);
-        case Tecla::F5: return InsertarFila(editor, lugar);
-        case Tecla::F6: return BorrarFila(editor, lugar);
+        case Tecla::Arriba: return IrALinea(ventana, lugar.columna, lugar.linea, -1);
+        case Tecla::Abajo: return IrALinea(ventana, lugar.columna, lugar.linea, 1);
+        case Tecla::Izquierda: return IrDeLado(ventana, lugar, -1);
+        case Tecla::Derecha: return IrDeLado(ventana, lugar, 1);
+        case Tecla::RePag: return IrPagina(ventana, lugar, -1);
+        case Tecla::AvPag: return IrPagina(ventana, lugar, 1);
+        case Tecla::F5: return InsertarFila(ventana, lugar);
+        case Tecla::F6: return BorrarFila(ventana, lugar);
     }
 }
 

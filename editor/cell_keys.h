@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/editor.h"
+#include "editor/window.h"
 
 namespace qor {
 
@@ -10,6 +10,6 @@ enum class Tecla { Arriba, Abajo, Izquierda, Derecha, RePag, AvPag, F5, F6 };
 // A key in a cell. Up, Down and the page keys go along the column and scroll at the end of the grid; Left and Right walk through
 // the cells in reading order; F5 inserts a row, F6 deletes one. Wherever the focus goes, cells are left and entered by their rules;
 // where the grid scrolls under the cell, its row is left before and the new one entered behind. F5 and F6 leave no cell.
-void TeclaEnCelda(Editor& editor, LugarDeCelda lugar, Tecla tecla);
+void TeclaEnCelda(Ventana& ventana, LugarDeCelda lugar, Tecla tecla);
 
 }  // namespace qor

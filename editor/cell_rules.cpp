@@ -1,7 +1,6 @@
 #include "editor/cell_rules.h"
 
-#include <algorithm>
-#include <utility>
+#include <array>
 
 #include "base/text.h"
 
@@ -9,72 +8,76 @@ namespace qor {
 
 namespace {
 
-template <typename UnEditor>
-auto& BuscarCelda(UnEditor& editor, LugarDeCelda lugar) {
+template <typename UnaVentana>
+auto& BuscarCelda(UnaVentana& ventana, LugarDeCelda lugar) {
     const auto i = static_cast<std::size_t>(lugar.linea);
     switch (lugar.columna) {
-        case Columna::Text1: return editor.archivo.Text1[i];
-        case Columna::Text2: return editor.archivo.Text2[i];
-        case Columna::Text6: return editor.transaccion.Text6[i];
-        case Columna::Text3: return editor.transaccion.Text3[i];
-        case Columna::Text4: return editor.transaccion.Text4[i];
-        case Columna::Text5: break;
+        case Columna::CampoDeArchivo: return ventana.archivo.campo[i];
+        case Columna::Ancho: return ventana.archivo.ancho[i];
+        case Columna::Programa: return ventana.transaccion.programa[i];
+        case Columna::Dynpro: return ventana.transaccion.dynpro[i];
+        case Columna::Campo: return ventana.transaccion.campo[i];
+        case Columna::Valor: break;
     }
-    return editor.transaccion.Text5[i];
+    return ventana.transaccion.valor[i];
 }
 
-template <typename Fila>
-void GuardarFila(Editor& editor, int linea, int primeraFila, const Fila& fila) {
-    if (editor.RegistrarCambios) GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, linea, primeraFila, fila});
-}
+using FuncionDeCambio = void (*)(Ventana&, LugarDeCelda, const std::string&);
 
-void CambiarEnArchivo(Editor& editor, LugarDeCelda lugar, const std::string& texto) {
-    auto& fila = editor.especificacion.TablaArchivo[FilaDe(editor, lugar)];
-    GuardarFila(editor, lugar.linea, editor.archivo.PrimeraFilaArchivo, fila);
-    fila.*ColumnaDeArchivo(lugar.columna) = Mayusculas(Recortar(texto));
-    if (lugar.columna != Columna::Text1) return;
-    editor.DuplicadoRevisado = false;
+void CambiarEnArchivo(Ventana& ventana, LugarDeCelda lugar, const std::string& texto, FuncionDeCambio otraVez) {
+    ventana.documento.especificacion.TablaArchivo[FilaDe(ventana, lugar)].*ColumnaDeArchivo(lugar.columna) =
+        TextoDeTabla(lugar.columna, texto);
+    if (lugar.columna != Columna::CampoDeArchivo) return;
+    ventana.DuplicadoRevisado = false;
     if (texto.size() > largoMaximoDeCampo) {
-        editor.vista.Advertir(Componer(editor.textos, {333, " 30."}));
-        CambiarCelda(editor, lugar.columna, lugar.linea, texto.substr(0, largoMaximoDeCampo));
+        ventana.vista.Advertir(Componer(ventana.textos, {333, " 30."}));
+        otraVez(ventana, lugar, texto.substr(0, largoMaximoDeCampo));
     }
 }
 
-void CambiarEnTransaccion(Editor& editor, LugarDeCelda lugar, const std::string& texto) {
+void CambiarEnTransaccion(Ventana& ventana, LugarDeCelda lugar, const std::string& texto) {
+    ventana.documento.especificacion.TablaTransaccion[FilaDe(ventana, lugar)].*ColumnaDeTransaccion(lugar.columna) =
+        TextoDeTabla(lugar.columna, texto);
+    if (lugar.columna != Columna::Programa) return;
     const auto cortado = Recortar(texto);
-    if (lugar.columna == Columna::Text6) {
-        const Color color = cortado == "TRANS" || cortado == "BAPI" ? Color::Azul : Color::Negro;
-        CeldaDe(editor, lugar).color = color;
-        CeldaDe(editor, {Columna::Text3, lugar.linea}).color = color;
+    const Color color = cortado == "TRANS" || cortado == "BAPI" ? Color::Azul : Color::Negro;
+    CeldaDe(ventana, lugar).color = color;
+    CeldaDe(ventana, {Columna::Dynpro, lugar.linea}).color = color;
+}
+
+void Cambiar(Ventana& ventana, LugarDeCelda lugar, const std::string& texto, FuncionDeCambio otraVez) {
+    CeldaDe(ventana, lugar).texto = texto;
+    if (TablaDe(lugar.columna) == Tabla::Archivo) {
+        CambiarEnArchivo(ventana, lugar, texto, otraVez);
+    } else {
+        CambiarEnTransaccion(ventana, lugar, texto);
     }
-    auto& fila = editor.especificacion.TablaTransaccion[FilaDe(editor, lugar)];
-    GuardarFila(editor, lugar.linea, editor.transaccion.PrimeraFilaTransaccion, fila);
-    const bool esConstante = lugar.columna == Columna::Text5 && cortado.starts_with('\'');
-    fila.*ColumnaDeTransaccion(lugar.columna) = esConstante ? std::string(cortado) : Mayusculas(cortado);
+}
+
+void GuardarFila(Ventana& ventana, LugarDeCelda lugar) {
+    auto& documento = ventana.documento;
+    const int fila = FilaDe(ventana, lugar);
+    const int primera = fila - lugar.linea;
+    if (TablaDe(lugar.columna) == Tabla::Archivo) {
+        documento.GuardarDeshacer(
+            {RegistroDeshacer::Paso::Cambio, lugar.linea, primera, documento.especificacion.TablaArchivo[fila]});
+    } else {
+        documento.GuardarDeshacer(
+            {RegistroDeshacer::Paso::Cambio, lugar.linea, primera, documento.especificacion.TablaTransaccion[fila]});
+    }
 }
 
 }  // namespace
 
-Tabla TablaDe(Columna columna) { return columna <= Columna::Text2 ? Tabla::Archivo : Tabla::Transaccion; }
-
-std::size_t NumeroDeColumna(Columna columna) {
-    const auto primera = TablaDe(columna) == Tabla::Archivo ? Columna::Text1 : Columna::Text6;
-    return static_cast<std::size_t>(columna) - static_cast<std::size_t>(primera);
-}
-
-std::string FilaDeArchivo::*ColumnaDeArchivo(Columna columna) { return columnasDeArchivo[NumeroDeColumna(columna)]; }
-
-std::string FilaDeTransaccion::*ColumnaDeTransaccion(Columna columna) { return columnasDeTransaccion[NumeroDeColumna(columna)]; }
-
 int LineasDe(Columna columna) { return TablaDe(columna) == Tabla::Archivo ? lineasArchivo : lineasTransaccion; }
 
-Celda& CeldaDe(Editor& editor, LugarDeCelda lugar) { return BuscarCelda(editor, lugar); }
-const Celda& CeldaDe(const Editor& editor, LugarDeCelda lugar) { return BuscarCelda(editor, lugar); }
-const std::string& TextoDe(const Editor& editor, LugarDeCelda lugar) { return CeldaDe(editor, lugar).texto; }
+Celda& CeldaDe(Ventana& ventana, LugarDeCelda lugar) { return BuscarCelda(ventana, lugar); }
+const Celda& CeldaDe(const Ventana& ventana, LugarDeCelda lugar) { return BuscarCelda(ventana, lugar); }
+const std::string& TextoDe(const Ventana& ventana, LugarDeCelda lugar) { return CeldaDe(ventana, lugar).texto; }
 
-int FilaDe(const Editor& editor, LugarDeCelda lugar) {
+int FilaDe(const Ventana& ventana, LugarDeCelda lugar) {
     const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
-    return lugar.linea + (deArchivo ? editor.archivo.PrimeraFilaArchivo : editor.transaccion.PrimeraFilaTransaccion);
+    return lugar.linea + (deArchivo ? ventana.archivo.PrimeraFilaArchivo : ventana.transaccion.PrimeraFilaTransaccion);
 }
 
 std::string NombreDeControl(LugarDeCelda lugar) {
@@ -82,16 +85,14 @@ std::string NombreDeControl(LugarDeCelda lugar) {
     return nombres[static_cast<std::size_t>(lugar.columna)] + std::to_string(lugar.linea);
 }
 
-void CambiarCelda(Editor& editor, Columna columna, int linea, const std::string& texto) {
-    const LugarDeCelda lugar{columna, linea};
-    Celda& celda = CeldaDe(editor, lugar);
-    if (celda.texto == texto) return;
-    celda.texto = texto;
-    if (TablaDe(columna) == Tabla::Archivo) {
-        CambiarEnArchivo(editor, lugar, texto);
-    } else {
-        CambiarEnTransaccion(editor, lugar, texto);
-    }
+void EscribirEnCelda(Ventana& ventana, LugarDeCelda lugar, const std::string& texto) {
+    if (TextoDe(ventana, lugar) == texto) return;
+    GuardarFila(ventana, lugar);
+    Cambiar(ventana, lugar, texto, EscribirEnCelda);
+}
+
+void PonerEnCelda(Ventana& ventana, LugarDeCelda lugar, const std::string& texto) {
+    if (TextoDe(ventana, lugar) != texto) Cambiar(ventana, lugar, texto, PonerEnCelda);
 }
 
 }  // namespace qor

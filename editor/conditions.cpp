@@ -20,63 +20,63 @@ bool EstaEnLista(const DialogoDeCondiciones& dialogo, std::string_view nombre) {
 
 }  // namespace
 
-DialogoDeCondiciones AbrirCondiciones(const Editor& editor) {
+DialogoDeCondiciones AbrirCondiciones(const Ventana& ventana) {
     DialogoDeCondiciones dialogo;
-    for (const auto& fila : editor.especificacion.TablaCondiciones) {
+    for (const auto& fila : ventana.documento.especificacion.TablaCondiciones) {
         if (fila.nombre.empty()) break;
         dialogo.ListaCondiciones.push_back(fila.nombre);
     }
     return dialogo;
 }
 
-void AgregarCondicion(Editor& editor, DialogoDeCondiciones& dialogo) {
+void AgregarCondicion(Ventana& ventana, DialogoDeCondiciones& dialogo) {
     const auto cortado = Recortar(dialogo.Nuevo);
     if (cortado.empty()) return;
     if (EstaEnLista(dialogo, cortado)) {
-        editor.vista.Advertir(Componer(editor.textos, {357}));
-        return editor.vista.Enfocar("Nuevo");
+        ventana.vista.Advertir(Componer(ventana.textos, {357}));
+        return ventana.vista.Enfocar("Nuevo");
     }
     if (dialogo.ListaCondiciones.size() >= maximoDeCondiciones) {
-        return editor.vista.Advertir(MensajeLiteral("There is no room for another condition."));
+        return ventana.vista.Advertir(MensajeLiteral("There is no room for another condition."));
     }
     const std::string nombre = Mayusculas(cortado);
     const int fila = static_cast<int>(dialogo.ListaCondiciones.size());
-    editor.especificacion.TablaCondiciones[fila] = {nombre, ""};
-    editor.HayCambios = true;
+    ventana.documento.especificacion.TablaCondiciones[fila] = {nombre, ""};
+    ventana.documento.Cambiar();
     dialogo.ListaCondiciones.push_back(nombre);
     dialogo.Nuevo.clear();
-    SeleccionarCondicion(editor, dialogo, fila);
-    editor.vista.Enfocar("Condicional");
+    SeleccionarCondicion(ventana, dialogo, fila);
+    ventana.vista.Enfocar("Condicional");
 }
 
-void BorrarCondicion(Editor& editor, DialogoDeCondiciones& dialogo) {
+void BorrarCondicion(Ventana& ventana, DialogoDeCondiciones& dialogo) {
     const int fila = std::exchange(dialogo.seleccion, -1);
     dialogo.Condicional.clear();
     if (fila < 0) return;
-    auto& tabla = editor.especificacion.TablaCondiciones;
+    auto& tabla = ventana.documento.especificacion.TablaCondiciones;
     std::move(tabla.begin() + fila + 1, tabla.end(), tabla.begin() + fila);
     tabla.back() = {};
     dialogo.ListaCondiciones.erase(dialogo.ListaCondiciones.begin() + fila);
-    editor.HayCambios = true;
+    ventana.documento.Cambiar();
 }
 
-void SeleccionarCondicion(const Editor& editor, DialogoDeCondiciones& dialogo, int indice) {
+void SeleccionarCondicion(const Ventana& ventana, DialogoDeCondiciones& dialogo, int indice) {
     dialogo.seleccion = indice;
-    dialogo.Condicional = indice < 0 ? std::string() : editor.especificacion.TablaCondiciones[indice].texto;
+    dialogo.Condicional = indice < 0 ? std::string() : ventana.documento.especificacion.TablaCondiciones[indice].texto;
 }
 
-void CambiarCondicional(Editor& editor, DialogoDeCondiciones& dialogo, const std::string& texto) {
+void CambiarCondicional(Ventana& ventana, DialogoDeCondiciones& dialogo, const std::string& texto) {
     dialogo.Condicional = texto;
     if (dialogo.seleccion < 0) return;
-    std::string& guardado = editor.especificacion.TablaCondiciones[dialogo.seleccion].texto;
+    std::string& guardado = ventana.documento.especificacion.TablaCondiciones[dialogo.seleccion].texto;
     if (guardado == texto) return;
     guardado = texto;
-    editor.HayCambios = true;
+    ventana.documento.Cambiar();
 }
 
-char FiltrarTeclaDeCondicional(Editor& editor, const DialogoDeCondiciones& dialogo, char tecla) {
+char FiltrarTeclaDeCondicional(Ventana& ventana, const DialogoDeCondiciones& dialogo, char tecla) {
     if (dialogo.seleccion >= 0) return FiltrarTecla("Condicional", tecla);
-    editor.vista.Advertir(Componer(editor.textos, {358}));
+    ventana.vista.Advertir(Componer(ventana.textos, {358}));
     return teclaDescartada;
 }
 

@@ -6,75 +6,76 @@ namespace qor {
 
 namespace {
 
-PedidoDeGeneracion PedidoDe(Editor& editor, const Preferencias& preferencias) {
-    return {editor.especificacion, editor.opciones,      preferencias,          editor.textos,
-            editor.vista,          editor.RutaDocumento, editor.NombreDocumento};
+PedidoDeGeneracion PedidoDe(Ventana& ventana, const Preferencias& preferencias) {
+    return PedidoDeGeneracion::De(ventana.documento, preferencias, ventana.textos, ventana.vista);
 }
 
-void ConCambios(Editor& editor, bool hecho) {
-    if (hecho) editor.HayCambios = true;
+void ConCambios(Ventana& ventana, bool hecho) {
+    if (hecho) ventana.documento.Cambiar();
 }
 
 }  // namespace
 
-std::optional<DialogoDeOrigen> AbrirOrigen(Editor& editor, const Preferencias& preferencias) {
+std::optional<DialogoDeOrigen> AbrirOrigen(Ventana& ventana, const Preferencias& preferencias) {
     // The declarations are those of a report with the user's own source.
-    const bool antes = std::exchange(editor.especificacion.OrigenUsuario, true);
+    const bool antes = std::exchange(ventana.documento.especificacion.OrigenUsuario, true);
     DialogoDeOrigen dialogo;
     try {
-        dialogo.estructuras = ImprimirEstructuras(PedidoDe(editor, preferencias));
+        dialogo.estructuras = ImprimirEstructuras(PedidoDe(ventana, preferencias));
     } catch (...) {
-        editor.especificacion.OrigenUsuario = antes;
+        ventana.documento.especificacion.OrigenUsuario = antes;
         throw;
     }
-    editor.especificacion.OrigenUsuario = antes;
+    ventana.documento.especificacion.OrigenUsuario = antes;
     if (dialogo.estructuras.texto.empty()) return std::nullopt;
     dialogo.ComboItabs = dialogo.estructuras.tablas.front();
     return dialogo;
 }
 
-void CambiarOtroOrigen(Editor& editor, bool encendido) {
-    if (editor.especificacion.OrigenUsuario == encendido) return;
-    editor.especificacion.OrigenUsuario = encendido;
-    editor.HayCambios = true;
+void CambiarOtroOrigen(Ventana& ventana, bool encendido) {
+    if (ventana.documento.especificacion.OrigenUsuario == encendido) return;
+    ventana.documento.especificacion.OrigenUsuario = encendido;
+    ventana.documento.Cambiar();
 }
 
-bool HabilitadoEnOrigen(const Editor& editor, std::string_view control) {
-    return editor.especificacion.OrigenUsuario || control == "CheckOtroOrigen" || control == "OKButton" || control == "Ayuda";
+bool HabilitadoEnOrigen(const Ventana& ventana, std::string_view control) {
+    return ventana.documento.especificacion.OrigenUsuario || control == "CheckOtroOrigen" || control == "OKButton" ||
+           control == "Ayuda";
 }
 
-void CambiarTextoDeOrigen(Editor& editor, std::string Especificacion::*texto, const std::string& nuevo) {
-    if (editor.especificacion.*texto == nuevo) return;
-    editor.especificacion.*texto = nuevo;
-    editor.HayCambios = true;
+void CambiarTextoDeOrigen(Ventana& ventana, std::string Especificacion::*texto, const std::string& nuevo) {
+    if (ventana.documento.especificacion.*texto == nuevo) return;
+    ventana.documento.especificacion.*texto = nuevo;
+    ventana.documento.Cambiar();
 }
 
-void ClicModeloArchivo(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo, FuenteDeModelo fuente) {
-    ConCambios(editor, ModeloArchivo(PedidoDe(editor, preferencias), TextosDe(editor.especificacion), dialogo.ComboItabs, fuente));
+void ClicModeloArchivo(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo, FuenteDeModelo fuente) {
+    ConCambios(ventana, ModeloArchivo(PedidoDe(ventana, preferencias), TextosDe(ventana.documento.especificacion),
+                                      dialogo.ComboItabs, fuente));
 }
 
-void ClicModeloOpenSQL(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo) {
-    ConCambios(editor, ModeloOpenSQL(PedidoDe(editor, preferencias), TextosDe(editor.especificacion), dialogo.ComboItabs,
-                                     dialogo.estructuras.texto));
+void ClicModeloOpenSQL(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo) {
+    ConCambios(ventana, ModeloOpenSQL(PedidoDe(ventana, preferencias), TextosDe(ventana.documento.especificacion),
+                                      dialogo.ComboItabs, dialogo.estructuras.texto));
 }
 
-void ClicModeloSQLNativo(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo) {
-    ConCambios(editor, ModeloSQLNativo(PedidoDe(editor, preferencias), TextosDe(editor.especificacion), dialogo.ComboItabs,
-                                       dialogo.estructuras.texto));
+void ClicModeloSQLNativo(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo) {
+    ConCambios(ventana, ModeloSQLNativo(PedidoDe(ventana, preferencias), TextosDe(ventana.documento.especificacion),
+                                        dialogo.ComboItabs, dialogo.estructuras.texto));
 }
 
-void EliminarDeOrigen(Editor& editor, const std::string& eleccion) {
-    const auto& especificacion = editor.especificacion;
+void EliminarDeOrigen(Ventana& ventana, const std::string& eleccion) {
+    const auto& especificacion = ventana.documento.especificacion;
     const auto largo = [&] {
         return especificacion.OrigenVariables.size() + especificacion.OrigenForms.size() + especificacion.OrigenSource.size();
     };
     const auto antes = largo();
-    EliminarTextos(TextosDe(editor.especificacion), eleccion);
-    ConCambios(editor, largo() != antes);
+    EliminarTextos(TextosDe(ventana.documento.especificacion), eleccion);
+    ConCambios(ventana, largo() != antes);
 }
 
-std::string TextoDePreview(Editor& editor, const Preferencias& preferencias) {
-    return ImprimirEstructuras(PedidoDe(editor, preferencias)).texto;
+std::string TextoDePreview(Ventana& ventana, const Preferencias& preferencias) {
+    return ImprimirEstructuras(PedidoDe(ventana, preferencias)).texto;
 }
 
 }  // namespace qor

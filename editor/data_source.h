@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "editor/editor.h"
+#include "editor/window.h"
 #include "generator/data_source_models.h"
 
 // The rules of FormDataSource: the user's own source of data, and the code models for it.
@@ -16,25 +16,25 @@ struct DialogoDeOrigen {
 };
 
 // The click of OtherSource. Nothing when the declarations of the report could not be made; the view has shown why.
-std::optional<DialogoDeOrigen> AbrirOrigen(Editor& editor, const Preferencias& preferencias);
+std::optional<DialogoDeOrigen> AbrirOrigen(Ventana& ventana, const Preferencias& preferencias);
 
 // The check box CheckOtroOrigen, which is set when `especificacion.OrigenUsuario` is. With it off, all controls of the dialog are
 // disabled but itself, OKButton and Ayuda.
-void CambiarOtroOrigen(Editor& editor, bool encendido);
-bool HabilitadoEnOrigen(const Editor& editor, std::string_view control);
+void CambiarOtroOrigen(Ventana& ventana, bool encendido);
+bool HabilitadoEnOrigen(const Ventana& ventana, std::string_view control);
 
 // A change of Variables, Forms or Source. `texto` is OrigenVariables, OrigenForms or OrigenSource.
-void CambiarTextoDeOrigen(Editor& editor, std::string Especificacion::*texto, const std::string& nuevo);
+void CambiarTextoDeOrigen(Ventana& ventana, std::string Especificacion::*texto, const std::string& nuevo);
 
 // The model buttons. For ModeloArchivo the form asks for the kind of source first (FormConsultaOrigen).
-void ClicModeloArchivo(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo, FuenteDeModelo fuente);
-void ClicModeloOpenSQL(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo);
-void ClicModeloSQLNativo(Editor& editor, const Preferencias& preferencias, const DialogoDeOrigen& dialogo);
+void ClicModeloArchivo(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo, FuenteDeModelo fuente);
+void ClicModeloOpenSQL(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo);
+void ClicModeloSQLNativo(Ventana& ventana, const Preferencias& preferencias, const DialogoDeOrigen& dialogo);
 
 // Eliminar: the answer of FormConsultadeEliminar, "1" or "0" for Variables, Forms and Source in this order.
-void EliminarDeOrigen(Editor& editor, const std::string& eleccion);
+void EliminarDeOrigen(Ventana& ventana, const std::string& eleccion);
 
 // PreviewButton, here and on the main form: the declarations to show, empty when they could not be made.
-std::string TextoDePreview(Editor& editor, const Preferencias& preferencias);
+std::string TextoDePreview(Ventana& ventana, const Preferencias& preferencias);
 
 }  // namespace qor

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "editor/editor.h"
+#include "editor/window.h"
 
 // The rules of FormNuevasVariables: the global definitions and the call texts of BAPIs, in one text box.
 namespace qor {
@@ -15,15 +15,15 @@ struct DialogoDeDefiniciones {
 };
 
 // The same after the BAPI browser has added an entry (InsertBAPIButton).
-DialogoDeDefiniciones AbrirDefiniciones(const Editor& editor);
+DialogoDeDefiniciones AbrirDefiniciones(const Ventana& ventana);
 
 // A click in the list.
-void SeleccionarDefinicion(const Editor& editor, DialogoDeDefiniciones& dialogo, int indice);
+void SeleccionarDefinicion(const Ventana& ventana, DialogoDeDefiniciones& dialogo, int indice);
 
 // A change of Vars, which goes into the specification at once. Filling the box by a selection is none.
-void CambiarVars(Editor& editor, DialogoDeDefiniciones& dialogo, const std::string& texto);
+void CambiarVars(Ventana& ventana, DialogoDeDefiniciones& dialogo, const std::string& texto);
 
 // Clears the global definitions, or removes the BAPI of the selected entry, after the question 366 or 387.
-void Limpiar(Editor& editor, DialogoDeDefiniciones& dialogo);
+void Limpiar(Ventana& ventana, DialogoDeDefiniciones& dialogo);
 
 }  // namespace qor

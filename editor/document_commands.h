@@ -1,35 +1,39 @@
 #pragma once
 
-#include "editor/editor.h"
+#include <filesystem>
+#include <string>
 
-// The commands of the File menu. Each speaks to the user through the editor's view, and leaves the specification, the document and
+#include "editor/window.h"
+#include "model/document_file.h"
+
+// The commands of the File menu. Each speaks to the user through the window's view, and leaves the specification, the document and
 // the lock in a whole state whatever fails.
 namespace qor {
 
 constexpr const char* tituloDelPrograma = "Qor Generator - Batch Input & BAPI-based Interface Generator";
-constexpr const char* filtroDeDocumentos = "QOR format|*.qor";
 
 // A new specification in the place of the open one, after the question whether to save it. The first pages of the tabs are shown,
-// searches start anew, and no cell has the focus.
-void NewOption(Editor& editor);
+// searches start anew, and no cell has the focus. False when the user backs out.
+bool NewOption(Ventana& ventana);
 
-// Opens the document that the user chooses, or the one named at the start of the program. False when it was not opened.
-bool OpenOption(Editor& editor);
+// The first step of an opening: the question whether to save what differs, and a new specification. False when the user backs out.
+bool DejarDocumento(Ventana& ventana);
 
-// Saves under the document's name, asking for one when it has none. False when nothing was saved; a gap in a table also sets
-// `GrabacionFallida`. The file is replaced in one atomic step and stays locked.
-bool SaveOption(Editor& editor);
+// Leaves what is open and opens a document. False when the user backs out, or when it was not opened; the specification is a new
+// one then.
+bool OpenOption(Ventana& ventana, const std::filesystem::path& ruta);
 
-bool SaveAsOption(Editor& editor);
+// Saves under the document's path, asking for one when it has none. False when nothing was saved.
+bool SaveOption(Ventana& ventana);
+
+// Asks for another path. The document stays where it is when nothing was saved.
+bool SaveAsOption(Ventana& ventana);
 
 // The end of the program: offers to save, then lets the document go. False keeps it open: the user cancels, or wants to save and
 // the save fails.
-bool CerrarDocumento(Editor& editor);
+bool CerrarDocumento(Ventana& ventana);
 
 // The title of the window.
-std::string TituloDeVentana(const Editor& editor);
-
-// Makes a path of the user's the document's own: absolute, with its name part.
-void FijarDocumento(Editor& editor, const std::string& ruta);
+std::string TituloDeVentana(const Documento& documento);
 
 }  // namespace qor

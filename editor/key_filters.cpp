@@ -43,9 +43,9 @@ char Transformar(Clase clase, char tecla) {
 
 Clase ClaseDe(Columna columna) {
     switch (columna) {
-        case Columna::Text1: return Clase::Nombre;
-        case Columna::Text2: return Clase::Digitos;
-        case Columna::Text5: return Clase::Libre;
+        case Columna::CampoDeArchivo: return Clase::Nombre;
+        case Columna::Ancho: return Clase::Digitos;
+        case Columna::Valor: return Clase::Libre;
         default: return Clase::Mayusculas;
     }
 }
@@ -60,39 +60,39 @@ Clase ClaseDe(std::string_view control) {
     return hay ? Clase::Mayusculas : Clase::Libre;
 }
 
-bool FilaAnteriorVacia(const Editor& editor, LugarDeCelda lugar) {
-    const int anterior = FilaDe(editor, lugar) - 1;
+bool FilaAnteriorVacia(const Ventana& ventana, LugarDeCelda lugar) {
+    const int anterior = FilaDe(ventana, lugar) - 1;
     if (anterior < 0) return false;
-    if (TablaDe(lugar.columna) == Tabla::Archivo) return editor.especificacion.TablaArchivo[anterior].campo.empty();
-    return editor.especificacion.TablaTransaccion[anterior].CeldasVacias();
+    if (TablaDe(lugar.columna) == Tabla::Archivo) return ventana.documento.especificacion.TablaArchivo[anterior].campo.empty();
+    return ventana.documento.especificacion.TablaTransaccion[anterior].CeldasVacias();
 }
 
 // The first of the reasons, in the order in which they are asked.
-std::optional<Reparo> ReparoDeFila(const Editor& editor, LugarDeCelda lugar, char tecla) {
-    const auto hayTexto = [&](Columna columna) { return !EstaEnBlanco(TextoDe(editor, {columna, lugar.linea})); };
+std::optional<Reparo> ReparoDeFila(const Ventana& ventana, LugarDeCelda lugar, char tecla) {
+    const auto hayTexto = [&](Columna columna) { return !EstaEnBlanco(TextoDe(ventana, {columna, lugar.linea})); };
     // Asked only in the program grid, which has fewer lines.
-    const auto filaDeCampo = [&] { return hayTexto(Columna::Text4) || hayTexto(Columna::Text5); };
-    const auto filaDeCabeza = [&] { return hayTexto(Columna::Text6) || hayTexto(Columna::Text3); };
-    if (lugar.columna == Columna::Text2) {
-        if (!hayTexto(Columna::Text1)) return Reparo{340, Columna::Text1};
+    const auto filaDeCampo = [&] { return hayTexto(Columna::Campo) || hayTexto(Columna::Valor); };
+    const auto filaDeCabeza = [&] { return hayTexto(Columna::Programa) || hayTexto(Columna::Dynpro); };
+    if (lugar.columna == Columna::Ancho) {
+        if (!hayTexto(Columna::CampoDeArchivo)) return Reparo{340, Columna::CampoDeArchivo};
         return std::nullopt;
     }
-    if (FilaAnteriorVacia(editor, lugar)) return Reparo{339};
+    if (FilaAnteriorVacia(ventana, lugar)) return Reparo{339};
     switch (lugar.columna) {
-        case Columna::Text6:
+        case Columna::Programa:
             if (filaDeCampo()) return Reparo{341};
             if (tecla == ';') return Reparo{351};
             break;
-        case Columna::Text3:
+        case Columna::Dynpro:
             if (filaDeCampo()) return Reparo{341};
-            if (!hayTexto(Columna::Text6)) return Reparo{342, Columna::Text6};
+            if (!hayTexto(Columna::Programa)) return Reparo{342, Columna::Programa};
             break;
-        case Columna::Text4:
+        case Columna::Campo:
             if (filaDeCabeza()) return Reparo{344};
             break;
-        case Columna::Text5:
+        case Columna::Valor:
             if (filaDeCabeza()) return Reparo{344};
-            if (!hayTexto(Columna::Text4)) return Reparo{349, Columna::Text4};
+            if (!hayTexto(Columna::Campo)) return Reparo{349, Columna::Campo};
             break;
         default: break;
     }
@@ -100,11 +100,11 @@ std::optional<Reparo> ReparoDeFila(const Editor& editor, LugarDeCelda lugar, cha
 }
 
 // True when the row can't take the key; the user has been told.
-bool Rechazada(Editor& editor, LugarDeCelda lugar, char tecla) {
-    const auto reparo = ReparoDeFila(editor, lugar, tecla);
+bool Rechazada(Ventana& ventana, LugarDeCelda lugar, char tecla) {
+    const auto reparo = ReparoDeFila(ventana, lugar, tecla);
     if (!reparo) return false;
-    editor.vista.Advertir(Componer(editor.textos, {reparo->mensaje}));
-    if (reparo->foco) EnfocarCelda(editor, {*reparo->foco, lugar.linea});
+    ventana.vista.Advertir(Componer(ventana.textos, {reparo->mensaje}));
+    if (reparo->foco) EnfocarCelda(ventana, {*reparo->foco, lugar.linea});
     return true;
 }
 
@@ -119,14 +119,14 @@ std::string Pasar(std::string_view texto, Filtro filtro) {
 
 }  // namespace
 
-char FiltrarTeclaDeCelda(Editor& editor, LugarDeCelda lugar, char tecla) {
-    if (Rechazada(editor, lugar, tecla)) return teclaDescartada;
+char FiltrarTeclaDeCelda(Ventana& ventana, LugarDeCelda lugar, char tecla) {
+    if (Rechazada(ventana, lugar, tecla)) return teclaDescartada;
     return Transformar(ClaseDe(lugar.columna), tecla);
 }
 
-std::string FiltrarTextoDeCelda(Editor& editor, LugarDeCelda lugar, std::string_view texto) {
+std::string FiltrarTextoDeCelda(Ventana& ventana, LugarDeCelda lugar, std::string_view texto) {
     const bool conPuntoYComa = Contiene(texto, ";");
-    if (Rechazada(editor, lugar, conPuntoYComa ? ';' : ' ')) return {};
+    if (Rechazada(ventana, lugar, conPuntoYComa ? ';' : ' ')) return {};
     // A cell is one line: line breaks and tabs of the clipboard's text are no keys of it.
     std::string linea(texto);
     std::erase_if(linea, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
+#include "model/declarations.h"
 
 namespace qor {
 
@@ -14,26 +15,20 @@ constexpr std::size_t largoSinNumero = 25;  // names from this length on get no 
 constexpr int largoDeParametro = 8;
 
 // A correction leaves no step to undo, but the specification then differs from its document.
-void Corregir(Editor& editor, LugarDeCelda lugar, const std::string& texto) {
-    if (TextoDe(editor, lugar) == texto) return;
-    CambiarCelda(editor, lugar.columna, lugar.linea, texto);
-    editor.HayCambios = true;
+void Corregir(Ventana& ventana, LugarDeCelda lugar, const std::string& texto) {
+    if (TextoDe(ventana, lugar) == texto) return;
+    PonerEnCelda(ventana, lugar, texto);
+    ventana.documento.Cambiar();
 }
 
 // Another row of the file side has the name.
-bool EstaRepetido(const Editor& editor, int fila, std::string_view nombre) {
+bool EstaRepetido(const Ventana& ventana, int fila, std::string_view nombre) {
     if (nombre.empty()) return false;
-    const auto& tabla = editor.especificacion.TablaArchivo;
+    const auto& tabla = ventana.documento.especificacion.TablaArchivo;
     for (int r = 0; r <= ultimaFila; ++r) {
         if (r != fila && tabla[r].campo == nombre) return true;
     }
     return false;
-}
-
-// The definitions hold the name in front of a character that can end one.
-bool EstaDefinido(const std::string& definiciones, std::string_view nombre) {
-    const std::string buscado(nombre);
-    return Contiene(definiciones, buscado + ".") || Contiene(definiciones, buscado + " ") || Contiene(definiciones, buscado + "(");
 }
 
 std::string DefinicionDe(const std::string& parametro, std::string_view campo) {
@@ -42,40 +37,40 @@ std::string DefinicionDe(const std::string& parametro, std::string_view campo) {
     return "PARAMETERS: " + parametro + " LIKE " + std::string(Recortar(AntesDe(sinCondicion, '('))) + ".";
 }
 
-void DeclararParametro(Editor& editor, const std::string& parametro, std::string_view campo) {
-    std::string& definiciones = editor.especificacion.VariablesGlobales;
+void DeclararParametro(Ventana& ventana, const std::string& parametro, std::string_view campo) {
+    std::string& definiciones = ventana.documento.especificacion.VariablesGlobales;
     if (EstaEnBlanco(definiciones)) definiciones.clear();
     if (!definiciones.empty()) definiciones += "\r\n";
     definiciones += DefinicionDe(parametro, campo);
-    editor.HayCambios = true;
-    editor.vista.Informar(Componer(editor.textos, {312, " ", parametro, " ", 350}));
+    ventana.documento.Cambiar();
+    ventana.vista.Informar(Componer(ventana.textos, {312, " ", parametro, " ", 350}));
 }
 
-void ReglaDeVariable(Editor& editor, int linea, std::string_view texto) {
+void ReglaDeVariable(Ventana& ventana, int linea, std::string_view texto) {
     if (Contiene(texto, "-")) return;
     const std::string variable = Mayusculas(texto);
-    Corregir(editor, {Columna::Text5, linea}, variable);
+    Corregir(ventana, {Columna::Valor, linea}, variable);
     if (variable.size() == 1) return;
-    const auto& definiciones = editor.especificacion.VariablesGlobales;
+    const auto& definiciones = ventana.documento.especificacion.VariablesGlobales;
     if (EstaDefinido(definiciones, TramoDesde(variable, 2))) return;
     const std::string parametro(Tramo(ReemplazarBlancos(variable), 2, largoDeParametro));
-    Corregir(editor, {Columna::Text5, linea}, "@" + parametro);
+    Corregir(ventana, {Columna::Valor, linea}, "@" + parametro);
     if (EstaDefinido(definiciones, parametro)) return;
-    DeclararParametro(editor, parametro, TextoDe(editor, {Columna::Text4, linea}));
+    DeclararParametro(ventana, parametro, TextoDe(ventana, {Columna::Campo, linea}));
 }
 
 // Adds the field behind the last one of the file side, and shows it.
-void Autofill(Editor& editor, const std::string& campo) {
-    auto& tabla = editor.especificacion.TablaArchivo;
-    const int r = editor.especificacion.FilasArchivo();
+void Autofill(Ventana& ventana, const std::string& campo) {
+    auto& tabla = ventana.documento.especificacion.TablaArchivo;
+    const int r = ventana.documento.especificacion.FilasArchivo();
     for (int f = 0; f < r; ++f) {
         if (tabla[f].campo == campo) return;
     }
     if (r > ultimaFila) return;  // the file side is full
     const int linea = std::min(r, lineasArchivo - 1);
-    GuardarDeshacer(editor, {RegistroDeshacer::Paso::Cambio, linea, r - linea, tabla[r]});
+    ventana.documento.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, linea, r - linea, tabla[r]});
     tabla[r].campo = campo;
-    MostrarArchivoSinFocus(editor, r >= lineasArchivo ? r - linea : editor.archivo.PrimeraFilaArchivo);
+    MostrarArchivoSinFocus(ventana, r >= lineasArchivo ? r - linea : ventana.archivo.PrimeraFilaArchivo);
 }
 
 }  // namespace
@@ -95,36 +90,34 @@ std::string SiguienteNombre(std::string_view texto) {
     return std::string(resto) + numero;
 }
 
-void ReglaDeDuplicados(Editor& editor, int linea) {
-    if (editor.DuplicadoRevisado) return;
-    const SinRegistrarCambios sinRegistrar(editor);
-    const LugarDeCelda lugar{Columna::Text1, linea};
-    const int fila = FilaDe(editor, lugar);
-    std::string nombre = Mayusculas(Recortar(TextoDe(editor, lugar)));
-    while (EstaRepetido(editor, fila, nombre)) {
+void ReglaDeDuplicados(Ventana& ventana, int linea) {
+    if (ventana.DuplicadoRevisado) return;
+    const LugarDeCelda lugar{Columna::CampoDeArchivo, linea};
+    const int fila = FilaDe(ventana, lugar);
+    std::string nombre = Mayusculas(Recortar(TextoDe(ventana, lugar)));
+    while (EstaRepetido(ventana, fila, nombre)) {
         if (nombre.size() < largoSinNumero) {
             nombre = SiguienteNombre(nombre);
         } else {
-            editor.vista.Advertir(Componer(editor.textos, {338}));
+            ventana.vista.Advertir(Componer(ventana.textos, {338}));
             nombre.clear();
         }
-        Corregir(editor, lugar, nombre);
+        Corregir(ventana, lugar, nombre);
     }
-    editor.DuplicadoRevisado = true;
+    ventana.DuplicadoRevisado = true;
 }
 
-void ReglaDeValor(Editor& editor, int linea) {
-    const std::string texto(Recortar(TextoDe(editor, {Columna::Text5, linea})));
+void ReglaDeValor(Ventana& ventana, int linea) {
+    const std::string texto(Recortar(TextoDe(ventana, {Columna::Valor, linea})));
     if (texto.empty() || Contiene(texto, "'")) return;
-    const SinRegistrarCambios sinRegistrar(editor);
-    if (texto.front() == '@') return ReglaDeVariable(editor, linea, texto);
+    if (texto.front() == '@') return ReglaDeVariable(ventana, linea, texto);
     std::string campo = ReemplazarBlancos(texto);
     if (campo.size() > largoMaximoDeCampo) {
-        editor.vista.Advertir(Componer(editor.textos, {333, " 30."}));
+        ventana.vista.Advertir(Componer(ventana.textos, {333, " 30."}));
         campo.resize(largoMaximoDeCampo);
     }
-    Corregir(editor, {Columna::Text5, linea}, campo);
-    if (editor.opciones.Autofill == 1) Autofill(editor, Mayusculas(campo));
+    Corregir(ventana, {Columna::Valor, linea}, campo);
+    if (ventana.documento.opciones.Autofill == 1) Autofill(ventana, Mayusculas(campo));
 }
 
 }  // namespace qor

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "base/paths.h"
+#include "base/chosen_path.h"
 #include "base/text.h"
 #include "editor/grids.h"
 #include "editor/key_filters.h"
@@ -18,10 +18,10 @@ namespace {
 constexpr std::size_t maximoDeFilas = 2;  // digits
 constexpr const char* filtroDeArchivos = "*.*|*.*";
 
-bool FaltaArchivoDeStep(const Editor& editor) {
-    const auto& o = editor.opciones;
+bool FaltaArchivoDeStep(const Ventana& ventana) {
+    const auto& o = ventana.documento.opciones;
     const bool sinArchivoUnico = (o.TablaCh == 1 || o.ClienteOp) && (o.DelimTab() || o.ServidorOp());
-    return !(sinArchivoUnico || editor.especificacion.OrigenUsuario || !o.OneFileOption());
+    return !(sinArchivoUnico || ventana.documento.especificacion.OrigenUsuario || !o.OneFileOption());
 }
 
 // Makes a row a head for a moment.
@@ -38,8 +38,8 @@ private:
 };
 
 // The file fields that no other group than the row's own would use.
-std::vector<DialogoDeNotas::Campo> CamposDeStep(Editor& editor, int fila) {
-    auto& especificacion = editor.especificacion;
+std::vector<DialogoDeNotas::Campo> CamposDeStep(Ventana& ventana, int fila) {
+    auto& especificacion = ventana.documento.especificacion;
     const CabezaDePrueba cabeza(especificacion.TablaTransaccion[fila].nota);
     const auto operaciones = ActualizarOperaciones(especificacion, fila);
     const int propio = operaciones.OperacionFila(fila);
@@ -91,72 +91,72 @@ std::string MarcasDe(const DialogoDeNotas& dialogo) {
     return marcas;
 }
 
-std::string TituloDe(const Editor& editor, const std::string& campo) { return editor.textos.Texto(92) + " " + campo; }
+std::string TituloDe(const Ventana& ventana, const std::string& campo) { return ventana.textos.Texto(92) + " " + campo; }
 
-void Guardar(Editor& editor, FilaDeTabla fila, std::string& celda, const std::string& nueva) {
+void Guardar(Ventana& ventana, FilaDeTabla fila, std::string& celda, const std::string& nueva) {
     if (celda == nueva) return;
     celda = nueva;
-    editor.HayCambios = true;
-    ColorearFila(editor, fila);
+    ventana.documento.Cambiar();
+    ColorearFila(ventana, fila);
 }
 
-bool FaltanDatosDeStep(Editor& editor, const DialogoDeNotas& dialogo) {
+bool FaltanDatosDeStep(Ventana& ventana, const DialogoDeNotas& dialogo) {
     if (dialogo.VerFilas() && EstaEnBlanco(dialogo.Filas)) {
-        editor.vista.Advertir(Componer(editor.textos, {352}));
-        editor.vista.Enfocar("Filas");
+        ventana.vista.Advertir(Componer(ventana.textos, {352}));
+        ventana.vista.Enfocar("Filas");
         return true;
     }
     const auto& campos = dialogo.ListaCampos;
     const bool hayElegidos = std::any_of(campos.begin(), campos.end(), [](const auto& campo) { return campo.elegido; });
     if (hayElegidos || dialogo.SinArchivoStep) return false;
-    editor.vista.Advertir(Componer(editor.textos, {353, "\r\r", 375, "\r\r", 376, "\r\r", 377}));
-    editor.vista.Enfocar("ListaCampos");
+    ventana.vista.Advertir(Componer(ventana.textos, {353, "\r\r", 375, "\r\r", 376, "\r\r", 377}));
+    ventana.vista.Enfocar("ListaCampos");
     return true;
 }
 
 }  // namespace
 
-DialogoDeNotas AbrirNotas(Editor& editor, FilaDeTabla lugar) {
+DialogoDeNotas AbrirNotas(Ventana& ventana, FilaDeTabla lugar) {
     DialogoDeNotas dialogo;
     dialogo.fila = lugar;
     if (lugar.tabla == Tabla::Archivo) {
-        const auto& fila = editor.especificacion.TablaArchivo[lugar.fila];
-        dialogo.titulo = TituloDe(editor, fila.campo);
+        const auto& fila = ventana.documento.especificacion.TablaArchivo[lugar.fila];
+        dialogo.titulo = TituloDe(ventana, fila.campo);
         dialogo.NotaCampo = fila.nota;
         return dialogo;
     }
-    const auto& fila = editor.especificacion.TablaTransaccion[lugar.fila];
-    const auto operaciones = ActualizarOperaciones(editor.especificacion, lugar.fila);
-    dialogo.titulo = TituloDe(editor, fila.campo);
+    const auto& fila = ventana.documento.especificacion.TablaTransaccion[lugar.fila];
+    const auto operaciones = ActualizarOperaciones(ventana.documento.especificacion, lugar.fila);
+    dialogo.titulo = TituloDe(ventana, fila.campo);
     dialogo.esBAPI = operaciones.TipoFilaConsultada == "BAPI";
     dialogo.EsStepLoop = Contiene(fila.campo, "(") && (!operaciones.FilaEnStepLoop(lugar.fila) || EsCabezaStepLoop(fila.nota));
     if (dialogo.EsStepLoop) {
-        dialogo.SinArchivoStep = FaltaArchivoDeStep(editor);
-        dialogo.ListaCampos = CamposDeStep(editor, lugar.fila);
+        dialogo.SinArchivoStep = FaltaArchivoDeStep(ventana);
+        dialogo.ListaCampos = CamposDeStep(ventana, lugar.fila);
     }
     LeerMarcas(dialogo, fila.nota);
     return dialogo;
 }
 
-bool CerrarNotas(Editor& editor, const DialogoDeNotas& dialogo) {
+bool CerrarNotas(Ventana& ventana, const DialogoDeNotas& dialogo) {
     const auto fila = static_cast<std::size_t>(dialogo.fila.fila);
     if (dialogo.fila.tabla == Tabla::Archivo) {
-        Guardar(editor, dialogo.fila, editor.especificacion.TablaArchivo[fila].nota, dialogo.NotaCampo);
+        Guardar(ventana, dialogo.fila, ventana.documento.especificacion.TablaArchivo[fila].nota, dialogo.NotaCampo);
         return true;
     }
     std::string nueva = dialogo.NotaCampo;
     if (dialogo.VerLista()) {
-        if (FaltanDatosDeStep(editor, dialogo)) return false;
+        if (FaltanDatosDeStep(ventana, dialogo)) return false;
         nueva += MarcasDe(dialogo);
     }
-    Guardar(editor, dialogo.fila, editor.especificacion.TablaTransaccion[fila].nota, nueva);
+    Guardar(ventana, dialogo.fila, ventana.documento.especificacion.TablaTransaccion[fila].nota, nueva);
     return true;
 }
 
-char FiltrarTeclaDeNota(Editor& editor, const DialogoDeNotas& dialogo, char tecla) {
+char FiltrarTeclaDeNota(Ventana& ventana, const DialogoDeNotas& dialogo, char tecla) {
     if (tecla == '!') return teclaDescartada;
     if (tecla == '\r' && dialogo.fila.tabla == Tabla::Archivo) {
-        editor.vista.Advertir(Componer(editor.textos, {354}));
+        ventana.vista.Advertir(Componer(ventana.textos, {354}));
         return teclaDescartada;
     }
     return FiltrarTecla("NotaCampo", tecla);
@@ -164,8 +164,9 @@ char FiltrarTeclaDeNota(Editor& editor, const DialogoDeNotas& dialogo, char tecl
 
 void CambiarFilas(DialogoDeNotas& dialogo, const std::string& texto) { dialogo.Filas = texto.substr(0, maximoDeFilas); }
 
-void ExaminarStep(Editor& editor, DialogoDeNotas& dialogo) {
-    const auto elegido = editor.vista.ElegirParaAbrir(ObtenerPath(editor.RutaDocumento), filtroDeArchivos);
+void ExaminarStep(Ventana& ventana, DialogoDeNotas& dialogo) {
+    const auto elegido =
+        ComoTexto(ventana.vista.ElegirParaAbrir(ventana.documento.ruta.parent_path(), filtroDeArchivos), ventana.vista);
     if (elegido) dialogo.NombreArchivo = *elegido;
 }
 

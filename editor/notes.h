@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "editor/editor.h"
+#include "editor/window.h"
 
 // The rules of FormNotas: the note of a row, and on the program side the step-loop that the row can be the head of.
 namespace qor {
@@ -40,19 +40,19 @@ struct DialogoDeNotas {
 };
 
 // Throws FalloDeEjecucion when the row's marks stand in the wrong order.
-DialogoDeNotas AbrirNotas(Editor& editor, FilaDeTabla fila);
+DialogoDeNotas AbrirNotas(Ventana& ventana, FilaDeTabla fila);
 
 // Writes the row. False refuses the closing, with the message shown and the row as it was: rows per screen are missing (352), or a
 // step-loop with a file of its own has no field (353).
-bool CerrarNotas(Editor& editor, const DialogoDeNotas& dialogo);
+bool CerrarNotas(Ventana& ventana, const DialogoDeNotas& dialogo);
 
 // A key in NotaCampo: "!" would forge a mark, and the note of a file row is a single line (message 354). Enter is '\r'.
-char FiltrarTeclaDeNota(Editor& editor, const DialogoDeNotas& dialogo, char tecla);
+char FiltrarTeclaDeNota(Ventana& ventana, const DialogoDeNotas& dialogo, char tecla);
 
 // A change of Filas: at most two digits.
 void CambiarFilas(DialogoDeNotas& dialogo, const std::string& texto);
 
 // The file of the step-loop, from the open dialog; the name stays when the user cancels.
-void ExaminarStep(Editor& editor, DialogoDeNotas& dialogo);
+void ExaminarStep(Ventana& ventana, DialogoDeNotas& dialogo);
 
 }  // namespace qor

@@ -8,10 +8,10 @@ namespace {
 
 using Nombres = std::initializer_list<std::string_view>;
 
-void CambiarConLimite(Editor& editor, std::string Opciones::*opcion, const std::string& texto, std::size_t largo) {
-    CambiarOpcion(editor, opcion, texto.substr(0, largo));
+void CambiarConLimite(Ventana& ventana, std::string Opciones::*opcion, const std::string& texto, std::size_t largo) {
+    CambiarOpcion(ventana, opcion, texto.substr(0, largo));
     if (texto.size() <= largo) return;
-    editor.vista.Advertir(Componer(editor.textos, {333, " " + std::to_string(largo) + "."}));
+    ventana.vista.Advertir(Componer(ventana.textos, {333, " " + std::to_string(largo) + "."}));
 }
 
 void Mostrar(EstadosDeControles& estados, Nombres nombres, bool visible) {
@@ -52,27 +52,27 @@ void EstadosDeNombres(EstadosDeControles& estados, bool convenciones) {
 
 }  // namespace
 
-void CambiarNombreManual(Editor& editor, const std::string& texto) {
-    CambiarConLimite(editor, &Opciones::NombreManual, texto, largoMaximoDeNombreManual);
+void CambiarNombreManual(Ventana& ventana, const std::string& texto) {
+    CambiarConLimite(ventana, &Opciones::NombreManual, texto, largoMaximoDeNombreManual);
 }
 
-void CambiarProgID(Editor& editor, const std::string& texto) {
-    CambiarConLimite(editor, &Opciones::ProgID, texto, largoMaximoDeProgID);
+void CambiarProgID(Ventana& ventana, const std::string& texto) {
+    CambiarConLimite(ventana, &Opciones::ProgID, texto, largoMaximoDeProgID);
 }
 
-EstadosDeControles EstadoDeControles(const Editor& editor, const Preferencias& preferencias, bool OptionEncodingAdditional) {
-    const Opciones& opciones = editor.opciones;
+EstadosDeControles EstadoDeControles(const Ventana& ventana, const Preferencias& preferencias, bool OptionEncodingAdditional) {
+    const Opciones& opciones = ventana.documento.opciones;
     EstadosDeControles estados;
-    EstadosDeOrigen(estados, opciones, editor.especificacion.OrigenUsuario);
-    EstadosDeArchivos(estados, opciones, editor.especificacion.OrigenUsuario);
+    EstadosDeOrigen(estados, opciones, ventana.documento.especificacion.OrigenUsuario);
+    EstadosDeArchivos(estados, opciones, ventana.documento.especificacion.OrigenUsuario);
     EstadosDeNombres(estados, preferencias.CheckActivateNamingConventions == 1);
     Mostrar(estados, {"CTFrame", "AOption", "NOption", "EOption", "ModeAsParameter"}, opciones.CallTransaction == 1);
     Mostrar(estados, {"ErroresExplicacion", "TablaZLabel", "TablaZ", "ProgIDLabel", "ProgID"}, opciones.ErrorHandlingCheck == 1);
-    Mostrar(estados, {"ProgramCol", "DynproCol"}, !editor.ventana.ExpandirCampo);
+    Mostrar(estados, {"ProgramCol", "DynproCol"}, !ventana.ExpandirCampo);
     Habilitar(estados, {"NombreManual"}, opciones.GeneracionManual());
     Habilitar(estados, {"SpaceCode"}, !opciones.ProcesarTodoOpt);
     Habilitar(estados, {"EncodingAdditional"}, OptionEncodingAdditional);
-    Habilitar(estados, {"UndoButton"}, editor.UndoButton);
+    Habilitar(estados, {"UndoButton"}, !ventana.documento.deshacer.Vacia());
     return estados;
 }
 
@@ -83,8 +83,8 @@ int RotuloDeSourceName(const Opciones& opciones) {
 
 std::string Porcentaje(const Opciones& opciones) { return std::to_string(opciones.HScroll1) + "%"; }
 
-void ClicExpandirCampo(Editor& editor) { editor.ventana.ExpandirCampo = !editor.ventana.ExpandirCampo; }
+void ClicExpandirCampo(Ventana& ventana) { ventana.ExpandirCampo = !ventana.ExpandirCampo; }
 
-const char* RotuloDeExpandirCampo(const Editor& editor) { return editor.ventana.ExpandirCampo ? "-" : "+"; }
+const char* RotuloDeExpandirCampo(const Ventana& ventana) { return ventana.ExpandirCampo ? "-" : "+"; }
 
 }  // namespace qor

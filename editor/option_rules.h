@@ -6,25 +6,26 @@
 #include <string_view>
 #include <type_traits>
 
-#include "editor/editor.h"
+#include "editor/window.h"
+#include "model/naming.h"
 
 // The option controls of the main form: their changes, the limits of their texts, and which of them can be seen and used.
 namespace qor {
 
-// Every change of an option control goes through here. The keys of its text box have been filtered (editor/key_filters.h).
+// Every change of an option control goes through here. The keys of its text box have been filtered (ventana/key_filters.h).
 template <typename T>
-void CambiarOpcion(Editor& editor, T Opciones::*opcion, const std::type_identity_t<T>& valor) {
-    if (editor.opciones.*opcion == valor) return;
-    editor.opciones.*opcion = valor;
-    editor.HayCambios = true;
+void CambiarOpcion(Ventana& ventana, T Opciones::*opcion, const std::type_identity_t<T>& valor) {
+    if (ventana.documento.opciones.*opcion == valor) return;
+    ventana.documento.opciones.*opcion = valor;
+    ventana.documento.Cambiar();
 }
 
 constexpr std::size_t largoMaximoDeNombreManual = 12;
 constexpr std::size_t largoMaximoDeProgID = 10;
 
 // The two texts with a limit. A longer one is cut, with message 333; the option holds what the box is to show.
-void CambiarNombreManual(Editor& editor, const std::string& texto);
-void CambiarProgID(Editor& editor, const std::string& texto);
+void CambiarNombreManual(Ventana& ventana, const std::string& texto);
+void CambiarProgID(Ventana& ventana, const std::string& texto);
 
 struct EstadoDeControl {
     bool visible = true;
@@ -37,7 +38,7 @@ struct EstadoDeControl {
 using EstadosDeControles = std::map<std::string_view, EstadoDeControl>;
 
 // `OptionEncodingAdditional`: of the options for OPEN DATASET, the one with a text of its own is on.
-EstadosDeControles EstadoDeControles(const Editor& editor, const Preferencias& preferencias, bool OptionEncodingAdditional);
+EstadosDeControles EstadoDeControles(const Ventana& ventana, const Preferencias& preferencias, bool OptionEncodingAdditional);
 
 // Number of the text that SourceName shows, and the text of Porcentaje.
 int RotuloDeSourceName(const Opciones& opciones);
@@ -48,7 +49,7 @@ std::string Porcentaje(const Opciones& opciones);
 constexpr int expansionDeText6 = -500;
 constexpr int expansionDeText3 = -1400;
 constexpr int expansionDeText4 = 1900;
-void ClicExpandirCampo(Editor& editor);
-const char* RotuloDeExpandirCampo(const Editor& editor);
+void ClicExpandirCampo(Ventana& ventana);
+const char* RotuloDeExpandirCampo(const Ventana& ventana);
 
 }  // namespace qor

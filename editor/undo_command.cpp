@@ -9,52 +9,54 @@ namespace qor {
 
 namespace {
 
-void DeshacerEnArchivo(Editor& editor, const RegistroDeshacer& registro, const FilaDeArchivo& antes) {
+void DeshacerEnArchivo(Ventana& ventana, const RegistroDeshacer& registro, const FilaDeArchivo& antes) {
     const int linea = registro.linea;
-    MostrarArchivoSinFocus(editor, registro.primeraFila);
+    MostrarArchivoSinFocus(ventana, registro.primeraFila);
     if (registro.paso == RegistroDeshacer::Paso::Insercion) {
-        BorrarArchivo(editor, linea);
+        QuitarFilaArchivo(ventana, linea);
     } else {
-        if (registro.paso == RegistroDeshacer::Paso::Borrado) AbrirFilaArchivo(editor, linea);
-        CambiarCelda(editor, Columna::Text1, linea, antes.campo);
-        CambiarCelda(editor, Columna::Text2, linea, antes.ancho);
-        auto& fila = editor.especificacion.TablaArchivo[registro.FilaDeLaTabla()];
+        if (registro.paso == RegistroDeshacer::Paso::Borrado) AbrirFilaArchivo(ventana, linea);
+        PonerEnCelda(ventana, {Columna::CampoDeArchivo, linea}, antes.campo);
+        PonerEnCelda(ventana, {Columna::Ancho, linea}, antes.ancho);
+        auto& fila = ventana.documento.especificacion.TablaArchivo[registro.FilaDeLaTabla()];
         fila.nota = antes.nota;
         fila.conversion = antes.conversion;
-        ColorearFila(editor, {Tabla::Archivo, registro.FilaDeLaTabla()});
+        ColorearFila(ventana, {Tabla::Archivo, registro.FilaDeLaTabla()});
     }
-    EnfocarCelda(editor, {Columna::Text1, linea});
+    EnfocarCelda(ventana, {Columna::CampoDeArchivo, linea});
 }
 
-void DeshacerEnTransaccion(Editor& editor, const RegistroDeshacer& registro, const FilaDeTransaccion& antes) {
+void DeshacerEnTransaccion(Ventana& ventana, const RegistroDeshacer& registro, const FilaDeTransaccion& antes) {
     const int linea = registro.linea;
-    MostrarTransaccionSinFocus(editor, registro.primeraFila);
+    MostrarTransaccionSinFocus(ventana, registro.primeraFila);
     if (registro.paso == RegistroDeshacer::Paso::Insercion) {
-        BorrarTransaccion(editor, linea);
+        QuitarFilaTransaccion(ventana, linea);
     } else {
-        if (registro.paso == RegistroDeshacer::Paso::Borrado) InsertarTransaccion(editor, linea);
-        for (const Columna columna : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
-            CambiarCelda(editor, columna, linea, antes.*ColumnaDeTransaccion(columna));
+        if (registro.paso == RegistroDeshacer::Paso::Borrado) AbrirFilaTransaccion(ventana, linea);
+        for (const Columna columna : columnasDeCeldasDeTransaccion) {
+            PonerEnCelda(ventana, {columna, linea}, antes.*ColumnaDeTransaccion(columna));
         }
-        editor.especificacion.TablaTransaccion[registro.FilaDeLaTabla()].nota = antes.nota;
-        ColorearFila(editor, {Tabla::Transaccion, registro.FilaDeLaTabla()});
+        ventana.documento.especificacion.TablaTransaccion[registro.FilaDeLaTabla()].nota = antes.nota;
+        ColorearFila(ventana, {Tabla::Transaccion, registro.FilaDeLaTabla()});
     }
-    EnfocarCelda(editor, {Columna::Text6, linea});
+    EnfocarCelda(ventana, {Columna::Programa, linea});
 }
 
 }  // namespace
 
-void Deshacer(Editor& editor) {
-    const auto registro = RecuperarDeshacer(editor);
+void Deshacer(Ventana& ventana) {
+    const auto registro = ventana.documento.deshacer.Recuperar();
     if (!registro) return;
-    editor.RegistrarCambios = false;
-    editor.ventana.foco.reset();
-    if (const auto* const archivo = std::get_if<FilaDeArchivo>(&registro->fila)) {
-        DeshacerEnArchivo(editor, *registro, *archivo);
+    ventana.documento.Cambiar();
+    ventana.foco.reset();
+    if (const auto* const archivo = std::get_if<FilaDeArchivo>(&registro->antes)) {
+        DeshacerEnArchivo(ventana, *registro, *archivo);
+    } else if (const auto* const transaccion = std::get_if<FilaDeTransaccion>(&registro->antes)) {
+        DeshacerEnTransaccion(ventana, *registro, *transaccion);
     } else {
-        DeshacerEnTransaccion(editor, *registro, std::get<FilaDeTransaccion>(registro->fila));
+        ventana.documento.especificacion.TablaTransaccion = std::get<std::vector<FilaDeTransaccion>>(registro->antes);
+        MostrarTablaNueva(ventana);
     }
-    editor.RegistrarCambios = true;
 }
 
 }  // namespace qor

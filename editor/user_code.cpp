@@ -38,43 +38,43 @@ std::vector<Formula> LeerFormulas(std::string_view texto) {
     return formulas;
 }
 
-VentanaDeCodigo AbrirCodigo(Editor& editor, int fila, const std::filesystem::path& directorioDeDatos) {
-    const auto& celdas = editor.especificacion.TablaArchivo[fila];
-    VentanaDeCodigo ventana{fila, editor.textos.Texto(104) + " " + celdas.campo, celdas.conversion, {}};
+DialogoDeCodigo AbrirCodigo(Ventana& ventana, int fila, const std::filesystem::path& directorioDeDatos) {
+    const auto& celdas = ventana.documento.especificacion.TablaArchivo[fila];
+    DialogoDeCodigo dialogo{fila, ventana.textos.Texto(104) + " " + celdas.campo, celdas.conversion, {}};
     try {
-        ventana.formulas = LeerFormulas(LeerArchivo(directorioDeDatos / nombreDeFormulas));
-    } catch (const FalloDeEjecucion&) {
-        editor.vista.Advertir(Componer(editor.textos, {356, " FORMULAS.TXT"}));
+        dialogo.formulas = LeerFormulas(LeerArchivo(directorioDeDatos / nombreDeFormulas));
+    } catch (const FalloDeEjecucion& fallo) {
+        ventana.vista.Advertir(ConDetalle(Componer(ventana.textos, {356, " FORMULAS.TXT"}), fallo));
     }
-    return ventana;
+    return dialogo;
 }
 
-void AplicarFormula(Editor& editor, VentanaDeCodigo& ventana, int seleccion) {
+void AplicarFormula(Ventana& ventana, DialogoDeCodigo& dialogo, int seleccion) {
     if (seleccion < 0) return;
-    const std::string campo(Recortar(editor.especificacion.TablaArchivo[ventana.fila].campo));
-    if (ActualizarOperaciones(editor.especificacion, 0).OperacionDeCampo(campo) != 0) {
-        return editor.vista.Advertir(Componer(editor.textos, {355}));
+    const std::string campo(Recortar(ventana.documento.especificacion.TablaArchivo[dialogo.fila].campo));
+    if (ActualizarOperaciones(ventana.documento.especificacion, 0).OperacionDeCampo(campo) != 0) {
+        return ventana.vista.Advertir(Componer(ventana.textos, {355}));
     }
-    const Formula& formula = ventana.formulas[static_cast<std::size_t>(seleccion)];
-    ventana.ABAPText.insert(
-        0, "* " + formula.nombre.substr(0, largoDeNombreEnComentario) + "\r\n" + ConvertirTexto(formula.cuerpo, campo));
+    const Formula& formula = dialogo.formulas[static_cast<std::size_t>(seleccion)];
+    dialogo.ABAPText.insert(
+        0, "* " + formula.nombre.substr(0, largoDeNombreEnComentario) + "\r\n" + CuerpoParaCampo(formula.cuerpo, campo));
 }
 
-bool CerrarCodigo(Editor& editor, const VentanaDeCodigo& ventana) {
-    std::string& celda = editor.especificacion.TablaArchivo[ventana.fila].conversion;
-    if (celda == ventana.ABAPText) return true;
+bool CerrarCodigo(Ventana& ventana, const DialogoDeCodigo& dialogo) {
+    std::string& celda = ventana.documento.especificacion.TablaArchivo[dialogo.fila].conversion;
+    if (celda == dialogo.ABAPText) return true;
     try {
-        celda = SoloBlancos(ventana.ABAPText) ? std::string() : ventana.ABAPText;
+        celda = SoloBlancos(dialogo.ABAPText) ? std::string() : dialogo.ABAPText;
     } catch (const FalloDeEjecucion&) {
-        editor.vista.Advertir(MensajeLiteral("The code has more than 501 lines. Please shorten it."));
+        ventana.vista.Advertir(MensajeLiteral("The code has more than 501 lines. Please shorten it."));
         return false;
     }
-    editor.HayCambios = true;
-    ColorearFila(editor, {Tabla::Archivo, ventana.fila});
+    ventana.documento.Cambiar();
+    ColorearFila(ventana, {Tabla::Archivo, dialogo.fila});
     return true;
 }
 
-std::string ConvertirTexto(std::string_view texto, std::string_view campo) {
+std::string CuerpoParaCampo(std::string_view texto, std::string_view campo) {
     return ReemplazarTodo(texto, "!", "#" + std::string(campo));
 }
 

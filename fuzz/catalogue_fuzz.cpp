@@ -32,18 +32,19 @@ const std::string& Archivo() {
 }
 
 void Insertar(const CatalogoBAPI& catalogo, const TextosIdioma& textos, Vista& vista) {
-    Editor editor(textos, vista);
+    Documento documento;
     int insertadas = 0;
     for (const auto& nodo : catalogo.nodos) {
         if (!nodo.esBAPI || ++insertadas > 3) continue;
-        const int fila = editor.especificacion.PrimeraPosicionLibreTransaccion();
+        const int fila = documento.especificacion.PrimeraPosicionLibreTransaccion();
         if (fila > ultimaFila) return;
         try {
-            ElegirBAPI(editor, Archivo(), nodo.texto, false, fila, [] { return std::optional(true); });
+            ElegirBAPI(
+                documento, Archivo(), nodo.texto, false, fila, [] { return std::optional(true); }, textos, vista);
         } catch (const FalloDeEjecucion&) {
             continue;
         }
-        Exigir(editor.especificacion.TablaTransaccion[ultimaFila + 1].campo.empty(), "no row behind the last one");
+        Exigir(documento.especificacion.TablaTransaccion[ultimaFila + 1].campo.empty(), "no row behind the last one");
     }
 }
 

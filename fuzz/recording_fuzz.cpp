@@ -20,7 +20,7 @@ void Leer(std::string_view texto, int inicio) {
     const auto antes = especificacion.TablaTransaccion[0];
     bool entera = true;
     try {
-        LeerSesion(especificacion, texto, inicio, [] {});
+        LeerSesion(especificacion.TablaTransaccion, texto, inicio, [] {});
     } catch (const FalloDeEjecucion&) {
         entera = false;
     }

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "model/cells.h"
+#include "model/declarations.h"
 
 namespace qor {
 
@@ -13,15 +14,6 @@ namespace {
 
 bool Rechazar(const Generacion& g, std::initializer_list<Pieza> piezas) {
     g.vista.Advertir(Componer(g.textos, piezas));
-    return false;
-}
-
-// The part of a declaration's text that makes a name a declared one: behind a blank, and in front of an end of name.
-bool EstaDeclarado(std::string_view declaraciones, std::string_view nombre) {
-    const std::string buscado = " " + std::string(nombre);
-    for (const char final : {',', '.', '(', ' '}) {
-        if (Contiene(declaraciones, buscado + final)) return true;
-    }
     return false;
 }
 
@@ -82,23 +74,11 @@ bool RechazarValor(const Generacion& g, int fila, std::initializer_list<Pieza> p
 
 bool ChequearVariable(const Generacion& g, int fila, std::string_view celda) {
     const auto nombre = AntesDe(celda.substr(1), '-');
-    if (Contiene(g.especificacion.VariablesGlobales, nombre)) return true;
+    if (Menciona(g.especificacion.VariablesGlobales, nombre)) return true;
     return RechazarValor(g, fila, {312, " ", Tramo(celda, 2, 8), " ", 313}, Icono::Informacion);
 }
 
 }  // namespace
-
-bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista) {
-    for (int i = 2; i <= ultimaFila; ++i) {
-        const bool huecoArchivo = especificacion.FilaArchivoVacia(i - 1) && !especificacion.FilaArchivoVacia(i);
-        const bool huecoTransaccion = especificacion.FilaTransaccionVacia(i - 1) && !especificacion.FilaTransaccionVacia(i);
-        if (huecoArchivo || huecoTransaccion) {
-            vista.Advertir(Componer(textos, {373}));
-            return false;
-        }
-    }
-    return true;
-}
 
 bool FaltaAnchoCampos(const Especificacion& especificacion) {
     const int filas = especificacion.FilasArchivo();

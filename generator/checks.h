@@ -11,9 +11,6 @@
 // when the answer is bad.
 namespace qor {
 
-// False when a table has a gap: message 373.
-bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista);
-
 // True when a named file row has an empty width.
 bool FaltaAnchoCampos(const Especificacion& especificacion);
 

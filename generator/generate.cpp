@@ -11,6 +11,7 @@
 #include "generator/checks.h"
 #include "generator/sections.h"
 #include "model/cells.h"
+#include "model/gaps.h"
 
 namespace qor {
 

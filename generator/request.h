@@ -4,9 +4,8 @@
 
 #include "base/messages.h"
 #include "base/view.h"
+#include "model/document.h"
 #include "model/naming.h"
-#include "model/options.h"
-#include "model/specification.h"
 
 namespace qor {
 
@@ -33,6 +32,12 @@ struct PedidoDeGeneracion {
     std::string RutaDocumento;
     std::string NombreDocumento;
     SistemaConectado* sistema = nullptr;
+
+    static PedidoDeGeneracion De(Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos, Vista& vista,
+                                 SistemaConectado* sistema = nullptr) {
+        return {documento.especificacion,  documento.opciones,          preferencias, textos, vista,
+                documento.RutaDocumento(), documento.NombreDocumento(), sistema};
+    }
 };
 
 }  // namespace qor

@@ -1,4 +1,5 @@
 #include "generator/checks.h"
+#include "model/gaps.h"
 #include "generator/data_source_models.h"
 #include "generator/generation.h"
 

@@ -78,9 +78,9 @@ void FormPrinters::Elegir() {
         impresora->setCopyCount(std::max(1, static_cast<int>(Numero(Copias_->Texto()))));
     } else {
         const auto archivo = vista_.ElegirParaGrabar(filtroDePDF);
-        if (!archivo || EstaEnBlanco(*archivo)) return;
+        if (!archivo) return;
         impresora->setOutputFormat(QPrinter::PdfFormat);
-        impresora->setOutputFileName(TextoQt(*archivo));
+        impresora->setOutputFileName(NombreQt(*archivo));
     }
     impresora_ = std::move(impresora);
     accept();

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "generator/checks.h"
 #include "model/cells.h"
+#include "model/gaps.h"
 #include "print/page.h"
 
 namespace qor {
@@ -14,9 +15,9 @@ constexpr std::size_t largoSeparadora = 90;
 constexpr std::size_t anchoDeTexto = 120;
 constexpr std::size_t largoDeNota = 70;
 
-class Documento {
+class Impresion {
 public:
-    Documento(const Generacion& g, Dispositivo& d) : g_(g), d_(d) {}
+    Impresion(const Generacion& g, Dispositivo& d) : g_(g), d_(d) {}
 
     void Imprimir() {
         ConfigurarImpresora(d_);
@@ -217,7 +218,7 @@ bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& 
     if (dispositivo == nullptr) return false;
     {
         const ConPunteroOcupado puntero(g.vista);
-        Documento(g, *dispositivo).Imprimir();
+        Impresion(g, *dispositivo).Imprimir();
     }
     g.vista.Informar(Componer(g.textos, {919}));
     return true;

@@ -7,15 +7,23 @@
 
 namespace qor {
 
-SistemaDeLaSesion::SistemaDeLaSesion(Editor& editor, SesionSAP& sesion, DialogoABAP FormABAP)
-    : editor_(editor), sesion_(sesion), FormABAP_(std::move(FormABAP)) {}
+SistemaDeLaSesion::SistemaDeLaSesion(Documento& documento, SesionSAP& sesion, DialogoABAP FormABAP,
+                                     std::function<void()> MostrarAnchos, const TextosIdioma& textos, Vista& vista)
+    : documento_(documento),
+      sesion_(sesion),
+      FormABAP_(std::move(FormABAP)),
+      MostrarAnchos_(std::move(MostrarAnchos)),
+      textos_(textos),
+      vista_(vista) {}
 
-void SistemaDeLaSesion::ObtenerAnchos() { ButtonOnlineAnchos(editor_, sesion_); }
+void SistemaDeLaSesion::ObtenerAnchos() {
+    if (ButtonOnlineAnchos(documento_, sesion_, textos_, vista_)) MostrarAnchos_();
+}
 
 std::string SistemaDeLaSesion::ArchivoTemporal() { return NombreTemporal(sesion_.DirectorioTemporal); }
 
 void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
-    qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, editor_.textos, editor_.vista);
+    qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, textos_, vista_);
 }
 
 }  // namespace qor

@@ -1,27 +1,33 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
-#include "editor/editor.h"
 #include "generator/request.h"
+#include "model/document.h"
 #include "sap/publish.h"
 #include "sap/session.h"
 
 namespace qor {
 
-// What the generator asks of the system while the session is connected. Refers to the editor and the session, which outlive it.
+// What the generator asks of the system while the session is connected. What it refers to outlives it.
 class SistemaDeLaSesion : public SistemaConectado {
 public:
-    SistemaDeLaSesion(Editor& editor, SesionSAP& sesion, DialogoABAP FormABAP);
+    // `MostrarAnchos` shows the file side anew when widths were read.
+    SistemaDeLaSesion(Documento& documento, SesionSAP& sesion, DialogoABAP FormABAP, std::function<void()> MostrarAnchos,
+                      const TextosIdioma& textos, Vista& vista);
 
     void ObtenerAnchos() override;
     std::string ArchivoTemporal() override;
     void OfrecerPublicacion(const std::string& archivo) override;
 
 private:
-    Editor& editor_;
+    Documento& documento_;
     SesionSAP& sesion_;
     DialogoABAP FormABAP_;
+    std::function<void()> MostrarAnchos_;
+    const TextosIdioma& textos_;
+    Vista& vista_;
 };
 
 }  // namespace qor

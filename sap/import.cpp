@@ -1,6 +1,7 @@
 #include "sap/import.h"
 
-#include <array>
+#include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -8,7 +9,6 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "editor/grids.h"
 #include "generator/conversions.h"
 
 namespace qor {
@@ -17,12 +17,9 @@ namespace {
 
 class LectorDeSesion {
 public:
-    LectorDeSesion(Especificacion& especificacion, std::string_view texto, int inicio, const std::function<void()>& malEscrita)
-        : especificacion_(especificacion),
-          malEscrita_(malEscrita),
-          lineas_(PartirEnLineas(texto)),
-          Inicio_(inicio),
-          Fila_(inicio) {}
+    LectorDeSesion(std::vector<FilaDeTransaccion>& tabla, std::string_view texto, int inicio,
+                   const std::function<void()>& malEscrita)
+        : tabla_(tabla), malEscrita_(malEscrita), lineas_(PartirEnLineas(texto)), Inicio_(inicio), Fila_(inicio) {}
 
     void Leer() {
         while (siguiente_ < lineas_.size() && Fila_ <= ultimaFila) {
@@ -44,7 +41,7 @@ private:
 
     FilaDeTransaccion& Fila(int fila) {
         if (fila >= filasTabla) throw FalloDeEjecucion("the program side is full");
-        return especificacion_.TablaTransaccion[fila];
+        return tabla_[fila];
     }
 
     std::string Primero(std::string_view linea) {
@@ -125,7 +122,7 @@ private:
         return std::string(Recortar(Tramo(linea, 178, 40))) + " " + std::string(Recortar(TramoDesde(linea, 218)));
     }
 
-    Especificacion& especificacion_;
+    std::vector<FilaDeTransaccion>& tabla_;
     const std::function<void()>& malEscrita_;
     std::vector<std::string_view> lineas_;
     std::size_t siguiente_ = 0;
@@ -135,64 +132,54 @@ private:
     bool FormatoSesion_ = false;
 };
 
-void VaciarTransacciones(Especificacion& especificacion) {
-    for (int r = 0; r <= ultimaFila; ++r) especificacion.TablaTransaccion[r] = {};
+// The row from which the import writes; nothing when the user backs out.
+std::optional<int> ElegirInicio(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista) {
+    const int inicio = especificacion.PrimeraPosicionLibreTransaccion();
+    if (inicio == 0) return 0;
+    switch (vista.Preguntar(Componer(textos, {330, "\r\n", 331}), Botones::SiNoCancelar)) {
+        case Respuesta::Si: return 0;
+        case Respuesta::No: return inicio;
+        default: return std::nullopt;
+    }
 }
 
-// The row from which the import writes; -1 when the user backs out.
-int ElegirInicio(Editor& editor) {
-    int inicio = editor.especificacion.PrimeraPosicionLibreTransaccion();
-    if (inicio > 0) {
-        switch (editor.vista.Preguntar(Componer(editor.textos, {330, "\r\n", 331}), Botones::SiNoCancelar)) {
-            case Respuesta::Si: inicio = 0; break;
-            case Respuesta::No: break;
-            default: return -1;
-        }
-    }
-    if (inicio == 0) {
-        editor.transaccion.PrimeraFilaTransaccion = 0;
-        VaciarTransacciones(editor.especificacion);
-    }
-    return inicio;
-}
-
-void MostrarImportacion(Editor& editor) {
-    // The cell that had the focus stands for another row now, which its leaving rule must not touch.
-    editor.ventana.foco.reset();
-    MostrarTransaccion(editor, 0);
-    editor.busquedas.transaccion.siguiente = false;
-    editor.ventana.SSTab1 = 0;
-    editor.vista.Informar(Componer(editor.textos, {329}));
+int FilasConTexto(const std::vector<FilaDeTransaccion>& tabla, int desde) {
+    return static_cast<int>(
+        std::count_if(tabla.begin() + desde, tabla.end(), [](const FilaDeTransaccion& fila) { return !fila.Vacia(); }));
 }
 
 }  // namespace
 
-void LeerSesion(Especificacion& especificacion, std::string_view texto, int inicio, const std::function<void()>& malEscrita) {
-    LectorDeSesion(especificacion, texto, inicio, malEscrita).Leer();
+void LeerSesion(std::vector<FilaDeTransaccion>& tabla, std::string_view texto, int inicio,
+                const std::function<void()>& malEscrita) {
+    LectorDeSesion(tabla, texto, inicio, malEscrita).Leer();
 }
 
-bool ImportarSesion(Editor& editor, const std::string& archivo) {
-    const bool antes = editor.RegistrarCambios;
-    editor.RegistrarCambios = false;
-    // The two early ends leave RegistrarCambios cleared, on purpose: no step to undo is made until it is set again.
-    const int inicio = ElegirInicio(editor);
-    if (inicio < 0) return false;
-    if (EstaEnBlanco(archivo)) {
-        editor.vista.Advertir(Componer(editor.textos, {332}));
-        return false;
+std::optional<Importacion> LeerImportacion(const Especificacion& especificacion, const std::filesystem::path& archivo,
+                                           const TextosIdioma& textos, Vista& vista) {
+    const auto inicio = ElegirInicio(especificacion, textos, vista);
+    if (!inicio) return std::nullopt;
+    if (EstaEnBlanco(archivo.string())) {
+        vista.Advertir(Componer(textos, {332}));
+        return std::nullopt;
     }
-    bool leido = false;
     try {
-        const std::string texto = LeerArchivo(RutaDelSistema(archivo));
-        LeerSesion(editor.especificacion, texto, inicio, [&] { editor.vista.Advertir(Componer(editor.textos, {372})); });
-        MostrarImportacion(editor);
-        editor.HayCambios = true;
-        leido = true;
-    } catch (const FalloDeEjecucion&) {
-        editor.vista.Advertir(Componer(editor.textos, {335}));
+        const std::string texto = LeerArchivo(archivo);
+        Importacion importacion{especificacion.TablaTransaccion, 0};
+        // Row 1001 is never seen, and stays.
+        if (*inicio == 0) std::fill_n(importacion.tabla.begin(), ultimaFila + 1, FilaDeTransaccion{});
+        LeerSesion(importacion.tabla, texto, *inicio, [&] { vista.Advertir(Componer(textos, {372})); });
+        importacion.filas = FilasConTexto(importacion.tabla, *inicio);
+        return importacion;
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {335}), fallo));
+        return std::nullopt;
     }
-    editor.RegistrarCambios = antes;
-    return leido;
+}
+
+void Importar(Documento& documento, Importacion importacion) {
+    documento.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, 0, 0, documento.especificacion.TablaTransaccion});
+    documento.especificacion.TablaTransaccion = std::move(importacion.tabla);
 }
 
 }  // namespace qor

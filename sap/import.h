@@ -1,10 +1,14 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
-#include <string>
+#include <optional>
 #include <string_view>
+#include <vector>
 
-#include "editor/editor.h"
+#include "base/messages.h"
+#include "base/view.h"
+#include "model/document.h"
 
 // Recordings and batch-input sessions as rows of the program side. Two formats, both text files:
 //
@@ -18,14 +22,24 @@
 // A line with "0000T" in columns 41 to 45 turns the rest of a file into this format.
 namespace qor {
 
-// Reads a text into the rows from `inicio` on, at most to row 1000. `malEscrita` is called for each line whose texts don't stand
-// between pairs of apostrophes. Throws FalloDeEjecucion for a screen without a dynpro, and where the text ends inside a field; the
-// rows read until then stay.
-void LeerSesion(Especificacion& especificacion, std::string_view texto, int inicio, const std::function<void()>& malEscrita);
+// Reads a text into the rows of a table from `inicio` on, at most to row 1000. `malEscrita` is called for each line whose texts
+// don't stand between pairs of apostrophes. Throws FalloDeEjecucion for a screen without a dynpro, and where the text ends inside a
+// field; the rows read until then stay in the table.
+void LeerSesion(std::vector<FilaDeTransaccion>& tabla, std::string_view texto, int inicio, const std::function<void()>& malEscrita);
 
-// Imports a file of either format. Where rows exist, the user chooses between replacing them and adding behind them. False when the
-// user backs out (then the caller's RegistrarCambios stays cleared), and when the file can't be read to its end: message 335, and
-// what was read until then stays in the table, not shown.
-bool ImportarSesion(Editor& editor, const std::string& archivo);
+// The program side as it stands behind an import.
+struct Importacion {
+    std::vector<FilaDeTransaccion> tabla;
+    int filas = 0;  // rows with text among those that came; 0: the file holds no recording
+};
+
+// Reads a file of either format to its end, and changes nothing. Where rows exist, the user chooses between replacing them and
+// adding behind them. Nothing when the user backs out, without a file's name (message 332), and when the file can't be read to its
+// end (335).
+std::optional<Importacion> LeerImportacion(const Especificacion& especificacion, const std::filesystem::path& archivo,
+                                           const TextosIdioma& textos, Vista& vista);
+
+// Puts an import into the document, as one step to undo.
+void Importar(Documento& documento, Importacion importacion);
 
 }  // namespace qor

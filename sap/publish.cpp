@@ -45,8 +45,8 @@ bool SistemaAdmiteProgramas(const SesionSAP& sesion, const TextosIdioma& textos,
     return true;
 }
 
-void PedirNombreYPublicar(SesionSAP& sesion, const std::string& archivo, const std::string& propuesto, const DialogoABAP& FormABAP,
-                          const TextosIdioma& textos, Vista& vista) {
+void PedirNombreYPublicar(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& propuesto,
+                          const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista) {
     const std::string NombreElegido = FormABAP(propuesto);
     if (NombreElegido.empty()) return;
     const ConPunteroOcupado puntero(vista);
@@ -77,12 +77,12 @@ ReporteDePublicacion ComponerPublicacion(std::string_view fuente, const std::str
     return reporte;
 }
 
-bool PublicarPrograma(SesionSAP& sesion, const std::string& archivo, const std::string& nombre, const TextosIdioma& textos,
-                      Vista& vista) {
+bool PublicarPrograma(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& nombre,
+                      const TextosIdioma& textos, Vista& vista) {
     sesion.Motivo.clear();
     std::string fuente;
     try {
-        fuente = LeerArchivo(RutaDelSistema(archivo));
+        fuente = LeerArchivo(archivo);
     } catch (const FalloDeEjecucion& fallo) {
         sesion.Motivo = fallo.what();
         return false;
@@ -94,21 +94,21 @@ bool PublicarPrograma(SesionSAP& sesion, const std::string& archivo, const std::
     return true;
 }
 
-void ButtonOnlinePublish(SesionSAP& sesion, const std::string& ArchivoGenerado, const DialogoABAP& FormABAP,
+void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,
                          const TextosIdioma& textos, Vista& vista) {
     if (ArchivoGenerado.empty() || !SistemaAdmiteProgramas(sesion, textos, vista)) return;
     PedirNombreYPublicar(sesion, ArchivoGenerado, "", FormABAP, textos, vista);
 }
 
-void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::string& DirectorioDocumentos, const DialogoABAP& FormABAP,
+void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::filesystem::path& DirectorioDocumentos, const DialogoABAP& FormABAP,
                               const TextosIdioma& textos, Vista& vista) {
     if (!SistemaAdmiteProgramas(sesion, textos, vista)) return;
     const auto archivo = vista.ElegirParaAbrir(DirectorioDocumentos, "");
-    if (!archivo || EstaEnBlanco(*archivo)) return;
-    PedirNombreYPublicar(sesion, *archivo, QuitarExtension(NombreDeRuta(*archivo)), FormABAP, textos, vista);
+    if (!archivo || archivo->empty()) return;
+    PedirNombreYPublicar(sesion, *archivo, TextoDeRuta(archivo->stem()), FormABAP, textos, vista);
 }
 
-void OfrecerPublicacion(SesionSAP& sesion, const std::string& ArchivoGenerado, const DialogoABAP& FormABAP,
+void OfrecerPublicacion(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,
                         const TextosIdioma& textos, Vista& vista) {
     if (!SistemaAdmiteProgramas(sesion, textos, vista)) return;
     if (vista.Preguntar(Componer(textos, {409}), Botones::SiNo) != Respuesta::Si) return;

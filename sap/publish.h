@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,22 +20,22 @@ struct ReporteDePublicacion {
 ReporteDePublicacion ComponerPublicacion(std::string_view fuente, const std::string& nombre);
 
 // Installs the program of a source file. True when the system has taken it; message 419 when lines were cut.
-bool PublicarPrograma(SesionSAP& sesion, const std::string& archivo, const std::string& nombre, const TextosIdioma& textos,
-                      Vista& vista);
+bool PublicarPrograma(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& nombre,
+                      const TextosIdioma& textos, Vista& vista);
 
 // The dialog that asks for the name, with the name that it shows at first. Answers an empty name when the user backs out.
 using DialogoABAP = std::function<std::string(const std::string& NombreElegido)>;
 
 // Publishes the program that was generated last; nothing happens when there is none.
-void ButtonOnlinePublish(SesionSAP& sesion, const std::string& ArchivoGenerado, const DialogoABAP& FormABAP,
+void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,
                          const TextosIdioma& textos, Vista& vista);
 
 // Publishes a source file that the user chooses, with its own name as the first proposal.
-void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::string& DirectorioDocumentos, const DialogoABAP& FormABAP,
+void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::filesystem::path& DirectorioDocumentos, const DialogoABAP& FormABAP,
                               const TextosIdioma& textos, Vista& vista);
 
 // The same offered at the end of a generation.
-void OfrecerPublicacion(SesionSAP& sesion, const std::string& ArchivoGenerado, const DialogoABAP& FormABAP,
+void OfrecerPublicacion(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,
                         const TextosIdioma& textos, Vista& vista);
 
 // The rules of the dialog.

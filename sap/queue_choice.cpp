@@ -5,7 +5,6 @@
 #include "base/busy_pointer.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "sap/import.h"
 #include "sap/temporary_file.h"
 
 namespace qor {
@@ -26,13 +25,15 @@ bool EscribirRegistros(const std::string& ruta, const std::string& registros) {
     return static_cast<bool>(archivo);
 }
 
-void ElegirEImportar(Editor& editor, const DialogoImport& FormImport, bool EsGrabacion) {
+std::optional<Importacion> ElegirYLeer(const Especificacion& especificacion, const DialogoImport& FormImport, bool EsGrabacion,
+                                       const TextosIdioma& textos, Vista& vista) {
     FormularioImport formulario;
     formulario.EsGrabacion = EsGrabacion;
     FormImport(formulario);
-    if (formulario.ArchivoImportado.empty()) return;
-    ImportarSesion(editor, formulario.ArchivoImportado);
+    if (formulario.ArchivoImportado.empty()) return std::nullopt;
+    auto importacion = LeerImportacion(especificacion, formulario.ArchivoImportado, textos, vista);
     BorrarTemporal(formulario.ArchivoImportado);
+    return importacion;
 }
 
 }  // namespace
@@ -90,8 +91,14 @@ std::string RegistrosDeCola(const FilasDeLista& DatosCola) {
     return registros;
 }
 
-void ButtonOnlineSHDB(Editor& editor, const DialogoImport& FormImport) { ElegirEImportar(editor, FormImport, true); }
+std::optional<Importacion> ButtonOnlineSHDB(const Especificacion& especificacion, const DialogoImport& FormImport,
+                                            const TextosIdioma& textos, Vista& vista) {
+    return ElegirYLeer(especificacion, FormImport, true, textos, vista);
+}
 
-void ButtonOnlineSM35(Editor& editor, const DialogoImport& FormImport) { ElegirEImportar(editor, FormImport, false); }
+std::optional<Importacion> ButtonOnlineSM35(const Especificacion& especificacion, const DialogoImport& FormImport,
+                                            const TextosIdioma& textos, Vista& vista) {
+    return ElegirYLeer(especificacion, FormImport, false, textos, vista);
+}
 
 }  // namespace qor

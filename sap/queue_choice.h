@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/editor.h"
+#include "sap/import.h"
 #include "sap/remote_reports.h"
 
 // The dialog FormImport: a list of the recordings or sessions of the connected system, of which the user takes one. Its form shows
@@ -43,8 +43,10 @@ std::string RegistrosDeCola(const FilasDeLista& DatosCola);
 // Runs the dialog to its end.
 using DialogoImport = std::function<void(FormularioImport&)>;
 
-// The buttons: choose, import, delete the file.
-void ButtonOnlineSHDB(Editor& editor, const DialogoImport& FormImport);
-void ButtonOnlineSM35(Editor& editor, const DialogoImport& FormImport);
+// The buttons: choose a recording or a session, read it, delete the file. Nothing without a choice, or where it can't be read.
+std::optional<Importacion> ButtonOnlineSHDB(const Especificacion& especificacion, const DialogoImport& FormImport,
+                                            const TextosIdioma& textos, Vista& vista);
+std::optional<Importacion> ButtonOnlineSM35(const Especificacion& especificacion, const DialogoImport& FormImport,
+                                            const TextosIdioma& textos, Vista& vista);
 
 }  // namespace qor

@@ -8,8 +8,8 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "editor/grids.h"
 #include "model/cells.h"
+#include "model/declarations.h"
 #include "sap/remote_reports.h"
 #include "sap/temporary_file.h"
 
@@ -92,25 +92,13 @@ void CompletarArchivo(const std::string& archivo, const std::vector<std::string_
 
 }  // namespace
 
-std::string BuscarTipoVariable(const std::vector<std::string>& lineas, std::string_view nombre) {
-    const std::string buscado = "DATA: " + std::string(Recortar(nombre)) + " LIKE ";
-    for (const auto& linea : lineas) {
-        const auto lugar = linea.find(buscado);
-        if (lugar == std::string::npos) continue;
-        std::string tipo(Recortar(std::string_view(linea).substr(lugar + buscado.size())));
-        if (tipo.ends_with(',') || tipo.ends_with('.')) tipo.pop_back();
-        return tipo;
-    }
-    return {};
-}
-
-bool GenerarInfoCampos(const Especificacion& especificacion, const std::string& archivo, bool conectado, const TextosIdioma& textos,
-                       Vista& vista) {
+bool GenerarInfoCampos(const Especificacion& especificacion, const std::filesystem::path& archivo, bool conectado,
+                       const TextosIdioma& textos, Vista& vista) {
     try {
-        ArchivoDeSalida salida(RutaDelSistema(archivo));
+        ArchivoDeSalida salida(archivo);
         Pedidos(especificacion, salida).Escribir();
-    } catch (const FalloDeEjecucion&) {
-        vista.Advertir(Componer(textos, {328}));
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;
     }
     if (!conectado) vista.Informar(Componer(textos, {327}));
@@ -133,17 +121,14 @@ bool LlenarAnchos(Especificacion& especificacion, std::string_view texto) {
     return lleno;
 }
 
-bool ImportInfo(Editor& editor, const std::string& archivo) {
-    const SinRegistrarCambios sinRegistrar(editor);
+bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, const TextosIdioma& textos, Vista& vista) {
     try {
-        if (LlenarAnchos(editor.especificacion, LeerArchivo(RutaDelSistema(archivo)))) editor.HayCambios = true;
-    } catch (const FalloDeEjecucion&) {
-        editor.vista.Advertir(Componer(editor.textos, {328}));
+        if (LlenarAnchos(documento.especificacion, LeerArchivo(archivo))) documento.Cambiar();
+        return true;
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;
     }
-    MostrarArchivo(editor, 0);
-    editor.ventana.SSTab1 = 0;
-    return true;
 }
 
 LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas) {
@@ -175,18 +160,19 @@ bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
     }
 }
 
-void ButtonOnlineAnchos(Editor& editor, SesionSAP& sesion) {
+bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
     const std::string ArchivoAnchosTemporal = NombreTemporal(sesion.DirectorioTemporal);
-    GenerarInfoCampos(editor.especificacion, ArchivoAnchosTemporal, true, editor.textos, editor.vista);
+    GenerarInfoCampos(documento.especificacion, ArchivoAnchosTemporal, true, textos, vista);
     {
-        const ConPunteroOcupado puntero(editor.vista);
+        const ConPunteroOcupado puntero(vista);
         if (!ObtenerAnchos(sesion, ArchivoAnchosTemporal)) {
-            editor.vista.Advertir(ConMotivo(sesion, Componer(editor.textos, {415})));
-            return;
+            vista.Advertir(ConMotivo(sesion, Componer(textos, {415})));
+            return false;
         }
     }
-    ImportInfo(editor, ArchivoAnchosTemporal);
+    const bool leidos = ImportInfo(documento, ArchivoAnchosTemporal, textos, vista);
     BorrarTemporal(ArchivoAnchosTemporal);
+    return leidos;
 }
 
 }  // namespace qor

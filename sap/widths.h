@@ -1,30 +1,27 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "editor/editor.h"
+#include "model/document.h"
 #include "sap/session.h"
 
 // Widths of file fields from the dictionary of a system, by way of a file with one line for each field of the program side:
 //   1 to 30 table    31 to 60 field    61 to 90 the value cell, so the file field    91 to 96 length, once it is looked up
 namespace qor {
 
-// The type of a declared variable: what stands behind "DATA: <name> LIKE " on one of the lines, without the final "," or ".". Empty
-// when there is no such line.
-std::string BuscarTipoVariable(const std::vector<std::string>& lineas, std::string_view nombre);
-
 // Writes the file. While not connected, message 327 tells how to go on. False with message 328 when the file can't be written, or
 // at a scalar BAPI parameter whose type names no field; the lines written so far stay in the file.
-bool GenerarInfoCampos(const Especificacion& especificacion, const std::string& archivo, bool conectado, const TextosIdioma& textos,
-                       Vista& vista);
+bool GenerarInfoCampos(const Especificacion& especificacion, const std::filesystem::path& archivo, bool conectado,
+                       const TextosIdioma& textos, Vista& vista);
 
 // Fills empty widths of the file side from the text of a file, and answers whether it filled any.
 bool LlenarAnchos(Especificacion& especificacion, std::string_view texto);
 
 // Reads the file back into the file side. False with message 328 when it can't be read.
-bool ImportInfo(Editor& editor, const std::string& archivo);
+bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, const TextosIdioma& textos, Vista& vista);
 
 // The report that looks up the lengths for the lines of the file.
 LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas);
@@ -33,7 +30,8 @@ LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas);
 // failed call leaves the file as it was.
 bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo);
 
-// The whole way at once, around a file of a moment. That file stays when the system gives no answer.
-void ButtonOnlineAnchos(Editor& editor, SesionSAP& sesion);
+// The whole way at once, around a file of a moment. That file stays when the system gives no answer. True when the file side was
+// gone through and is to be shown anew.
+bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista);
 
 }  // namespace qor

@@ -7,9 +7,9 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -24,16 +24,17 @@ const std::string catalogo =
 
 struct PruebaDeBAPI : testing::Test {
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
-    Editor& editor = prueba.editor;
+    VentanaDePrueba prueba;
+    Ventana& ventana = prueba.ventana;
 
     std::string Escribir(const std::string& contenido, const char* nombre = "catalogue") {
         return RutaDelModelo(directorio.Escribir(nombre, contenido));
     }
 
     ResultadoInsercion Elegir(const std::string& nombre, bool definicion = false, std::optional<bool> todos = true) {
-        return ElegirBAPI(editor, Escribir(catalogo), nombre, definicion, editor.especificacion.PrimeraPosicionLibreTransaccion(),
-                          [&] { return todos; });
+        return ElegirBAPI(
+            prueba.documento, Escribir(catalogo), nombre, definicion,
+            prueba.documento.especificacion.PrimeraPosicionLibreTransaccion(), [&] { return todos; }, prueba.textos, prueba.vista);
     }
 };
 
@@ -83,25 +84,25 @@ TEST_F(PruebaDeBAPI, InsertionWritesRowsDeclarationsAndCall) {
         (std::vector<std::string>{"BAPI|BAPI_MAT_SAVE", "||HEAD-MATERIAL|MATERIAL", "||HEAD-SECTOR|SECTOR", "||TESTRUN|TESTRUN",
                                   "||TEXTS-LANGU(+)|LANGU|!1 1!2!30!4!50!61!7", "||TEXTS-TEXT(+)|TEXT"}));
     const std::string rayas = "*" + std::string(69, '-') + "*\r\n";
-    EXPECT_EQ(editor.especificacion.VariablesGlobales, rayas + "*   BAPI_MAT_SAVE STRUCTURES" + std::string(42, ' ') + "*\r\n" +
-                                                           rayas +
-                                                           "\r\n"
-                                                           "DATA: HEAD LIKE BAPIMATHEAD.\r\nDATA: TESTRUN LIKE BAPIE1-TEST.\r\n"
-                                                           "DATA: RETURN LIKE BAPIRET2.\r\n"
-                                                           "DATA: TEXTS LIKE BAPI_MAKT\r\n      OCCURS 0 WITH HEADER LINE.\r\n");
-    EXPECT_EQ(editor.especificacion.TablaBAPIs[0].llamada,
+    EXPECT_EQ(ventana.documento.especificacion.VariablesGlobales,
+              rayas + "*   BAPI_MAT_SAVE STRUCTURES" + std::string(42, ' ') + "*\r\n" + rayas +
+                  "\r\n"
+                  "DATA: HEAD LIKE BAPIMATHEAD.\r\nDATA: TESTRUN LIKE BAPIE1-TEST.\r\n"
+                  "DATA: RETURN LIKE BAPIRET2.\r\n"
+                  "DATA: TEXTS LIKE BAPI_MAKT\r\n      OCCURS 0 WITH HEADER LINE.\r\n");
+    EXPECT_EQ(ventana.documento.especificacion.TablaBAPIs[0].llamada,
               "CALL FUNCTION 'BAPI_MAT_SAVE'\r\n     EXPORTING\r\n       HEAD = HEAD\r\n       TESTRUN = TESTRUN\r\n"
               "     IMPORTING\r\n       RETURN = RETURN\r\n     TABLES\r\n       TEXTS = TEXTS.");
-    EXPECT_TRUE(editor.HayCambios && editor.UndoButton);
+    EXPECT_TRUE(ventana.documento.HayCambios() && !ventana.documento.deshacer.Vacia());
 }
 
 TEST_F(PruebaDeBAPI, SecondInsertionGivesRowsOnly) {
     Elegir("BAPI_MAT_SAVE");
-    const auto antes = editor.especificacion.VariablesGlobales;
+    const auto antes = ventana.documento.especificacion.VariablesGlobales;
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Cancelado);  // the question is not answered
     prueba.vista.respuestas = {Respuesta::Si};
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Hecho);
-    EXPECT_EQ(editor.especificacion.VariablesGlobales, antes);
+    EXPECT_EQ(ventana.documento.especificacion.VariablesGlobales, antes);
     EXPECT_EQ(prueba.FilaTransaccion(7), "||HEAD-MATERIAL|MATERIAL");
     EXPECT_EQ(prueba.FilaTransaccion(10), "||TEXTS-LANGU(+)|LANGU1|!1 1!2!30!4!50!61!7");
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<383> <383>");
@@ -110,27 +111,27 @@ TEST_F(PruebaDeBAPI, SecondInsertionGivesRowsOnly) {
 TEST_F(PruebaDeBAPI, VariablesAreSharedByTypeAndNumberedByName) {
     Elegir("BAPI_MAT_SAVE");
     ASSERT_EQ(Elegir("BAPI_ORDER"), ResultadoInsercion::Hecho);
-    EXPECT_TRUE(Contiene(editor.especificacion.VariablesGlobales, "DATA: HEAD1 LIKE BAPISDHD."));
-    EXPECT_EQ(editor.especificacion.TablaBAPIs[1].llamada,
+    EXPECT_TRUE(Contiene(ventana.documento.especificacion.VariablesGlobales, "DATA: HEAD1 LIKE BAPISDHD."));
+    EXPECT_EQ(ventana.documento.especificacion.TablaBAPIs[1].llamada,
               "CALL FUNCTION 'BAPI_ORDER'\r\n     EXPORTING\r\n       HEAD = HEAD1\r\n     TABLES\r\n       TEXTS = TEXTS.");
     EXPECT_EQ(prueba.FilaTransaccion(7), "||HEAD1-MATERIAL|MATERIAL");
 }
 
 TEST_F(PruebaDeBAPI, MandatoryOnlyDefinitionOnlyAndRefusals) {
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE", false, std::nullopt), ResultadoInsercion::Cancelado);
-    EXPECT_TRUE(prueba.FilasTransaccion().empty() && editor.especificacion.TablaBAPIs[0].nombre.empty());
+    EXPECT_TRUE(prueba.FilasTransaccion().empty() && ventana.documento.especificacion.TablaBAPIs[0].nombre.empty());
 
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE", false, false), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilasTransaccion(),
               (std::vector<std::string>{"BAPI|BAPI_MAT_SAVE", "||HEAD-MATERIAL|MATERIAL", "||HEAD-SECTOR|SECTOR"}));
-    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
+    EXPECT_TRUE(Contiene(ventana.documento.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
 
     EXPECT_EQ(Elegir("BAPI_ORDER", true), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilasTransaccion().size(), 3u);
     EXPECT_EQ(Elegir("BAPI_ORDER", true), ResultadoInsercion::Detenido);
     EXPECT_EQ(Elegir("BAPI_BAD"), ResultadoInsercion::Detenido);
     // A parameter that the call text doesn't pass.
-    editor.especificacion.TablaBAPIs[0].llamada = "CALL FUNCTION 'BAPI_MAT_SAVE'.";
+    ventana.documento.especificacion.TablaBAPIs[0].llamada = "CALL FUNCTION 'BAPI_MAT_SAVE'.";
     prueba.vista.respuestas = {Respuesta::Si};
     EXPECT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Detenido);
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<389> <401> <383> <394>");
@@ -148,12 +149,13 @@ TEST_F(PruebaDeBAPI, OddParametersEndTheInsertion) {
         {"4 A::I", "", ""},
     };
     for (const auto& caso : casos) {
-        EditorDePrueba otra;
-        otra.editor.especificacion.VariablesGlobales = caso.variables;
+        VentanaDePrueba otra;
+        otra.ventana.documento.especificacion.VariablesGlobales = caso.variables;
         const auto archivo = Escribir("BAPIDEFS\r\n1 M\r\n2 BAPI_ODD\r\n" + std::string(caso.parametro) + "\r\n");
-        ElegirBAPI(otra.editor, archivo, "BAPI_ODD", false, 0, [] { return std::optional(true); });
+        ElegirBAPI(
+            otra.documento, archivo, "BAPI_ODD", false, 0, [] { return std::optional(true); }, otra.textos, otra.vista);
         EXPECT_EQ(otra.vista.TomarAvisos(), caso.avisos) << caso.parametro;
-        EXPECT_FALSE(Contiene(otra.editor.especificacion.VariablesGlobales, "DATA:  LIKE")) << caso.parametro;
+        EXPECT_FALSE(Contiene(otra.ventana.documento.especificacion.VariablesGlobales, "DATA:  LIKE")) << caso.parametro;
     }
 }
 
@@ -162,7 +164,7 @@ TEST_F(PruebaDeBAPI, RowsEndAtRow1000) {
     ASSERT_EQ(Elegir("BAPI_MAT_SAVE"), ResultadoInsercion::Hecho);
     EXPECT_EQ(prueba.FilaTransaccion(1000), "||HEAD-SECTOR|SECTOR");
     EXPECT_EQ(prueba.FilaTransaccion(1001), "");
-    EXPECT_TRUE(Contiene(editor.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
+    EXPECT_TRUE(Contiene(ventana.documento.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
 }
 
 // An update against a scripted system: the list first, then one call for each BAPI.

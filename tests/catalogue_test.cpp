@@ -13,29 +13,31 @@
 #include "generator/generate.h"
 #include "model/document_format.h"
 #include "model/operations.h"
-#include "tests/support/editor_fixture.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
 
 const std::filesystem::path fuente = QOR_TEST_SOURCE_DIR;
 
-ResultadoInsercion Insertar(EditorDePrueba& prueba, const std::string& nombre) {
-    return ElegirBAPI(prueba.editor, RutaDelModelo(fuente / "data/BAPI46C"), nombre, false, 0, [] { return std::optional(true); });
+ResultadoInsercion Insertar(VentanaDePrueba& prueba, const std::string& nombre) {
+    return ElegirBAPI(
+        prueba.documento, RutaDelModelo(fuente / "data/BAPI46C"), nombre, false, 0, [] { return std::optional(true); },
+        prueba.textos, prueba.vista);
 }
 
 // A file field of ten characters for each value cell, all records in one file with an id for each.
-void CompletarArchivo(EditorDePrueba& prueba) {
-    auto& e = prueba.editor.especificacion;
+void CompletarArchivo(VentanaDePrueba& prueba) {
+    auto& e = prueba.ventana.documento.especificacion;
     std::set<std::string> campos;
     for (int r = 0; r < e.FilasTransaccion(); ++r) {
         const std::string& valor = e.TablaTransaccion[r].valor;
         if (valor.empty() || !campos.insert(valor).second) continue;
         e.TablaArchivo[campos.size() - 1] = {valor, "10", "", ""};
     }
-    prueba.editor.opciones.MultipleFilesOption = false;
+    prueba.ventana.documento.opciones.MultipleFilesOption = false;
     for (int k = 0; k <= ContarStepLoops(e); ++k)
-        prueba.editor.opciones.Identificadores += (k > 0 ? "," : "") + std::to_string(10 + k);
+        prueba.ventana.documento.opciones.Identificadores += (k > 0 ? "," : "") + std::to_string(10 + k);
 }
 
 // Each BAPI of the catalogue that comes with the program, from its insertion to a report, which the ABAP parser reads.
@@ -44,21 +46,21 @@ TEST(Spread, EveryBAPIOfTheCatalogueGivesAReport) {
     const auto directorio =
         (pedido != nullptr ? std::filesystem::path(pedido) : std::filesystem::path(QOR_TEST_BINARY_DIR)) / "bapi";
     std::filesystem::create_directories(directorio);
-    EditorDePrueba lector;
+    VentanaDePrueba lector;
     const auto catalogo = RecuperarDatosBAPIs(RutaDelModelo(fuente / "data/BAPI46C"), lector.textos, lector.vista);
     ASSERT_TRUE(catalogo);
     int bapis = 0;
     for (const auto& nodo : catalogo->nodos) {
         if (!nodo.esBAPI) continue;
-        EditorDePrueba prueba;
+        VentanaDePrueba prueba;
         EXPECT_EQ(Insertar(prueba, nodo.texto), ResultadoInsercion::Hecho) << nodo.texto;
         CompletarArchivo(prueba);
-        auto& o = prueba.editor.opciones;
+        auto& o = prueba.ventana.documento.opciones;
         o.Programa = RutaDelModelo(directorio / (nodo.texto + ".abap"));
         std::filesystem::remove(RutaDelSistema(o.Programa));
         for (const int numero : {504, 505}) prueba.textos.Poner(numero, "Text");
         EstadoDelGenerador estado;
-        EXPECT_TRUE(Generar({prueba.editor.especificacion, o, {}, prueba.textos, prueba.vista, "", ""}, estado))
+        EXPECT_TRUE(Generar({prueba.ventana.documento.especificacion, o, {}, prueba.textos, prueba.vista, "", ""}, estado))
             << nodo.texto << prueba.vista.TomarAvisos();
         ++bapis;
     }
@@ -74,10 +76,10 @@ TEST(Catalogue, ExampleCallsTheBAPIAsInserted) {
     Opciones opciones;
     LeerDocumento(documento, ejemplo, opciones);
 
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     const std::string nombre(AntesDe(ejemplo.TablaTransaccion[0].dynpro, ';'));
     ASSERT_EQ(Insertar(prueba, nombre), ResultadoInsercion::Hecho);
-    const auto& insertada = prueba.editor.especificacion;
+    const auto& insertada = prueba.ventana.documento.especificacion;
     std::set<std::string> campos;
     for (int r = 1; r < insertada.FilasTransaccion(); ++r) campos.insert(insertada.TablaTransaccion[r].campo);
     for (int r = 1; r < ejemplo.FilasTransaccion(); ++r) {

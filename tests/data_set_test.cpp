@@ -11,8 +11,8 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "dataset/line_reader.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -58,7 +58,7 @@ const std::string tablaDeErrores = DefinicionDe(1, 4, "MATNR") + DefinicionDe(1,
 
 struct PruebaDeDatos : testing::Test {
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
 
     std::string Escribir(const std::string& contenido, const char* nombre = "data.txt") {
         return RutaDelModelo(directorio.Escribir(nombre, contenido));
@@ -206,11 +206,11 @@ TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
     EXPECT_EQ(Reemplazar(larga, De("MATNR", "N")), larga);
 
     // A file that changes while the user is asked.
-    struct VistaQueCambia : VistaDeEditor {
+    struct VistaQueCambia : VistaDePrueba {
         std::filesystem::path ruta;
         Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
             std::ofstream(ruta, std::ios::app) << "more";
-            VistaDeEditor::Preguntar(mensaje, botones);
+            VistaDePrueba::Preguntar(mensaje, botones);
             return Respuesta::Si;
         }
     } vista;

@@ -12,8 +12,8 @@
 #include "base/paths.h"
 #include "editor/document_commands.h"
 #include "model/document_format.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -124,17 +124,12 @@ TEST(Document, EarliestFormatIsRead) {
 
 struct Archivos : testing::Test {
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
-    Editor& editor = prueba.editor;
+    VentanaDePrueba prueba;
+    Ventana& ventana = prueba.ventana;
 
-    bool Abrir(Editor& otro, const std::filesystem::path& ruta) {
-        otro.AbrirDesdeComando = true;
-        otro.ArchivoInicial = RutaDelModelo(ruta);
-        return OpenOption(otro);
-    }
+    bool Abrir(Ventana& otro, const std::filesystem::path& ruta) { return OpenOption(otro, ruta); }
     bool Grabar(const std::filesystem::path& ruta) {
-        FijarDocumento(editor, RutaDelModelo(ruta));
-        return SaveOption(editor);
+        return GuardarDocumentoComo(ventana.documento, ruta, prueba.textos, prueba.vista);
     }
 };
 
@@ -143,68 +138,62 @@ TEST_F(Archivos, VisibleRowsPassTheChangeRule) {
     for (int r = 0; r < 15; ++r) documento += Registro(1, {"\" abc \"", "\" 5 \""});
     documento += Registro(2, {"\" trans \"", "\"va01\""});
     for (int r = 0; r < 12; ++r) documento += Registro(2, {"\"\"", "\"\"", "\"f\"", r == 0 ? "\" 'aB' \"" : "\"x\""});
-    ASSERT_TRUE(Abrir(editor, directorio.Escribir("a.qor", documento)));
+    ASSERT_TRUE(Abrir(ventana, directorio.Escribir("a.qor", documento)));
     EXPECT_EQ(prueba.FilaArchivo(13), "ABC|5");
     EXPECT_EQ(prueba.FilaArchivo(14), " abc | 5 ");
     EXPECT_EQ(prueba.FilaTransaccion(0), "TRANS|VA01");
     EXPECT_EQ(prueba.FilaTransaccion(1), "||F|'aB'");
     EXPECT_EQ(prueba.FilaTransaccion(11), "||f|x");
-    EXPECT_FALSE(editor.HayCambios || editor.UndoButton);
+    EXPECT_FALSE(ventana.documento.HayCambios());
 
     const std::string largo = "\"" + std::string(31, 'a') + "\"";
-    ASSERT_TRUE(Abrir(editor, directorio.Escribir("b.qor", Registro(1, {largo.c_str()}))));
+    ASSERT_TRUE(Abrir(ventana, directorio.Escribir("b.qor", Registro(1, {largo.c_str()}))));
     EXPECT_EQ(prueba.FilaArchivo(0), std::string(30, 'A'));
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<333> 30.");
 }
 
 TEST_F(Archivos, WhatCannotBeOpenedLeavesANewDocument) {
     const auto ajeno = directorio.Escribir("other.qor", Registro(1, {"\"A\""}));
-    EditorDePrueba otro;
-    ASSERT_TRUE(Abrir(otro.editor, ajeno));
+    VentanaDePrueba otro;
+    ASSERT_TRUE(Abrir(otro.ventana, ajeno));
     const std::filesystem::path malos[] = {ajeno, directorio / "missing", directorio.Ruta(), directorio.Escribir("x", "\x01\x02,")};
     for (const auto& malo : malos) {
-        EXPECT_FALSE(Abrir(editor, malo)) << malo;
+        EXPECT_FALSE(Abrir(ventana, malo)) << malo;
         EXPECT_EQ(prueba.vista.TomarAvisos(), "<335>");
-        EXPECT_TRUE(editor.TerminarPrograma && editor.RutaDocumento.empty() && !editor.DocumentoBloqueado());
+        EXPECT_TRUE(ventana.documento.ruta.empty() && !ventana.documento.Bloqueado());
     }
-    otro.editor.CanalDocumento.Cerrar();
-    EXPECT_TRUE(Abrir(editor, ajeno));
+    otro.ventana.documento.canal.Cerrar();
+    EXPECT_TRUE(Abrir(ventana, ajeno));
 }
 
 TEST_F(Archivos, SaveReplacesAndKeepsTheLock) {
     prueba.Archivo({"A|1"});
     const auto ruta = directorio / "doc.qor";
     ASSERT_TRUE(Grabar(ruta));
-    EXPECT_TRUE(editor.DocumentoBloqueado() && !editor.HayCambios);
+    EXPECT_TRUE(ventana.documento.Bloqueado() && !ventana.documento.HayCambios());
     EXPECT_FALSE(std::filesystem::exists(directorio / "doc.TMP"));
-    EditorDePrueba otro;
-    EXPECT_FALSE(Abrir(otro.editor, ruta));
+    VentanaDePrueba otro;
+    EXPECT_FALSE(Abrir(otro.ventana, ruta));
     // Nor can another process have it.
     const pid_t hijo = ::fork();
     if (hijo == 0) {
-        EditorDePrueba enHijo;
+        VentanaDePrueba enHijo;
         // The child's copy of the lock is this process's own; a fresh opening is refused.
-        ::_exit(Abrir(enHijo.editor, ruta) ? 1 : 0);
+        ::_exit(Abrir(enHijo.ventana, ruta) ? 1 : 0);
     }
     int estado = 0;
     ::waitpid(hijo, &estado, 0);
     EXPECT_EQ(estado, 0);
     // Nor can it be replaced by another.
-    FijarDocumento(otro.editor, RutaDelModelo(ruta));
-    EXPECT_FALSE(SaveOption(otro.editor));
+    EXPECT_FALSE(GuardarDocumentoComo(otro.documento, ruta, otro.textos, otro.vista));
     EXPECT_EQ(otro.vista.TomarAvisos(), "<335> <336>");
 }
 
 TEST_F(Archivos, FailedSavesKeepTheDocument) {
     const auto ruta = directorio.Escribir("doc.qor", Registro(1, {"\"OLD\""}));
-    ASSERT_TRUE(Abrir(editor, ruta));
+    ASSERT_TRUE(Abrir(ventana, ruta));
     prueba.PonerArchivo(0, "NEW|1");
     const auto viejo = LeerArchivo(ruta);
-
-    std::filesystem::create_directory(directorio / "doc.TMP");  // the work file can't be written
-    EXPECT_FALSE(SaveOption(editor));
-    EXPECT_TRUE(editor.DocumentoBloqueado());
-    std::filesystem::remove(directorio / "doc.TMP");
 
     // A disk that is full in the middle of the save.
     const pid_t hijo = ::fork();
@@ -212,7 +201,7 @@ TEST_F(Archivos, FailedSavesKeepTheDocument) {
         ::signal(SIGXFSZ, SIG_IGN);
         const rlimit limite{50, 50};
         ::setrlimit(RLIMIT_FSIZE, &limite);
-        ::_exit(SaveOption(editor) ? 1 : 0);
+        ::_exit(SaveOption(ventana) ? 1 : 0);
     }
     int estado = 0;
     ::waitpid(hijo, &estado, 0);
@@ -221,12 +210,12 @@ TEST_F(Archivos, FailedSavesKeepTheDocument) {
 
     EXPECT_FALSE(Grabar(directorio / "doc.tmp"));
     EXPECT_FALSE(Grabar(directorio / "no" / "place.qor"));
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<336> <336> <336>");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<336> <336>");
     EXPECT_FALSE(std::filesystem::exists(directorio / "doc.tmp"));
+    EXPECT_TRUE(ventana.documento.ruta == ruta && ventana.documento.Bloqueado());
 
     prueba.PonerArchivo(2, "GAP|1");
     EXPECT_FALSE(Grabar(ruta));
-    EXPECT_TRUE(editor.GrabacionFallida);
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<373>");
     EXPECT_EQ(LeerArchivo(ruta), viejo);
 }
@@ -237,15 +226,15 @@ TEST_F(Archivos, KilledSaveLeavesAWholeDocument) {
     prueba.LlenarArchivo(1000);
     ASSERT_TRUE(Grabar(ruta));
     const auto viejo = LeerArchivo(ruta);
-    editor.opciones.Notes = std::string(100000, 'n');
-    const auto nuevo = EscribirDocumento(editor.especificacion, editor.opciones);
-    editor.CanalDocumento.Cerrar();
+    ventana.documento.opciones.Notes = std::string(100000, 'n');
+    const auto nuevo = EscribirDocumento(ventana.documento.especificacion, ventana.documento.opciones);
+    ventana.documento.canal.Cerrar();
     for (int vuelta = 0; vuelta < 30; ++vuelta) {
         const pid_t hijo = ::fork();
         if (hijo == 0) {
             for (;;) {
-                SaveOption(editor);
-                editor.CanalDocumento.Cerrar();
+                SaveOption(ventana);
+                ventana.documento.canal.Cerrar();
             }
         }
         ::usleep(static_cast<useconds_t>(vuelta * 700));
@@ -259,14 +248,14 @@ TEST_F(Archivos, KilledSaveLeavesAWholeDocument) {
 TEST_F(Archivos, UnsavedWorkIsAskedFor) {
     const auto ruta = directorio.Escribir("doc.qor", Registro(1, {"\"A\""}));
     prueba.Archivo({"WORK|1"});
-    editor.HayCambios = true;
-    EXPECT_FALSE(Abrir(editor, ruta));  // cancelled
+    ventana.documento.Cambiar();
+    EXPECT_FALSE(Abrir(ventana, ruta));  // cancelled
     EXPECT_EQ(prueba.FilaArchivo(0), "WORK|1");
     prueba.vista.respuestas = {Respuesta::Si};  // but no name is chosen
-    EXPECT_FALSE(Abrir(editor, ruta));
+    EXPECT_FALSE(Abrir(ventana, ruta));
     EXPECT_EQ(prueba.FilaArchivo(0), "WORK|1");
     prueba.vista.respuestas = {Respuesta::No};
-    EXPECT_TRUE(Abrir(editor, ruta));
+    EXPECT_TRUE(Abrir(ventana, ruta));
     EXPECT_EQ(prueba.FilaArchivo(0), "A");
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<334> <334> <334>");
 }

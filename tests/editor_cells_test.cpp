@@ -11,12 +11,12 @@
 #include "editor/grids.h"
 #include "editor/key_filters.h"
 #include "editor/leaving_rules.h"
-#include "tests/support/editor_fixture.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
-using pruebas::EditorDePrueba;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Col = Columna;
@@ -30,27 +30,27 @@ TEST(CellKeys, AreFilteredOrRefused) {
         const char* avisos;
         const char* foco;
     };
-    const Caso casos[] = {{Col::Text1, 1, "ab 9-\xE9\"z", "AB_9__Z", "", "Text1_1"},
-                          {Col::Text1, 3, "a", "", "<339>", "Text1_3"},
-                          {Col::Text1, 3, "\"", "", "<339>", "Text1_3"},  // dropped and warned of
-                          {Col::Text2, 0, "1a2.\"3", "123", "", "Text2_0"},
-                          {Col::Text2, 2, "1", "", "<340>", "Text1_2"},
-                          {Col::Text2, 3, "x", "", "<340>", "Text1_3"},
-                          {Col::Text6, 3, "bapi\"\xF1", "BAPI\xD1", "", "Text6_3"},
-                          {Col::Text6, 3, "a;b", "AB", "<351>", "Text6_3"},
-                          {Col::Text6, 2, ";", "", "<341>", "Text6_2"},  // the first reason only
-                          {Col::Text6, 4, "a", "", "<339>", "Text6_4"},
-                          {Col::Text3, 1, "01;c", "01;C", "", "Text3_1"},
-                          {Col::Text3, 2, "1", "", "<341>", "Text3_2"},
-                          {Col::Text3, 3, "1", "", "<342>", "Text6_3"},
-                          {Col::Text4, 3, "kna1-x(1);c\"", "KNA1-X(1);C", "", "Text4_3"},
-                          {Col::Text4, 1, "a", "", "<344>", "Text4_1"},
-                          {Col::Text5, 2, "'Ab c'\"", "'Ab c'", "", "Text5_2"},
-                          {Col::Text5, 1, "a", "", "<344>", "Text5_1"},
-                          {Col::Text5, 3, "a", "", "<349>", "Text4_3"},
-                          {Col::Text5, 4, "a", "", "<339>", "Text5_4"}};
+    const Caso casos[] = {{Col::CampoDeArchivo, 1, "ab 9-\xE9\"z", "AB_9__Z", "", "Text1_1"},
+                          {Col::CampoDeArchivo, 3, "a", "", "<339>", "Text1_3"},
+                          {Col::CampoDeArchivo, 3, "\"", "", "<339>", "Text1_3"},  // dropped and warned of
+                          {Col::Ancho, 0, "1a2.\"3", "123", "", "Text2_0"},
+                          {Col::Ancho, 2, "1", "", "<340>", "Text1_2"},
+                          {Col::Ancho, 3, "x", "", "<340>", "Text1_3"},
+                          {Col::Programa, 3, "bapi\"\xF1", "BAPI\xD1", "", "Text6_3"},
+                          {Col::Programa, 3, "a;b", "AB", "<351>", "Text6_3"},
+                          {Col::Programa, 2, ";", "", "<341>", "Text6_2"},  // the first reason only
+                          {Col::Programa, 4, "a", "", "<339>", "Text6_4"},
+                          {Col::Dynpro, 1, "01;c", "01;C", "", "Text3_1"},
+                          {Col::Dynpro, 2, "1", "", "<341>", "Text3_2"},
+                          {Col::Dynpro, 3, "1", "", "<342>", "Text6_3"},
+                          {Col::Campo, 3, "kna1-x(1);c\"", "KNA1-X(1);C", "", "Text4_3"},
+                          {Col::Campo, 1, "a", "", "<344>", "Text4_1"},
+                          {Col::Valor, 2, "'Ab c'\"", "'Ab c'", "", "Text5_2"},
+                          {Col::Valor, 1, "a", "", "<344>", "Text5_1"},
+                          {Col::Valor, 3, "a", "", "<349>", "Text4_3"},
+                          {Col::Valor, 4, "a", "", "<339>", "Text5_4"}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.Archivo({"A", "B"});
         p.Transaccion({"TRANS|T", "PROG|100", "||F|V"});
         const LugarDeCelda lugar{caso.columna, caso.linea};
@@ -62,11 +62,11 @@ TEST(CellKeys, AreFilteredOrRefused) {
 }
 
 TEST(CellKeys, APasteIsFilteredAsAWhole) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A"});
-    EXPECT_EQ(FiltrarTextoDeCelda(p.editor, {Col::Text1, 1}, "my \"field\"\r\n\x01"), "MY_FIELD_");
-    EXPECT_EQ(FiltrarTextoDeCelda(p.editor, {Col::Text1, 2}, "abc"), "");
-    EXPECT_EQ(FiltrarTextoDeCelda(p.editor, {Col::Text6, 0}, "ab;c"), "");
+    EXPECT_EQ(FiltrarTextoDeCelda(p.ventana, {Col::CampoDeArchivo, 1}, "my \"field\"\r\n\x01"), "MY_FIELD_");
+    EXPECT_EQ(FiltrarTextoDeCelda(p.ventana, {Col::CampoDeArchivo, 2}, "abc"), "");
+    EXPECT_EQ(FiltrarTextoDeCelda(p.ventana, {Col::Programa, 0}, "ab;c"), "");
     EXPECT_EQ(p.vista.TomarAvisos(), "<339> <351>");
 }
 
@@ -81,19 +81,19 @@ TEST(CellKeys, OtherBoxesHaveTheirOwnFilters) {
 }
 
 TEST(CellChange, GoesIntoTheTableCutAndRaised) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"TRANS|T"});
-    CambiarCelda(p.editor, Col::Text1, 0, std::string(31, 'x'));
+    EscribirEnCelda(p.ventana, {Col::CampoDeArchivo, 0}, std::string(31, 'x'));
     EXPECT_EQ(p.vista.TomarAvisos(), "<333> 30.");
-    EXPECT_EQ(p.Texto({Col::Text1, 0}), std::string(30, 'x'));
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 0}), std::string(30, 'x'));
     EXPECT_EQ(p.FilaArchivo(0), std::string(30, 'X'));
-    CambiarCelda(p.editor, Col::Text6, 0, " bapi ");
-    EXPECT_EQ(p.ColorDe({Col::Text3, 0}), Color::Negro);  // the text as it is decides
-    CambiarCelda(p.editor, Col::Text6, 0, " BAPI ");
-    EXPECT_EQ(p.ColorDe({Col::Text3, 0}), Color::Azul);
-    CambiarCelda(p.editor, Col::Text5, 0, " 'a b' ");
+    EscribirEnCelda(p.ventana, {Col::Programa, 0}, " bapi ");
+    EXPECT_EQ(p.ColorDe({Col::Dynpro, 0}), Color::Negro);  // the text as it is decides
+    EscribirEnCelda(p.ventana, {Col::Programa, 0}, " BAPI ");
+    EXPECT_EQ(p.ColorDe({Col::Dynpro, 0}), Color::Azul);
+    EscribirEnCelda(p.ventana, {Col::Valor, 0}, " 'a b' ");
     EXPECT_EQ(p.FilaTransaccion(0), "BAPI|T||'a b'");
-    CambiarCelda(p.editor, Col::Text5, 0, " @p ");
+    EscribirEnCelda(p.ventana, {Col::Valor, 0}, " @p ");
     EXPECT_EQ(p.FilaTransaccion(0), "BAPI|T||@P");
 }
 
@@ -118,14 +118,14 @@ TEST(LeavingText1, NumbersOrEmptiesADuplicate) {
                           {{a23y9, std::string(23, 'A') + "10"}, a23y9, "", "<338>"},
                           {{std::string(24, '9')}, std::string(24, '9'), "1" + std::string(24, '0'), ""}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         int r = 0;
         for (const auto& otro : caso.otros) p.PonerArchivo(r++, otro);
         p.PonerArchivo(1000, "LAST");
-        MostrarArchivoSinFocus(p.editor, 0);
-        const LugarDeCelda lugar{Col::Text1, r};
+        MostrarArchivoSinFocus(p.ventana, 0);
+        const LugarDeCelda lugar{Col::CampoDeArchivo, r};
         p.Escribir(lugar, caso.escrito);
-        SalirDeCelda(p.editor, lugar);
+        SalirDeCelda(p.ventana, lugar);
         EXPECT_EQ(p.Texto(lugar), caso.queda) << caso.escrito;
         EXPECT_EQ(p.FilaArchivo(r), caso.queda) << caso.escrito;
         EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos) << caso.escrito;
@@ -133,16 +133,16 @@ TEST(LeavingText1, NumbersOrEmptiesADuplicate) {
 }
 
 TEST(LeavingText1, AsksOnceForEachChange) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A", "B"});
-    SalirDeCelda(p.editor, {Col::Text1, 0});
+    SalirDeCelda(p.ventana, {Col::CampoDeArchivo, 0});
     p.PonerArchivo(1, "A");
-    SalirDeCelda(p.editor, {Col::Text1, 0});
+    SalirDeCelda(p.ventana, {Col::CampoDeArchivo, 0});
     EXPECT_EQ(p.FilaArchivo(0), "A");
-    EXPECT_FALSE(p.editor.HayCambios);
-    CambiarCelda(p.editor, Col::Text1, 1, "C");
-    CambiarCelda(p.editor, Col::Text1, 1, "A");
-    SalirDeCelda(p.editor, {Col::Text1, 0});
+    EXPECT_FALSE(p.ventana.documento.HayCambios());
+    EscribirEnCelda(p.ventana, {Col::CampoDeArchivo, 1}, "C");
+    EscribirEnCelda(p.ventana, {Col::CampoDeArchivo, 1}, "A");
+    SalirDeCelda(p.ventana, {Col::CampoDeArchivo, 0});
     EXPECT_EQ(p.FilaArchivo(0), "A2");
 }
 
@@ -171,30 +171,29 @@ TEST(LeavingText5, CompletesTheValue) {
                           {"T-F(2)", "@P", "@P", antes + "\r\nPARAMETERS: P LIKE T-F.", "<312> P <350>", {}},
                           {"T-F;COND", "@P", "@P", antes + "\r\nPARAMETERS: P LIKE T-F.", "<312> P <350>", {}}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.Transaccion({"TRANS|T", "||" + caso.campo});
-        p.editor.especificacion.VariablesGlobales = antes;
-        const LugarDeCelda lugar{Col::Text5, 1};
+        p.ventana.documento.especificacion.VariablesGlobales = antes;
+        const LugarDeCelda lugar{Col::Valor, 1};
         p.Escribir(lugar, caso.escrito);
-        SalirDeCelda(p.editor, lugar);
+        SalirDeCelda(p.ventana, lugar);
         EXPECT_EQ(p.Texto(lugar), caso.queda) << caso.escrito;
-        EXPECT_EQ(p.editor.especificacion.VariablesGlobales, caso.definiciones) << caso.escrito;
+        EXPECT_EQ(p.ventana.documento.especificacion.VariablesGlobales, caso.definiciones) << caso.escrito;
         EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos) << caso.escrito;
         EXPECT_EQ(p.FilasArchivo(), caso.archivo) << caso.escrito;
-        EXPECT_TRUE(p.editor.RegistrarCambios);
     }
 }
 
 TEST(LeavingText5, DeclaresAParameterOnce) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"TRANS|T", "||F", "||G"});
-    p.editor.especificacion.VariablesGlobales = "   ";
+    p.ventana.documento.especificacion.VariablesGlobales = "   ";
     for (const int linea : {1, 2}) {
-        p.Escribir({Col::Text5, linea}, "@MY PARAMETER");
-        SalirDeCelda(p.editor, {Col::Text5, linea});
+        p.Escribir({Col::Valor, linea}, "@MY PARAMETER");
+        SalirDeCelda(p.ventana, {Col::Valor, linea});
     }
-    EXPECT_EQ(p.editor.especificacion.VariablesGlobales, "PARAMETERS: MY_PARAM(30).");
-    EXPECT_TRUE(p.editor.HayDefiniciones());
+    EXPECT_EQ(p.ventana.documento.especificacion.VariablesGlobales, "PARAMETERS: MY_PARAM(30).");
+    EXPECT_TRUE(p.ventana.documento.HayDefiniciones());
 }
 
 TEST(LeavingText5, AutofillBringsTheNewRowIntoSight) {
@@ -206,24 +205,24 @@ TEST(LeavingText5, AutofillBringsTheNewRowIntoSight) {
     };
     const Caso casos[] = {{-1, 0, 0, 0}, {12, 5, 5, 13}, {13, 0, 1, 14}, {5, 300, 300, 6}, {999, 0, 987, 1000}, {1000, 0, 0, -1}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.LlenarArchivo(caso.ultima);
-        MostrarArchivoSinFocus(p.editor, caso.primeraAntes);
+        MostrarArchivoSinFocus(p.ventana, caso.primeraAntes);
         p.Transaccion({"TRANS|T", "||F"});
-        p.Escribir({Col::Text5, 1}, "new");
-        SalirDeCelda(p.editor, {Col::Text5, 1});
-        EXPECT_EQ(p.editor.archivo.PrimeraFilaArchivo, caso.primera) << caso.ultima;
+        p.Escribir({Col::Valor, 1}, "new");
+        SalirDeCelda(p.ventana, {Col::Valor, 1});
+        EXPECT_EQ(p.ventana.archivo.PrimeraFilaArchivo, caso.primera) << caso.ultima;
         const std::size_t filas = static_cast<std::size_t>(caso.ultima) + (caso.fila < 0 ? 1 : 2);
         EXPECT_EQ(p.FilasArchivo().size(), filas) << caso.ultima;
         if (caso.fila >= 0) {
             EXPECT_EQ(p.FilaArchivo(caso.fila), "NEW") << caso.ultima;
         }
     }
-    EditorDePrueba p;
-    p.editor.opciones.Autofill = 0;
+    VentanaDePrueba p;
+    p.ventana.documento.opciones.Autofill = 0;
     p.Transaccion({"TRANS|T", "||F"});
-    p.Escribir({Col::Text5, 1}, "new");
-    SalirDeCelda(p.editor, {Col::Text5, 1});
+    p.Escribir({Col::Valor, 1}, "new");
+    SalirDeCelda(p.ventana, {Col::Valor, 1});
     EXPECT_THAT(p.FilasArchivo(), IsEmpty());
 }
 
@@ -236,78 +235,92 @@ TEST(CellFocus, WalksThroughTheCells) {
         const char* foco;
         int primeraDespues;
     };
-    const Caso casos[] = {
-        {Col::Text1, 1, 5, Tecla::Arriba, "Text1_0", 5},      {Col::Text1, 0, 5, Tecla::Arriba, "Text1_0", 4},
-        {Col::Text2, 0, 0, Tecla::Arriba, "Text2_0", 0},      {Col::Text2, 12, 5, Tecla::Abajo, "Text2_13", 5},
-        {Col::Text1, 13, 5, Tecla::Abajo, "Text1_13", 6},     {Col::Text1, 13, 987, Tecla::Abajo, "Text1_13", 987},
-        {Col::Text1, 13, 5, Tecla::RePag, "Text1_0", 5},      {Col::Text1, 3, 5, Tecla::RePag, "Text1_0", 0},
-        {Col::Text1, 3, 20, Tecla::RePag, "Text1_0", 10},     {Col::Text2, 4, 985, Tecla::AvPag, "Text2_13", 987},
-        {Col::Text1, 3, 5, Tecla::Izquierda, "Text2_2", 5},   {Col::Text1, 0, 5, Tecla::Izquierda, "Text2_0", 4},
-        {Col::Text2, 3, 5, Tecla::Izquierda, "Text1_3", 5},   {Col::Text1, 3, 5, Tecla::Derecha, "Text2_3", 5},
-        {Col::Text2, 3, 5, Tecla::Derecha, "Text1_4", 5},     {Col::Text2, 13, 5, Tecla::Derecha, "Text1_13", 6},
-        {Col::Text6, 0, 5, Tecla::Arriba, "Text6_0", 4},      {Col::Text4, 10, 5, Tecla::Abajo, "Text4_10", 6},
-        {Col::Text5, 10, 990, Tecla::Abajo, "Text5_10", 990}, {Col::Text3, 4, 5, Tecla::AvPag, "Text3_10", 9},
-        {Col::Text6, 3, 5, Tecla::Izquierda, "Text5_2", 5},   {Col::Text6, 0, 5, Tecla::Izquierda, "Text5_0", 4},
-        {Col::Text3, 3, 5, Tecla::Izquierda, "Text6_3", 5},   {Col::Text4, 3, 5, Tecla::Izquierda, "Text3_3", 5},
-        {Col::Text5, 3, 5, Tecla::Izquierda, "Text4_3", 5},   {Col::Text6, 3, 5, Tecla::Derecha, "Text3_3", 5},
-        {Col::Text3, 3, 5, Tecla::Derecha, "Text4_3", 5},     {Col::Text4, 3, 5, Tecla::Derecha, "Text5_3", 5},
-        {Col::Text5, 3, 5, Tecla::Derecha, "Text6_4", 5},     {Col::Text5, 10, 5, Tecla::Derecha, "Text6_10", 6}};
+    const Caso casos[] = {{Col::CampoDeArchivo, 1, 5, Tecla::Arriba, "Text1_0", 5},
+                          {Col::CampoDeArchivo, 0, 5, Tecla::Arriba, "Text1_0", 4},
+                          {Col::Ancho, 0, 0, Tecla::Arriba, "Text2_0", 0},
+                          {Col::Ancho, 12, 5, Tecla::Abajo, "Text2_13", 5},
+                          {Col::CampoDeArchivo, 13, 5, Tecla::Abajo, "Text1_13", 6},
+                          {Col::CampoDeArchivo, 13, 987, Tecla::Abajo, "Text1_13", 987},
+                          {Col::CampoDeArchivo, 13, 5, Tecla::RePag, "Text1_0", 5},
+                          {Col::CampoDeArchivo, 3, 5, Tecla::RePag, "Text1_0", 0},
+                          {Col::CampoDeArchivo, 3, 20, Tecla::RePag, "Text1_0", 10},
+                          {Col::Ancho, 4, 985, Tecla::AvPag, "Text2_13", 987},
+                          {Col::CampoDeArchivo, 3, 5, Tecla::Izquierda, "Text2_2", 5},
+                          {Col::CampoDeArchivo, 0, 5, Tecla::Izquierda, "Text2_0", 4},
+                          {Col::Ancho, 3, 5, Tecla::Izquierda, "Text1_3", 5},
+                          {Col::CampoDeArchivo, 3, 5, Tecla::Derecha, "Text2_3", 5},
+                          {Col::Ancho, 3, 5, Tecla::Derecha, "Text1_4", 5},
+                          {Col::Ancho, 13, 5, Tecla::Derecha, "Text1_13", 6},
+                          {Col::Programa, 0, 5, Tecla::Arriba, "Text6_0", 4},
+                          {Col::Campo, 10, 5, Tecla::Abajo, "Text4_10", 6},
+                          {Col::Valor, 10, 990, Tecla::Abajo, "Text5_10", 990},
+                          {Col::Dynpro, 4, 5, Tecla::AvPag, "Text3_10", 9},
+                          {Col::Programa, 3, 5, Tecla::Izquierda, "Text5_2", 5},
+                          {Col::Programa, 0, 5, Tecla::Izquierda, "Text5_0", 4},
+                          {Col::Dynpro, 3, 5, Tecla::Izquierda, "Text6_3", 5},
+                          {Col::Campo, 3, 5, Tecla::Izquierda, "Text3_3", 5},
+                          {Col::Valor, 3, 5, Tecla::Izquierda, "Text4_3", 5},
+                          {Col::Programa, 3, 5, Tecla::Derecha, "Text3_3", 5},
+                          {Col::Dynpro, 3, 5, Tecla::Derecha, "Text4_3", 5},
+                          {Col::Campo, 3, 5, Tecla::Derecha, "Text5_3", 5},
+                          {Col::Valor, 3, 5, Tecla::Derecha, "Text6_4", 5},
+                          {Col::Valor, 10, 5, Tecla::Derecha, "Text6_10", 6}};
     int n = 0;
     for (const auto& caso : casos) {
-        EditorDePrueba p;
-        MostrarArchivo(p.editor, caso.primera);
-        MostrarTransaccion(p.editor, caso.primera);
+        VentanaDePrueba p;
+        MostrarArchivo(p.ventana, caso.primera);
+        MostrarTransaccion(p.ventana, caso.primera);
         const LugarDeCelda lugar{caso.columna, caso.linea};
-        EntrarEnCelda(p.editor, lugar);
-        TeclaEnCelda(p.editor, lugar, caso.tecla);
+        EntrarEnCelda(p.ventana, lugar);
+        TeclaEnCelda(p.ventana, lugar, caso.tecla);
         EXPECT_EQ(p.Foco(), caso.foco) << n;
         EXPECT_EQ(p.vista.focos.back(), caso.foco) << n;
         const bool deArchivo = TablaDe(caso.columna) == Tabla::Archivo;
-        EXPECT_EQ(deArchivo ? p.editor.archivo.PrimeraFilaArchivo : p.editor.transaccion.PrimeraFilaTransaccion,
+        EXPECT_EQ(deArchivo ? p.ventana.archivo.PrimeraFilaArchivo : p.ventana.transaccion.PrimeraFilaTransaccion,
                   caso.primeraDespues)
             << n;
-        EXPECT_EQ(deArchivo ? p.editor.archivo.LineaArchivo : p.editor.transaccion.LineaTransaccion,
-                  caso.primeraDespues + p.editor.ventana.foco->linea)
+        EXPECT_EQ(deArchivo ? p.ventana.archivo.LineaArchivo : p.ventana.transaccion.LineaTransaccion,
+                  caso.primeraDespues + p.ventana.foco->linea)
             << n++;
     }
 }
 
 TEST(CellFocus, RulesOfTheRowRunBeforeItScrollsAway) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarArchivo(20);
     p.LlenarTransaccion(20);
-    p.Escribir({Col::Text1, 13}, "F3");
-    TeclaEnCelda(p.editor, {Col::Text1, 13}, Tecla::Abajo);
+    p.Escribir({Col::CampoDeArchivo, 13}, "F3");
+    TeclaEnCelda(p.ventana, {Col::CampoDeArchivo, 13}, Tecla::Abajo);
     EXPECT_EQ(p.FilaArchivo(13), "F13");  // F4 to F12 are taken
     EXPECT_EQ(p.FilaArchivo(14), "F14");
 
-    p.Escribir({Col::Text5, 10}, "my val");
-    TeclaEnCelda(p.editor, {Col::Text5, 10}, Tecla::Derecha);
+    p.Escribir({Col::Valor, 10}, "my val");
+    TeclaEnCelda(p.ventana, {Col::Valor, 10}, Tecla::Derecha);
     EXPECT_EQ(p.FilaTransaccion(10), "||F10|MY_VAL");
     EXPECT_EQ(p.FilaArchivo(21), "MY_VAL");
     // The wheel leaves the row as the keys do.
-    p.Escribir({Col::Text5, 3}, "w w");
-    DesplazarTransaccion(p.editor, 2);
+    p.Escribir({Col::Valor, 3}, "w w");
+    DesplazarTransaccion(p.ventana, 2);
     EXPECT_EQ(p.FilaTransaccion(4), "||F4|W_W");
-    EXPECT_EQ(p.editor.transaccion.LineaTransaccion, 6);
+    EXPECT_EQ(p.ventana.transaccion.LineaTransaccion, 6);
     // So does a jump of the grid, but not inserting and deleting.
-    p.Escribir({Col::Text5, 3}, "j j");
-    TeclaEnCelda(p.editor, {Col::Text5, 3}, Tecla::F5);
+    p.Escribir({Col::Valor, 3}, "j j");
+    TeclaEnCelda(p.ventana, {Col::Valor, 3}, Tecla::F5);
     EXPECT_EQ(p.FilaTransaccion(6), "||F6|J J");
-    TeclaEnCelda(p.editor, {Col::Text5, 3}, Tecla::F6);
+    TeclaEnCelda(p.ventana, {Col::Valor, 3}, Tecla::F6);
     EXPECT_EQ(p.FilaTransaccion(6), "||F6|J J");
-    MostrarTransaccion(p.editor, 0);
+    MostrarTransaccion(p.ventana, 0);
     EXPECT_EQ(p.FilaTransaccion(6), "||F6|J_J");
 }
 
 TEST(CellFocus, WhatTheFormReportsOfTheCoresOwnMoveChangesNothing) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A", "A"});
-    p.Escribir({Col::Text1, 2}, "X");
-    EnfocarCelda(p.editor, {Col::Text2, 0});
-    p.editor.DuplicadoRevisado = false;
-    SalirDeCelda(p.editor, {Col::Text1, 0});
-    EntrarEnCelda(p.editor, {Col::Text2, 0});
+    p.Escribir({Col::CampoDeArchivo, 2}, "X");
+    EnfocarCelda(p.ventana, {Col::Ancho, 0});
+    p.ventana.DuplicadoRevisado = false;
+    SalirDeCelda(p.ventana, {Col::CampoDeArchivo, 0});
+    EntrarEnCelda(p.ventana, {Col::Ancho, 0});
     EXPECT_THAT(p.FilasArchivo(), ElementsAre("A", "A", "X"));
     EXPECT_EQ(p.Foco(), "Text2_0");
 }
@@ -318,30 +331,30 @@ TEST(CellClicks, OpenNotesAndCode) {
         std::optional<FilaDeTabla> fila;
         const char* avisos;
     };
-    const Caso casos[] = {{{Col::Text2, 0}, FilaDeTabla{Tabla::Archivo, 0}, ""},
-                          {{Col::Text2, 1}, std::nullopt, ""},
-                          {{Col::Text1, 0}, std::nullopt, ""},
-                          {{Col::Text4, 0}, std::nullopt, "<343>"},
-                          {{Col::Text4, 1}, FilaDeTabla{Tabla::Transaccion, 1}, ""},
-                          {{Col::Text4, 2}, std::nullopt, ""}};
-    EditorDePrueba p;
+    const Caso casos[] = {{{Col::Ancho, 0}, FilaDeTabla{Tabla::Archivo, 0}, ""},
+                          {{Col::Ancho, 1}, std::nullopt, ""},
+                          {{Col::CampoDeArchivo, 0}, std::nullopt, ""},
+                          {{Col::Campo, 0}, std::nullopt, "<343>"},
+                          {{Col::Campo, 1}, FilaDeTabla{Tabla::Transaccion, 1}, ""},
+                          {{Col::Campo, 2}, std::nullopt, ""}};
+    VentanaDePrueba p;
     p.Archivo({"A"});
     p.Transaccion({"||F", "||G"});
     for (const auto& caso : casos) {
-        EXPECT_EQ(DobleClicEnCelda(p.editor, caso.lugar), caso.fila);
+        EXPECT_EQ(DobleClicEnCelda(p.ventana, caso.lugar), caso.fila);
         EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos);
     }
-    EXPECT_EQ(ClicEnABAP(p.editor, 0), 0);
-    EXPECT_EQ(ClicEnABAP(p.editor, 1), std::nullopt);
+    EXPECT_EQ(ClicEnABAP(p.ventana, 0), 0);
+    EXPECT_EQ(ClicEnABAP(p.ventana, 1), std::nullopt);
 }
 
 TEST(Drop, AnOkCodeReplacesTheRow) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"TRANS|T", "||F|V|note"});
-    SoltarOkCode(p.editor, 1, RotuloDeOkCode::SaveCode);
+    SoltarOkCode(p.ventana, 1, RotuloDeOkCode::SaveCode);
     EXPECT_EQ(p.FilaTransaccion(1), "||BDC_OKCODE|'/11'");
-    EXPECT_EQ(p.ColorDe({Col::Text4, 1}), Color::Negro);
-    SoltarOkCode(p.editor, 3, RotuloDeOkCode::SaveCode);
+    EXPECT_EQ(p.ColorDe({Col::Campo, 1}), Color::Negro);
+    SoltarOkCode(p.ventana, 3, RotuloDeOkCode::SaveCode);
     EXPECT_EQ(p.vista.TomarAvisos(), "<345>");
 }
 
@@ -356,13 +369,13 @@ TEST(Drop, AFieldOfAStepLoopGoesIntoItsOwnRows) {
                           {5, 2, "<347>", "||B(1)|"}, {5, 0, "", "||B(1)|MAIN"},   {8, 1, "<347>", "||C(1)|TWO|!1 1!2!7"},
                           {9, 0, "<346>", ""},        {11, 0, "<345>", ""}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.Archivo({"MAIN", "ONE", "TWO"});
         p.Transaccion({"TRANS|T", "P|100", "||K|MAIN", "P|200", "||A(1)|ONE|!1 1!2!7", "||B(1)", "||BDC_OKCODE|'/00'", "P|300",
                        "||C(1)|TWO|!1 1!2!7"});
-        MostrarTransaccionSinFocus(p.editor, caso.linea == 11 ? 1 : 0);
+        MostrarTransaccionSinFocus(p.ventana, caso.linea == 11 ? 1 : 0);
         const int linea = caso.linea == 11 ? 10 : caso.linea;
-        SoltarCampo(p.editor, linea, caso.campo);
+        SoltarCampo(p.ventana, linea, caso.campo);
         EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos) << caso.linea;
         std::string fila = caso.fila;
         fila.erase(fila.find_last_not_of('|') + 1);

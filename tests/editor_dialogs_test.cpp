@@ -4,23 +4,23 @@
 #include <set>
 
 #include "base/failure.h"
+#include "base/failure_trap.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "editor/conditions.h"
 #include "editor/data_source.h"
 #include "editor/definitions.h"
-#include "editor/failure_trap.h"
 #include "editor/key_filters.h"
 #include "editor/notes.h"
 #include "editor/user_code.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 constexpr FilaDeTabla filaDePrograma{Tabla::Transaccion, 2};
@@ -32,7 +32,7 @@ std::string Campos(const DialogoDeNotas& dialogo) {
 }
 
 // A transaction with two screens; row 2 is the one that the tests edit.
-void PrepararNotas(EditorDePrueba& p, std::string_view campo, std::string_view celda) {
+void PrepararNotas(VentanaDePrueba& p, std::string_view campo, std::string_view celda) {
     p.Archivo({"KEY", "ONE|1|file note", "TWO"});
     p.Transaccion({"TRANS|T", "P|100", "", "P|200", "||B(1)|TWO|!1 1!2!31!4!51!6!7"});
     p.PonerTransaccion(2, "||" + std::string(campo) + "|ONE|" + std::string(celda));
@@ -53,9 +53,9 @@ TEST(Notes, TheRowDecidesOverTheShape) {
                           {"F(1)", "note!1 1!2x.txt!30!4DESC!50!612!7,KEY,GONE", true, "note", 1, "+KEY ONE"},
                           {"F(1)", "note!1 0", true, "note", 0, " KEY ONE"}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         PrepararNotas(p, caso.campo, caso.celda);
-        const auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+        const auto dialogo = AbrirNotas(p.ventana, filaDePrograma);
         EXPECT_EQ(dialogo.titulo, std::string("<92> ") + caso.campo);
         EXPECT_EQ(dialogo.EsStepLoop, caso.esStepLoop) << caso.celda;
         EXPECT_EQ(dialogo.NotaCampo, caso.nota) << caso.celda;
@@ -66,37 +66,37 @@ TEST(Notes, TheRowDecidesOverTheShape) {
 }
 
 TEST(Notes, ALineOfAnotherHeadOffersNoStepLoop) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     PrepararNotas(p, "F", "");
     p.PonerTransaccion(5, "||C(1)|ONE");
-    EXPECT_FALSE(AbrirNotas(p.editor, {Tabla::Transaccion, 5}).EsStepLoop);
-    EXPECT_TRUE(AbrirNotas(p.editor, {Tabla::Transaccion, 4}).EsStepLoop);
+    EXPECT_FALSE(AbrirNotas(p.ventana, {Tabla::Transaccion, 5}).EsStepLoop);
+    EXPECT_TRUE(AbrirNotas(p.ventana, {Tabla::Transaccion, 4}).EsStepLoop);
 }
 
 TEST(Notes, AHeadIsReadAndWrittenWithAllItsMarks) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     PrepararNotas(p, "F(1)", "note!1 1!2x.txt!30!4DESC!50!612!7,KEY");
-    auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+    auto dialogo = AbrirNotas(p.ventana, filaDePrograma);
     EXPECT_FALSE(dialogo.NuevaOpt);
     EXPECT_FALSE(dialogo.Pos1);
     EXPECT_TRUE(dialogo.VerFilas());
-    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
-    EXPECT_FALSE(p.editor.HayCambios);  // nothing was changed
+    ASSERT_TRUE(CerrarNotas(p.ventana, dialogo));
+    EXPECT_FALSE(p.ventana.documento.HayCambios());  // nothing was changed
 
     dialogo.NuevaOpt = dialogo.Pos1 = true;
     dialogo.Descripcion = " desc 2 ";
     CambiarFilas(dialogo, "123");
     dialogo.ListaCampos[1].elegido = true;
-    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
+    ASSERT_TRUE(CerrarNotas(p.ventana, dialogo));
     EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE|note!1 1!2x.txt!31!4DESC 2!51!612!7,KEY,ONE");
-    EXPECT_TRUE(p.editor.HayCambios);
-    EXPECT_EQ(p.ColorDe({Columna::Text4, 2}), Color::Rojo);
+    EXPECT_TRUE(p.ventana.documento.HayCambios());
+    EXPECT_EQ(p.ColorDe({Columna::Campo, 2}), Color::Rojo);
 
     dialogo.Steploop = 0;
     dialogo.NotaCampo = "";
-    ASSERT_TRUE(CerrarNotas(p.editor, dialogo));
+    ASSERT_TRUE(CerrarNotas(p.ventana, dialogo));
     EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE");
-    EXPECT_EQ(p.ColorDe({Columna::Text4, 2}), Color::Negro);
+    EXPECT_EQ(p.ColorDe({Columna::Campo, 2}), Color::Negro);
 }
 
 TEST(Notes, RefusesAHeadWithoutItsData) {
@@ -116,19 +116,19 @@ TEST(Notes, RefusesAHeadWithoutItsData) {
                           {"no field", "TRANS", true, "9", false, false, sinCampo},
                           {"no field, but all records in one file", "TRANS", true, "9", false, true, ""}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         PrepararNotas(p, "F(1)", "old");
         p.PonerTransaccion(0, std::string(caso.cabeza) + "|T");
         if (std::string(caso.cabeza) == "BAPI") p.PonerTransaccion(1, "||E");
-        p.editor.opciones.MultipleFilesOption = !caso.unArchivo;
-        auto dialogo = AbrirNotas(p.editor, filaDePrograma);
+        p.ventana.documento.opciones.MultipleFilesOption = !caso.unArchivo;
+        auto dialogo = AbrirNotas(p.ventana, filaDePrograma);
         EXPECT_EQ(dialogo.SinArchivoStep, caso.unArchivo) << caso.que;
         EXPECT_EQ(dialogo.RotuloDeSteploop(), std::string(caso.cabeza) == "BAPI" ? 175 : 93);
         dialogo.Steploop = 1;
         dialogo.NuevaOpt = !caso.avance;
         dialogo.Filas = caso.filas;
         dialogo.ListaCampos[0].elegido = caso.elegido;
-        EXPECT_EQ(CerrarNotas(p.editor, dialogo), caso.avisos.empty()) << caso.que;
+        EXPECT_EQ(CerrarNotas(p.ventana, dialogo), caso.avisos.empty()) << caso.que;
         EXPECT_EQ(p.vista.TomarAvisos(), caso.avisos) << caso.que;
         if (!caso.avisos.empty()) {
             EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE|old") << caso.que;
@@ -147,46 +147,46 @@ TEST(Notes, OneFileIsPossibleForPlainFilesOnly) {
     const Caso casos[] = {{true, true, 0, false, true},    {true, false, 0, false, false}, {false, true, 0, false, true},
                           {false, false, 1, false, false}, {true, true, 1, false, true},   {true, true, 0, true, false}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         PrepararNotas(p, "F(1)", "");
-        auto& o = p.editor.opciones;
+        auto& o = p.ventana.documento.opciones;
         o.MultipleFilesOption = false;
         o.ClienteOp = caso.ClienteOp;
         o.AnchoFijo = caso.AnchoFijo;
         o.TablaCh = caso.TablaCh;
-        p.editor.especificacion.OrigenUsuario = caso.OrigenUsuario;
-        EXPECT_EQ(AbrirNotas(p.editor, filaDePrograma).SinArchivoStep, caso.sinArchivo);
+        p.ventana.documento.especificacion.OrigenUsuario = caso.OrigenUsuario;
+        EXPECT_EQ(AbrirNotas(p.ventana, filaDePrograma).SinArchivoStep, caso.sinArchivo);
     }
 }
 
 TEST(Notes, OfAFileRowAreASingleLine) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     PrepararNotas(p, "F", "");
-    auto dialogo = AbrirNotas(p.editor, {Tabla::Archivo, 1});
+    auto dialogo = AbrirNotas(p.ventana, {Tabla::Archivo, 1});
     EXPECT_EQ(dialogo.NotaCampo, "file note");
-    EXPECT_EQ(FiltrarTeclaDeNota(p.editor, dialogo, '\r'), teclaDescartada);
+    EXPECT_EQ(FiltrarTeclaDeNota(p.ventana, dialogo, '\r'), teclaDescartada);
     EXPECT_EQ(p.vista.TomarAvisos(), "<354>");
-    for (const char tecla : {'!', '"'}) EXPECT_EQ(FiltrarTeclaDeNota(p.editor, dialogo, tecla), teclaDescartada);
-    const auto deCampo = AbrirNotas(p.editor, filaDePrograma);
-    EXPECT_EQ(FiltrarTeclaDeNota(p.editor, deCampo, '\r'), '\r');
+    for (const char tecla : {'!', '"'}) EXPECT_EQ(FiltrarTeclaDeNota(p.ventana, dialogo, tecla), teclaDescartada);
+    const auto deCampo = AbrirNotas(p.ventana, filaDePrograma);
+    EXPECT_EQ(FiltrarTeclaDeNota(p.ventana, deCampo, '\r'), '\r');
     dialogo.NotaCampo = "other";
-    EXPECT_TRUE(CerrarNotas(p.editor, dialogo));
+    EXPECT_TRUE(CerrarNotas(p.ventana, dialogo));
     EXPECT_EQ(p.FilaArchivo(1), "ONE|1|other");
-    EXPECT_EQ(p.ColorDe({Columna::Text1, 1}), Color::Rojo);
+    EXPECT_EQ(p.ColorDe({Columna::CampoDeArchivo, 1}), Color::Rojo);
 }
 
 TEST(Notes, MarksInTheWrongOrderEndTheActionWithAMessage) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     PrepararNotas(p, "F(1)", "!2!1 1");
     const auto antes = p.FilasTransaccion();
-    EXPECT_FALSE(ConTrampa(p.editor, [&] { AbrirNotas(p.editor, filaDePrograma); }));
+    EXPECT_FALSE(ConTrampa(p.vista, [&] { AbrirNotas(p.ventana, filaDePrograma); }));
     EXPECT_THAT(p.vista.TomarAvisos(), testing::HasSubstr("wrong order"));
     EXPECT_EQ(p.FilasTransaccion(), antes);
 }
 
 TEST(Conditions, AreAddedEditedAndRemoved) {
-    EditorDePrueba p;
-    auto& e = p.editor;
+    VentanaDePrueba p;
+    auto& e = p.ventana;
     auto dialogo = AbrirCondiciones(e);
     const auto agregar = [&](const char* nombre) {
         dialogo.Nuevo = nombre;
@@ -195,7 +195,7 @@ TEST(Conditions, AreAddedEditedAndRemoved) {
     EXPECT_EQ(FiltrarTeclaDeCondicional(e, dialogo, 'x'), teclaDescartada);
     EXPECT_EQ(p.vista.TomarAvisos(), "<358>");
     agregar("  ");
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
     agregar(" one ");
     CambiarCondicional(e, dialogo, "RESULT = YES.");
     agregar("TWO");
@@ -210,14 +210,14 @@ TEST(Conditions, AreAddedEditedAndRemoved) {
 
     SeleccionarCondicion(e, dialogo, 0);
     EXPECT_EQ(dialogo.Condicional, "RESULT = YES.");
-    e.HayCambios = false;
+    e.documento.DarPorGuardado();
     CambiarCondicional(e, dialogo, "RESULT = YES.");  // what the selection itself brings about
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
     BorrarCondicion(e, dialogo);
     BorrarCondicion(e, dialogo);  // nothing is selected any more
     EXPECT_EQ(dialogo.Condicional, "");
     EXPECT_THAT(dialogo.ListaCondiciones, ElementsAre("TWO", "THREE"));
-    const auto& tabla = e.especificacion.TablaCondiciones;
+    const auto& tabla = e.documento.especificacion.TablaCondiciones;
     EXPECT_EQ(tabla[0], (FilaDeCondicion{"TWO", ""}));
     EXPECT_EQ(tabla[1], (FilaDeCondicion{"THREE", "3"}));
     EXPECT_EQ(tabla[2], (FilaDeCondicion{"", ""}));
@@ -225,15 +225,15 @@ TEST(Conditions, AreAddedEditedAndRemoved) {
 }
 
 TEST(Conditions, StopAtTheLastRowThatIsSaved) {
-    EditorDePrueba p;
-    for (int r = 0; r < 1000; ++r) p.editor.especificacion.TablaCondiciones[r].nombre = "C" + std::to_string(r);
-    auto dialogo = AbrirCondiciones(p.editor);
+    VentanaDePrueba p;
+    for (int r = 0; r < 1000; ++r) p.ventana.documento.especificacion.TablaCondiciones[r].nombre = "C" + std::to_string(r);
+    auto dialogo = AbrirCondiciones(p.ventana);
     for (const char* nombre : {"LAST", "TOO MANY"}) {
         dialogo.Nuevo = nombre;
-        AgregarCondicion(p.editor, dialogo);
+        AgregarCondicion(p.ventana, dialogo);
     }
-    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1000].nombre, "LAST");
-    EXPECT_EQ(p.editor.especificacion.TablaCondiciones[1001].nombre, "");
+    EXPECT_EQ(p.ventana.documento.especificacion.TablaCondiciones[1000].nombre, "LAST");
+    EXPECT_EQ(p.ventana.documento.especificacion.TablaCondiciones[1001].nombre, "");
     EXPECT_EQ(p.vista.TomarAvisos(), "There is no room for another condition.");
 }
 
@@ -261,7 +261,7 @@ TEST(Formulas, ThatShipKeepWithinTheColumnsOfTheGenerator) {
     for (const auto& formula : formulas) {
         EXPECT_TRUE(nombres.insert(formula.nombre).second) << formula.nombre;
         EXPECT_LE(formula.nombre.size(), 48U) << formula.nombre;
-        const std::string cuerpo = ConvertirTexto(formula.cuerpo, std::string(30, 'X'));
+        const std::string cuerpo = CuerpoParaCampo(formula.cuerpo, std::string(30, 'X'));
         for (const auto linea : PartirEnLineas(cuerpo)) {
             // A fold inside a literal would change it.
             if (Contiene(linea, "'")) {
@@ -275,22 +275,22 @@ TEST(UserCode, FormulasStackOnTopOfTheCode) {
     const DirectorioTemporal directorio;
     const std::string largo(70, 'n');
     directorio.Escribir("formulas.txt", "[Up]\nTRANSLATE ! TO UPPER CASE.\n[" + largo + "]\nCLEAR !+2(1).\n");
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"MATNR|18||old\r\n", "LOOPED"});
     p.Transaccion({"TRANS|T", "P|100", "||F(1)|LOOPED|!1 1!2"});
-    auto ventana = AbrirCodigo(p.editor, 0, directorio.Ruta());
+    auto ventana = AbrirCodigo(p.ventana, 0, directorio.Ruta());
     EXPECT_EQ(ventana.titulo, "<104> MATNR");
     EXPECT_EQ(ventana.formulas[1].nombre, largo);
-    for (const int seleccion : {-1, 0, 1}) AplicarFormula(p.editor, ventana, seleccion);
+    for (const int seleccion : {-1, 0, 1}) AplicarFormula(p.ventana, ventana, seleccion);
     EXPECT_EQ(ventana.ABAPText,
               "* " + largo.substr(2) + "\r\nCLEAR #MATNR+2(1).\r\n* Up\r\nTRANSLATE #MATNR TO UPPER CASE.\r\nold\r\n");
-    EXPECT_FALSE(p.editor.HayCambios);
-    EXPECT_TRUE(CerrarCodigo(p.editor, ventana));
-    EXPECT_TRUE(p.editor.HayCambios);
-    EXPECT_EQ(p.editor.archivo.ABAP[0].color, Color::Rojo);
+    EXPECT_FALSE(p.ventana.documento.HayCambios());
+    EXPECT_TRUE(CerrarCodigo(p.ventana, ventana));
+    EXPECT_TRUE(p.ventana.documento.HayCambios());
+    EXPECT_EQ(p.ventana.archivo.conversion[0].color, Color::Rojo);
 
-    auto deLoop = AbrirCodigo(p.editor, 1, directorio.Ruta());
-    AplicarFormula(p.editor, deLoop, 0);
+    auto deLoop = AbrirCodigo(p.ventana, 1, directorio.Ruta());
+    AplicarFormula(p.ventana, deLoop, 0);
     EXPECT_EQ(p.vista.TomarAvisos(), "<355>");
     EXPECT_EQ(deLoop.ABAPText, "");
 }
@@ -311,22 +311,22 @@ TEST(UserCode, IsStoredWhereItIsMoreThanBlanks) {
                           {" \r\n x", true, " \r\n x", true},
                           {demasiado, false, "code", false}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.Archivo({"A|1||code"});
-        auto ventana = AbrirCodigo(p.editor, 0, sinFormulas.Ruta());
+        auto ventana = AbrirCodigo(p.ventana, 0, sinFormulas.Ruta());
         EXPECT_EQ(p.vista.TomarAvisos(), "<356> FORMULAS.TXT");
         ventana.ABAPText = caso.texto;
-        EXPECT_EQ(CerrarCodigo(p.editor, ventana), caso.cierra);
-        EXPECT_EQ(p.editor.especificacion.TablaArchivo[0].conversion, caso.queda);
-        EXPECT_EQ(p.editor.HayCambios, caso.cambios);
+        EXPECT_EQ(CerrarCodigo(p.ventana, ventana), caso.cierra);
+        EXPECT_EQ(p.ventana.documento.especificacion.TablaArchivo[0].conversion, caso.queda);
+        EXPECT_EQ(p.ventana.documento.HayCambios(), caso.cambios);
     }
 }
 
 TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
-    EditorDePrueba p;
-    auto& e = p.editor;
-    auto& bapis = e.especificacion.TablaBAPIs;
-    e.especificacion.VariablesGlobales = "DATA: A.";
+    VentanaDePrueba p;
+    auto& e = p.ventana;
+    auto& bapis = e.documento.especificacion.TablaBAPIs;
+    e.documento.especificacion.VariablesGlobales = "DATA: A.";
     bapis[0] = {"B1", "CALL 1"};
     bapis[1] = {"B2", "CALL 2"};
     bapis[2] = {"B3", "CALL 3"};
@@ -335,10 +335,10 @@ TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
     EXPECT_EQ(dialogo.Vars, "DATA: A.");
     SeleccionarDefinicion(e, dialogo, 2);
     CambiarVars(e, dialogo, "CALL 2");
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
     CambiarVars(e, dialogo, "CALL TWO");
     EXPECT_EQ(bapis[1].llamada, "CALL TWO");
-    EXPECT_TRUE(e.HayCambios);
+    EXPECT_TRUE(e.documento.HayCambios());
 
     SeleccionarDefinicion(e, dialogo, 1);
     p.vista.respuestas = {Respuesta::No, Respuesta::Si, Respuesta::No, Respuesta::Si};
@@ -352,50 +352,50 @@ TEST(Definitions, EditTheGlobalsAndTheCallsOfBAPIs) {
     EXPECT_EQ(bapis[1], (FilaDeBAPI{"B3", "CALL 3"}));
     EXPECT_EQ(bapis[2], (FilaDeBAPI{"", ""}));
     Limpiar(e, dialogo);
-    EXPECT_TRUE(e.HayDefiniciones());
+    EXPECT_TRUE(e.documento.HayDefiniciones());
     Limpiar(e, dialogo);
-    EXPECT_FALSE(e.HayDefiniciones());
+    EXPECT_FALSE(e.documento.HayDefiniciones());
     EXPECT_EQ(p.vista.TomarAvisos(), "<366> <366>");
 }
 
 TEST(DataSource, OpensWithTheTablesOfTheReport) {
-    EditorDePrueba p;
-    auto& e = p.editor;
+    VentanaDePrueba p;
+    auto& e = p.ventana;
     const Preferencias preferencias;
     p.Archivo({"A|10", "B"});
     p.Transaccion({"TRANS|T", "P|100", "||F|A", "||G|B"});
     EXPECT_FALSE(AbrirOrigen(e, preferencias));  // a width is missing
-    EXPECT_FALSE(e.especificacion.OrigenUsuario);
+    EXPECT_FALSE(e.documento.especificacion.OrigenUsuario);
     EXPECT_EQ(TextoDePreview(e, preferencias), "");
     p.vista.TomarAvisos();
     p.PonerArchivo(1, "B|5");
     const auto dialogo = AbrirOrigen(e, preferencias);
     ASSERT_TRUE(dialogo);
     EXPECT_EQ(dialogo->ComboItabs, "ITAB");
-    EXPECT_FALSE(e.especificacion.OrigenUsuario);
+    EXPECT_FALSE(e.documento.especificacion.OrigenUsuario);
     EXPECT_FALSE(HabilitadoEnOrigen(e, "ComboItabs"));
     EXPECT_TRUE(HabilitadoEnOrigen(e, "Ayuda"));
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
 
     CambiarOtroOrigen(e, true);
     EXPECT_TRUE(HabilitadoEnOrigen(e, "ComboItabs"));
-    EXPECT_TRUE(e.HayCambios);
-    e.HayCambios = false;
+    EXPECT_TRUE(e.documento.HayCambios());
+    e.documento.DarPorGuardado();
     ClicModeloArchivo(e, preferencias, *dialogo, FuenteDeModelo::Ninguna);
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
     ClicModeloOpenSQL(e, preferencias, *dialogo);
-    EXPECT_TRUE(e.HayCambios);
-    EXPECT_THAT(e.especificacion.OrigenSource, testing::HasSubstr("SELECT\r\n  A\r\n  B\r\nINTO"));
+    EXPECT_TRUE(e.documento.HayCambios());
+    EXPECT_THAT(e.documento.especificacion.OrigenSource, testing::HasSubstr("SELECT\r\n  A\r\n  B\r\nINTO"));
 
-    e.HayCambios = false;
+    e.documento.DarPorGuardado();
     EliminarDeOrigen(e, "000");
-    EXPECT_FALSE(e.HayCambios);
+    EXPECT_FALSE(e.documento.HayCambios());
     EliminarDeOrigen(e, "001");
-    EXPECT_EQ(e.especificacion.OrigenSource, "");
-    EXPECT_NE(e.especificacion.OrigenVariables, "");
-    EXPECT_TRUE(e.HayCambios);
+    EXPECT_EQ(e.documento.especificacion.OrigenSource, "");
+    EXPECT_NE(e.documento.especificacion.OrigenVariables, "");
+    EXPECT_TRUE(e.documento.HayCambios());
     CambiarTextoDeOrigen(e, &Especificacion::OrigenForms, "FORM X.");
-    EXPECT_EQ(e.especificacion.OrigenForms, "FORM X.");
+    EXPECT_EQ(e.documento.especificacion.OrigenForms, "FORM X.");
 }
 
 }  // namespace

@@ -8,12 +8,12 @@
 #include "editor/find.h"
 #include "editor/grids.h"
 #include "editor/undo_command.h"
-#include "tests/support/editor_fixture.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
-using pruebas::EditorDePrueba;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 using Col = Columna;
 
@@ -28,50 +28,49 @@ TEST(Grids, ShowARowAsFarDownAsTheyGo) {
                           {Tabla::Archivo, 988, 987, "Text1_1"},     {Tabla::Archivo, 1000, 987, "Text1_13"},
                           {Tabla::Transaccion, 990, 990, "Text6_0"}, {Tabla::Transaccion, 1000, 990, "Text6_10"}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.LlenarArchivo(1000);
         p.LlenarTransaccion(1000);
         const bool deArchivo = caso.tabla == Tabla::Archivo;
-        deArchivo ? MostrarArchivo(p.editor, caso.fila) : MostrarTransaccion(p.editor, caso.fila);
-        const auto& a = p.editor.archivo;
-        const auto& t = p.editor.transaccion;
+        deArchivo ? MostrarArchivo(p.ventana, caso.fila) : MostrarTransaccion(p.ventana, caso.fila);
+        const auto& a = p.ventana.archivo;
+        const auto& t = p.ventana.transaccion;
         EXPECT_EQ(deArchivo ? a.PrimeraFilaArchivo : t.PrimeraFilaTransaccion, caso.primera);
         EXPECT_EQ(deArchivo ? a.LineaArchivo : t.LineaTransaccion, caso.fila);
         EXPECT_EQ(p.Foco(), caso.foco);
         EXPECT_EQ(p.vista.focos.back(), caso.foco);
-        EXPECT_EQ(p.Texto({deArchivo ? Col::Text1 : Col::Text4, 0}), "F" + std::to_string(caso.primera));
+        EXPECT_EQ(p.Texto({deArchivo ? Col::CampoDeArchivo : Col::Campo, 0}), "F" + std::to_string(caso.primera));
     }
 }
 
 TEST(Grids, WindowsStopAtBothEnds) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarArchivo(1001);
     p.LlenarTransaccion(1001);
     for (int n = 0; n < 1100; ++n) {
-        VentanaArchivoAbajo(p.editor);
-        VentanaTransaccionAbajo(p.editor);
+        VentanaArchivoAbajo(p.ventana);
+        VentanaTransaccionAbajo(p.ventana);
     }
     // Row 1001 is never shown.
-    EXPECT_EQ(p.Texto({Col::Text1, 13}), "F1000");
-    EXPECT_EQ(p.Texto({Col::Text4, 10}), "F1000");
-    DesplazarArchivo(p.editor, -2000);
-    DesplazarTransaccion(p.editor, -2000);
-    VentanaArchivoArriba(p.editor);
-    VentanaTransaccionArriba(p.editor);
-    EXPECT_EQ(p.Texto({Col::Text1, 0}), "F0");
-    EXPECT_EQ(p.Texto({Col::Text4, 0}), "F0");
-    EXPECT_FALSE(p.editor.UndoButton);
-    EXPECT_FALSE(p.editor.HayCambios);
-    EXPECT_TRUE(p.editor.RegistrarCambios);
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 13}), "F1000");
+    EXPECT_EQ(p.Texto({Col::Campo, 10}), "F1000");
+    DesplazarArchivo(p.ventana, -2000);
+    DesplazarTransaccion(p.ventana, -2000);
+    VentanaArchivoArriba(p.ventana);
+    VentanaTransaccionArriba(p.ventana);
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 0}), "F0");
+    EXPECT_EQ(p.Texto({Col::Campo, 0}), "F0");
+    EXPECT_FALSE(!p.ventana.documento.deshacer.Vacia());
+    EXPECT_FALSE(p.ventana.documento.HayCambios());
 }
 
 TEST(Grids, ColoursTellOfNotesCodeAndHeads) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A|1|note", "B|1||code", "C|1| | "});
     p.Transaccion({"TRANS|XD01", "SAPMF02D|0100", "||KNA1-KUNNR|A|note", "BAPI|X", "||F|B| "});
     const auto colores = [&](int linea) {
         std::vector<Color> todos;
-        for (const Col columna : {Col::Text6, Col::Text3, Col::Text4}) todos.push_back(p.ColorDe({columna, linea}));
+        for (const Col columna : {Col::Programa, Col::Dynpro, Col::Campo}) todos.push_back(p.ColorDe({columna, linea}));
         return todos;
     };
     const auto esperar = [&] {
@@ -82,166 +81,166 @@ TEST(Grids, ColoursTellOfNotesCodeAndHeads) {
         EXPECT_THAT(colores(4), ElementsAre(Color::Negro, Color::Negro, Color::Negro));
     };
     esperar();
-    InsertarTransaccion(p.editor, 0);
-    BorrarTransaccion(p.editor, 0);
-    VentanaTransaccionAbajo(p.editor);
-    VentanaTransaccionArriba(p.editor);
+    InsertarTransaccion(p.ventana, 0);
+    BorrarTransaccion(p.ventana, 0);
+    VentanaTransaccionAbajo(p.ventana);
+    VentanaTransaccionArriba(p.ventana);
     esperar();
 
     // A fill asks for exact emptiness, a step of the window for blanks.
-    EXPECT_EQ(p.ColorDe({Col::Text1, 2}), Color::Rojo);
-    VentanaArchivoAbajo(p.editor);
-    VentanaArchivoArriba(p.editor);
-    EXPECT_EQ(p.ColorDe({Col::Text1, 2}), Color::Negro);
-    EXPECT_EQ(p.ColorDe({Col::Text1, 0}), Color::Rojo);
-    EXPECT_EQ(p.editor.archivo.ABAP[1].color, Color::Rojo);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 2}), Color::Rojo);
+    VentanaArchivoAbajo(p.ventana);
+    VentanaArchivoArriba(p.ventana);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 2}), Color::Negro);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 0}), Color::Rojo);
+    EXPECT_EQ(p.ventana.archivo.conversion[1].color, Color::Rojo);
 }
 
 TEST(Rows, AreInsertedWithTheTextOfTheRowBelow) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A|1|note|code", "B|2"});
     p.Transaccion({"TRANS|T", "||F|V|note"});
-    InsertarArchivo(p.editor, 0);
+    InsertarArchivo(p.ventana, 0);
     EXPECT_THAT(p.FilasArchivo(), ElementsAre("A2|1", "A|1|note|code", "B|2"));
-    EXPECT_EQ(p.ColorDe({Col::Text1, 0}), Color::Negro);
-    EXPECT_EQ(p.ColorDe({Col::Text1, 1}), Color::Rojo);
-    InsertarTransaccion(p.editor, 1);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 0}), Color::Negro);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 1}), Color::Rojo);
+    InsertarTransaccion(p.ventana, 1);
     EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F|V", "||F|V|note"));
     EXPECT_EQ(p.vista.TomarAvisos(), "");
-    InsertarTransaccion(p.editor, 5);
+    InsertarTransaccion(p.ventana, 5);
     EXPECT_EQ(p.FilasTransaccion().size(), 3U);
 
     // In the last line no cell changes, and still the double is numbered.
     p.LlenarArchivo(13);
-    SalirDeCelda(p.editor, {Col::Text1, 13});
-    InsertarArchivo(p.editor, 13);
+    SalirDeCelda(p.ventana, {Col::CampoDeArchivo, 13});
+    InsertarArchivo(p.ventana, 13);
     EXPECT_EQ(p.FilaArchivo(13), "F14");
 }
 
 TEST(Rows, TheLastOneIsLostByAnInsertion) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarArchivo(1001);
     p.PonerArchivo(1000, "F1000|7|note|code");
-    MostrarArchivo(p.editor, 1000);
-    InsertarArchivo(p.editor, 13);
+    MostrarArchivo(p.ventana, 1000);
+    InsertarArchivo(p.ventana, 13);
     EXPECT_EQ(p.FilaArchivo(1000), "F1000|7");
-    InsertarArchivo(p.editor, 12);
+    InsertarArchivo(p.ventana, 12);
     EXPECT_EQ(p.FilaArchivo(999), "F1000");  // the double of F999; the number is free
     EXPECT_EQ(p.FilaArchivo(1000), "F999");
     EXPECT_EQ(p.FilaArchivo(1001), "F1001");  // never touched
-    BorrarArchivo(p.editor, 12);
+    BorrarArchivo(p.ventana, 12);
     EXPECT_EQ(p.FilaArchivo(999), "F999");
     EXPECT_EQ(p.FilaArchivo(1000), "F999");
 
     p.LlenarTransaccion(1001);
-    MostrarTransaccion(p.editor, 0);
-    BorrarTransaccion(p.editor, 0);
+    MostrarTransaccion(p.ventana, 0);
+    BorrarTransaccion(p.ventana, 0);
     EXPECT_EQ(p.FilaTransaccion(999), "||F1000");
     EXPECT_EQ(p.FilaTransaccion(1000), "");
     p.LlenarArchivo(1000);
-    BorrarArchivo(p.editor, 0);
+    BorrarArchivo(p.ventana, 0);
     EXPECT_EQ(p.FilaArchivo(999), "F1000");
     EXPECT_EQ(p.FilaArchivo(1000), "F1000");  // comes twice on this side
 }
 
 TEST(Rows, MoveUpAndDownWithTheFocus) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarArchivo(1000);
     p.PonerArchivo(13, "F13|7|note|code");
-    MostrarArchivoSinFocus(p.editor, 0);
-    p.editor.archivo.LineaArchivo = 13;
-    DownButton(p.editor);
+    MostrarArchivoSinFocus(p.ventana, 0);
+    p.ventana.archivo.LineaArchivo = 13;
+    DownButton(p.ventana);
     EXPECT_EQ(p.FilaArchivo(14), "F13|7|note|code");
     EXPECT_EQ(p.FilaArchivo(13), "F14");
-    EXPECT_EQ(p.editor.archivo.PrimeraFilaArchivo, 1);
+    EXPECT_EQ(p.ventana.archivo.PrimeraFilaArchivo, 1);
     EXPECT_EQ(p.Foco(), "Text1_13");
-    EXPECT_EQ(p.editor.archivo.LineaArchivo, 14);
-    UpButton(p.editor);
+    EXPECT_EQ(p.ventana.archivo.LineaArchivo, 14);
+    UpButton(p.ventana);
     EXPECT_EQ(p.FilaArchivo(13), "F13|7|note|code");
     EXPECT_EQ(p.Foco(), "Text1_12");
-    MostrarArchivo(p.editor, 5);
-    UpButton(p.editor);
-    EXPECT_EQ(p.editor.archivo.PrimeraFilaArchivo, 4);
+    MostrarArchivo(p.ventana, 5);
+    UpButton(p.ventana);
+    EXPECT_EQ(p.ventana.archivo.PrimeraFilaArchivo, 4);
     EXPECT_EQ(p.Foco(), "Text1_0");
-    EXPECT_TRUE(p.editor.HayCambios);
-    EXPECT_FALSE(p.editor.UndoButton);  // a move leaves no step
+    EXPECT_TRUE(p.ventana.documento.HayCambios());
+    EXPECT_FALSE(!p.ventana.documento.deshacer.Vacia());  // a move leaves no step
 
     for (const int fila : {0, 1000}) {
-        MostrarArchivo(p.editor, fila);
+        MostrarArchivo(p.ventana, fila);
         const auto antes = p.FilasArchivo();
-        fila == 0 ? UpButton(p.editor) : DownButton(p.editor);
+        fila == 0 ? UpButton(p.ventana) : DownButton(p.ventana);
         EXPECT_EQ(p.FilasArchivo(), antes) << fila;
     }
 }
 
 TEST(Undo, GoesBackOneStepAtATime) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A|1|note|code", "B|2"});
     p.Transaccion({"TRANS|T", "||F|'v'|note"});
     const auto archivo = p.FilasArchivo();
     const auto transaccion = p.FilasTransaccion();
-    p.Escribir({Col::Text1, 2}, "AB");
-    p.Escribir({Col::Text5, 1}, "'x");
-    BorrarArchivo(p.editor, 0);
-    InsertarTransaccion(p.editor, 0);
-    BorrarTransaccion(p.editor, 2);
-    VentanaArchivoAbajo(p.editor);  // an undo comes back to the window of its step
+    p.Escribir({Col::CampoDeArchivo, 2}, "AB");
+    p.Escribir({Col::Valor, 1}, "'x");
+    BorrarArchivo(p.ventana, 0);
+    InsertarTransaccion(p.ventana, 0);
+    BorrarTransaccion(p.ventana, 2);
+    VentanaArchivoAbajo(p.ventana);  // an undo comes back to the window of its step
 
     const char* const focos[] = {"Text6_2", "Text6_0", "Text1_0", "Text6_1", "Text6_1", "Text1_2", "Text1_2"};
     for (const char* const foco : focos) {
-        EXPECT_TRUE(p.editor.UndoButton);
-        Deshacer(p.editor);
+        EXPECT_TRUE(!p.ventana.documento.deshacer.Vacia());
+        Deshacer(p.ventana);
         EXPECT_EQ(p.Foco(), foco);
     }
-    EXPECT_FALSE(p.editor.UndoButton);
+    EXPECT_FALSE(!p.ventana.documento.deshacer.Vacia());
     EXPECT_EQ(p.FilasArchivo(), archivo);
     EXPECT_EQ(p.FilasTransaccion(), transaccion);
-    EXPECT_EQ(p.ColorDe({Col::Text1, 0}), Color::Rojo);
-    EXPECT_EQ(p.ColorDe({Col::Text4, 1}), Color::Rojo);
-    EXPECT_EQ(p.ColorDe({Col::Text6, 0}), Color::Azul);
+    EXPECT_EQ(p.ColorDe({Col::CampoDeArchivo, 0}), Color::Rojo);
+    EXPECT_EQ(p.ColorDe({Col::Campo, 1}), Color::Rojo);
+    EXPECT_EQ(p.ColorDe({Col::Programa, 0}), Color::Azul);
     EXPECT_EQ(p.vista.TomarAvisos(), "");
-    Deshacer(p.editor);
+    Deshacer(p.ventana);
     EXPECT_EQ(p.FilasArchivo(), archivo);
 }
 
 TEST(Undo, LeavesNoCellByItsRule) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"TRANS|T", "||F"});
-    p.Escribir({Col::Text5, 1}, "ab");
-    Deshacer(p.editor);
+    p.Escribir({Col::Valor, 1}, "ab");
+    Deshacer(p.ventana);
     EXPECT_EQ(p.FilaTransaccion(1), "||F|A");
     EXPECT_TRUE(p.FilasArchivo().empty());
 }
 
 TEST(Undo, HoldsTheLastThousandStepsAcrossTheEndOfTheRing) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     for (int vuelta = 0; vuelta < 2; ++vuelta) {
-        for (int n = 1; n <= 1001; ++n) CambiarCelda(p.editor, Col::Text2, 0, std::to_string(n));
+        for (int n = 1; n <= 1001; ++n) EscribirEnCelda(p.ventana, {Col::Ancho, 0}, std::to_string(n));
         int pasos = 0;
-        for (; p.editor.UndoButton; ++pasos) Deshacer(p.editor);
+        for (; !p.ventana.documento.deshacer.Vacia(); ++pasos) Deshacer(p.ventana);
         EXPECT_EQ(pasos, 1000);
         EXPECT_EQ(p.FilaArchivo(0), "|1");
     }
 }
 
 TEST(Undo, AMoveTakesTheOldestStepOfAFullRing) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A", "B"});
-    for (int n = 1; n <= 1000; ++n) CambiarCelda(p.editor, Col::Text2, 0, std::to_string(n));
-    p.editor.archivo.LineaArchivo = 0;
-    DownButton(p.editor);
+    for (int n = 1; n <= 1000; ++n) EscribirEnCelda(p.ventana, {Col::Ancho, 0}, std::to_string(n));
+    p.ventana.archivo.LineaArchivo = 0;
+    DownButton(p.ventana);
     int pasos = 0;
-    for (; p.editor.UndoButton; ++pasos) Deshacer(p.editor);
+    for (; !p.ventana.documento.deshacer.Vacia(); ++pasos) Deshacer(p.ventana);
     EXPECT_EQ(pasos, 999);
 }
 
 TEST(Find, GoesOnBehindTheRowLastEntered) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarArchivo(1000);
     p.PonerArchivo(3, "KUNNR");
     p.PonerArchivo(5, "B|99|see kunnr");
     p.PonerArchivo(995, "C||| #KUNNR ");
-    auto& e = p.editor;
+    auto& e = p.ventana;
     BuscarArchivo(e);  // nothing to look for
     EXPECT_EQ(RotuloDeBuscarArchivo(e), 46);
     CambiarTextoBuscado(e, "Kunnr");
@@ -267,16 +266,16 @@ TEST(Find, GoesOnBehindTheRowLastEntered) {
 }
 
 TEST(Find, EndsAtTheFirstEmptyRow) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"TRANS|T", " ", "||F"});
-    CambiarTextoBuscado(p.editor, "F");
-    BuscarTransaccion(p.editor);
+    CambiarTextoBuscado(p.ventana, "F");
+    BuscarTransaccion(p.ventana);
     EXPECT_EQ(p.vista.TomarAvisos(), "<374>");
     p.Transaccion({"TRANS|T", "||| |x", "||F"});
-    BuscarTransaccion(p.editor);
-    EXPECT_EQ(p.editor.transaccion.LineaTransaccion, 2);
+    BuscarTransaccion(p.ventana);
+    EXPECT_EQ(p.ventana.transaccion.LineaTransaccion, 2);
     EXPECT_EQ(p.Foco(), "Text6_0");
-    EXPECT_EQ(RotuloDeBuscarTransaccion(p.editor), 47);
+    EXPECT_EQ(RotuloDeBuscarTransaccion(p.ventana), 47);
 }
 
 TEST(AddOperation, TakesTheFirstFreeRow) {
@@ -288,54 +287,56 @@ TEST(AddOperation, TakesTheFirstFreeRow) {
     const Caso casos[] = {{-1, 0, "Text6_0"}, {3, 0, "Text6_4"},     {4, 0, "Text6_5"},
                           {5, 1, "Text6_5"},  {994, 990, "Text6_5"}, {999, 990, "Text6_10"}};
     for (const auto& caso : casos) {
-        EditorDePrueba p;
+        VentanaDePrueba p;
         p.LlenarTransaccion(caso.ultima);
-        AgregarOperacion(p.editor, [&](int fila) {
+        AgregarOperacion(p.ventana, [&](int fila) {
             EXPECT_EQ(fila, caso.ultima + 1);
             return std::string("XD01");
         });
         EXPECT_EQ(p.FilaTransaccion(caso.ultima + 1), "TRANS|XD01");
-        EXPECT_EQ(p.editor.transaccion.PrimeraFilaTransaccion, caso.primera);
-        EXPECT_EQ(p.ColorDe({Col::Text6, caso.ultima + 1 - caso.primera}), Color::Azul);
-        Deshacer(p.editor);
+        EXPECT_EQ(p.ventana.transaccion.PrimeraFilaTransaccion, caso.primera);
+        EXPECT_EQ(p.ColorDe({Col::Programa, caso.ultima + 1 - caso.primera}), Color::Azul);
+        Deshacer(p.ventana);
         EXPECT_EQ(p.FilasTransaccion().size(), static_cast<std::size_t>(caso.ultima + 1));
         EXPECT_EQ(p.Foco(), caso.foco);
     }
 }
 
 TEST(AddOperation, ChangesNothingWithoutAnAnswerOrARow) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.LlenarTransaccion(1000);
-    AgregarOperacion(p.editor, [](int) -> std::string { throw std::logic_error("asked"); });
+    AgregarOperacion(p.ventana, [](int) -> std::string { throw std::logic_error("asked"); });
     EXPECT_EQ(p.vista.TomarAvisos(), "<515>");
 
-    EditorDePrueba otro;
-    AgregarOperacion(otro.editor, [](int) { return std::string(); });
-    EXPECT_FALSE(otro.editor.HayCambios);
+    VentanaDePrueba otro;
+    AgregarOperacion(otro.ventana, [](int) { return std::string(); });
+    EXPECT_FALSE(otro.ventana.documento.HayCambios());
     // Rows that the answer itself has inserted are shown.
-    AgregarOperacion(otro.editor, [&](int fila) {
+    AgregarOperacion(otro.ventana, [&](int fila) {
         otro.PonerTransaccion(fila, "BAPI|BAPI_X");
         return std::string();
     });
-    EXPECT_EQ(otro.Texto({Col::Text3, 0}), "BAPI_X");
-    EXPECT_FALSE(otro.editor.UndoButton);
+    EXPECT_EQ(otro.Texto({Col::Dynpro, 0}), "BAPI_X");
+    EXPECT_FALSE(!otro.ventana.documento.deshacer.Vacia());
 }
 
 TEST(RemoveBlankRows, ClosesGapsBehindRowZeroOnly) {
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Transaccion({"", "TRANS|T", "|x||y", "||F|V|n", "", " ", "||G"});
     p.PonerTransaccion(1001, "||LAST");
-    p.Escribir({Col::Text5, 3}, "Z");
-    MostrarTransaccion(p.editor, 4);
-    ASSERT_TRUE(QuitarFilasEnBlanco(p.editor));
+    p.Escribir({Col::Valor, 3}, "Z");
+    MostrarTransaccion(p.ventana, 4);
+    ASSERT_TRUE(QuitarFilasEnBlanco(p.ventana));
     EXPECT_THAT(p.FilasTransaccion(), ElementsAre("", "TRANS|T", "||F|Z|n", "||G", "||LAST"));
-    EXPECT_EQ(p.Texto({Col::Text4, 3}), "G");
-    EXPECT_TRUE(p.editor.HayCambios);
-    EXPECT_FALSE(p.editor.UndoButton);
-
-    p.Escribir({Col::Text5, 3}, "Q");
-    EXPECT_FALSE(QuitarFilasEnBlanco(p.editor));
-    EXPECT_TRUE(p.editor.UndoButton);
+    EXPECT_EQ(p.Texto({Col::Campo, 3}), "G");
+    EXPECT_TRUE(p.documento.HayCambios());
+    EXPECT_FALSE(QuitarFilasEnBlanco(p.ventana));
+    // One step brings them back, and the next one takes back what was typed before.
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilaTransaccion(6), "||G");
+    EXPECT_EQ(p.FilaTransaccion(3), "||F|Z|n");
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilaTransaccion(3), "||F|V|n");
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -16,9 +16,9 @@ namespace {
 // A small specification that passes every check: one screen with a step-loop in page mode, its record in a file of its own.
 struct Generador : testing::Test {
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
-    Especificacion& e = prueba.editor.especificacion;
-    Opciones& o = prueba.editor.opciones;
+    VentanaDePrueba prueba;
+    Especificacion& e = prueba.ventana.documento.especificacion;
+    Opciones& o = prueba.ventana.documento.opciones;
     Preferencias preferencias;
     std::string RutaDocumento = "/loads/orders.qor";
     bool bien = false;

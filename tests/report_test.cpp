@@ -7,14 +7,14 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
 
 // Keeps everything that the generator asks of the view, in one line.
-class Diario : public VistaDeEditor {
+class Diario : public VistaDePrueba {
 public:
     std::string diario;
     bool conEditor = false;
@@ -22,15 +22,15 @@ public:
     void Mostrar(const Mensaje& mensaje, Icono icono) override { Anotar(mensaje.texto + (icono == Icono::Informacion ? "i" : "")); }
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
         Anotar(mensaje.texto + "?");
-        return VistaDeEditor::Preguntar(mensaje, botones);
+        return VistaDePrueba::Preguntar(mensaje, botones);
     }
     void PunteroOcupado(bool ocupado) override { Anotar(ocupado ? "busy" : "idle"); }
     void MostrarFila(Tabla tabla, int fila) override { Anotar((tabla == Tabla::Archivo ? "A" : "T") + std::to_string(fila)); }
     void Enfocar(const std::string& control) override { Anotar(control); }
     void MostrarTexto(const std::string& texto) override { Anotar("text:" + texto.substr(0, texto.find('\r'))); }
     bool OfreceEditor() const override { return conEditor; }
-    bool AbrirEditor(const std::string& ruta) override {
-        Anotar("edit:" + NombreDeRuta(ruta));
+    bool AbrirEditor(const std::filesystem::path& ruta) override {
+        Anotar("edit:" + ruta.filename().string());
         return false;
     }
 
@@ -41,9 +41,9 @@ private:
 // A transaction with a step-loop whose record lies in a file of its own.
 struct Informe {
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
-    Especificacion& e = prueba.editor.especificacion;
-    Opciones& o = prueba.editor.opciones;
+    VentanaDePrueba prueba;
+    Especificacion& e = prueba.ventana.documento.especificacion;
+    Opciones& o = prueba.ventana.documento.opciones;
     Preferencias preferencias;
     std::string RutaDocumento = "/loads/orders.qor";
     Diario vista;

@@ -36,10 +36,11 @@ struct Ejecucion {
         return estado;
     }
 
-    // The numbers of the messages, each with the answer to its question.
+    // The numbers of the messages, each with the answer to its question. What the system said stands below them.
     std::vector<std::string> Numeros() const {
         std::vector<std::string> numeros;
         for (const auto linea : PartirEnLineas(errores)) {
+            if (linea.starts_with("  ")) continue;
             const auto corchete = linea.ends_with(']') ? linea.rfind('[') : linea.size();
             numeros.push_back(std::string(linea.substr(0, linea.find(':'))) + std::string(linea.substr(corchete)));
         }

@@ -1,22 +1,24 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/show_changes.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
+#include "editor/undo_command.h"
 #include "sap/import.h"
 #include "sap/queue_choice.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 // A session record.
@@ -29,10 +31,10 @@ std::string Registro(std::string programa, std::string dynpro, char clase, std::
 
 // The rows of a text read into an empty table from row 0. What stops the reading is the last row.
 std::vector<std::string> Leer(std::string_view texto, int& malEscritas) {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     std::string fin;
     try {
-        LeerSesion(prueba.editor.especificacion, texto, 0, [&] { ++malEscritas; });
+        LeerSesion(prueba.documento.especificacion.TablaTransaccion, texto, 0, [&] { ++malEscritas; });
     } catch (const FalloDeEjecucion& fallo) {
         fin = fallo.what();
     }
@@ -126,31 +128,39 @@ TEST(Import, ReadingStopsBehindRow1000) {
     std::string texto;
     for (int i = 0; i < 600; ++i) texto += "bdc_dynpro 'P' '1'\nbdc_field 'F'\n'V'\n";
     texto += "bdc_transaction 'T'\n";
-    EditorDePrueba prueba;
-    LeerSesion(prueba.editor.especificacion, texto, 0, [] {});
+    VentanaDePrueba prueba;
+    LeerSesion(prueba.documento.especificacion.TablaTransaccion, texto, 0, [] {});
     EXPECT_EQ(prueba.FilaTransaccion(0), "");  // the code was not reached
     EXPECT_EQ(prueba.FilaTransaccion(1000), "||F|'V'");
     EXPECT_EQ(prueba.FilaTransaccion(1001), "");
     std::string sesion = Registro("", "0000", 'T', "T", "");
     for (int i = 0; i < 1200; ++i) sesion += Registro("", "0000", ' ', "F" + std::to_string(i), "");
-    LeerSesion(prueba.editor.especificacion, sesion, 995, [] {});
+    LeerSesion(prueba.documento.especificacion.TablaTransaccion, sesion, 995, [] {});
     EXPECT_EQ(prueba.FilaTransaccion(1000), "||F4|''");
     EXPECT_EQ(prueba.FilaTransaccion(1001), "");
     // The last row is taken by a head, so its screen stands behind the rows that count; a field behind that has no place.
-    LeerSesion(prueba.editor.especificacion, "bdc_dynpro 'P' '1'\n", 1000, [] {});
-    EXPECT_THROW(LeerSesion(prueba.editor.especificacion, "bdc_dynpro bdc_field 'P' '1'\n'V'\n", 1000, [] {}), FalloDeEjecucion);
+    LeerSesion(prueba.documento.especificacion.TablaTransaccion, "bdc_dynpro 'P' '1'\n", 1000, [] {});
+    EXPECT_THROW(LeerSesion(prueba.documento.especificacion.TablaTransaccion, "bdc_dynpro bdc_field 'P' '1'\n'V'\n", 1000, [] {}),
+                 FalloDeEjecucion);
 }
 
 // ---- The frame ----
 
-struct Importacion {
-    EditorDePrueba prueba;
+struct PruebaDeImportacion {
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
-    std::string archivo =
-        RutaDelModelo(directorio.Escribir("rec", "bdc_dynpro 'prog' '1'\nbdc_field 'f'\n' v'\nbdc_transaction 't'\n"));
+    std::filesystem::path archivo = directorio.Escribir("rec", "bdc_dynpro 'prog' '1'\nbdc_field 'f'\n' v'\nbdc_transaction 't'\n");
 
-    bool Importar(const std::string& ruta) { return ImportarSesion(prueba.editor, ruta); }
+    bool Importar(const std::filesystem::path& ruta) {
+        return Tomar(LeerImportacion(prueba.documento.especificacion, ruta, prueba.textos, prueba.vista));
+    }
     bool Importar() { return Importar(archivo); }
+
+    bool Tomar(std::optional<Importacion> leida) {
+        if (!leida) return false;
+        TomarImportacion(prueba.ventana, std::move(*leida), "Rows");
+        return true;
+    }
 };
 
 TEST(Import, RowsThatAreThereAreReplacedOrKept) {
@@ -161,18 +171,18 @@ TEST(Import, RowsThatAreThereAreReplacedOrKept) {
         const char* avisos;
     };
     const CasoDeFilas casos[] = {
-        {Respuesta::Si, true, {"TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>"},
-        {Respuesta::No, true, {"TRANS|OLD", "", "|x", "TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>"},
+        {Respuesta::Si, true, {"TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>\r\nRows: 3."},
+        {Respuesta::No, true, {"TRANS|OLD", "", "|x", "TRANS|T", "PROG|1", "||F|' v'"}, "<330>\r\n<331> <329>\r\nRows: 3."},
         {Respuesta::Cancelar, false, {"TRANS|OLD", "", "|x"}, "<330>\r\n<331>"},
     };
     for (const auto& caso : casos) {
-        Importacion importacion;
-        auto& editor = importacion.prueba.editor;
+        PruebaDeImportacion importacion;
+        auto& ventana = importacion.prueba.ventana;
         importacion.prueba.Transaccion({"TRANS|OLD"});
-        editor.especificacion.TablaTransaccion[2].dynpro = "x";  // text anywhere makes a row a used one
-        editor.ventana.foco = LugarDeCelda{Columna::Text5, 2};
-        editor.ventana.SSTab1 = 3;
-        editor.HayCambios = false;
+        ventana.documento.especificacion.TablaTransaccion[2].dynpro = "x";  // text anywhere makes a row a used one
+        ventana.foco = LugarDeCelda{Columna::Valor, 2};
+        ventana.SSTab1 = 3;
+        ventana.documento.DarPorGuardado();
         importacion.prueba.vista.respuestas = {caso.respuesta};
         EXPECT_EQ(importacion.Importar(), caso.hecho);
         // The rows that are seen come out in upper case, but for constants.
@@ -180,35 +190,37 @@ TEST(Import, RowsThatAreThereAreReplacedOrKept) {
         if (caso.respuesta == Respuesta::No) filas[2] = "|X";
         EXPECT_EQ(importacion.prueba.FilasTransaccion(), filas);
         EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.avisos);
-        EXPECT_EQ(editor.HayCambios, caso.hecho);
-        EXPECT_EQ(editor.RegistrarCambios, caso.hecho);
-        EXPECT_EQ(editor.ventana.SSTab1, caso.hecho ? 0 : 3);
-        EXPECT_EQ(editor.ventana.foco.has_value(), true);
+        EXPECT_EQ(ventana.documento.HayCambios(), caso.hecho);
+        EXPECT_EQ(ventana.SSTab1, caso.hecho ? 0 : 3);
+        EXPECT_EQ(ventana.foco.has_value(), true);
+        // One step brings all rows back.
+        if (!caso.hecho) continue;
+        Deshacer(ventana);
+        EXPECT_EQ(importacion.prueba.FilasTransaccion(), (std::vector<std::string>{"TRANS|OLD", "", "|x"}));
+        EXPECT_TRUE(ventana.documento.deshacer.Vacia());
     }
 }
 
-TEST(Import, ARefusedFileIsToldByItsMessage) {
-    struct CasoDeArchivo {
-        std::string contenido;
-        const char* aviso;
-        bool registra;
-        std::vector<std::string> filas;
+TEST(Import, AnEarlyEndLeavesNoTrace) {
+    PruebaDeImportacion ejemplo;
+    const std::pair<std::filesystem::path, const char*> casos[] = {
+        {"  ", "<330>\r\n<331> <332>"},
+        {ejemplo.directorio / "absent", "<330>\r\n<331> <335>"},
+        {ejemplo.directorio.Ruta(), "<330>\r\n<331> <335>"},
+        {ejemplo.directorio.Escribir("cut", "bdc_dynpro 'p' '1'\nbdc_field f"), "<330>\r\n<331> <372> <335>"},
     };
-    Importacion ejemplo;
-    const std::pair<std::string, CasoDeArchivo> casos[] = {
-        {"  ", {"", "<332>", false, {}}},
-        {RutaDelModelo(ejemplo.directorio / "absent"), {"", "<335>", true, {}}},
-        {RutaDelModelo(ejemplo.directorio.Ruta()), {"", "<335>", true, {}}},
-        {RutaDelModelo(ejemplo.directorio.Escribir("cut", "bdc_dynpro 'p' '1'\nbdc_field f")),
-         {"", "<372> <335>", true, {"", "p|1"}}},
-    };
-    for (const auto& [ruta, caso] : casos) {
-        Importacion importacion;
+    for (const auto& [ruta, avisos] : casos) {
+        PruebaDeImportacion importacion;
+        auto& documento = importacion.prueba.documento;
+        importacion.prueba.Transaccion({"TRANS|OLD"});
+        importacion.prueba.vista.respuestas = {Respuesta::Si};
         EXPECT_FALSE(importacion.Importar(ruta));
-        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.aviso);
-        EXPECT_EQ(importacion.prueba.editor.RegistrarCambios, caso.registra);
-        EXPECT_EQ(importacion.prueba.FilasTransaccion(), caso.filas);
-        EXPECT_EQ(importacion.prueba.Texto({Columna::Text6, 1}), "");  // not shown
+        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), avisos);
+        EXPECT_EQ(importacion.prueba.FilasTransaccion(), std::vector<std::string>{"TRANS|OLD"});
+        EXPECT_FALSE(documento.HayCambios());
+        // What is typed behind it counts and can be undone.
+        importacion.prueba.Escribir({Columna::Dynpro, 0}, "X");
+        EXPECT_TRUE(documento.HayCambios() && !documento.deshacer.Vacia());
     }
 }
 
@@ -217,7 +229,7 @@ TEST(Import, ARefusedFileIsToldByItsMessage) {
 TEST(Import, TheListOfTheQueueBecomesAGrid) {
     const auto guion = std::make_shared<Guion>();
     SesionSAP sesion = SesionConectada(guion);
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     FormularioImport formulario;
     guion->Responder({"MM01_REC    02112815180500000012SMITH       20001128151805100", "SHORT", "END"});
     ASSERT_TRUE(LlenarGrilla(formulario, sesion, prueba.textos, prueba.vista));
@@ -266,7 +278,7 @@ TEST(Import, TheButtonsImportTheChosenEntryAndDeleteItsFile) {
     for (const auto& caso : casos) {
         const auto guion = std::make_shared<Guion>();
         SesionSAP sesion = SesionConectada(guion);
-        Importacion importacion;
+        PruebaDeImportacion importacion;
         const DirectorioTemporal temporales;
         sesion.DirectorioTemporal = RutaDelModelo(temporales.Ruta());
         if (!caso.falla) guion->Responder(Piezas(Registro("", "0000", 'T', "MM01", "")));
@@ -274,10 +286,12 @@ TEST(Import, TheButtonsImportTheChosenEntryAndDeleteItsFile) {
             ActivarFila(formulario, caso.qid, sesion, importacion.prueba.vista);
             EXPECT_EQ(std::filesystem::is_empty(temporales.Ruta()), !caso.importa);
         };
-        (caso.grabacion ? ButtonOnlineSHDB : ButtonOnlineSM35)(importacion.prueba.editor, FormImport);
+        auto& prueba = importacion.prueba;
+        importacion.Tomar((caso.grabacion ? ButtonOnlineSHDB : ButtonOnlineSM35)(prueba.documento.especificacion, FormImport,
+                                                                                 prueba.textos, prueba.vista));
         if (caso.importa)
             EXPECT_EQ(guion->conversacion[2], std::string("PROGRAM < inf006 Q1 ") + (caso.grabacion ? "%BDC" : "BDC") + " Q1");
-        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.importa ? "<329>" : "");
+        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.importa ? "<329>\r\nRows: 2." : "");
         EXPECT_EQ(importacion.prueba.FilaTransaccion(0), caso.importa ? "TRANS|MM01" : "");
         EXPECT_TRUE(std::filesystem::is_empty(temporales.Ruta()));
     }

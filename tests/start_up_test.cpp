@@ -8,14 +8,14 @@
 #include "app/file_type.h"
 #include "base/files.h"
 #include "editor/document_commands.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
+using pruebas::VentanaDePrueba;
 namespace fs = std::filesystem;
 
 Entorno EntornoDe(const std::map<std::string, std::string>& valores) {
@@ -40,7 +40,7 @@ TEST(CommandLine, NamesADocument) {
                           {"\"", true, "\""},
                           {" #$%a", true, " #$%a"}};
     for (const auto& caso : casos) {
-        const auto linea = LeerLineaDeComandos(caso.linea);
+        const auto linea = LeerArranque(caso.linea);
         EXPECT_EQ(linea.conPresentacion, caso.conPresentacion) << caso.linea;
         EXPECT_EQ(linea.documento, caso.documento) << caso.linea;
     }
@@ -66,7 +66,7 @@ TEST(StartUp, FollowsSettingsAndCommandLine) {
         EXPECT_EQ(CargarPrograma(programa, EntornoDe({{"tessaline_ini", directorio.Ruta().string()}}), directorio.Ruta()),
                   ResultadoIdioma::Bien);
         EXPECT_EQ(programa.textos.Texto(1), caso.mensaje1);
-        const auto linea = LeerLineaDeComandos(caso.linea);
+        const auto linea = LeerArranque(caso.linea);
         const auto plan = PlanearPrimeraActivacion(programa, linea);
         EXPECT_EQ(plan.preguntarIdioma, caso.preguntarIdioma);
         EXPECT_EQ(plan.conectar, caso.conectar);
@@ -80,19 +80,19 @@ TEST(StartUp, FollowsSettingsAndCommandLine) {
 
 TEST(StartUp, ADocumentThatCannotBeOpenedEndsTheProgram) {
     const DirectorioTemporal directorio;
-    EditorDePrueba p;
+    VentanaDePrueba p;
     p.Archivo({"A|1"});
-    FijarDocumento(p.editor, (directorio / "d.qor").string());
-    ASSERT_TRUE(SaveOption(p.editor));
-    p.editor.CanalDocumento.Cerrar();
+    ASSERT_TRUE(GuardarDocumentoComo(p.documento, directorio / "d.qor", p.textos, p.vista));
+    p.ventana.documento.canal.Cerrar();
 
-    EditorDePrueba otro;
-    EXPECT_TRUE(AbrirInicial(otro.editor, (directorio / "d.qor").string()));
+    Programa programa;
+    VentanaDePrueba otro;
+    EXPECT_TRUE(AbrirInicial(programa, otro.ventana, directorio / "d.qor"));
+    EXPECT_EQ(programa.ajustes.DirectorioDocumentos, directorio.Ruta().string() + "/");
     EXPECT_EQ(otro.FilaArchivo(0), "A|1");
-    EditorDePrueba tercero;
+    VentanaDePrueba tercero;
     for (const char* const nombre : {"d.qor", "missing.qor"}) {
-        EXPECT_FALSE(AbrirInicial(tercero.editor, (directorio / nombre).string())) << nombre;
-        EXPECT_TRUE(tercero.editor.TerminarPrograma);
+        EXPECT_FALSE(AbrirInicial(programa, tercero.ventana, directorio / nombre)) << nombre;
         EXPECT_EQ(tercero.vista.TomarAvisos(), "<335>");
     }
 }
@@ -103,18 +103,16 @@ TEST(Closing, SavesTheSettingsAndTidiesUp) {
         directorio.Escribir("language.txt", "0,\"English\"\n0,\"Espanol\"\n");
         Programa programa;
         CargarPrograma(programa, EntornoDe({{"tessaline_ini", directorio.Ruta().string()}}), directorio.Ruta());
-        EditorDePrueba p;
-        PrepararEditor(programa, p.editor);
-        EXPECT_EQ(p.editor.DirectorioDocumentos, directorio.Ruta().string());
+        VentanaDePrueba p;
         EXPECT_EQ(ElegirIdioma(programa, "  "), ResultadoIdioma::Bien);
         EXPECT_EQ(programa.ajustes.IdiomaActual, "");
         EXPECT_EQ(ElegirIdioma(programa, " Espanol "), ResultadoIdioma::Bien);
-        p.editor.DirectorioDocumentos = "/docs/";
-        p.editor.HayCambios = true;
+        programa.ajustes.DirectorioDocumentos = "/docs/";
+        p.ventana.documento.Cambiar();
         p.vista.respuestas = {cancela ? Respuesta::Cancelar : Respuesta::No};
         programa.generador = {directorio.Escribir("20240131_120000.tmp", "x").string(), true};
         bool desconectado = false;
-        EXPECT_EQ(CerrarPrograma(programa, p.editor, [&] { desconectado = true; }), !cancela);
+        EXPECT_EQ(CerrarPrograma(programa, p.ventana, [&] { desconectado = true; }), !cancela);
         EXPECT_EQ(desconectado, !cancela);
         EXPECT_EQ(fs::exists(directorio / "20240131_120000.tmp"), cancela);
         EXPECT_EQ(fs::exists(directorio / "Tessaline.ini"), !cancela);

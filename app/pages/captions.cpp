@@ -19,7 +19,7 @@
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 
 namespace qor {
 

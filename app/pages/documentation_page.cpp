@@ -61,7 +61,7 @@ PaginaDeDocumentacion::PaginaDeDocumentacion(const EntornoDePagina& entorno) : e
 }
 
 QLayout* PaginaDeDocumentacion::NuevoAvance(QSlider*& completado) {
-    Editor& editor = entorno_.editor;
+    Ventana& ventana = entorno_.ventana;
     auto* const barra = Nuevo<QSlider>("HScroll1", Qt::Horizontal, this);
     completado = barra;
     barra->setRange(0, 100);
@@ -69,10 +69,10 @@ QLayout* PaginaDeDocumentacion::NuevoAvance(QSlider*& completado) {
     auto* const porcentaje = Nuevo<QLabel>("Porcentaje", this);
     porcentaje->setMinimumWidth(porcentaje->fontMetrics().horizontalAdvance(QStringLiteral("100%")));
     connect(barra, &QSlider::valueChanged, this,
-            [this, &editor](int valor) { entorno_.lazos.Cambio([&] { CambiarOpcion(editor, &Opciones::HScroll1, valor); }); });
-    entorno_.lazos.AlMostrar([&editor, barra, porcentaje] {
-        barra->setValue(editor.opciones.HScroll1);
-        porcentaje->setText(TextoQt(Porcentaje(editor.opciones)));
+            [this, &ventana](int valor) { entorno_.lazos.Cambio([&] { CambiarOpcion(ventana, &Opciones::HScroll1, valor); }); });
+    entorno_.lazos.AlMostrar([&ventana, barra, porcentaje] {
+        barra->setValue(ventana.documento.opciones.HScroll1);
+        porcentaje->setText(TextoQt(Porcentaje(ventana.documento.opciones)));
     });
     auto* const avance = new QHBoxLayout;
     avance->addWidget(barra, 1);

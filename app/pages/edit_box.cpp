@@ -49,30 +49,30 @@ QLayout* CajaDeEdicion::NuevaFilaDeArrastre() {
 }
 
 void CajaDeEdicion::CrearBusquedas() {
-    Editor& editor = entorno_.editor;
+    Ventana& ventana = entorno_.ventana;
     Lazos& lazos = entorno_.lazos;
     buscado_ = lazos.CajaFiltrada("TextoBuscado", this);
     buscado_->setClearButtonEnabled(true);
     connect(buscado_, &QLineEdit::textChanged, this,
-            [this] { entorno_.lazos.Cambio([this] { CambiarTextoBuscado(entorno_.editor, buscado_->Texto()); }); });
+            [this] { entorno_.lazos.Cambio([this] { CambiarTextoBuscado(entorno_.ventana, buscado_->Texto()); }); });
     connect(buscado_, &QLineEdit::returnPressed, this, [this] { RepetirBusqueda(); });
-    lazos.AlMostrar([this] { buscado_->PonerTexto(entorno_.editor.busquedas.TextoBuscado); });
-    enArchivo_ = lazos.Boton("BuscarArchivo", this, [this, &editor] {
+    lazos.AlMostrar([this] { buscado_->PonerTexto(entorno_.ventana.busquedas.TextoBuscado); });
+    enArchivo_ = lazos.Boton("BuscarArchivo", this, [this, &ventana] {
         ultimaEnArchivo_ = true;
-        BuscarArchivo(editor);
+        BuscarArchivo(ventana);
     });
-    enTransaccion_ = lazos.Boton("BuscarTransaccion", this, [this, &editor] {
+    enTransaccion_ = lazos.Boton("BuscarTransaccion", this, [this, &ventana] {
         ultimaEnArchivo_ = false;
-        BuscarTransaccion(editor);
+        BuscarTransaccion(ventana);
     });
-    lazos.AlMostrar([this, &editor] {
-        enArchivo_->setText(TextoQt(editor.textos.Texto(RotuloDeBuscarArchivo(editor))));
-        enTransaccion_->setText(TextoQt(editor.textos.Texto(RotuloDeBuscarTransaccion(editor))));
+    lazos.AlMostrar([this, &ventana] {
+        enArchivo_->setText(TextoQt(ventana.textos.Texto(RotuloDeBuscarArchivo(ventana))));
+        enTransaccion_->setText(TextoQt(ventana.textos.Texto(RotuloDeBuscarTransaccion(ventana))));
     });
 }
 
 void CajaDeEdicion::RepetirBusqueda() {
-    entorno_.lazos.Hacer([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.editor) : BuscarTransaccion(entorno_.editor); });
+    entorno_.lazos.Hacer([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.ventana) : BuscarTransaccion(entorno_.ventana); });
 }
 
 void CajaDeEdicion::changeEvent(QEvent* evento) {

@@ -20,7 +20,7 @@ OpcionesDeErrores::OpcionesDeErrores(const EntornoDePagina& entorno) : entorno_(
 }
 
 QWidget* OpcionesDeErrores::NuevaContabilizacion() {
-    Editor& editor = entorno_.editor;
+    Ventana& ventana = entorno_.ventana;
     Lazos& lazos = entorno_.lazos;
     auto* const grupo = Nuevo<QGroupBox>("FrameContabilizacion", this);
     auto* const modo = ConSuLugar(Nuevo<QGroupBox>("CTFrame", grupo));
@@ -30,11 +30,11 @@ QWidget* OpcionesDeErrores::NuevaContabilizacion() {
         auto* const opcion = Nuevo<QRadioButton>(nombre, modo);
         letras->addButton(opcion);
         deModo->addWidget(opcion);
-        connect(opcion, &QRadioButton::toggled, this, [&editor, &lazos, letra = letra](bool puesta) {
-            if (puesta) lazos.Cambio([&] { CambiarOpcion(editor, &Opciones::Modo, letra); });
+        connect(opcion, &QRadioButton::toggled, this, [&ventana, &lazos, letra = letra](bool puesta) {
+            if (puesta) lazos.Cambio([&] { CambiarOpcion(ventana, &Opciones::Modo, letra); });
         });
-        lazos.AlMostrar([&editor, opcion, letra = letra] {
-            if (editor.opciones.Modo == letra) opcion->setChecked(true);
+        lazos.AlMostrar([&ventana, opcion, letra = letra] {
+            if (ventana.documento.opciones.Modo == letra) opcion->setChecked(true);
         });
     }
     deModo->addWidget(lazos.Casilla("ModeAsParameter", modo, &Opciones::ModeAsParameter));

@@ -19,18 +19,18 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
     auto* const titulo = EnNegrita(Nuevo<QLabel>("FileSpecification", this));
     auto* const rotulo = Nuevo<QLabel>("LineaArchivoLabel", this);
     linea_ = Nuevo<RotuloDeLinea>("LineaArchivo", this,
-                                  [this] { entorno_.lazos.Hacer([this] { DobleClicLineaArchivo(entorno_.editor); }); });
+                                  [this] { entorno_.lazos.Hacer([this] { DobleClicLineaArchivo(entorno_.ventana); }); });
 
     auto* const marco = Nuevo<MarcoDeRejilla>(
-        "RejillaArchivo", this, [this](int filas) { entorno_.lazos.Hacer([&] { DesplazarArchivo(entorno_.editor, filas); }); });
+        "RejillaArchivo", this, [this](int filas) { entorno_.lazos.Hacer([&] { DesplazarArchivo(entorno_.ventana, filas); }); });
     auto* const rejilla = marco->Orden();
     rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("ColumnName", marco)), 0, 0);
     rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("FileWidth", marco)), 0, 1);
     rejilla->addWidget(ComoCabecera(new QLabel(marco)), 0, 2);
     for (int i = 0; i < lineasArchivo; ++i) {
-        for (const Columna columna : {Columna::Text1, Columna::Text2}) {
+        for (const Columna columna : {Columna::CampoDeArchivo, Columna::Ancho}) {
             celdas_.push_back(NuevaCelda(entorno_, {columna, i}, marco, acciones_.notas));
-            rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(ColumnaDeTabla(columna)));
+            rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(columna)));
         }
         rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
         rejilla->setRowStretch(i + 1, 1);
@@ -39,7 +39,7 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
     rejilla->setColumnStretch(1, 2);
     barra_ = NuevaBarra(this, "BarraArchivo", ultimaPrimeraFilaArchivo, lineasArchivo);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
-        entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.editor, primera - entorno_.editor.archivo.PrimeraFilaArchivo); });
+        entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.ventana, primera - entorno_.ventana.archivo.PrimeraFilaArchivo); });
     });
 
     auto* const orden = new QGridLayout(this);
@@ -63,7 +63,7 @@ QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
     boton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     connect(boton, &QToolButton::clicked, this, [this, linea] {
         entorno_.lazos.Hacer([&] {
-            if (const auto fila = ClicEnABAP(entorno_.editor, linea)) acciones_.codigo(*fila);
+            if (const auto fila = ClicEnABAP(entorno_.ventana, linea)) acciones_.codigo(*fila);
         });
     });
     ABAP_[static_cast<std::size_t>(linea)] = boton;
@@ -71,10 +71,10 @@ QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
 }
 
 void PanelDeArchivo::MostrarLineas() {
-    const Editor& editor = entorno_.editor;
-    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(editor, celda->Lugar()));
+    const Ventana& ventana = entorno_.ventana;
+    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(ventana, celda->Lugar()));
     for (std::size_t i = 0; i < ABAP_.size(); ++i) {
-        const Color color = editor.archivo.ABAP[i].color;
+        const Color color = ventana.archivo.conversion[i].color;
         QPalette paleta = ABAP_[i]->palette();
         const QColor nuevo = color == Color::Rojo ? ColorDeTexto(color, palette()) : palette().color(QPalette::ButtonText);
         if (paleta.color(QPalette::ButtonText) == nuevo) continue;
@@ -84,8 +84,8 @@ void PanelDeArchivo::MostrarLineas() {
         letra.setBold(color == Color::Rojo);
         ABAP_[i]->setFont(letra);
     }
-    linea_->setText(QString::number(editor.archivo.LineaArchivo));
-    barra_->setValue(editor.archivo.PrimeraFilaArchivo);
+    linea_->setText(QString::number(ventana.archivo.LineaArchivo));
+    barra_->setValue(ventana.archivo.PrimeraFilaArchivo);
 }
 
 }  // namespace qor

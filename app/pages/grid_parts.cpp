@@ -16,23 +16,23 @@ namespace qor {
 
 namespace {
 
-void FiltrarTeclas(CeldaDeRejilla* celda, Editor& editor, const Lazos& lazos) {
+void FiltrarTeclas(CeldaDeRejilla* celda, Ventana& ventana, const Lazos& lazos) {
     const LugarDeCelda lugar = celda->Lugar();
-    celda->PonerFiltro([&editor, &lazos, lugar](std::string_view texto) -> std::string {
+    celda->PonerFiltro([&ventana, &lazos, lugar](std::string_view texto) -> std::string {
         std::string pasado;
         lazos.Hacer([&] {
             if (texto.size() != 1) {
-                pasado = FiltrarTextoDeCelda(editor, lugar, texto);
+                pasado = FiltrarTextoDeCelda(ventana, lugar, texto);
                 return;
             }
-            const char tecla = FiltrarTeclaDeCelda(editor, lugar, texto.front());
+            const char tecla = FiltrarTeclaDeCelda(ventana, lugar, texto.front());
             if (tecla != teclaDescartada) pasado = tecla;
         });
         return pasado;
     });
-    celda->PonerFiltroDeRetroceso([&editor, &lazos, lugar] {
+    celda->PonerFiltroDeRetroceso([&ventana, &lazos, lugar] {
         bool admite = false;
-        lazos.Hacer([&] { admite = FiltrarTeclaDeCelda(editor, lugar, retroceso) != teclaDescartada; });
+        lazos.Hacer([&] { admite = FiltrarTeclaDeCelda(ventana, lugar, retroceso) != teclaDescartada; });
         return admite;
     });
 }
@@ -45,27 +45,27 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     celda->setMinimumWidth(celda->fontMetrics().averageCharWidth() * 3);
     celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     celda->setMaximumHeight(celda->sizeHint().height() * 3 / 2);
-    Editor& editor = entorno.editor;
+    Ventana& ventana = entorno.ventana;
     Lazos& lazos = entorno.lazos;
-    FiltrarTeclas(celda, editor, lazos);
+    FiltrarTeclas(celda, ventana, lazos);
     const auto alOcurrir = [&](auto senal, auto accion) {
         QObject::connect(celda, senal, &lazos,
                          [&lazos, accion](auto... datos) { lazos.Hacer([&accion, datos...] { accion(datos...); }); });
     };
-    alOcurrir(&CeldaDeRejilla::Entrada, [&editor, lugar] { EntrarEnCelda(editor, lugar); });
-    alOcurrir(&CeldaDeRejilla::Salida, [&editor, lugar] { SalirDeCelda(editor, lugar); });
-    alOcurrir(&CeldaDeRejilla::Escrita, [&editor, celda, lugar] {
-        // A new document has taken the focus from the editor, and not from the control.
-        EntrarEnCelda(editor, lugar);
-        CambiarCelda(editor, lugar.columna, lugar.linea, celda->Texto());
+    alOcurrir(&CeldaDeRejilla::Entrada, [&ventana, lugar] { EntrarEnCelda(ventana, lugar); });
+    alOcurrir(&CeldaDeRejilla::Salida, [&ventana, lugar] { SalirDeCelda(ventana, lugar); });
+    alOcurrir(&CeldaDeRejilla::Escrita, [&ventana, celda, lugar] {
+        // A new document has taken the focus from the ventana, and not from the control.
+        EntrarEnCelda(ventana, lugar);
+        EscribirEnCelda(ventana, lugar, celda->Texto());
     });
-    alOcurrir(&CeldaDeRejilla::Pulsada, [&editor, lugar](Tecla tecla) { TeclaEnCelda(editor, lugar, tecla); });
-    alOcurrir(&CeldaDeRejilla::PideDeshacer, [&editor] { Deshacer(editor); });
-    alOcurrir(&CeldaDeRejilla::SoltadoCampo, [&editor, lugar](int linea) { SoltarCampo(editor, lugar.linea, linea); });
+    alOcurrir(&CeldaDeRejilla::Pulsada, [&ventana, lugar](Tecla tecla) { TeclaEnCelda(ventana, lugar, tecla); });
+    alOcurrir(&CeldaDeRejilla::PideDeshacer, [&ventana] { Deshacer(ventana); });
+    alOcurrir(&CeldaDeRejilla::SoltadoCampo, [&ventana, lugar](int linea) { SoltarCampo(ventana, lugar.linea, linea); });
     alOcurrir(&CeldaDeRejilla::SoltadoOkCode,
-              [&editor, lugar](RotuloDeOkCode rotulo) { SoltarOkCode(editor, lugar.linea, rotulo); });
-    alOcurrir(&CeldaDeRejilla::DobleClic, [&editor, lugar, notas] {
-        if (const auto fila = DobleClicEnCelda(editor, lugar)) notas(*fila);
+              [&ventana, lugar](RotuloDeOkCode rotulo) { SoltarOkCode(ventana, lugar.linea, rotulo); });
+    alOcurrir(&CeldaDeRejilla::DobleClic, [&ventana, lugar, notas] {
+        if (const auto fila = DobleClicEnCelda(ventana, lugar)) notas(*fila);
     });
     return celda;
 }

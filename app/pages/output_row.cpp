@@ -5,6 +5,7 @@
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
 #include "app/qt/theme_icon.h"
+#include "base/chosen_path.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
 
@@ -21,8 +22,10 @@ FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<v
     auto* const rotulo = Nuevo<QLabel>("GenerateProgram", this);
     auto* const programa = lazos.Linea("Programa", this, &Opciones::Programa);
     rotulo->setBuddy(programa);
-    auto* const examinar = lazos.Boton("ExaminarPrograma", this, [&editor = entorno.editor, &vista = entorno.vista] {
-        if (const auto ruta = vista.ElegirParaGrabar(filtroDeProgramas)) CambiarOpcion(editor, &Opciones::Programa, *ruta);
+    auto* const examinar = lazos.Boton("ExaminarPrograma", this, [&ventana = entorno.ventana, &vista = entorno.vista] {
+        if (const auto ruta = ComoTexto(vista.ElegirParaGrabar(filtroDeProgramas), vista)) {
+            CambiarOpcion(ventana, &Opciones::Programa, *ruta);
+        }
     });
     auto* const boton = lazos.Boton("Generar", this, generar);
     boton->setIcon(IconoDeTema("generate"));

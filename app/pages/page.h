@@ -3,7 +3,7 @@
 #include "app/pages/ties.h"
 #include "app/start_up.h"
 #include "base/view.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 
 namespace qor {
 
@@ -11,7 +11,7 @@ namespace qor {
 // and ties them to the state; what opens a dialog it leaves to the main form, by functions that are handed to it.
 struct EntornoDePagina {
     Programa& programa;
-    Editor& editor;
+    Ventana& ventana;
     Vista& vista;
     Lazos& lazos;
 };

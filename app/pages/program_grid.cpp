@@ -26,15 +26,15 @@ constexpr int anchoDeText5 = 2600;
 PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesDeRejilla& acciones, QWidget* padre)
     : QWidget(padre), entorno_(entorno) {
     auto* const titulo = EnNegrita(Nuevo<QLabel>("TransactionSpecification", this));
-    expandir_ = entorno_.lazos.Boton("ExpandirCampo", this, [this] { ClicExpandirCampo(entorno_.editor); });
+    expandir_ = entorno_.lazos.Boton("ExpandirCampo", this, [this] { ClicExpandirCampo(entorno_.ventana); });
     expandir_->setFixedWidth(expandir_->fontMetrics().height() * 2);
     expandir_->setFixedHeight(AltoDeTitulo(*expandir_));
     auto* const rotulo = Nuevo<QLabel>("LineaTransaccionLabel", this);
     linea_ = Nuevo<RotuloDeLinea>("LineaTransaccion", this,
-                                  [this] { entorno_.lazos.Hacer([this] { DobleClicLineaTransaccion(entorno_.editor); }); });
+                                  [this] { entorno_.lazos.Hacer([this] { DobleClicLineaTransaccion(entorno_.ventana); }); });
 
     auto* const marco = Nuevo<MarcoDeRejilla>("RejillaTransaccion", this, [this](int filas) {
-        entorno_.lazos.Hacer([&] { DesplazarTransaccion(entorno_.editor, filas); });
+        entorno_.lazos.Hacer([&] { DesplazarTransaccion(entorno_.ventana, filas); });
     });
     columnas_ = marco->Orden();
     int columna = 0;
@@ -42,16 +42,16 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
         columnas_->addWidget(ComoCabecera(Nuevo<QLabel>(cabecera, marco)), 0, columna++);
     }
     for (int i = 0; i < lineasTransaccion; ++i) {
-        for (const Columna c : {Columna::Text6, Columna::Text3, Columna::Text4, Columna::Text5}) {
+        for (const Columna c : {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor}) {
             celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones.notas));
-            columnas_->addWidget(celdas_.back(), i + 1, static_cast<int>(ColumnaDeTabla(c)));
+            columnas_->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(c)));
         }
         columnas_->setRowStretch(i + 1, 1);
     }
     barra_ = NuevaBarra(this, "BarraTransaccion", ultimaPrimeraFilaTransaccion, lineasTransaccion);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
         entorno_.lazos.Cambio(
-            [&] { DesplazarTransaccion(entorno_.editor, primera - entorno_.editor.transaccion.PrimeraFilaTransaccion); });
+            [&] { DesplazarTransaccion(entorno_.ventana, primera - entorno_.ventana.transaccion.PrimeraFilaTransaccion); });
     });
 
     auto* const orden = new QGridLayout(this);
@@ -68,21 +68,21 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
 }
 
 void PanelDePrograma::MostrarLineas() {
-    const Editor& editor = entorno_.editor;
-    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(editor, celda->Lugar()));
-    linea_->setText(QString::number(editor.transaccion.LineaTransaccion));
-    barra_->setValue(editor.transaccion.PrimeraFilaTransaccion);
-    if (expandido_ != static_cast<int>(editor.ventana.ExpandirCampo)) RepartirColumnas();
+    const Ventana& ventana = entorno_.ventana;
+    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(ventana, celda->Lugar()));
+    linea_->setText(QString::number(ventana.transaccion.LineaTransaccion));
+    barra_->setValue(ventana.transaccion.PrimeraFilaTransaccion);
+    if (expandido_ != static_cast<int>(ventana.ExpandirCampo)) RepartirColumnas();
 }
 
 void PanelDePrograma::RepartirColumnas() {
-    const bool expandido = entorno_.editor.ventana.ExpandirCampo;
+    const bool expandido = entorno_.ventana.ExpandirCampo;
     expandido_ = static_cast<int>(expandido);
     columnas_->setColumnStretch(0, anchoDeText6 + (expandido ? expansionDeText6 : 0));
     columnas_->setColumnStretch(1, anchoDeText3 + (expandido ? expansionDeText3 : 0));
     columnas_->setColumnStretch(2, anchoDeText4 + (expandido ? expansionDeText4 : 0));
     columnas_->setColumnStretch(3, anchoDeText5);
-    expandir_->setText(QString::fromLatin1(RotuloDeExpandirCampo(entorno_.editor)));
+    expandir_->setText(QString::fromLatin1(RotuloDeExpandirCampo(entorno_.ventana)));
 }
 
 }  // namespace qor

@@ -10,6 +10,8 @@
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
+#include "base/chosen_path.h"
+#include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
@@ -28,7 +30,8 @@ PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const std::function
     auto* const otro = entorno_.lazos.Boton("OtherSource", this, otroOrigen);
     auto* const propio = EnNegrita(Nuevo<QLabel>("Otro1", this));
     auto* const explicacion = Nuevo<QLabel>("Otro2", this);
-    entorno_.lazos.AlMostrar([this, explicacion] { explicacion->setVisible(entorno_.editor.especificacion.OrigenUsuario); });
+    entorno_.lazos.AlMostrar(
+        [this, explicacion] { explicacion->setVisible(entorno_.ventana.documento.especificacion.OrigenUsuario); });
     auto* const propios = new QVBoxLayout;
     propios->addWidget(propio);
     propios->addWidget(explicacion);
@@ -41,7 +44,7 @@ PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const std::function
 }
 
 QGroupBox* PanelDeOrigen::NuevoGrupo() {
-    Editor& editor = entorno_.editor;
+    Ventana& ventana = entorno_.ventana;
     Lazos& lazos = entorno_.lazos;
     auto* const grupo = Nuevo<QGroupBox>("SourceField", this);
     const auto lugar = lazos.Par("ClienteOp", "ServidorOp", grupo, &Opciones::ClienteOp);
@@ -50,12 +53,15 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
     auto* const parametro = lazos.Casilla("FileParameterCh", grupo, &Opciones::FileParameterCh);
     auto* const ayuda = lazos.Casilla("AddF4", grupo, &Opciones::AddF4);
     auto* const nombre = Nuevo<QLabel>("SourceName", grupo);
-    lazos.AlMostrar([&editor, nombre] { nombre->setText(TextoQt(editor.textos.Texto(RotuloDeSourceName(editor.opciones)))); });
+    lazos.AlMostrar(
+        [&ventana, nombre] { nombre->setText(TextoQt(ventana.textos.Texto(RotuloDeSourceName(ventana.documento.opciones)))); });
     auto* const archivo = lazos.Linea("ArchivoFuente", grupo, &Opciones::ArchivoFuente);
     nombre->setBuddy(archivo);
     auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {
-        const auto ruta = entorno_.vista.ElegirParaAbrir(entorno_.editor.DirectorioDocumentos, todosLosArchivos);
-        if (ruta) CambiarOpcion(entorno_.editor, &Opciones::ArchivoFuente, *ruta);
+        Vista& vista = entorno_.vista;
+        const auto directorio = RutaDelSistema(entorno_.programa.ajustes.DirectorioDocumentos);
+        const auto ruta = ComoTexto(vista.ElegirParaAbrir(directorio, todosLosArchivos), vista);
+        if (ruta) CambiarOpcion(entorno_.ventana, &Opciones::ArchivoFuente, *ruta);
     });
 
     auto* const opciones = new QGridLayout(grupo);

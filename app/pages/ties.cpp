@@ -30,8 +30,8 @@ void Lazos::MostrarTodo() {
 QCheckBox* Lazos::Casilla(const char* nombre, QWidget* padre, int Opciones::*opcion) {
     auto* const casilla = Nuevo<QCheckBox>(nombre, padre);
     connect(casilla, &QCheckBox::toggled, this,
-            [this, opcion](bool puesta) { Cambio([&] { CambiarOpcion(editor_, opcion, puesta ? 1 : 0); }); });
-    AlMostrar([this, casilla, opcion] { casilla->setChecked(editor_.opciones.*opcion == 1); });
+            [this, opcion](bool puesta) { Cambio([&] { CambiarOpcion(ventana_, opcion, puesta ? 1 : 0); }); });
+    AlMostrar([this, casilla, opcion] { casilla->setChecked(ventana_.documento.opciones.*opcion == 1); });
     return casilla;
 }
 
@@ -42,30 +42,30 @@ std::array<QRadioButton*, 2> Lazos::Par(const char* primero, const char* segundo
     grupo->addButton(si);
     grupo->addButton(no);
     connect(si, &QRadioButton::toggled, this,
-            [this, opcion](bool puesto) { Cambio([&] { CambiarOpcion(editor_, opcion, puesto); }); });
-    AlMostrar([this, si, no, opcion] { (editor_.opciones.*opcion ? si : no)->setChecked(true); });
+            [this, opcion](bool puesto) { Cambio([&] { CambiarOpcion(ventana_, opcion, puesto); }); });
+    AlMostrar([this, si, no, opcion] { (ventana_.documento.opciones.*opcion ? si : no)->setChecked(true); });
     return {si, no};
 }
 
 CajaDeLinea* Lazos::Linea(const char* nombre, QWidget* padre, std::string Opciones::*opcion,
-                          void (*cambiar)(Editor&, const std::string&)) {
+                          void (*cambiar)(Ventana&, const std::string&)) {
     auto* const caja = CajaFiltrada(nombre, padre);
     connect(caja, &QLineEdit::textChanged, this, [this, caja, opcion, cambiar] {
         Cambio([&] {
-            if (cambiar != nullptr) return cambiar(editor_, caja->Texto());
-            CambiarOpcion(editor_, opcion, caja->Texto());
+            if (cambiar != nullptr) return cambiar(ventana_, caja->Texto());
+            CambiarOpcion(ventana_, opcion, caja->Texto());
         });
     });
-    AlMostrar([this, caja, opcion] { caja->PonerTexto(editor_.opciones.*opcion); });
+    AlMostrar([this, caja, opcion] { caja->PonerTexto(ventana_.documento.opciones.*opcion); });
     return caja;
 }
 
 CajaDeTexto* Lazos::Texto(const char* nombre, QWidget* padre, std::string Opciones::*opcion) {
     auto* const caja = Nuevo<CajaDeTexto>(nombre, padre);
     connect(caja, &QPlainTextEdit::textChanged, this,
-            [this, caja, opcion] { Cambio([&] { CambiarOpcion(editor_, opcion, caja->Texto()); }); });
+            [this, caja, opcion] { Cambio([&] { CambiarOpcion(ventana_, opcion, caja->Texto()); }); });
     AlMostrar([this, caja, opcion] {
-        if (caja->Texto() != editor_.opciones.*opcion) caja->PonerTexto(editor_.opciones.*opcion);
+        if (caja->Texto() != ventana_.documento.opciones.*opcion) caja->PonerTexto(ventana_.documento.opciones.*opcion);
     });
     return caja;
 }
@@ -77,8 +77,8 @@ QComboBox* Lazos::Combo(const char* nombre, QWidget* padre, std::string Opciones
     auto* const caja = new CajaDeLinea(combo);
     combo->setLineEdit(caja);
     connect(combo, &QComboBox::currentTextChanged, this,
-            [this, caja, opcion] { Cambio([&] { CambiarOpcion(editor_, opcion, caja->Texto()); }); });
-    AlMostrar([this, caja, opcion] { caja->PonerTexto(editor_.opciones.*opcion); });
+            [this, caja, opcion] { Cambio([&] { CambiarOpcion(ventana_, opcion, caja->Texto()); }); });
+    AlMostrar([this, caja, opcion] { caja->PonerTexto(ventana_.documento.opciones.*opcion); });
     return combo;
 }
 

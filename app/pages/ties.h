@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/editor.h"
+#include "editor/window.h"
 
 class QCheckBox;
 class QComboBox;
@@ -27,7 +27,7 @@ public:
     using Ejecutor = std::function<void(const Accion&)>;
 
     // `evento` runs an action and shows the state behind it.
-    Lazos(Editor& editor, Ejecutor evento) : editor_(editor), evento_(std::move(evento)) {}
+    Lazos(Ventana& ventana, Ejecutor evento) : ventana_(ventana), evento_(std::move(evento)) {}
 
     // ---- Events ----
 
@@ -57,7 +57,7 @@ public:
     std::array<QRadioButton*, 2> Par(const char* primero, const char* segundo, QWidget* padre, bool Opciones::*opcion);
     // `cambiar` takes a typed text over in the place of CambiarOpcion.
     CajaDeLinea* Linea(const char* nombre, QWidget* padre, std::string Opciones::*opcion,
-                       void (*cambiar)(Editor&, const std::string&) = nullptr);
+                       void (*cambiar)(Ventana&, const std::string&) = nullptr);
     CajaDeTexto* Texto(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
     QComboBox* Combo(const char* nombre, QWidget* padre, std::string Opciones::*opcion);
 
@@ -72,7 +72,7 @@ public:
     QPushButton* Boton(const char* nombre, QWidget* padre, const Accion& accion);
 
 private:
-    Editor& editor_;
+    Ventana& ventana_;
     Ejecutor evento_;
     std::vector<Accion> pasos_;
     bool mostrando_ = false;

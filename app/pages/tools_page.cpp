@@ -6,8 +6,11 @@
 #include <QPushButton>
 
 #include "app/pages/controls.h"
+#include "app/show_changes.h"
+#include "base/paths.h"
+#include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
-#include "sap/import.h"
+#include "base/qt/words.h"
 #include "sap/widths.h"
 
 namespace qor {
@@ -93,18 +96,21 @@ QWidget* PaginaDeHerramientas::NuevaColumnaDeArchivos(const std::function<void()
 
 QGroupBox* PaginaDeHerramientas::NuevaImportacion(QWidget* padre) {
     Lazos& lazos = entorno_.lazos;
-    Editor& editor = entorno_.editor;
+    Ventana& ventana = entorno_.ventana;
     auto* const grupo = Nuevo<QGroupBox>("FrameImportarTransacciones", padre);
     auto* const archivo = lazos.CajaFiltrada("ReporteTrans", grupo);
-    auto* const examinar = lazos.Boton("ExaminarReporte", grupo, [this, &editor] {
-        if (const auto ruta = entorno_.vista.ElegirParaAbrir(editor.DirectorioDocumentos, "*.*|*"))
-            editor.ventana.ReporteTrans = *ruta;
+    auto* const examinar = lazos.Boton("ExaminarReporte", grupo, [this, &ventana] {
+        const auto directorio = RutaDelSistema(entorno_.programa.ajustes.DirectorioDocumentos);
+        if (const auto ruta = entorno_.vista.ElegirParaAbrir(directorio, "*.*|*")) ventana.ReporteTrans = *ruta;
     });
-    auto* const importar = lazos.Boton("ImportTrans", grupo, [&editor] { ImportarSesion(editor, editor.ventana.ReporteTrans); });
+    auto* const importar = lazos.Boton("ImportTrans", grupo, [&ventana] {
+        auto importacion = LeerImportacion(ventana.documento.especificacion, ventana.ReporteTrans, ventana.textos, ventana.vista);
+        if (importacion) TomarImportacion(ventana, std::move(*importacion), TextoDelModelo(Palabra(ventana.textos, "Rows")));
+    });
     connect(archivo, &QLineEdit::textChanged, this,
-            [&lazos, &editor, archivo] { lazos.Cambio([&] { editor.ventana.ReporteTrans = archivo->Texto(); }); });
+            [&lazos, &ventana, archivo] { lazos.Cambio([&] { ventana.ReporteTrans = RutaDelSistema(archivo->Texto()); }); });
     connect(archivo, &QLineEdit::returnPressed, importar, &QPushButton::click);
-    lazos.AlMostrar([&editor, archivo] { archivo->PonerTexto(editor.ventana.ReporteTrans); });
+    lazos.AlMostrar([&ventana, archivo] { archivo->PonerTexto(TextoDeRuta(ventana.ReporteTrans)); });
     auto* const orden = new QGridLayout(grupo);
     orden->addWidget(archivo, 0, 0);
     orden->addWidget(examinar, 0, 1);
@@ -118,11 +124,15 @@ QGroupBox* PaginaDeHerramientas::NuevosAnchos(QWidget* padre) {
     auto* const orden = new QHBoxLayout(grupo);
     orden->addWidget(lazos.Boton("GenerarInfoCampos", grupo, [this] {
         const Programa& programa = entorno_.programa;
-        GenerarInfoCampos(entorno_.editor.especificacion, programa.ajustes.ArchivoAnchos, false, programa.textos, entorno_.vista);
+        GenerarInfoCampos(entorno_.ventana.documento.especificacion, RutaDelSistema(programa.ajustes.ArchivoAnchos), false,
+                          programa.textos, entorno_.vista);
     }));
     orden->addWidget(Nuevo<QLabel>("then1", grupo));
-    orden->addWidget(
-        lazos.Boton("ImportInfo", grupo, [this] { ImportInfo(entorno_.editor, entorno_.programa.ajustes.ArchivoAnchos); }));
+    orden->addWidget(lazos.Boton("ImportInfo", grupo, [this] {
+        Ventana& ventana = entorno_.ventana;
+        const auto archivo = RutaDelSistema(entorno_.programa.ajustes.ArchivoAnchos);
+        if (ImportInfo(ventana.documento, archivo, ventana.textos, ventana.vista)) MostrarAnchos(ventana);
+    }));
     orden->addStretch();
     return grupo;
 }

@@ -146,7 +146,7 @@ void CeldaDeRejilla::focusOutEvent(QFocusEvent* evento) {
 
 void CeldaDeRejilla::mousePressEvent(QMouseEvent* evento) {
     agarre_.reset();
-    const bool deNombre = lugar_.columna == Columna::Text1 && !text().isEmpty() && evento->button() == Qt::LeftButton;
+    const bool deNombre = lugar_.columna == Columna::CampoDeArchivo && !text().isEmpty() && evento->button() == Qt::LeftButton;
     const bool sobreSeleccion = seleccionarAlSoltar_ || (hasSelectedText() && selectedText() == text());
     if (deNombre && sobreSeleccion) agarre_ = evento->pos();
     CajaDeLinea::mousePressEvent(evento);
@@ -176,7 +176,7 @@ void CeldaDeRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
 void CeldaDeRejilla::Arrastrar() { ArrastrarCon(this, DatosDeCampo(lugar_.linea, text())); }
 
 bool CeldaDeRejilla::RecibeDeRejilla(const QMimeData* datos) const {
-    return lugar_.columna == Columna::Text5 &&
+    return lugar_.columna == Columna::Valor &&
            (datos->hasFormat(QString::fromLatin1(tipoDeCampo)) || datos->hasFormat(QString::fromLatin1(tipoDeOkCode)));
 }
 
@@ -184,7 +184,7 @@ void CeldaDeRejilla::dragEnterEvent(QDragEnterEvent* evento) {
     const bool deRejilla = evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeCampo)) ||
                            evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeOkCode));
     if (!deRejilla) return CajaDeLinea::dragEnterEvent(evento);
-    if (evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeCampo)) && lugar_.columna == Columna::Text1) {
+    if (evento->mimeData()->hasFormat(QString::fromLatin1(tipoDeCampo)) && lugar_.columna == Columna::CampoDeArchivo) {
         setFocus(Qt::OtherFocusReason);
     }
     evento->setAccepted(RecibeDeRejilla(evento->mimeData()));

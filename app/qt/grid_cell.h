@@ -7,7 +7,7 @@
 #include "base/qt/text_boxes.h"
 #include "editor/cell_actions.h"
 #include "editor/cell_keys.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 
 class QMimeData;
 

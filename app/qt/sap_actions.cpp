@@ -7,12 +7,14 @@
 #include <utility>
 
 #include "app/sap_connection.h"
+#include "app/show_changes.h"
+#include "base/paths.h"
 #include "base/qt/text.h"
+#include "base/qt/words.h"
 #include "sap/FormABAP.h"
 #include "sap/FormImport.h"
 #include "sap/FormLogon.h"
 #include "sap/connected_system.h"
-#include "sap/import.h"
 #include "sap/nwrfc_library.h"
 #include "sap/publish.h"
 #include "sap/queue_choice.h"
@@ -41,7 +43,9 @@ public:
         : e_(entorno),
           sesion_(NuevaSesionSAP(e_.programa.ajustes, e_.programa.directorioDeDatos,
                                  [this](ParametrosDeLogon& parametros) { return PedirLogon(parametros); })),
-          sistema_(e_.editor, sesion_, DialogoDelNombre()) {}
+          sistema_(
+              e_.ventana.documento, sesion_, DialogoDelNombre(), [this] { MostrarAnchos(e_.ventana); }, e_.programa.textos,
+              e_.vista) {}
 
     bool Disponible() const override {
         try {
@@ -57,24 +61,36 @@ public:
     void Logon() override {
         const auto opciones = OpcionesDeLogonDe(e_.programa.ajustes);
         if (!Logon_Click(sesion_, opciones, e_.programa.ajustes.preferencias, e_.programa.textos, e_.vista)) return;
-        if (ImportarTrasLogon(opciones, e_.editor.HayCambios, e_.editor.DocumentoBloqueado())) ButtonOnlineSHDB();
+        if (ImportarTrasLogon(opciones, e_.ventana.documento.HayCambios(), e_.ventana.documento.Bloqueado())) ButtonOnlineSHDB();
     }
     void Logoff() override { Logoff_Click(sesion_); }
 
-    void ButtonOnlineSHDB() override { qor::ButtonOnlineSHDB(e_.editor, DialogoDeColas()); }
-    void ButtonOnlineSM35() override { qor::ButtonOnlineSM35(e_.editor, DialogoDeColas()); }
-    void ButtonOnlineAnchos() override { qor::ButtonOnlineAnchos(e_.editor, sesion_); }
+    void ButtonOnlineSHDB() override {
+        Tomar(qor::ButtonOnlineSHDB(e_.ventana.documento.especificacion, DialogoDeColas(), e_.programa.textos, e_.vista));
+    }
+    void ButtonOnlineSM35() override {
+        Tomar(qor::ButtonOnlineSM35(e_.ventana.documento.especificacion, DialogoDeColas(), e_.programa.textos, e_.vista));
+    }
+    void ButtonOnlineAnchos() override {
+        if (qor::ButtonOnlineAnchos(e_.ventana.documento, sesion_, e_.programa.textos, e_.vista)) MostrarAnchos(e_.ventana);
+    }
     void ButtonOnlinePublish() override {
         qor::ButtonOnlinePublish(sesion_, e_.programa.generador.UltimoPrograma, DialogoDelNombre(), e_.programa.textos, e_.vista);
     }
     void ButtonOnlinePublishLocal() override {
-        qor::ButtonOnlinePublishLocal(sesion_, e_.editor.DirectorioDocumentos, DialogoDelNombre(), e_.programa.textos, e_.vista);
+        qor::ButtonOnlinePublishLocal(sesion_, RutaDelSistema(e_.programa.ajustes.DirectorioDocumentos), DialogoDelNombre(),
+                                      e_.programa.textos, e_.vista);
     }
 
     SistemaConectado* Sistema() override { return sesion_.Conectado ? &sistema_ : nullptr; }
     SesionSAP* Sesion() override { return &sesion_; }
 
 private:
+    void Tomar(std::optional<Importacion> importacion) {
+        if (!importacion) return;
+        TomarImportacion(e_.ventana, std::move(*importacion), TextoDelModelo(Palabra(e_.programa.textos, "Rows")));
+    }
+
     QString Memoria() const {
         const auto ruta = e_.programa.rutaDeAjustes.parent_path() / "qor-connection.ini";
         return QString::fromStdString(ruta.string());
@@ -84,7 +100,7 @@ private:
         QSettings memoria(Memoria(), QSettings::IniFormat);
         for (const auto& [clave, campo] : recordados)
             parametros.*campo = TextoDelModelo(memoria.value(QLatin1String(clave)).toString());
-        FormLogon dialogo(parametros, e_.programa.textos, e_.ventana);
+        FormLogon dialogo(parametros, e_.programa.textos, e_.padre);
         if (dialogo.exec() != QDialog::Accepted) return false;
         for (const auto& [clave, campo] : recordados) memoria.setValue(QLatin1String(clave), TextoQt(parametros.*campo));
         return true;
@@ -92,7 +108,7 @@ private:
 
     DialogoABAP DialogoDelNombre() {
         return [this](const std::string& propuesto) {
-            FormABAP dialogo(sesion_, e_.programa.textos, e_.vista, propuesto, e_.ventana);
+            FormABAP dialogo(sesion_, e_.programa.textos, e_.vista, propuesto, e_.padre);
             dialogo.exec();
             return dialogo.NombreElegido();
         };
@@ -100,7 +116,7 @@ private:
 
     DialogoImport DialogoDeColas() {
         return [this](FormularioImport& formulario) {
-            FormImport(formulario, sesion_, e_.programa.textos, e_.vista, e_.ventana).exec();
+            FormImport(formulario, sesion_, e_.programa.textos, e_.vista, e_.padre).exec();
         };
     }
 

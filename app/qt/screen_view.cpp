@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QUrl>
 
-#include "base/code_page.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
@@ -107,27 +106,22 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     return no != nullptr && caja.clickedButton() == no ? Respuesta::No : Respuesta::Cancelar;
 }
 
-std::optional<std::string> VistaDePantalla::Elegido(const QString& ruta) {
-    if (ruta.isEmpty()) return std::nullopt;
-    auto texto = DesdeUtf8(ruta.toStdString());
-    if (!texto) Advertir(MensajeLiteral("The name of the file has a character outside windows-1252. Please choose another name."));
-    return texto;
-}
-
-std::optional<std::string> VistaDePantalla::ElegirParaAbrir(const std::string& directorio, const std::string& filtro) {
+std::optional<std::filesystem::path> VistaDePantalla::ElegirParaAbrir(const std::filesystem::path& directorio,
+                                                                      const std::string& filtro) {
     AntesDePreguntar();
-    const QString ruta = QFileDialog::getOpenFileName(Padre(), {}, TextoQt(directorio), FiltroQt(filtro));
-    return Elegido(ruta);
+    const QString ruta = QFileDialog::getOpenFileName(Padre(), {}, NombreQt(directorio), FiltroQt(filtro));
+    if (ruta.isEmpty()) return std::nullopt;
+    return RutaDeQt(ruta);
 }
 
-std::optional<std::string> VistaDePantalla::ElegirParaGrabar(const std::string& filtro) {
+std::optional<std::filesystem::path> VistaDePantalla::ElegirParaGrabar(const std::string& filtro) {
     AntesDePreguntar();
     QFileDialog dialogo(Padre(), {}, {}, FiltroQt(filtro));
     dialogo.setAcceptMode(QFileDialog::AcceptSave);
     const auto patron = AntesDe(DespuesDe(filtro, '|'), '|');
     if (patron.starts_with("*.")) dialogo.setDefaultSuffix(TextoQt(patron.substr(2)));
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
-    return Elegido(dialogo.selectedFiles().constFirst());
+    return RutaDeQt(dialogo.selectedFiles().constFirst());
 }
 
 void VistaDePantalla::PunteroOcupado(bool ocupado) {
@@ -154,8 +148,8 @@ void VistaDePantalla::MostrarTexto(const std::string& texto) {
     FormMostrarTextos(textos_, texto, Padre()).exec();
 }
 
-bool VistaDePantalla::AbrirEditor(const std::string& ruta) {
-    const QString archivo = QFileInfo(TextoQt(ruta)).absoluteFilePath();
+bool VistaDePantalla::AbrirEditor(const std::filesystem::path& ruta) {
+    const QString archivo = QFileInfo(NombreQt(ruta)).absoluteFilePath();
     if (!QFileInfo::exists(archivo)) return false;
     return QDesktopServices::openUrl(QUrl::fromLocalFile(archivo)) || AbrirConProgramaConocido(archivo);
 }

@@ -31,21 +31,19 @@ public:
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::string> ElegirParaAbrir(const std::string& directorio, const std::string& filtro) override;
-    std::optional<std::string> ElegirParaGrabar(const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
+                                                         const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
     void PunteroOcupado(bool ocupado) override;
     void MostrarFila(Tabla tabla, int fila) override;
     void Enfocar(const std::string& control) override;
     void MostrarTexto(const std::string& texto) override;
     bool OfreceEditor() const override { return true; }
-    bool AbrirEditor(const std::string& ruta) override;
+    bool AbrirEditor(const std::filesystem::path& ruta) override;
 
 private:
     QWidget* Padre() const;
     void AntesDePreguntar() const;
-    // The chosen path as the model holds it; one that the model can't hold is refused.
-    std::optional<std::string> Elegido(const QString& ruta);
-
     const TextosIdioma& textos_;
     Formulario formulario_;
     bool ocupado_ = false;

@@ -1,5 +1,7 @@
 #include "base/qt/text.h"
 
+#include <QFile>
+
 #include "base/code_page.h"
 #include "base/text.h"
 
@@ -17,5 +19,9 @@ std::string TextoDelModelo(const QString& texto) {
 QString LineasQt(std::string_view texto) { return TextoQt(ReemplazarTodo(texto, "\r\n", "\n")); }
 
 std::string LineasDelModelo(const QString& texto) { return ReemplazarTodo(TextoDelModelo(texto), "\n", "\r\n"); }
+
+QString NombreQt(const std::filesystem::path& ruta) { return QFile::decodeName(ruta.c_str()); }
+
+std::filesystem::path RutaDeQt(const QString& ruta) { return QFile::encodeName(ruta).toStdString(); }
 
 }  // namespace qor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -13,5 +14,9 @@ std::string TextoDelModelo(const QString& texto);
 // The same for texts of several lines: CR LF in the model, LF in a form.
 QString LineasQt(std::string_view texto);
 std::string LineasDelModelo(const QString& texto);
+
+// Names of files, in whatever characters the system has them.
+QString NombreQt(const std::filesystem::path& ruta);
+std::filesystem::path RutaDeQt(const QString& ruta);
 
 }  // namespace qor

@@ -34,6 +34,7 @@ constexpr ParDePalabras palabras[] = {
     // Main form: tool bar and grids
     {"Tools", "Herramientas"},
     {"Row", "Fila"},
+    {"Rows", "Filas"},
     {"Double-click: back to the first row", "Doble clic: volver a la primera fila"},
     {"Give the field column more room, or take it back", "Dar más espacio a la columna de campos, o quitarlo"},
     {"Drag onto a value:", "Arrastre a un valor:"},

@@ -12,8 +12,8 @@
 #include "editor/FormNotas.h"
 #include "editor/FormNuevasVariables.h"
 #include "tests/forms/dialog_fixture.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -29,13 +29,13 @@ protected:
     Dialogos() {
         prueba.Archivo({"KUNNR|10|A note", "MATNR|18"});
         prueba.Transaccion({"TRANS|VA01", "SAPMV45A|4001", "||VBKD-BSTKD|KUNNR", "||RV45A-MABNR(1)|MATNR"});
-        editor.HayCambios = false;
+        ventana.documento.DarPorGuardado();
     }
 
-    std::string Nota(int fila) const { return editor.especificacion.TablaTransaccion[fila].nota; }
+    std::string Nota(int fila) const { return ventana.documento.especificacion.TablaTransaccion[fila].nota; }
 
-    EditorDePrueba prueba;
-    Editor& editor = prueba.editor;
+    VentanaDePrueba prueba;
+    Ventana& ventana = prueba.ventana;
 };
 
 // ---- FormNotas ----
@@ -53,8 +53,8 @@ TEST_F(Dialogos, NoteHasTheShapeOfItsRow) {
           Caso{{Tabla::Transaccion, 3}, "", true, false, false},
           Caso{{Tabla::Transaccion, 3}, "!1 1!2F.TXT!31!4!51!6!7,MATNR", true, true, false},
           Caso{{Tabla::Transaccion, 3}, "!1 1!2F.TXT!30!4!51!65!7,MATNR", true, true, true}}) {
-        editor.especificacion.TablaTransaccion[3].nota = caso.marcas;
-        FormNotas form(editor, caso.fila, sinAyuda, nullptr);
+        ventana.documento.especificacion.TablaTransaccion[3].nota = caso.marcas;
+        FormNotas form(ventana, caso.fila, sinAyuda, nullptr);
         const DialogoAbierto dialogo(form);
         SCOPED_TRACE(caso.marcas);
         EXPECT_EQ(dialogo.Visible("Steploop"), caso.cabeza);
@@ -67,7 +67,7 @@ TEST_F(Dialogos, NoteHasTheShapeOfItsRow) {
 }
 
 TEST_F(Dialogos, NoteOfAFileRowIsOneLineWithoutQuotesAndMarks) {
-    FormNotas form(editor, {Tabla::Archivo, 0}, sinAyuda, nullptr);
+    FormNotas form(ventana, {Tabla::Archivo, 0}, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     dialogo.Vaciar("NotaCampo");
     dialogo.Teclear("NotaCampo", "a\"b!c\nd");
@@ -75,11 +75,11 @@ TEST_F(Dialogos, NoteOfAFileRowIsOneLineWithoutQuotesAndMarks) {
     form.reject();  // closing in whatever way stores
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(prueba.FilaArchivo(0), "KUNNR|10|abcd");
-    EXPECT_TRUE(editor.HayCambios);
+    EXPECT_TRUE(ventana.documento.HayCambios());
 }
 
 TEST_F(Dialogos, StepLoopIsRefusedUntilItIsComplete) {
-    FormNotas form(editor, {Tabla::Transaccion, 3}, sinAyuda, nullptr);
+    FormNotas form(ventana, {Tabla::Transaccion, 3}, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     dialogo.Teclear("NotaCampo", "Items");
     dialogo.Clic("Steploop");
@@ -105,15 +105,15 @@ TEST_F(Dialogos, StepLoopIsRefusedUntilItIsComplete) {
 }
 
 TEST_F(Dialogos, NoteWithMarksInDisorderIsNotOpened) {
-    editor.especificacion.TablaTransaccion[3].nota = "a!2b!1 1";
-    EXPECT_ANY_THROW(FormNotas(editor, {Tabla::Transaccion, 3}, sinAyuda, nullptr));
+    ventana.documento.especificacion.TablaTransaccion[3].nota = "a!2b!1 1";
+    EXPECT_ANY_THROW(FormNotas(ventana, {Tabla::Transaccion, 3}, sinAyuda, nullptr));
 }
 
 // ---- FormConditions ----
 
 TEST_F(Dialogos, ConditionsAreAddedShownAndDeleted) {
-    auto& tabla = editor.especificacion.TablaCondiciones;
-    FormConditions form(editor, sinAyuda, nullptr);
+    auto& tabla = ventana.documento.especificacion.TablaCondiciones;
+    FormConditions form(ventana, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     dialogo.Teclear("Condicional", "x");
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<358>");
@@ -134,10 +134,10 @@ TEST_F(Dialogos, ConditionsAreAddedShownAndDeleted) {
     EXPECT_THAT(prueba.vista.focos, ElementsAre("Condicional", "Condicional", "Nuevo"));
 
     // Showing another condition is no change of it.
-    editor.HayCambios = false;
+    ventana.documento.DarPorGuardado();
     dialogo.Control<QListWidget>("ListaCondiciones")->setCurrentRow(0);
     EXPECT_EQ(dialogo.Texto("Condicional"), "IF X.\r\nENDIF.");
-    EXPECT_FALSE(editor.HayCambios);
+    EXPECT_FALSE(ventana.documento.HayCambios());
 
     dialogo.Clic("Borrar");
     EXPECT_EQ(dialogo.Control<QListWidget>("ListaCondiciones")->count(), 1);
@@ -153,7 +153,7 @@ TEST_F(Dialogos, FormulasStackInFrontOfTheCode) {
     prueba.Transaccion({"TRANS|VA01"});
     DirectorioTemporal directorio;
     directorio.Escribir("formulas.txt", "[First]\r\nA = !.\r\n[Second]\r\nB = !.\r\n");
-    FormABAPWindow form(editor, 0, directorio.Ruta(), sinAyuda, nullptr);
+    FormABAPWindow form(ventana, 0, directorio.Ruta(), sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     auto* const combo = dialogo.Control<QComboBox>("FormulaCombo");
     dialogo.Clic("Aplicar");
@@ -164,12 +164,12 @@ TEST_F(Dialogos, FormulasStackInFrontOfTheCode) {
         EXPECT_EQ(combo->currentIndex(), -1) << "back at rest";
     }
     dialogo.Clic("Command1");
-    EXPECT_EQ(editor.especificacion.TablaArchivo[0].conversion, "* Second\r\nB = #KUNNR.\r\n* First\r\nA = #KUNNR.\r\n");
-    EXPECT_TRUE(editor.HayCambios);
+    EXPECT_EQ(ventana.documento.especificacion.TablaArchivo[0].conversion, "* Second\r\nB = #KUNNR.\r\n* First\r\nA = #KUNNR.\r\n");
+    EXPECT_TRUE(ventana.documento.HayCambios());
 }
 
 TEST_F(Dialogos, CodeIsOfferedWithoutFormulasAndRefusedWhenTooLong) {
-    FormABAPWindow form(editor, 0, "/nowhere", sinAyuda, nullptr);
+    FormABAPWindow form(ventana, 0, "/nowhere", sinAyuda, nullptr);
     EXPECT_THAT(prueba.vista.TomarAvisos(), HasSubstr("<356>"));
     const DialogoAbierto dialogo(form);
     dialogo.Control<QPlainTextEdit>("ABAPText")->setPlainText(QString(600, QLatin1Char('\n')) + "X");
@@ -178,28 +178,28 @@ TEST_F(Dialogos, CodeIsOfferedWithoutFormulasAndRefusedWhenTooLong) {
     dialogo.Vaciar("ABAPText");
     form.reject();
     EXPECT_FALSE(form.isVisible());
-    EXPECT_FALSE(editor.HayCambios);
+    EXPECT_FALSE(ventana.documento.HayCambios());
 }
 
 // ---- FormNuevasVariables ----
 
 TEST_F(Dialogos, DefinitionsAreEditedInsertedAndRemoved) {
-    auto& especificacion = editor.especificacion;
+    auto& especificacion = ventana.documento.especificacion;
     especificacion.TablaBAPIs[0] = {"BAPI_ONE", "CALL ONE."};
     int abierto = 0;
     const auto navegador = [&](QWidget*) {
         ++abierto;
         especificacion.TablaBAPIs[1] = {"BAPI_TWO", "CALL TWO."};
     };
-    FormNuevasVariables form(editor, navegador, sinAyuda, nullptr);
+    FormNuevasVariables form(ventana, navegador, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     auto* const lista = dialogo.Control<QListWidget>("ListaDefiniciones");
     dialogo.Teclear("Vars", "DATA: \"X.");
     EXPECT_EQ(especificacion.VariablesGlobales, "DATA: X.");
-    editor.HayCambios = false;
+    ventana.documento.DarPorGuardado();
     lista->setCurrentRow(1);
     EXPECT_EQ(dialogo.Texto("Vars"), "CALL ONE.");
-    EXPECT_FALSE(editor.HayCambios);
+    EXPECT_FALSE(ventana.documento.HayCambios());
     dialogo.Clic("InsertBAPIButton");
     EXPECT_EQ(abierto, 1);
     EXPECT_EQ(lista->count(), 3);
@@ -222,7 +222,7 @@ TEST_F(Dialogos, DefinitionsAreEditedInsertedAndRemoved) {
 
 class OrigenDeDatos : public Dialogos {
 protected:
-    OrigenDeDatos() : estado(AbrirOrigen(editor, preferencias).value()) {}
+    OrigenDeDatos() : estado(AbrirOrigen(ventana, preferencias).value()) {}
 
     Preferencias preferencias;
     DialogoDeOrigen estado;
@@ -231,28 +231,28 @@ protected:
 TEST_F(OrigenDeDatos, IsEditedOnlyWhileItIsOn) {
     std::string mostrado;
     FormDataSource form(
-        editor, preferencias, estado, [&](const std::string& texto, QWidget*) { mostrado = texto; }, sinAyuda, nullptr);
+        ventana, preferencias, estado, [&](const std::string& texto, QWidget*) { mostrado = texto; }, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     const std::vector<const char*> nombres = {"Variables",       "Forms",         "Source",        "ComboItabs", "ModeloArchivo",
                                               "ModeloSQLNativo", "ModeloOpenSQL", "PreviewButton", "Eliminar"};
     for (const char* const nombre : nombres) EXPECT_FALSE(dialogo.Habilitado(nombre)) << nombre;
     dialogo.Clic("CheckOtroOrigen");
-    EXPECT_TRUE(editor.especificacion.OrigenUsuario);
+    EXPECT_TRUE(ventana.documento.especificacion.OrigenUsuario);
     for (const char* const nombre : nombres) EXPECT_TRUE(dialogo.Habilitado(nombre)) << nombre;
     EXPECT_EQ(dialogo.Texto("ComboItabs"), "ITAB");
     dialogo.Teclear("Source", "A.\"");
-    EXPECT_EQ(editor.especificacion.OrigenSource, "A.");
+    EXPECT_EQ(ventana.documento.especificacion.OrigenSource, "A.");
     dialogo.Clic("PreviewButton");
     EXPECT_THAT(mostrado, HasSubstr("BEGIN OF ITAB"));
     dialogo.Clic("ModeloOpenSQL");
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<364>");
     EXPECT_THAT(dialogo.Texto("Source"), HasSubstr("FROM YOURTABLE"));
-    EXPECT_EQ(dialogo.Texto("Source"), editor.especificacion.OrigenSource);
+    EXPECT_EQ(dialogo.Texto("Source"), ventana.documento.especificacion.OrigenSource);
 }
 
 TEST_F(OrigenDeDatos, AsksForTheKindOfFileAndForWhatToClear) {
-    editor.especificacion.OrigenUsuario = true;
-    FormDataSource form(editor, preferencias, estado, {}, sinAyuda, nullptr);
+    ventana.documento.especificacion.OrigenUsuario = true;
+    FormDataSource form(ventana, preferencias, estado, {}, sinAyuda, nullptr);
     const DialogoAbierto dialogo(form);
     EnElSiguiente([](const DialogoAbierto& consulta) { consulta.Pulsar("OKButton", Qt::Key_Escape); });
     dialogo.Clic("ModeloArchivo");
@@ -272,7 +272,7 @@ TEST_F(OrigenDeDatos, AsksForTheKindOfFileAndForWhatToClear) {
     dialogo.Clic("Eliminar");
     EXPECT_EQ(dialogo.Texto("Source"), "");
     EXPECT_EQ(dialogo.Texto("Forms"), rutinas);
-    EXPECT_EQ(editor.especificacion.OrigenSource, "");
+    EXPECT_EQ(ventana.documento.especificacion.OrigenSource, "");
 }
 
 TEST(Consultas, AnswerOnlyBehindTheirButton) {

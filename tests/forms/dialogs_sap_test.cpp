@@ -10,9 +10,9 @@
 #include "sap/FormImport.h"
 #include "sap/FormLogon.h"
 #include "tests/forms/dialog_fixture.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -21,7 +21,7 @@ using ::testing::HasSubstr;
 
 class DialogosDeSAP : public ::testing::Test {
 protected:
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     std::shared_ptr<Guion> guion = std::make_shared<Guion>();
     SesionSAP sesion = SesionConectada(guion);
@@ -184,7 +184,7 @@ protected:
         return directorio.Escribir("errors.txt", definicion + dato).string();
     }
 
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
 };
 

@@ -38,9 +38,9 @@
 #include "sap/FormImport.h"
 #include "sap/FormLogon.h"
 #include "tests/forms/dialog_fixture.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -59,11 +59,11 @@ protected:
         RecuperarIdioma(prueba.textos, datos + "/language.txt", idioma);
         prueba.Archivo({"KUNNR|10", "MATNR|18"});
         prueba.Transaccion({"TRANS|VA01", "SAPMV45A|4001", "||RV45A-MABNR(1)|MATNR|!1 1!2F.TXT!30!4!51!65!7,MATNR"});
-        prueba.editor.especificacion.OrigenUsuario = true;
+        prueba.ventana.documento.especificacion.OrigenUsuario = true;
     }
 
     std::vector<std::unique_ptr<QDialog>> Crear() {
-        Editor& e = prueba.editor;
+        Ventana& e = prueba.ventana;
         const TextosIdioma& t = prueba.textos;
         Vista& v = prueba.vista;
         const AbrirAyuda ayuda = [](int, QWidget*) {};
@@ -83,7 +83,7 @@ protected:
         agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
         agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
         agregar(new FormPrinters(t, v, nullptr));
-        agregar(new FormBAPI(e, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
+        agregar(new FormBAPI(prueba.documento, t, v, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
         agregar(new FormBAPIFields(t, nullptr));
         agregar(new FormTrans(t, {}, nullptr));
         agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
@@ -92,7 +92,7 @@ protected:
         return todos;
     }
 
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     Preferencias preferencias;
     std::string catalogo = datos + "/BAPI46C";
     SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
@@ -155,7 +155,7 @@ TEST(Words, TwinsHaveTheSameSigns) {
 // ---- Texts to read ----
 
 TEST(TextsToRead, SwallowKeysThatWouldChangeThem) {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     FormPreview preview(prueba.textos, prueba.vista, "A\r\nB", {}, nullptr);
     const DialogoAbierto dialogo(preview);
     struct Caso {
@@ -223,7 +223,7 @@ TEST(TextsToWrite, PassTheFilterOnEveryWay) {
 // ---- Language, opening box ----
 
 TEST(LanguageDialogs, AnswerTheChoice) {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     const auto archivo = directorio.Escribir("language.txt", "0,\"English\"\r\n1,\"A\"\r\n0,\"Deutsch\"\r\n1,\"B\"\r\n");
     FormLenguaje form(prueba.textos, prueba.vista, archivo, "ENGLISH", nullptr);
@@ -268,7 +268,7 @@ TEST(About, ClosesOnItsKeysAndOnAClick) {
 // ---- Printers ----
 
 TEST(Printers, ChooseAPdfFileOrNothing) {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     FormPrinters cancelado(prueba.textos, prueba.vista, nullptr);
     {
@@ -326,7 +326,7 @@ protected:
         return {.ArchivoBAPI = catalogo, .directorio = directorio.Ruta().string(), .FilaInsercion = 0, .imprimir = {}};
     }
 
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     DirectorioTemporal directorio;
     std::string catalogo = directorio
                                .Escribir("BAPIS",
@@ -337,7 +337,7 @@ protected:
 };
 
 TEST_F(Navegador, FindsByNameAndByWords) {
-    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
     const DialogoAbierto dialogo(form);
     EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
     EXPECT_FALSE(dialogo.Habilitado("OK"));
@@ -367,7 +367,7 @@ TEST_F(Navegador, FindsByNameAndByWords) {
 }
 
 TEST_F(Navegador, InsertsTheChosenBAPI) {
-    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
     const DialogoAbierto dialogo(form);
     dialogo.Teclear("TextoBuscar", "CREATE");
     dialogo.Clic("Buscar");
@@ -391,12 +391,12 @@ TEST_F(Navegador, TellsOfACatalogueThatCanNotBeReadAndOfAnotherRelease) {
     auto entorno = Entorno();
     entorno.sesion = &sesion;
     {
-        FormBAPI form(prueba.editor, entorno, nullptr);
+        FormBAPI form(prueba.documento, prueba.textos, prueba.vista, entorno, nullptr);
         const DialogoAbierto dialogo(form);
         EXPECT_EQ(prueba.vista.TomarAvisos(), "<252> 46C<253> 470. <254>");
     }
     catalogo = "/nowhere/BAPIS";
-    FormBAPI form(prueba.editor, Entorno(), nullptr);
+    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
     const DialogoAbierto dialogo(form);
     EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("<382>"));
     dialogo.Teclear("TextoBuscar", "A");
@@ -409,7 +409,7 @@ TEST_F(Navegador, UpdatesTheCatalogueAndCanBeStopped) {
     SesionSAP sesion = SesionConectada(guion);
     auto entorno = Entorno();
     entorno.sesion = &sesion;
-    FormBAPI form(prueba.editor, entorno, nullptr);
+    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, entorno, nullptr);
     const DialogoAbierto dialogo(form);
     const auto responder = [&] {
         guion->llamadas.clear();
@@ -448,7 +448,7 @@ TEST_F(Navegador, UpdatesTheCatalogueAndCanBeStopped) {
     EXPECT_EQ(dialogo.Texto("TextoNodo"), "\r\nSecond");
 
     // Without connections it only tells how to get one.
-    FormBAPI sin(prueba.editor, Entorno(), nullptr);
+    FormBAPI sin(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
     const DialogoAbierto otro(sin);
     otro.Clic("ButtonUpdate");
     EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("<420>"));

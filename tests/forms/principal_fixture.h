@@ -24,17 +24,18 @@ public:
 
     std::vector<int> avisos;
     std::deque<Respuesta> respuestas;
-    std::deque<std::string> archivos;
+    std::deque<std::filesystem::path> archivos;
 
     void Mostrar(const Mensaje& mensaje, Icono /*icono*/) override { avisos.push_back(mensaje.Numero()); }
     Respuesta Preguntar(const Mensaje& mensaje, Botones /*botones*/) override {
         avisos.push_back(mensaje.Numero());
         return Tomar(respuestas).value_or(Respuesta::Cancelar);
     }
-    std::optional<std::string> ElegirParaAbrir(const std::string& /*directorio*/, const std::string& /*filtro*/) override {
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
+                                                         const std::string& /*filtro*/) override {
         return Tomar(archivos);
     }
-    std::optional<std::string> ElegirParaGrabar(const std::string& /*filtro*/) override { return Tomar(archivos); }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return Tomar(archivos); }
     void MostrarTexto(const std::string& texto) override { textoMostrado = texto; }
     bool OfreceEditor() const override { return false; }
 
@@ -79,7 +80,7 @@ public:
         return principal->findChild<T*>(QString::fromStdString(nombre));
     }
 
-    Editor& ElEditor() const { return principal->ElEditor(); }
+    Ventana& LaVentana() const { return principal->LaVentana(); }
 
     void Enfocar(const std::string& nombre) const { Control(nombre)->setFocus(Qt::TabFocusReason); }
 

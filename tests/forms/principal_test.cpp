@@ -278,48 +278,48 @@ TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
 
 TEST(Principal, ARefusedGenerationShowsThePlace) {
     struct Caso {
-        std::function<void(Editor&)> preparar;
+        std::function<void(Ventana&)> preparar;
         std::vector<int> avisos;
         const char* foco;
         int SSTab1;
         int SSTab2;
     };
-    const auto bapi = [](Editor& e) { e.especificacion.TablaTransaccion[0] = {"BAPI", "BAPI_X", "", "", ""}; };
+    const auto bapi = [](Ventana& e) { e.documento.especificacion.TablaTransaccion[0] = {"BAPI", "BAPI_X", "", "", ""}; };
     const Caso casos[] = {
-        {[](Editor& e) {
-             e.opciones.ErrorHandlingCheck = e.opciones.CallTransaction = 1;
-             e.opciones.ProgID.clear();
+        {[](Ventana& e) {
+             e.documento.opciones.ErrorHandlingCheck = e.documento.opciones.CallTransaction = 1;
+             e.documento.opciones.ProgID.clear();
          },
          {402},
          "ProgID",
          1,
          0},
-        {[&](Editor& e) {
+        {[&](Ventana& e) {
              bapi(e);
-             e.opciones.FileParameterCh = 0;
+             e.documento.opciones.FileParameterCh = 0;
          },
          {304},
          "ArchivoFuente",
          0,
          0},
-        {[&](Editor& e) { bapi(e); }, {301}, "Programa", 2, 0},
-        {[&](Editor& e) {
+        {[&](Ventana& e) { bapi(e); }, {301}, "Programa", 2, 0},
+        {[&](Ventana& e) {
              bapi(e);
-             e.opciones.MultipleFilesOption = false;
-             e.opciones.Identificadores = "1,22";
-             e.especificacion.TablaTransaccion[0] = {"TRANS", "VA01", "", "", ""};
-             e.especificacion.TablaTransaccion[1] = {"SAPMV45A", "0101", "", "", ""};
-             e.especificacion.TablaTransaccion[2] = {"", "", "F(1)", "'1'", "!1 1!2!31!4!51!6!7"};
+             e.documento.opciones.MultipleFilesOption = false;
+             e.documento.opciones.Identificadores = "1,22";
+             e.documento.especificacion.TablaTransaccion[0] = {"TRANS", "VA01", "", "", ""};
+             e.documento.especificacion.TablaTransaccion[1] = {"SAPMV45A", "0101", "", "", ""};
+             e.documento.especificacion.TablaTransaccion[2] = {"", "", "F(1)", "'1'", "!1 1!2!31!4!51!6!7"};
          },
          {380},
          "Identificadores",
          1,
          1},
-        {[&](Editor& e) {
+        {[&](Ventana& e) {
              bapi(e);
-             for (int r = 1; r < 30; ++r) e.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
-             e.especificacion.TablaTransaccion[25].valor = "X";
-             e.especificacion.VariablesGlobales = "DATA: F LIKE A-B.";
+             for (int r = 1; r < 30; ++r) e.documento.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
+             e.documento.especificacion.TablaTransaccion[25].valor = "X";
+             e.documento.especificacion.VariablesGlobales = "DATA: F LIKE A-B.";
          },
          {308},
          "Text5_0",
@@ -328,7 +328,7 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
     };
     for (const auto& caso : casos) {
         ProgramaDePrueba p;
-        caso.preparar(p.ElEditor());
+        caso.preparar(p.LaVentana());
         p.principal->Sincronizar();
         p.Control<QTabWidget>("SSTab1")->setCurrentIndex(2);
         p.Control<QPushButton>("Generar")->click();
@@ -347,12 +347,12 @@ TEST(Principal, WheelAndScrollBarMoveTheGrids) {
         QApplication::sendEvent(p.Control(marco), &evento);
     };
     rueda("RejillaArchivo", -120);
-    EXPECT_EQ(p.ElEditor().archivo.PrimeraFilaArchivo, 3);
+    EXPECT_EQ(p.LaVentana().archivo.PrimeraFilaArchivo, 3);
     EXPECT_EQ(p.Control<QScrollBar>("BarraArchivo")->value(), 3);
     for (int i = 0; i < 4; ++i) rueda("RejillaTransaccion", -30);
-    EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, 3);
+    EXPECT_EQ(p.LaVentana().transaccion.PrimeraFilaTransaccion, 3);
     p.Control<QScrollBar>("BarraTransaccion")->setValue(5000);
-    EXPECT_EQ(p.ElEditor().transaccion.PrimeraFilaTransaccion, ultimaPrimeraFilaTransaccion);
+    EXPECT_EQ(p.LaVentana().transaccion.PrimeraFilaTransaccion, ultimaPrimeraFilaTransaccion);
 }
 
 // ---- Start, connection, end ----

@@ -15,13 +15,13 @@
 #include "generator/generate.h"
 #include "model/document_format.h"
 #include "tests/forms/principal_fixture.h"
-#include "tests/support/editor_fixture.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
-using pruebas::EditorDePrueba;
 using pruebas::ProgramaDePrueba;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -43,16 +43,16 @@ const std::initializer_list<std::string_view> filasDeArchivo = {"AUART|4", "BSTK
 
 // Brings a row of the program side under the cursor with the keys of the grid.
 void IrAFila(ProgramaDePrueba& p, int fila) {
-    const auto& rejilla = p.ElEditor().transaccion;
+    const auto& rejilla = p.LaVentana().transaccion;
     const int linea = std::min(fila - rejilla.PrimeraFilaTransaccion, lineasTransaccion - 1);
     p.Enfocar("Text6_" + std::to_string(linea));
     while (rejilla.PrimeraFilaTransaccion + linea < fila) ProgramaDePrueba::Pulsar(Qt::Key_Down);
 }
 
 void EscribirPrograma(ProgramaDePrueba& p) {
-    EditorDePrueba aMano;
+    VentanaDePrueba aMano;
     aMano.Transaccion(filasDePrograma);
-    const auto& tabla = aMano.editor.especificacion.TablaTransaccion;
+    const auto& tabla = aMano.ventana.documento.especificacion.TablaTransaccion;
     for (int fila = 0; fila < static_cast<int>(filasDePrograma.size()); ++fila) {
         IrAFila(p, fila);
         for (std::size_t columna = 0; columna < 4; ++columna) {
@@ -65,7 +65,7 @@ void EscribirPrograma(ProgramaDePrueba& p) {
 // The note of row 6 makes it the head of a step-loop.
 void MarcarStepLoop(ProgramaDePrueba& p) {
     p.Enfocar("Text6_0");
-    while (p.ElEditor().transaccion.PrimeraFilaTransaccion > 0) ProgramaDePrueba::Pulsar(Qt::Key_Up);
+    while (p.LaVentana().transaccion.PrimeraFilaTransaccion > 0) ProgramaDePrueba::Pulsar(Qt::Key_Up);
     p.Enfocar("Text4_6");
     const auto dobleClic = [&] {
         QMouseEvent evento(QEvent::MouseButtonDblClick, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
@@ -98,10 +98,10 @@ TEST(Principal, TypedSpecificationGivesTheReportOfTheOneMadeByHand) {
     p.Control<QAction>("SaveOption")->trigger();
     EXPECT_THAT(p.vista->avisos, IsEmpty());
 
-    EditorDePrueba aMano;
+    VentanaDePrueba aMano;
     aMano.Archivo(filasDeArchivo);
     aMano.Transaccion(filasDePrograma);
-    EXPECT_EQ(LeerArchivo(documento), EscribirDocumento(aMano.editor.especificacion, aMano.editor.opciones));
+    EXPECT_EQ(LeerArchivo(documento), EscribirDocumento(aMano.ventana.documento.especificacion, aMano.ventana.documento.opciones));
     EXPECT_EQ(p.principal->windowTitle(), "Qor Generator - Batch Input & BAPI-based Interface Generator  (orders.qor)[*]");
 
     ASSERT_TRUE(p.principal->close());
@@ -113,10 +113,10 @@ TEST(Principal, TypedSpecificationGivesTheReportOfTheOneMadeByHand) {
     p.Control<QPushButton>("Generar")->click();
     EXPECT_THAT(p.vista->avisos, ElementsAre(323));
 
-    aMano.editor.opciones.Programa = (p.directorio / "by_hand.abap").string();
+    aMano.ventana.documento.opciones.Programa = (p.directorio / "by_hand.abap").string();
     EstadoDelGenerador estado;
-    ASSERT_TRUE(Generar({aMano.editor.especificacion, aMano.editor.opciones, p.programa->ajustes.preferencias, p.programa->textos,
-                         aMano.vista, documento, "orders.qor"},
+    ASSERT_TRUE(Generar({aMano.ventana.documento.especificacion, aMano.ventana.documento.opciones, p.programa->ajustes.preferencias,
+                         p.programa->textos, aMano.vista, documento, "orders.qor"},
                         estado));
     EXPECT_EQ(LeerArchivo(p.directorio / "typed.abap"), LeerArchivo(p.directorio / "by_hand.abap"));
     EXPECT_THAT(LeerArchivo(p.directorio / "typed.abap"), testing::HasSubstr("TABFORM_1"));
@@ -163,11 +163,11 @@ TEST(Principal, KeysOfTheGrids) {
 
 TEST(Principal, AButtonLeavesNoCellAndABoxDoes) {
     ProgramaDePrueba p;
-    EditorDePrueba filas;
-    p.ElEditor().especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
-    p.ElEditor().especificacion.TablaTransaccion[1] = {"SAPLMGMM", "0060", "", "", ""};
-    p.ElEditor().especificacion.TablaTransaccion[2] = {"", "", "RMMG1-MATNR", "", ""};
-    p.ElEditor().vista.MostrarFila(Tabla::Transaccion, 0);
+    VentanaDePrueba filas;
+    p.LaVentana().documento.especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
+    p.LaVentana().documento.especificacion.TablaTransaccion[1] = {"SAPLMGMM", "0060", "", "", ""};
+    p.LaVentana().documento.especificacion.TablaTransaccion[2] = {"", "", "RMMG1-MATNR", "", ""};
+    p.LaVentana().vista.MostrarFila(Tabla::Transaccion, 0);
     p.Enfocar("Text5_2");
     ProgramaDePrueba::Escribir("matnr");
     QMouseEvent pulsa(QEvent::MouseButtonPress, QPointF(3, 3), QPointF(3, 3), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
@@ -184,11 +184,11 @@ TEST(Principal, AButtonLeavesNoCellAndABoxDoes) {
 
 TEST(Principal, DropsOntoAValue) {
     ProgramaDePrueba p;
-    p.ElEditor().especificacion.TablaArchivo[0].campo = "MATNR";
-    p.ElEditor().especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
-    p.ElEditor().especificacion.TablaTransaccion[1] = {"", "", "RMMG1-MATNR", "", ""};
-    p.ElEditor().vista.MostrarFila(Tabla::Archivo, 0);
-    p.ElEditor().vista.MostrarFila(Tabla::Transaccion, 0);
+    p.LaVentana().documento.especificacion.TablaArchivo[0].campo = "MATNR";
+    p.LaVentana().documento.especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
+    p.LaVentana().documento.especificacion.TablaTransaccion[1] = {"", "", "RMMG1-MATNR", "", ""};
+    p.LaVentana().vista.MostrarFila(Tabla::Archivo, 0);
+    p.LaVentana().vista.MostrarFila(Tabla::Transaccion, 0);
     const auto soltar = [&](const char* celda, QMimeData* datos) {
         const std::unique_ptr<QMimeData> dueno(datos);
         QDragEnterEvent entrada(QPoint(3, 3), Qt::CopyAction, datos, Qt::LeftButton, Qt::NoModifier);

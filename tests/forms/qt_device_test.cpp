@@ -10,8 +10,8 @@
 
 #include "base/files.h"
 #include "print/page.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -65,7 +65,7 @@ protected:
     }
 
     DirectorioTemporal directorio;
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
 };
 
 TEST_F(Papel, NothingRunsOffThePaper) {

@@ -1,4 +1,4 @@
-#include "editor/undo.h"
+#include "model/undo.h"
 
 #include <utility>
 

@@ -8,14 +8,15 @@
 
 namespace qor {
 
-// One step to undo: what was done to a row, and the row as it stood before.
+// One step to undo: what was done, and what it was done to as it stood before.
 struct RegistroDeshacer {
     enum class Paso { Insercion, Borrado, Cambio };
 
     Paso paso = Paso::Cambio;
-    int linea = 0;                                        // line of the grid at that moment
-    int primeraFila = 0;                                  // offset of the grid at that moment
-    std::variant<FilaDeArchivo, FilaDeTransaccion> fila;  // the kind tells the table
+    int linea = 0;        // line of the grid at that moment
+    int primeraFila = 0;  // offset of the grid at that moment
+    // The row; or the whole program side, where it was changed as a whole.
+    std::variant<FilaDeArchivo, FilaDeTransaccion, std::vector<FilaDeTransaccion>> antes;
 
     int FilaDeLaTabla() const { return primeraFila + linea; }
 };

@@ -8,46 +8,48 @@
 #include <vector>
 
 #include "base/view.h"
-#include "editor/editor.h"
+#include "editor/window.h"
 
 namespace qor::pruebas {
 
 // A view that keeps what it was told. Questions and file dialogs are answered from `respuestas` and `archivos`; without an answer
 // they are cancelled.
-class VistaDeEditor : public Vista {
+class VistaDePrueba : public Vista {
 public:
     std::vector<std::string> avisos;  // messages and questions, by their text
     std::vector<std::string> focos;   // controls that got the focus
     std::deque<Respuesta> respuestas;
-    std::deque<std::string> archivos;
+    std::deque<std::filesystem::path> archivos;
 
     // The messages since the last call, joined by a blank.
     std::string TomarAvisos();
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::string> ElegirParaAbrir(const std::string& directorio, const std::string& filtro) override;
-    std::optional<std::string> ElegirParaGrabar(const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
+                                                         const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
     void PunteroOcupado(bool ocupado) override;
     void MostrarFila(Tabla tabla, int fila) override;
     void Enfocar(const std::string& control) override;
     void MostrarTexto(const std::string& texto) override;
     bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::string& ruta) override;
+    bool AbrirEditor(const std::filesystem::path& ruta) override;
 
 private:
-    std::optional<std::string> SiguienteArchivo();
+    std::optional<std::filesystem::path> SiguienteArchivo();
 };
 
 // An editor with a view that records, and texts that tell their number: message 333 is "<333>". Rows are written with "|" between
 // their columns; columns at the end can be left out.
-class EditorDePrueba {
+class VentanaDePrueba {
 public:
-    EditorDePrueba();
+    VentanaDePrueba();
 
     TextosIdioma textos;
-    VistaDeEditor vista;
-    Editor editor;
+    VistaDePrueba vista;
+    Documento documento;
+    Ventana ventana;
 
     // Fills a table from row 0 and shows it, without steps to undo.
     void Archivo(std::initializer_list<std::string_view> filas);

@@ -1,0 +1,23 @@
+#include "app/show_changes.h"
+
+#include <string>
+#include <utility>
+
+#include "editor/grids.h"
+
+namespace qor {
+
+void TomarImportacion(Ventana& ventana, Importacion importacion, std::string_view filas) {
+    const std::string cuantas = std::to_string(importacion.filas);
+    Importar(ventana.documento, std::move(importacion));
+    MostrarTablaNueva(ventana);
+    ventana.SSTab1 = 0;
+    ventana.vista.Informar(Componer(ventana.textos, {329, "\r\n", filas, ": ", cuantas, "."}));
+}
+
+void MostrarAnchos(Ventana& ventana) {
+    MostrarArchivo(ventana, 0);
+    ventana.SSTab1 = 0;
+}
+
+}  // namespace qor

@@ -1,0 +1,16 @@
+#include "editor/window.h"
+
+namespace qor {
+
+void Ventana::Reiniciar() {
+    archivo = {};
+    transaccion = {};
+    busquedas = {};
+    foco.reset();
+    DuplicadoRevisado = false;
+    ExpandirCampo = false;
+    SSTab1 = SSTab2 = 0;
+    ReporteTrans.clear();
+}
+
+}  // namespace qor

@@ -1,0 +1,100 @@
+#include "model/document_file.h"
+
+#include <optional>
+#include <utility>
+
+#include "base/failure.h"
+#include "base/new_file.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/values.h"
+#include "model/document_format.h"
+#include "model/gaps.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::string_view extensionDeTrabajo = ".TMP";
+
+Documento LeerDeArchivo(const std::filesystem::path& ruta) {
+    Documento leido;
+    leido.ruta = RutaAbsoluta(ruta);
+    leido.canal = ArchivoBloqueado::Abrir(leido.ruta);
+    leido.identidad = leido.canal.Identidad();
+    const std::string texto = leido.canal.LeerTodo();
+    LectorValores lector(texto);
+    if (LeerDocumento(lector, leido.especificacion, leido.opciones) == Formato::Antiguo) {
+        lector.VolverAlPrincipio();
+        ImportarFormatoAntiguo(lector, leido.especificacion, leido.opciones);
+    }
+    return leido;
+}
+
+void EscribirEnArchivo(Documento& documento, const std::filesystem::path& destino,
+                       const std::optional<IdentidadDeArchivo>& esperada) {
+    if (Mayusculas(TextoDeRuta(destino)).ends_with(extensionDeTrabajo)) {
+        throw FalloDeArchivo("a document can't have the name of its own work file", destino);
+    }
+    ArchivoNuevo nuevo(destino, extensionDeTrabajo, documento.Bloqueado() ? &documento.canal : nullptr);
+    nuevo.Escribir(EscribirDocumento(documento.especificacion, documento.opciones));
+    ArchivoBloqueado canal = nuevo.PonerEnSuLugar(esperada);
+    documento.identidad.reset();
+    if (canal.Abierto()) documento.identidad = canal.Identidad();
+    documento.canal = std::move(canal);
+    documento.ruta = destino;
+    documento.deshacer.Reiniciar();
+    documento.DarPorGuardado();
+}
+
+// Runs what writes the document; the message tells why it failed.
+template <typename Accion>
+bool Guardar(const TextosIdioma& textos, Vista& vista, Accion accion) {
+    try {
+        return accion();
+    } catch (const std::exception& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {336}), fallo));
+        return false;
+    }
+}
+
+// The file is the one that was read or written last; else the user is asked, and the answer is the state that may be overwritten.
+bool PuedeSobrescribir(const Documento& documento, std::optional<IdentidadDeArchivo>& presente, Vista& vista) {
+    presente = Identidad(documento.ruta);
+    if (!presente || presente == documento.identidad) return true;
+    return vista.Preguntar(MensajeLiteral("Another program has changed the document " + TextoDeRuta(documento.ruta) +
+                                          " since it was read. Overwrite it?"),
+                           Botones::SiNo) == Respuesta::Si;
+}
+
+}  // namespace
+
+bool AbrirDocumento(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista) {
+    try {
+        documento = LeerDeArchivo(ruta);
+        return true;
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {335}), fallo));
+        return false;
+    }
+}
+
+bool GuardarDocumento(Documento& documento, const TextosIdioma& textos, Vista& vista) {
+    if (!TablasOK(documento.especificacion, textos, vista)) return false;
+    return Guardar(textos, vista, [&] {
+        std::optional<IdentidadDeArchivo> presente;
+        if (!PuedeSobrescribir(documento, presente, vista)) return false;
+        EscribirEnArchivo(documento, documento.ruta, presente);
+        return true;
+    });
+}
+
+bool GuardarDocumentoComo(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista) {
+    if (!TablasOK(documento.especificacion, textos, vista)) return false;
+    return Guardar(textos, vista, [&] {
+        EscribirEnArchivo(documento, RutaAbsoluta(ruta), std::nullopt);
+        return true;
+    });
+}
+
+}  // namespace qor
