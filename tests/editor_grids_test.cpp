@@ -331,10 +331,11 @@ TEST(RemoveBlankRows, ClosesGapsBehindRowZeroOnly) {
     EXPECT_EQ(p.Texto({Col::Campo, 3}), "G");
     EXPECT_TRUE(p.documento.HayCambios());
     EXPECT_FALSE(QuitarFilasEnBlanco(p.ventana));
-    // One step brings them back, and the next one takes back what was typed before.
+    // One step brings them back; the next ones take back the field that was added for the value, and the value.
     Deshacer(p.ventana);
     EXPECT_EQ(p.FilaTransaccion(6), "||G");
     EXPECT_EQ(p.FilaTransaccion(3), "||F|Z|n");
+    Deshacer(p.ventana);
     Deshacer(p.ventana);
     EXPECT_EQ(p.FilaTransaccion(3), "||F|V|n");
 }

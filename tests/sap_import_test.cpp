@@ -196,7 +196,8 @@ TEST(Import, RowsThatAreThereAreReplacedOrKept) {
         // One step brings all rows back.
         if (!caso.hecho) continue;
         Deshacer(ventana);
-        EXPECT_EQ(importacion.prueba.FilasTransaccion(), (std::vector<std::string>{"TRANS|OLD", "", "|x"}));
+        const char* const fila2 = caso.respuesta == Respuesta::Si ? "|X" : "|x";
+        EXPECT_EQ(importacion.prueba.FilasTransaccion(), (std::vector<std::string>{"TRANS|OLD", "", fila2}));
         EXPECT_TRUE(ventana.documento.deshacer.Vacia());
     }
 }
