@@ -36,7 +36,10 @@ FormLenguaje::FormLenguaje(const TextosIdioma& textos, Vista& vista, const std::
     orden->addStretch();
     orden->addLayout(FilaDeBotones({OK}));
     PonerTamano(44, 6);
-    if (!lista.completa) QTimer::singleShot(0, this, [&vista] { vista.Advertir(MensajeLiteral(avisoFalloListaDeIdiomas)); });
+    if (lista.completa) return;
+    Mensaje aviso = MensajeLiteral(avisoFalloListaDeIdiomas);
+    aviso.detalle = lista.detalle;
+    QTimer::singleShot(0, this, [&vista, aviso] { vista.Advertir(aviso); });
 }
 
 std::string FormLenguaje::IdiomaElegido() const {

@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <exception>
 #include <optional>
 #include <ostream>
@@ -10,6 +11,8 @@
 #include "app/console_view.h"
 #include "app/data_directory.h"
 #include "app/language.h"
+#include "base/failure.h"
+#include "base/files.h"
 #include "base/paths.h"
 
 namespace qor {
@@ -63,28 +66,54 @@ private:
     CLI::App programa_{"Qor Generator without a screen: ABAP load programs from specifications.", "qorgen"};
 };
 
+// Takes the settings. False, with a message, where the ones that were asked for can't be had; a directory without the file has
+// none.
+bool CargarAjustes(const OpcionesComunes& comunes, ArchivoINI& ini, VistaDeConsola& vista) {
+    try {
+        if (!comunes.settings) {
+            ini.CargarINI(RutaDeAjustes(EntornoDelProceso()));
+            return true;
+        }
+        const std::filesystem::path directorio = *comunes.settings;
+        if (!Existe(directorio)) throw FalloDeArchivo(ENOENT, directorio);
+        if (!std::filesystem::is_directory(directorio)) throw FalloDeArchivo(ENOTDIR, directorio);
+        ini.CargarINI(directorio / nombreDeAjustes);
+        return true;
+    } catch (const FalloDeArchivo& fallo) {
+        vista.Advertir(ConDetalle(MensajeLiteral("The settings can't be read."), fallo));
+        return !comunes.settings;
+    }
+}
+
+// Whatever stands in the output's buffer goes out. A failure is told, and the command has failed then.
+int TerminarSalida(std::ostream& salida, std::ostream& errores, int estado) {
+    errno = 0;
+    if (salida.rdbuf()->pubsync() == 0 && salida.good()) return estado;
+    VistaDeConsola vista(salida, errores, false);
+    vista.Advertir(ConDetalle(MensajeLiteral("The output can't be written."), FalloDeArchivo(errno, "standard output")));
+    return estado == estadoBien ? estadoRechazado : estado;
+}
+
 // Runs the command in the setting that the common options tell.
 bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeConsola& vista, std::ostream& salida) {
     const auto datos = comunes.data ? std::filesystem::path(*comunes.data) : DirectorioDeDatos();
     ArchivoINI ini;
-    ini.CargarINI(comunes.settings ? std::filesystem::path(*comunes.settings) / nombreDeAjustes
-                                   : RutaDeAjustes(EntornoDelProceso()));
+    if (!CargarAjustes(comunes, ini, vista)) return false;
     AjustesDelPrograma ajustes = LeerAjustes(ini, AgregarBarra(RutaDelModelo(datos)));
     if (comunes.language) ajustes.IdiomaActual = DeArgumento(*comunes.language);
     if (ajustes.IdiomaActual.empty()) ajustes.IdiomaActual = "English";
 
     TextosIdioma textos;
-    switch (RecuperarIdioma(textos, datos / "language.txt", ajustes.IdiomaActual)) {
-        case ResultadoIdioma::SinArchivo: vista.Advertir(MensajeLiteral("Cannot find language file.")); return false;
+    Mensaje sinIdioma = MensajeLiteral("Cannot find language file.");
+    switch (RecuperarIdioma(textos, datos / "language.txt", ajustes.IdiomaActual, &sinIdioma.detalle)) {
+        case ResultadoIdioma::SinArchivo: vista.Advertir(sinIdioma); return false;
         case ResultadoIdioma::Fallo: vista.Advertir(MensajeLiteral("An error has occurred")); break;
         case ResultadoIdioma::Bien: break;
     }
     return comando({textos, ajustes, datos, vista, salida});
 }
 
-}  // namespace
-
-int EjecutarQorgen(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
+int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
     LineaDeComandos linea;
     try {
         linea.Leer(argumentos);
@@ -101,10 +130,19 @@ int EjecutarQorgen(const std::vector<std::string>& argumentos, std::ostream& sal
     } catch (const MalUso& error) {
         errores << error.what() << '\n' << linea.Ayuda();
         return estadoMalUso;
+    } catch (const FalloDeArchivo& fallo) {
+        vista.Advertir(ConDetalle(MensajeLiteral("The command failed."), fallo));
+        return estadoRechazado;
     } catch (const std::exception& fallo) {
         vista.Advertir(MensajeLiteral(std::string("The command failed: ") + fallo.what() + "."));
         return estadoRechazado;
     }
+}
+
+}  // namespace
+
+int EjecutarQorgen(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
+    return TerminarSalida(salida, errores, Correr(argumentos, salida, errores));
 }
 
 }  // namespace qor

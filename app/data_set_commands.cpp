@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <ostream>
 
 #include "app/command.h"
 #include "app/console_view.h"
-#include "base/paths.h"
 #include "base/text.h"
 #include "dataset/data_set.h"
 
@@ -58,8 +58,8 @@ void ImprimirContenido(const JuegoDeDatos& datos, std::ostream& salida) {
 bool Dataset(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     std::optional<Reemplazo> reemplazo;
     if (argumentos.campo) reemplazo = LeerReemplazo(argumentos);
-    const std::string archivo = DeArgumento(argumentos.archivo);
-    const auto datos = ExaminarJuegoDeDatos(RutaDelSistema(archivo), contexto.textos, contexto.vista);
+    const std::filesystem::path archivo = argumentos.archivo;
+    auto datos = ExaminarJuegoDeDatos(archivo, contexto.textos, contexto.vista);
     if (!datos) return false;
     if (!reemplazo) {
         ImprimirContenido(*datos, contexto.salida);

@@ -7,7 +7,7 @@
 
 #include "app/command.h"
 #include "app/console_view.h"
-#include "base/files.h"
+#include "base/new_file.h"
 #include "base/text.h"
 #include "generator/data_source_models.h"
 #include "generator/generate.h"
@@ -69,22 +69,32 @@ bool Source(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return hecho && abierto.Guardar(contexto);
 }
 
+// The printed text as a file, which is opened before anything is said to be printed.
+class ImpresionEnArchivo : public DispositivoDeTexto {
+public:
+    explicit ImpresionEnArchivo(const std::filesystem::path& ruta) : archivo_(ruta) {}
+
+    void Terminar() override {
+        DispositivoDeTexto::Terminar();
+        archivo_.Escribir(Texto());
+        archivo_.PonerEnSuLugar();
+    }
+
+private:
+    ArchivoNuevo archivo_;
+};
+
 bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DocumentoDeComando abierto;
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     DispositivoDeTexto dispositivo;
-    std::optional<ArchivoDeSalida> archivo;
-    // The file is opened before anything is said to be printed.
-    const auto elegir = [&] {
-        if (argumentos.archivo) archivo.emplace(*argumentos.archivo);
-        return &dispositivo;
+    std::optional<ImpresionEnArchivo> archivo;
+    const auto elegir = [&]() -> Dispositivo* {
+        if (!argumentos.archivo) return &dispositivo;
+        return &archivo.emplace(*argumentos.archivo);
     };
     if (!PrintOption(abierto.Pedido(contexto), elegir)) return false;
-    if (archivo) {
-        archivo->Escribir(dispositivo.Texto());
-    } else {
-        contexto.salida << TextoDeTerminal(dispositivo.Texto());
-    }
+    contexto.salida << TextoDeTerminal(dispositivo.Texto());
     return true;
 }
 

@@ -1,8 +1,8 @@
 #include "app/file_type.h"
 
-#include <fstream>
-#include <system_error>
+#include <exception>
 
+#include "base/new_file.h"
 #include "base/text.h"
 
 namespace qor {
@@ -68,13 +68,14 @@ fs::path DirectorioDeDatosDelUsuario(const Entorno& entorno) {
 }
 
 bool EscribirSiFalta(const ArchivoDeRegistro& archivo) {
-    std::error_code error;
-    if (fs::exists(archivo.ruta, error) || error) return false;
-    fs::create_directories(archivo.ruta.parent_path(), error);
-    if (error) return false;
-    std::ofstream salida(archivo.ruta, std::ios::binary);
-    salida << archivo.contenido;
-    return static_cast<bool>(salida.flush());
+    try {
+        if (Existe(archivo.ruta)) return false;
+        fs::create_directories(archivo.ruta.parent_path());
+        GuardarArchivo(archivo.ruta, archivo.contenido);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 }  // namespace

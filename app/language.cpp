@@ -55,11 +55,13 @@ bool LeerSeccion(TextosIdioma& textos, std::string_view contenido, std::string_v
 
 }  // namespace
 
-ResultadoIdioma RecuperarIdioma(TextosIdioma& textos, const std::filesystem::path& ruta, std::string& IdiomaActual) {
+ResultadoIdioma RecuperarIdioma(TextosIdioma& textos, const std::filesystem::path& ruta, std::string& IdiomaActual,
+                                std::string* detalle) {
     std::string contenido;
     try {
         contenido = LeerArchivo(ruta);
-    } catch (const FalloDeEjecucion&) {
+    } catch (const FalloDeArchivo& fallo) {
+        if (detalle != nullptr) *detalle = fallo.Detalle();
         return ResultadoIdioma::SinArchivo;
     }
     return RecuperarIdiomaDeTexto(textos, contenido, IdiomaActual);
@@ -86,7 +88,8 @@ ListaDeIdiomas ListarIdiomas(const std::filesystem::path& ruta) {
             const Par par = LeerPar(lector);
             if (par.numero == 0) lista.nombres.push_back(ReemplazarTodo(par.texto, "\"", ""));
         }
-    } catch (const FalloDeEjecucion&) {
+    } catch (const FalloDeEjecucion& fallo) {
+        lista.detalle = ConDetalle({}, fallo).detalle;
         lista.completa = false;
     }
     return lista;

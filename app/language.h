@@ -19,8 +19,10 @@ enum class ResultadoIdioma {
 };
 
 // Loads the texts of a language, whose name is compared without regard to case. A language that the file doesn't have makes
-// `IdiomaActual` "English" and loads that; without it too the table stays empty.
-ResultadoIdioma RecuperarIdioma(TextosIdioma& textos, const std::filesystem::path& ruta, std::string& IdiomaActual);
+// `IdiomaActual` "English" and loads that; without it too the table stays empty. `detalle` gets what the system said about a file
+// that can't be read.
+ResultadoIdioma RecuperarIdioma(TextosIdioma& textos, const std::filesystem::path& ruta, std::string& IdiomaActual,
+                                std::string* detalle = nullptr);
 
 // The same from the content of the file.
 ResultadoIdioma RecuperarIdiomaDeTexto(TextosIdioma& textos, std::string_view contenido, std::string& IdiomaActual);
@@ -29,6 +31,7 @@ ResultadoIdioma RecuperarIdiomaDeTexto(TextosIdioma& textos, std::string_view co
 struct ListaDeIdiomas {
     std::vector<std::string> nombres;
     bool completa = true;  // false when the reading failed; the names are those read until then
+    std::string detalle;   // what the system said about a file that can't be read
 };
 
 ListaDeIdiomas ListarIdiomas(const std::filesystem::path& ruta);

@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QTimer>
+#include <filesystem>
 #include <string>
 
 #include "app/Principal.h"
@@ -13,14 +14,18 @@
 #include "app/qt/screen_view.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
+#include "base/file_calls.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
 
 namespace {
 
-void Avisar(const char* texto) {
-    QMessageBox caja(QMessageBox::Warning, QString::fromLatin1(qor::tituloDelPrograma), QString::fromLatin1(texto),
+// `detalle` is what the system said about a file, in UTF-8.
+void Avisar(const char* texto, const std::string& detalle = {}) {
+    const QString detras = detalle.empty() ? QString() : QLatin1Char('\n') + QString::fromStdString(detalle);
+    QMessageBox caja(QMessageBox::Warning, QString::fromLatin1(qor::tituloDelPrograma), QString::fromLatin1(texto) + detras,
                      QMessageBox::Ok);
+    caja.setTextFormat(Qt::PlainText);
     caja.exec();
 }
 
@@ -53,12 +58,8 @@ int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argume
     };
     qor::FormBDCEditor editor(programa.textos, vista, programa.ajustes.DirectorioDocumentos, ayuda, nullptr);
     if (!argumentos.isEmpty()) {
-        const auto ruta = qor::DesdeUtf8(argumentos.first().toStdString());
-        if (!ruta) {
-            Avisar("The name of the file has a character outside windows-1252.");
-            return 1;
-        }
-        QTimer::singleShot(0, &editor, [&editor, ruta = *ruta] { editor.Abrir(ruta); });
+        const std::filesystem::path ruta = argumentos.first().toStdString();
+        QTimer::singleShot(0, &editor, [&editor, ruta] { editor.Abrir(ruta); });
     }
     editor.exec();
     return 0;
@@ -67,6 +68,7 @@ int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argume
 }  // namespace
 
 int main(int cantidad, char** argumentos) {
+    qor::PrepararProceso();
     QApplication aplicacion(cantidad, argumentos);
     QApplication::setApplicationName(QStringLiteral("qor-generator"));
     QApplication::setApplicationDisplayName(QString());
@@ -75,10 +77,11 @@ int main(int cantidad, char** argumentos) {
 
     qor::Programa programa;
     switch (qor::CargarPrograma(programa, qor::EntornoDelProceso(), qor::DirectorioDeDatos())) {
-        case qor::ResultadoIdioma::SinArchivo: Avisar(qor::avisoSinIdioma); return 1;
+        case qor::ResultadoIdioma::SinArchivo: Avisar(qor::avisoSinIdioma, programa.detalleDeIdioma); return 1;
         case qor::ResultadoIdioma::Fallo: Avisar(qor::avisoFalloIdioma); break;
         case qor::ResultadoIdioma::Bien: break;
     }
+    if (!programa.detalleDeAjustes.empty()) Avisar(qor::avisoAjustesSinLeer, programa.detalleDeAjustes);
     const QStringList dados = QApplication::arguments();
     if (dados.size() > 1 && dados.at(1) == QLatin1String("--data-set-editor")) return CorrerEditorDeDatos(programa, dados.mid(2));
     const std::string linea = LineaDe(QApplication::arguments());

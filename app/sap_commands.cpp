@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -33,7 +32,12 @@ struct Argumentos {
 
 // A document that doesn't exist starts as a new one.
 bool AbrirONuevo(DocumentoDeComando& abierto, const ContextoDeComando& contexto, const std::filesystem::path& ruta) {
-    if (ExisteNombre(ruta)) return abierto.Abrir(contexto, ruta);
+    try {
+        if (ExisteNombre(ruta)) return abierto.Abrir(contexto, ruta);
+    } catch (const FalloDeArchivo& fallo) {
+        contexto.vista.Advertir(ConDetalle(Componer(contexto.textos, {335}), fallo));
+        return false;
+    }
     abierto.documento.ruta = RutaAbsoluta(ruta);
     return true;
 }

@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <optional>
 #include <system_error>
 #include <utility>
 
-#include "base/failure.h"
-#include "base/files.h"
+#include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
 
@@ -38,22 +36,6 @@ std::string LineaDeEntrada(std::string_view clave, std::string_view valor) {
 template <typename Tabla>
 auto BuscarEntrada(Tabla& tabla, std::string_view clave) {
     return std::find_if(tabla.begin(), tabla.end(), [&](const auto& entrada) { return entrada.clave == clave; });
-}
-
-// Writes the text beside the file, then puts it in the file's place.
-void EscribirEnSuLugar(const fs::path& ruta, std::string_view texto) {
-    if (ruta.has_parent_path()) fs::create_directories(ruta.parent_path());
-    fs::path temporal = ruta;
-    temporal.replace_extension(".tmp");
-    auto archivo = ArchivoBloqueado::Crear(temporal);
-    try {
-        archivo.EscribirTodo(texto);
-        ReemplazarArchivo(temporal, ruta);
-    } catch (...) {
-        std::error_code ignorado;
-        fs::remove(temporal, ignorado);
-        throw;
-    }
 }
 
 // A setting that is on unless it says "No".
@@ -93,11 +75,8 @@ constexpr std::array<TextoDeOpcion, 5> encodings = {{{"NONE", OpcionEncoding::Ni
                                                      {"", OpcionEncoding::Default},
                                                      {"ENCODING NON-UNICODE.", OpcionEncoding::NonUnicode}}};
 
-// The text of the settings file, and nothing where there is no file.
-std::optional<std::string> LeerSiExiste(const fs::path& ruta) {
-    if (!fs::exists(ruta)) return std::nullopt;
-    return LeerArchivo(ruta);
-}
+// The text of the settings file; an empty one where there is no file.
+std::string LeerSiExiste(const fs::path& ruta) { return Existe(ruta) ? LeerArchivo(ruta) : std::string(); }
 
 }  // namespace
 
@@ -124,13 +103,8 @@ fs::path RutaDeAjustes(const Entorno& entorno) {
 }
 
 void ArchivoINI::CargarINI(const fs::path& ruta) {
-    std::string texto;
-    try {
-        texto = LeerArchivo(ruta);
-    } catch (const FalloDeEjecucion&) {
-        // No settings: all defaults apply.
-    }
-    LeerTexto(texto);
+    LeerTexto({});
+    LeerTexto(LeerSiExiste(ruta));
 }
 
 void ArchivoINI::LeerTexto(std::string_view texto) {
@@ -183,18 +157,12 @@ std::string ArchivoINI::TextoCambiado(std::string_view texto) const {
     return resultado;
 }
 
-bool ArchivoINI::GuardarINI(const fs::path& ruta) {
-    if (!INIModificado_) return true;
-    try {
-        EscribirEnSuLugar(ruta, TextoCambiado(LeerSiExiste(ruta).value_or("")));
-    } catch (const FalloDeEjecucion&) {
-        return false;
-    } catch (const fs::filesystem_error&) {
-        return false;
-    }
+void ArchivoINI::GuardarINI(const fs::path& ruta) {
+    if (!INIModificado_) return;
+    if (ruta.has_parent_path()) fs::create_directories(ruta.parent_path());
+    GuardarArchivo(ruta, TextoCambiado(LeerSiExiste(ruta)), ".tmp");
     for (auto& entrada : TablaINI_) entrada.cambiada = false;
     INIModificado_ = false;
-    return true;
 }
 
 OpcionEncoding EncodingDeAdiciones(std::string_view AdicionesDataset) {

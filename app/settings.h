@@ -27,7 +27,7 @@ std::filesystem::path RutaDeAjustes(const Entorno& entorno);
 // held cut. A line without "=" is an entry with an empty value. Of several entries with one key the first counts.
 class ArchivoINI {
 public:
-    // Takes the entries of a file. One that is missing or can't be read gives none.
+    // Takes the entries of a file. One that is missing gives none; so does one that can't be read, which throws FalloDeArchivo.
     void CargarINI(const std::filesystem::path& ruta);
 
     // The value of the first entry with the key, or an empty text.
@@ -40,9 +40,9 @@ public:
     bool Modificado() const { return INIModificado_; }
 
     // Brings the changed entries into the file, which is read anew, and replaces it in one atomic step; the file and its directory
-    // are made when they are missing. Does nothing when no entry was changed. False when it fails: the file is then as it was, and
+    // are made when they are missing. Does nothing when no entry was changed. Throws when it fails: the file is then as it was, and
     // the entries remain changed.
-    bool GuardarINI(const std::filesystem::path& ruta);
+    void GuardarINI(const std::filesystem::path& ruta);
 
     // The same on texts. `TextoCambiado` keeps every line whose entry wasn't changed as it stands, drops blank lines, and puts
     // changed entries that have no line of their own behind the others. Lines end with CR LF.

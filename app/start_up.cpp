@@ -17,7 +17,7 @@ constexpr std::string_view sinPresentacion = "#$%";
 constexpr const char* primerIdioma = "English";
 
 ResultadoIdioma CargarIdioma(Programa& programa, std::string& idioma) {
-    return RecuperarIdioma(programa.textos, programa.directorioDeDatos / "language.txt", idioma);
+    return RecuperarIdioma(programa.textos, programa.directorioDeDatos / "language.txt", idioma, &programa.detalleDeIdioma);
 }
 
 std::string SinComillas(std::string_view texto) {
@@ -41,9 +41,21 @@ fs::path ConNombreDelDisco(const fs::path& documento) {
     return parecido.empty() ? documento : documento.parent_path() / parecido;
 }
 
-void GuardarTodo(Programa& programa) {
-    GuardarAjustes(programa.ini, programa.ajustes);
-    programa.ini.GuardarINI(programa.rutaDeAjustes);
+bool GuardarINI(Programa& programa) {
+    try {
+        programa.ini.GuardarINI(programa.rutaDeAjustes);
+        return true;
+    } catch (const std::exception& fallo) {
+        programa.detalleDeAjustes = ConDetalle({}, fallo).detalle;
+        return false;
+    }
+}
+
+void GuardarTodo(Programa& programa, Vista& vista) {
+    if (GuardarElecciones(programa)) return;
+    Mensaje aviso = MensajeLiteral(avisoAjustesSinGuardar);
+    aviso.detalle = programa.detalleDeAjustes;
+    vista.Advertir(aviso);
 }
 
 void BorrarTemporal(EstadoDelGenerador& generador) {
@@ -58,7 +70,11 @@ void BorrarTemporal(EstadoDelGenerador& generador) {
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const fs::path& directorioDeDatos) {
     programa.directorioDeDatos = directorioDeDatos;
     programa.rutaDeAjustes = RutaDeAjustes(entorno);
-    programa.ini.CargarINI(programa.rutaDeAjustes);
+    try {
+        programa.ini.CargarINI(programa.rutaDeAjustes);
+    } catch (const FalloDeArchivo& fallo) {
+        programa.detalleDeAjustes = fallo.Detalle();
+    }
     programa.ajustes = LeerAjustes(programa.ini, RutaDelModelo(directorioDeDatos));
     std::string& elegido = programa.ajustes.IdiomaActual;
     if (!elegido.empty()) return CargarIdioma(programa, elegido);
@@ -69,7 +85,15 @@ ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const
 ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre) {
     if (EstaEnBlanco(nombre)) return ResultadoIdioma::Bien;
     programa.ajustes.IdiomaActual = Recortar(nombre);
-    return CargarIdioma(programa, programa.ajustes.IdiomaActual);
+    const auto resultado = CargarIdioma(programa, programa.ajustes.IdiomaActual);
+    programa.ini.EscribirClave("Language", programa.ajustes.IdiomaActual);
+    GuardarINI(programa);
+    return resultado;
+}
+
+bool GuardarElecciones(Programa& programa) {
+    GuardarAjustes(programa.ini, programa.ajustes);
+    return GuardarINI(programa);
 }
 
 void RecordarDirectorio(Programa& programa, const Documento& documento) {
@@ -99,7 +123,7 @@ bool AbrirInicial(Programa& programa, Ventana& ventana, const fs::path& document
 
 bool CerrarPrograma(Programa& programa, Ventana& ventana, const std::function<void()>& desconectar) {
     if (!CerrarDocumento(ventana)) return false;
-    GuardarTodo(programa);
+    GuardarTodo(programa, ventana.vista);
     BorrarTemporal(programa.generador);
     if (desconectar) desconectar();
     return true;

@@ -22,19 +22,28 @@ struct Programa {
     AjustesDelPrograma ajustes;
     TextosIdioma textos;
     EstadoDelGenerador generador;
+    // What the system said where the settings or the language file could not be read, or the settings not be saved.
+    std::string detalleDeAjustes;
+    std::string detalleDeIdioma;
 };
 
 // The load of the main form: settings, then the language, English where none was chosen yet. Settings that can't be read are the
-// defaults. With ResultadoIdioma::SinArchivo the form shows avisoSinIdioma and ends the program; with Fallo it shows
-// avisoFalloIdioma and goes on.
+// defaults; then `detalleDeAjustes` is set, and avisoAjustesSinLeer is due. With ResultadoIdioma::SinArchivo the form shows
+// avisoSinIdioma and ends the program; with Fallo it shows avisoFalloIdioma and goes on.
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const std::filesystem::path& directorioDeDatos);
 
 constexpr const char* avisoSinIdioma = "Cannot find language file.";
 constexpr const char* avisoFalloIdioma = "An error has occurred";
+constexpr const char* avisoAjustesSinLeer = "The settings can't be read.";
+constexpr const char* avisoAjustesSinGuardar = "The settings can't be saved.";
 constexpr const char* avisoFalloListaDeIdiomas = "An error has occurred while trying to retrieve language.";
 
-// A language chosen by the user, at the first start or by the menu. Nothing with a blank name.
+// A language chosen by the user, at the first start or by the menu; it is saved at once. Nothing with a blank name.
 ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre);
+
+// Saves the settings as they are, right after the user has chosen some of them. False, with `detalleDeAjustes`, when that fails;
+// the end of the program tries again.
+bool GuardarElecciones(Programa& programa);
 
 // The directory of the document that was opened is the one where the next one is looked for. A name that the settings can't hold is
 // passed over.

@@ -66,7 +66,7 @@ RegistroBAPI LeerRegistro(std::string_view linea) {
 std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, const TextosIdioma& textos, Vista& vista) {
     try {
         const auto ruta = RutaDelSistema(ArchivoBAPI);
-        const std::string texto = LeerArchivo(ruta);
+        const std::string texto = LeerArchivo(ruta, limiteDeCatalogo);
         const auto lineas = PartirEnLineas(texto);
         if (lineas.empty()) throw FalloDeEjecucion("the catalogue is empty");
         if (Mayusculas(Recortar(lineas[0])) != cabezaDeCatalogo) {
@@ -77,8 +77,8 @@ std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, 
         for (std::size_t i = 1; i < lineas.size(); ++i) Agregar(catalogo, LeerRegistro(lineas[i]));
         catalogo.FechaGeneracion = FechaDeArchivo(ruta);
         return catalogo;
-    } catch (const FalloDeEjecucion&) {
-        vista.Advertir(Componer(textos, {382, " ", ArchivoBAPI}));
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {382, " ", ArchivoBAPI}), fallo));
         return std::nullopt;
     }
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/failure.h"
-#include "base/files.h"
+#include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "sap/remote_reports.h"
@@ -17,6 +17,7 @@ namespace qor {
 namespace {
 
 constexpr const char* finDeLinea = "\r\n";
+constexpr std::size_t bytesPorCopia = std::size_t{1} << 20;
 
 void Borrar(const std::string& ruta) {
     std::error_code ignorado;
@@ -67,19 +68,18 @@ public:
                 Borrar(nuevo_);
                 return ResultadoActualizacion::Fallida;
             }
-            archivo.LlevarAlDisco();
-        } catch (const std::exception&) {
+        } catch (const std::exception& fallo) {
             if (enProgreso) p_.ConfigurarActualizacionEnProgreso(false);
-            return Fallar();
+            return Fallar(fallo);
         }
         return Instalar();
     }
 
 private:
-    ResultadoActualizacion Fallar() {
+    ResultadoActualizacion Fallar(const std::exception& fallo) {
         Borrar(viejo_);
         Borrar(nuevo_);
-        p_.vista.Advertir(Componer(p_.textos, {441}));
+        p_.vista.Advertir(ConDetalle(Componer(p_.textos, {441}), fallo));
         return ResultadoActualizacion::Fallida;
     }
 
@@ -89,7 +89,7 @@ private:
         if (parcial.empty()) return;
         viejo_ = QuitarExtension(parcial) + ".tmp";
         ReemplazarArchivo(RutaDelSistema(parcial), RutaDelSistema(viejo_));
-        const std::string texto = LeerArchivo(RutaDelSistema(viejo_));
+        const std::string texto = LeerArchivo(RutaDelSistema(viejo_), limiteDeCatalogo);
         const auto lineas = PartirEnLineas(texto);
         const bool deEstaVersion =
             lineas.size() >= 2 && lineas[0] == cabezaDeCatalogo && Recortar(lineas[1]) == "0 " + p_.sesion.VersionSistema;
@@ -149,10 +149,15 @@ private:
     ResultadoActualizacion Instalar() {
         const std::string destino = AgregarBarra(p_.directorio) + "BAPI" + std::string(Recortar(p_.sesion.VersionSistema));
         try {
-            ReemplazarArchivo(RutaDelSistema(nuevo_), RutaDelSistema(destino));
-        } catch (const FalloDeEjecucion&) {
-            return Fallar();
+            ArchivoAbierto bajado(RutaDelSistema(nuevo_));
+            ArchivoNuevo catalogo(RutaDelSistema(destino));
+            std::vector<char> bloque(bytesPorCopia);
+            while (const auto leidos = bajado.Leer(bloque.data(), bloque.size())) catalogo.Escribir({bloque.data(), leidos});
+            catalogo.PonerEnSuLugar();
+        } catch (const FalloDeEjecucion& fallo) {
+            return Fallar(fallo);
         }
+        Borrar(nuevo_);
         p_.ArchivoBAPI = destino;
         return ResultadoActualizacion::Hecha;
     }

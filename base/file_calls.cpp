@@ -98,6 +98,8 @@ int Cerrar(int descriptor) {
     return Falla(LlamadaDeArchivo::Cerrar) ? -1 : resultado;
 }
 
+void AnunciarLectura(int descriptor) { ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL); }
+
 }  // namespace llamadas
 
 void PrepararProceso() {

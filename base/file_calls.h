@@ -51,6 +51,9 @@ int Renombrar(const char* vieja, const char* nueva);
 int Borrar(const char* ruta);
 int Cerrar(int descriptor);
 
+// Tells the system that a file will be read from its beginning to its end; nothing depends on it.
+void AnunciarLectura(int descriptor);
+
 }  // namespace llamadas
 
 // The hook of the tests, asked before each call: an error number makes the call fail with it, 0 lets it pass. A file is closed even

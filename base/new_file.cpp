@@ -163,27 +163,49 @@ void ArchivoNuevo::Escribir(std::string_view texto) {
 }
 
 void ArchivoNuevo::Vaciar() {
+    if (std::exchange(incompleto_, true)) throw FalloDeArchivo("The file is incomplete", destino_);
     EscribirEn(descriptor_.Valor(), pendiente_, destino_);
+    incompleto_ = false;
     pendiente_.clear();
 }
 
-ArchivoBloqueado ArchivoNuevo::PonerEnSuLugar(const std::optional<IdentidadDeArchivo>& esperada) {
+void ArchivoNuevo::LlevarAlDisco() {
     Vaciar();
+    if (llamadas::LlevarAlDisco(descriptor_.Valor()) == 0) return;
+    // Devices and pipes that have nothing to bring there say so.
+    const bool nadaQueLlevar = errno == EINVAL || errno == EROFS || errno == ENOTSUP;
+    if (!directo_ || !nadaQueLlevar) Fallar(errno);
+}
+
+ArchivoBloqueado ArchivoNuevo::PonerEnSuLugar(const std::optional<IdentidadDeArchivo>& esperada) {
     if (directo_) {
-        TerminarDirecto();
+        LlevarAlDisco();
+        if (descriptor_.Cerrar() != 0) Fallar(errno);
         return {};
     }
+    Vaciar();
     TomarDestino();
     if (esperada && (!hayDestino_ || IdentidadDe(*anterior_) != *esperada)) {
-        throw FalloDeArchivo("Another program has changed the file", destino_);
+        throw FalloDeArchivo(motivoCambiado, destino_);
     }
     if (anterior_) DarAtributos();
-    if (llamadas::LlevarAlDisco(descriptor_.Valor()) != 0) Fallar(errno);
+    LlevarAlDisco();
     Bloquear(descriptor_.Valor(), destino_);
+    struct stat nuevo {};
+    if (llamadas::Mirar(descriptor_.Valor(), nuevo) != 0) Fallar(errno);
     Colocar();
+    identidad_ = IdentidadDe(nuevo);
     LlevarDirectorioAlDisco(objetivo_);
     bloqueo_.Cerrar();
     return ArchivoBloqueado(std::move(descriptor_), destino_);
+}
+
+void ArchivoNuevo::PonerLoHecho() {
+    try {
+        PonerEnSuLugar();
+    } catch (const FalloDeArchivo&) {
+        return;
+    }
 }
 
 void ArchivoNuevo::DarAtributos() {
@@ -214,13 +236,6 @@ void ArchivoNuevo::Colocar() {
     }
     if (llamadas::Renombrar(trabajo_.c_str(), objetivo_.c_str()) != 0) Fallar(errno);
     trabajo_.clear();
-}
-
-// Devices and pipes that have nothing to flush say so.
-void ArchivoNuevo::TerminarDirecto() {
-    const bool llevado = llamadas::LlevarAlDisco(descriptor_.Valor()) == 0;
-    if (!llevado && errno != EINVAL && errno != EROFS && errno != ENOTSUP) Fallar(errno);
-    if (descriptor_.Cerrar() != 0) Fallar(errno);
 }
 
 void GuardarArchivo(const fs::path& destino, std::string_view texto, std::string_view extension) {

@@ -34,13 +34,22 @@ public:
     ArchivoNuevo(const ArchivoNuevo&) = delete;
     ArchivoNuevo& operator=(const ArchivoNuevo&) = delete;
 
-    // Texts are gathered and written in large blocks.
+    // Texts are gathered and written in large blocks. After a failed write nothing can be put in its place any more.
     void Escribir(std::string_view texto);
+
+    // Brings what was written so far to the disk: whatever is in the way of the new file shows here.
+    void LlevarAlDisco();
 
     // Brings the text to the disk and puts it in its place; the last thing to do with this object. With `esperada` the destination
     // must still be that file in that state, else it is a failure. The answer holds the new file locked, without a moment between;
     // it is not open where no regular file was written.
     ArchivoBloqueado PonerEnSuLugar(const std::optional<IdentidadDeArchivo>& esperada = std::nullopt);
+
+    // The same for what came out until an action failed, whose failure is the one to tell: no other one is thrown.
+    void PonerLoHecho();
+
+    // Of the new file, once it is in its place.
+    const IdentidadDeArchivo& Identidad() const { return identidad_; }
 
 private:
     void AbrirDirecto(bool regular);
@@ -53,13 +62,13 @@ private:
     void Vaciar();
     void DarAtributos();
     void Colocar();
-    void TerminarDirecto();
     [[noreturn]] void Fallar(int error) const;
 
     std::filesystem::path destino_;
     std::filesystem::path objetivo_;  // where the links lead
     std::string extension_;
     const ArchivoAbierto* propio_;
+    IdentidadDeArchivo identidad_;
     bool directo_ = false;
     bool hayDestino_ = false;
     std::optional<struct stat> anterior_;  // the old file, as last seen
@@ -67,6 +76,7 @@ private:
     Descriptor descriptor_;                // of the new file
     std::filesystem::path trabajo_;        // empty while the work file has no name
     std::string pendiente_;
+    bool incompleto_ = false;  // a write has failed
 };
 
 // A text as the whole content of a file.

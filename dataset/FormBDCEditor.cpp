@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "base/busy_pointer.h"
 #include "base/failure.h"
@@ -56,9 +55,9 @@ std::string TextoDe(const QComboBox& lista) { return TextoDelModelo(lista.curren
 
 }  // namespace
 
-FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::string directorio, const AbrirAyuda& ayuda,
+FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, const std::string& directorio, const AbrirAyuda& ayuda,
                              QWidget* padre)
-    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista), directorio_(std::move(directorio)) {
+    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista), directorio_(RutaDelSistema(directorio)) {
     setWindowTitle(QStringLiteral("QOR End-User"));
     auto* const orden = new QVBoxLayout(this);
     orden->addLayout(CrearArchivo());
@@ -75,7 +74,7 @@ FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::stri
     OK_ = NuevoBoton("OK", Literal("OK"));
     connect(EdicionButton_, &QPushButton::clicked, this, [this] {
         if (vista_.Preguntar(Componer(Textos(), {406}), Botones::SiNo) != Respuesta::Si) return CambiarVista();
-        if (!vista_.AbrirEditor(RutaDelSistema(RutaArchivo_))) vista_.Advertir(Componer(Textos(), {325}));
+        if (!vista_.AbrirEditor(RutaArchivo_)) vista_.Advertir(Componer(Textos(), {325}));
     });
     connect(OK_, &QPushButton::clicked, this, &QDialog::accept);
     orden->addLayout(FilaDeBotones({Ayuda_, EdicionButton_, OK_}, 2));
@@ -91,8 +90,7 @@ QLayout* FormBDCEditor::CrearArchivo() {
     FileToEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     LabelCompletado_ = NuevoRotulo("LabelCompletado", {});
     connect(Browse_, &QPushButton::clicked, this, [this] {
-        const auto ruta = vista_.ElegirParaAbrir(RutaDelSistema(directorio_), "");
-        Abrir(ruta ? TextoDeRuta(*ruta) : std::string());
+        Abrir(vista_.ElegirParaAbrir(directorio_, "").value_or(std::filesystem::path()));
     });
     auto* const fila = new QHBoxLayout;
     fila->addWidget(Browse_);
@@ -243,21 +241,22 @@ void FormBDCEditor::SetearCampos(bool activo) {
 
 void FormBDCEditor::HabilitarValor() { FrameValor_->setEnabled(OptionValor_->isChecked()); }
 
-void FormBDCEditor::Abrir(const std::string& ruta) {
+void FormBDCEditor::Abrir(const std::filesystem::path& ruta) {
     ResetearValores();
     SetearCampos(false);
     TextoManual_->Cerrar();
     RutaArchivo_ = ruta;
-    FileToEdit_->setText(TextoQt(ruta));
-    FileToEdit_->setToolTip(TextoQt(ruta));
-    if (EstaEnBlanco(ruta)) return;
-    directorio_ = DirectorioDeRuta(ruta);
+    const QString nombre = QString::fromStdString(ruta.string());
+    FileToEdit_->setText(nombre);
+    FileToEdit_->setToolTip(nombre);
+    if (EstaEnBlanco(ruta.string())) return;
+    directorio_ = ruta.parent_path();
     AbrirManual();
     std::optional<JuegoDeDatos> leido;
-    ConProgreso([&](const Progreso& progreso) { leido = ExaminarJuegoDeDatos(RutaDelSistema(ruta), Textos(), vista_, progreso); });
+    ConProgreso([&](const Progreso& progreso) { leido = ExaminarJuegoDeDatos(ruta, Textos(), vista_, progreso); });
     if (!leido) return;
     datos_ = std::move(*leido);
-    FileToEdit_->setText(QStringLiteral(" %1: %2").arg(QLatin1String(NombreDeTipo(datos_.tipo)), TextoQt(ruta)));
+    FileToEdit_->setText(QStringLiteral(" %1: %2").arg(QLatin1String(NombreDeTipo(datos_.tipo)), nombre));
     LabelCompletado_->setText(QString::number(datos_.lineas));
     LlenarListas();
     SetearCampos(true);
@@ -279,7 +278,7 @@ void FormBDCEditor::LlenarListas() {
 // A file that can't be opened has its message from the scan.
 void FormBDCEditor::AbrirManual() {
     try {
-        TextoManual_->Abrir(RutaDelSistema(RutaArchivo_));
+        TextoManual_->Abrir(RutaArchivo_);
     } catch (const FalloDeEjecucion&) {
         TextoManual_->Cerrar();
     }

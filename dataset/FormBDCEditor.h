@@ -23,10 +23,10 @@ class FormBDCEditor : public Dialogo {
     Q_OBJECT
 public:
     // `directorio` is where the choice of a file starts.
-    FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::string directorio, const AbrirAyuda& ayuda, QWidget* padre);
+    FormBDCEditor(const TextosIdioma& textos, Vista& vista, const std::string& directorio, const AbrirAyuda& ayuda, QWidget* padre);
 
     // Scans a file and fills the lists with what it holds, as Browse does for the chosen one.
-    void Abrir(const std::string& ruta);
+    void Abrir(const std::filesystem::path& ruta);
 
 protected:
     // A run that is under way is stopped first.
@@ -58,8 +58,8 @@ private:
     void ConProgreso(const std::function<void(const Progreso&)>& accion);
 
     Vista& vista_;
-    std::string directorio_;
-    std::string RutaArchivo_;
+    std::filesystem::path directorio_;
+    std::filesystem::path RutaArchivo_;
     JuegoDeDatos datos_;
     bool trabajando_ = false;
     bool detener_ = false;

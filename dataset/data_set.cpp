@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t maximoDefiniciones = 1001;
 constexpr std::uintmax_t lineasPorAviso = 1 << 14;
+constexpr std::size_t maximoDeLinea = std::size_t{1} << 16;  // no column that is looked at lies behind
 
 constexpr int maximo16 = 32767;
 
@@ -31,7 +32,10 @@ public:
         if (datos_.tipo == TipoArchivo::DATAERRORS && EsDefinicion(linea)) LineaDeDefinicion(linea);
     }
 
-    JuegoDeDatos Resultado() { return std::move(datos_); }
+    JuegoDeDatos Resultado(const IdentidadDeArchivo& identidad) {
+        datos_.identidad = identidad;
+        return std::move(datos_);
+    }
     TipoArchivo Tipo() const { return datos_.tipo; }
 
 private:
@@ -94,7 +98,9 @@ int JuegoDeDatos::DevolverAnchoMayor(std::string_view campo) const {
 std::optional<JuegoDeDatos> ExaminarJuegoDeDatos(const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista,
                                                  const Progreso& progreso) {
     try {
-        LectorDeLineas lector(ruta);
+        ArchivoAbierto archivo(ruta);
+        const auto identidad = archivo.Identidad();
+        LectorDeLineas lector(archivo, maximoDeLinea);
         LectorDeLineas::Linea linea;
         Examen examen;
         for (std::uintmax_t n = 0; lector.Siguiente(linea); ++n) {
@@ -104,10 +110,10 @@ std::optional<JuegoDeDatos> ExaminarJuegoDeDatos(const std::filesystem::path& ru
             if (n % lineasPorAviso != 0 || !progreso) continue;
             if (!progreso(static_cast<double>(lector.Leidos()) / static_cast<double>(lector.Tamano()))) return std::nullopt;
         }
-        if (examen.Tipo() != TipoArchivo::UNKNOWN) return examen.Resultado();
+        if (examen.Tipo() != TipoArchivo::UNKNOWN) return examen.Resultado(identidad);
         vista.Advertir(Componer(textos, {403}));
-    } catch (const FalloDeEjecucion&) {
-        vista.Advertir(Componer(textos, {328}));
+    } catch (const FalloDeEjecucion& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
     }
     return std::nullopt;
 }

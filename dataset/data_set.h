@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/files.h"
 #include "base/messages.h"
 #include "base/view.h"
 
@@ -34,8 +35,9 @@ struct Definicion {
     int ancho = 0;
 };
 
-// What a scan of a data set found.
+// What a scan of a data set found, and the file that it was found in.
 struct JuegoDeDatos {
+    IdentidadDeArchivo identidad;
     TipoArchivo tipo = TipoArchivo::UNKNOWN;
     std::vector<std::string> transacciones;  // in order of appearance
     std::vector<std::string> campos;
@@ -80,9 +82,11 @@ std::string AjustarNuevoValor(const JuegoDeDatos& datos, std::string_view campo,
                               const TextosIdioma& textos, Vista& vista);
 
 // Makes the replacement in a new file beside the data set, tells the number of changes, asks, and on yes puts the new file in the
-// place of the data set in one atomic step. True when the data set is as the user wants it: changed, or without any change due.
-// Whatever fails (message 328), and when the user answers no or stops, the data set stays as it was.
-bool ReemplazarValores(const std::string& ruta, const JuegoDeDatos& datos, const Reemplazo& reemplazo, const TextosIdioma& textos,
-                       Vista& vista, const Progreso& progreso = {});
+// place of the data set in one atomic step; `datos` then stands for the new file. True when the data set is as the user wants it:
+// changed, or without any change due. Whatever fails (message 328), and when the user answers no or stops, the data set stays as it
+// was. It fails where another run is at work on the file, and where the file is not, from the beginning to the end, the one that
+// was scanned.
+bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, const Reemplazo& reemplazo,
+                       const TextosIdioma& textos, Vista& vista, const Progreso& progreso = {});
 
 }  // namespace qor

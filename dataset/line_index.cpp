@@ -1,8 +1,5 @@
 #include "dataset/line_index.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 
 #include "base/failure.h"
@@ -17,19 +14,24 @@ constexpr std::size_t lineasPorMarca = 256;
 
 }  // namespace
 
-IndiceDeLineas::IndiceDeLineas(const std::filesystem::path& ruta) : descriptor_(::open(ruta.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (descriptor_ < 0) throw FalloDeEjecucion("the file can't be opened");
-}
+IndiceDeLineas::IndiceDeLineas(const std::filesystem::path& ruta) : archivo_(ruta) {}
 
-IndiceDeLineas::~IndiceDeLineas() { ::close(descriptor_); }
+// How many bytes were read; a file that can't be read any further ends there.
+std::size_t IndiceDeLineas::LeerEn(std::vector<char>& bloque, std::uint64_t lugar) const {
+    try {
+        return archivo_.LeerEn(bloque.data(), bloque.size(), lugar);
+    } catch (const FalloDeArchivo&) {
+        return 0;
+    }
+}
 
 bool IndiceDeLineas::Avanzar() {
     bloque_.resize(bytesPorPaso);
-    const auto llenos = ::pread(descriptor_, bloque_.data(), bloque_.size(), static_cast<off_t>(leidos_));
+    const auto llenos = LeerEn(bloque_, leidos_);
     std::vector<Marca> nuevas;
     std::size_t lineas = Lineas();
     std::uint64_t ultima = marcas_.empty() ? 0 : marcas_.back().lugar;
-    for (std::size_t i = 0; llenos > 0 && i < static_cast<std::size_t>(llenos); ++i) {
+    for (std::size_t i = 0; i < llenos; ++i) {
         const char c = bloque_[i];
         const bool segundoDeCrLf = trasCR_ && c == '\n';
         trasCR_ = c == '\r';
@@ -44,11 +46,11 @@ bool IndiceDeLineas::Avanzar() {
         }
         alInicio_ = c == '\n' || c == '\r';
     }
-    if (llenos > 0) leidos_ += static_cast<std::uint64_t>(llenos);
+    leidos_ += llenos;
     const std::lock_guard guarda(candado_);
     marcas_.insert(marcas_.end(), nuevas.begin(), nuevas.end());
     lineas_ = lineas;
-    completo_ = llenos <= 0;
+    completo_ = llenos == 0;
     return !completo_;
 }
 
@@ -80,9 +82,10 @@ std::vector<std::string> IndiceDeLineas::Leer(std::size_t desde, std::size_t cua
     bool alInicio = true;
     --linea;  // the first character begins it
     for (;;) {
-        const auto llenos = ::pread(descriptor_, bloque.data(), bloque.size(), static_cast<off_t>(lugar));
-        if (llenos <= 0) return textos;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(llenos); ++i) {
+        const std::size_t llenos = LeerEn(bloque, lugar);
+        if (llenos == 0) return textos;
+        std::uint64_t siguiente = lugar + llenos;
+        for (std::size_t i = 0; i < llenos; ++i) {
             const char c = bloque[i];
             const bool segundoDeCrLf = trasCR && c == '\n';
             trasCR = c == '\r';
@@ -92,9 +95,19 @@ std::vector<std::string> IndiceDeLineas::Leer(std::size_t desde, std::size_t cua
                 if (linea >= desde) textos.emplace_back();
             }
             alInicio = c == '\n' || c == '\r';
-            if (!alInicio && linea >= desde && linea < hasta && textos.back().size() < maximo) textos.back() += c;
+            if (alInicio || linea < desde || textos.back().size() == maximo) continue;
+            textos.back() += c;
+            if (textos.back().size() < maximo) continue;
+            if (linea + 1 == hasta) return textos;
+            // Behind a very long line there is a mark: what lies before it isn't read.
+            const Marca detras = MarcaPara(linea + 1);
+            if (detras.linea != linea + 1 || detras.lugar <= siguiente) continue;
+            siguiente = detras.lugar;
+            alInicio = true;
+            trasCR = false;
+            break;
         }
-        lugar += static_cast<std::uint64_t>(llenos);
+        lugar = siguiente;
     }
 }
 

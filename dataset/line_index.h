@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "base/files.h"
+
 namespace qor {
 
 // Finds any line of a file of any size without holding its text: it keeps the place of a line now and then, and reads from the
@@ -14,11 +16,8 @@ namespace qor {
 // thread may take the steps while another one asks.
 class IndiceDeLineas {
 public:
-    // Throws FalloDeEjecucion when the file can't be opened.
+    // Throws FalloDeArchivo when the file can't be opened, or is no regular file.
     explicit IndiceDeLineas(const std::filesystem::path& ruta);
-    ~IndiceDeLineas();
-    IndiceDeLineas(const IndiceDeLineas&) = delete;
-    IndiceDeLineas& operator=(const IndiceDeLineas&) = delete;
 
     // Reads on by about a megabyte. False once the whole file is known, or can't be read any further.
     bool Avanzar();
@@ -26,7 +25,8 @@ public:
     std::size_t Lineas() const;
     bool Completo() const;
 
-    // The texts of lines, each up to `maximo` characters; fewer lines where the known ones end.
+    // The texts of lines, each up to `maximo` characters; fewer lines where the known ones end. Of longer lines not much more is
+    // read than that.
     std::vector<std::string> Leer(std::size_t desde, std::size_t cuantas, std::size_t maximo) const;
 
 private:
@@ -37,7 +37,9 @@ private:
 
     Marca MarcaPara(std::size_t linea) const;
 
-    int descriptor_ = -1;
+    std::size_t LeerEn(std::vector<char>& bloque, std::uint64_t lugar) const;
+
+    ArchivoAbierto archivo_;
 
     // Of the thread that takes the steps.
     std::uint64_t leidos_ = 0;

@@ -1,13 +1,7 @@
 #include "dataset/line_reader.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
+#include <algorithm>
 #include <cstring>
-
-#include "base/failure.h"
 
 namespace qor {
 
@@ -15,30 +9,19 @@ namespace {
 
 constexpr std::size_t tamanoDeBloque = std::size_t{1} << 20;
 
-std::int64_t HoraDeCambio(const struct stat& datos) {
-    return static_cast<std::int64_t>(datos.st_mtim.tv_sec) * 1'000'000'000 + datos.st_mtim.tv_nsec;
+// The first character of a line's end, or nothing. Both ends are looked for apart: memchr is far faster than a search for either.
+const char* BuscarFin(const char* desde, std::size_t hay) {
+    const auto* fin = static_cast<const char*>(std::memchr(desde, '\n', hay));
+    const std::size_t hasta = fin != nullptr ? static_cast<std::size_t>(fin - desde) : hay;
+    const auto* const retorno = static_cast<const char*>(std::memchr(desde, '\r', hasta));
+    return retorno != nullptr ? retorno : fin;
 }
 
 }  // namespace
 
-LectorDeLineas::LectorDeLineas(const std::filesystem::path& ruta)
-    : descriptor_(::open(ruta.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)), bloque_(tamanoDeBloque) {
-    struct stat datos {};
-    if (descriptor_ < 0 || ::fstat(descriptor_, &datos) != 0 || !S_ISREG(datos.st_mode)) {
-        if (descriptor_ >= 0) ::close(descriptor_);
-        throw FalloDeEjecucion("the file can't be opened");
-    }
-    ::posix_fadvise(descriptor_, 0, 0, POSIX_FADV_SEQUENTIAL);
-    tamano_ = static_cast<std::uintmax_t>(datos.st_size);
-    cambiadoEn_ = HoraDeCambio(datos);
-}
-
-LectorDeLineas::~LectorDeLineas() { ::close(descriptor_); }
-
-bool LectorDeLineas::HaCambiado() const {
-    struct stat datos {};
-    return ::fstat(descriptor_, &datos) != 0 || static_cast<std::uintmax_t>(datos.st_size) != tamano_ ||
-           HoraDeCambio(datos) != cambiadoEn_;
+LectorDeLineas::LectorDeLineas(ArchivoAbierto& archivo, std::size_t maximo)
+    : archivo_(archivo), maximo_(maximo), bloque_(tamanoDeBloque), tamano_(archivo.Identidad().tamano) {
+    llamadas::AnunciarLectura(archivo.Numero());
 }
 
 // Keeps what stands behind the anchor, and reads a block behind it. False at the end of the file.
@@ -51,29 +34,47 @@ bool LectorDeLineas::LeerMas() {
         ancla_ = 0;
     }
     if (bloque_.size() - llenos_ < tamanoDeBloque / 2) bloque_.resize(bloque_.size() * 2);
+    const auto leidos = archivo_.Leer(bloque_.data() + llenos_, bloque_.size() - llenos_);
+    alFinal_ = leidos == 0;
+    llenos_ += leidos;
+    leidos_ += leidos;
+    return leidos > 0;
+}
+
+// Goes to where the next line begins, and forgets what it passes.
+void LectorDeLineas::SaltarResto() {
+    cortada_ = false;
     for (;;) {
-        const auto leidos = ::read(descriptor_, bloque_.data() + llenos_, bloque_.size() - llenos_);
-        if (leidos < 0 && errno == EINTR) continue;
-        if (leidos < 0) throw FalloDeEjecucion(std::string("the file can't be read: ") + std::strerror(errno));
-        alFinal_ = leidos == 0;
-        llenos_ += static_cast<std::size_t>(leidos);
-        leidos_ += static_cast<std::uintmax_t>(leidos);
-        return leidos > 0;
+        const char* const principio = bloque_.data() + lugar_;
+        const std::size_t hay = llenos_ - lugar_;
+        const auto* const fin = BuscarFin(principio, hay);
+        if (fin != nullptr && (*fin == '\n' || fin + 1 < principio + hay || alFinal_)) {
+            const bool conCrLf = *fin == '\r' && fin + 1 < principio + hay && fin[1] == '\n';
+            lugar_ += static_cast<std::size_t>(fin - principio) + (conCrLf ? 2 : 1);
+            return;
+        }
+        lugar_ += fin != nullptr ? static_cast<std::size_t>(fin - principio) : hay;
+        ancla_ = lugar_;
+        if (!LeerMas() && fin == nullptr) return;
     }
 }
 
 bool LectorDeLineas::Siguiente(Linea& linea) {
+    if (cortada_) SaltarResto();
     std::size_t mirados = 0;
     for (;;) {
         const char* const principio = bloque_.data() + lugar_;
         const std::size_t hay = llenos_ - lugar_;
-        // Both ends are looked for apart: memchr is far faster than a search for either.
-        const auto* fin = static_cast<const char*>(std::memchr(principio + mirados, '\n', hay - mirados));
-        const std::size_t hasta = fin != nullptr ? static_cast<std::size_t>(fin - principio) : hay;
-        if (const auto* retorno = static_cast<const char*>(std::memchr(principio + mirados, '\r', hasta - mirados))) fin = retorno;
+        const auto* const fin = BuscarFin(principio + mirados, hay - mirados);
         // A CR at the very end of what was read may have its LF in the next block.
         const bool completa = fin != nullptr && (*fin == '\n' || fin + 1 < principio + hay || alFinal_);
         if (!completa) {
+            if (fin == nullptr && hay >= maximo_) {
+                linea = {lugar_ - ancla_, maximo_, false};
+                lugar_ += hay;
+                cortada_ = true;
+                return true;
+            }
             mirados = fin != nullptr ? static_cast<std::size_t>(fin - principio) : hay;
             if (LeerMas()) continue;
             if (fin == nullptr) {
@@ -88,6 +89,7 @@ bool LectorDeLineas::Siguiente(Linea& linea) {
         linea.largo = static_cast<std::size_t>(fin - principio);
         linea.conCrLf = *fin == '\r' && fin + 1 < principio + hay && fin[1] == '\n';
         lugar_ += linea.largo + (linea.conCrLf ? 2 : 1);
+        linea.largo = std::min(linea.largo, maximo_);
         return true;
     }
 }

@@ -2,9 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <string_view>
 #include <vector>
+
+#include "base/files.h"
 
 namespace qor {
 
@@ -19,13 +20,11 @@ public:
         bool conCrLf = false;  // ends with CR LF in the file
     };
 
-    // Throws FalloDeEjecucion when the file can't be opened.
-    explicit LectorDeLineas(const std::filesystem::path& ruta);
-    ~LectorDeLineas();
-    LectorDeLineas(const LectorDeLineas&) = delete;
-    LectorDeLineas& operator=(const LectorDeLineas&) = delete;
+    // The file must outlive the reader. With `maximo` a line is told up to so many bytes, and the rest of a longer one is neither
+    // held nor read before the next line is asked for; lines told before it are gone then.
+    explicit LectorDeLineas(ArchivoAbierto& archivo, std::size_t maximo = sinMaximo);
 
-    // The next line; false at the end of the file. Throws FalloDeEjecucion when the file can't be read.
+    // The next line; false at the end of the file. Throws FalloDeArchivo when the file can't be read.
     bool Siguiente(Linea& linea);
 
     std::string_view Texto(const Linea& linea) const { return {bloque_.data() + ancla_ + linea.inicio, linea.largo}; }
@@ -39,21 +38,22 @@ public:
     std::uintmax_t Tamano() const { return tamano_; }
     std::uintmax_t Leidos() const { return leidos_; }
 
-    // The file has another size or time of change than when it was opened.
-    bool HaCambiado() const;
-
 private:
-    bool LeerMas();
+    static constexpr std::size_t sinMaximo = static_cast<std::size_t>(-1);
 
-    int descriptor_ = -1;
+    bool LeerMas();
+    void SaltarResto();
+
+    ArchivoAbierto& archivo_;
+    std::size_t maximo_;
     std::vector<char> bloque_;
     std::size_t ancla_ = 0;
     std::size_t lugar_ = 0;   // where the next line begins
     std::size_t llenos_ = 0;  // bytes of the block in use
     std::uintmax_t tamano_ = 0;
     std::uintmax_t leidos_ = 0;
-    std::int64_t cambiadoEn_ = 0;  // nanoseconds
     bool alFinal_ = false;
+    bool cortada_ = false;  // the rest of a line stands before the next one
 };
 
 }  // namespace qor

@@ -1,14 +1,8 @@
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
 #include <map>
 
 #include "base/busy_pointer.h"
 #include "base/failure.h"
-#include "base/files.h"
-#include "base/paths.h"
+#include "base/new_file.h"
 #include "base/text.h"
 #include "dataset/columns.h"
 #include "dataset/data_set.h"
@@ -19,62 +13,6 @@ namespace qor {
 namespace {
 
 constexpr std::size_t maximoLineasDeGrupo = 10001;
-
-// The new file: written in large blocks, and removed again unless it is kept.
-class ArchivoNuevo {
-public:
-    explicit ArchivoNuevo(std::filesystem::path ruta)
-        : ruta_(std::move(ruta)), descriptor_(::open(ruta_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
-        if (descriptor_ < 0) Fallar();
-        pendiente_.reserve(bloque * 2);
-    }
-    ~ArchivoNuevo() {
-        ::close(descriptor_);
-        std::error_code ignorado;
-        if (!conservado_) std::filesystem::remove(ruta_, ignorado);
-    }
-    ArchivoNuevo(const ArchivoNuevo&) = delete;
-    ArchivoNuevo& operator=(const ArchivoNuevo&) = delete;
-
-    void Escribir(std::string_view texto) {
-        pendiente_.append(texto);
-        if (pendiente_.size() >= bloque) Vaciar();
-    }
-
-    // Everything written is on the disk.
-    void Terminar() {
-        Vaciar();
-        if (::fsync(descriptor_) != 0) Fallar();
-    }
-
-    void PonerEnLugarDe(const std::filesystem::path& destino) {
-        ReemplazarArchivo(ruta_, destino);
-        conservado_ = true;
-    }
-
-private:
-    static constexpr std::size_t bloque = std::size_t{1} << 20;
-
-    [[noreturn]] static void Fallar() {
-        throw FalloDeEjecucion(std::string("the new file can't be written: ") + std::strerror(errno));
-    }
-
-    void Vaciar() {
-        std::string_view resto = pendiente_;
-        while (!resto.empty()) {
-            const auto escritos = ::write(descriptor_, resto.data(), resto.size());
-            if (escritos < 0 && errno == EINTR) continue;
-            if (escritos < 0) Fallar();
-            resto.remove_prefix(static_cast<std::size_t>(escritos));
-        }
-        pendiente_.clear();
-    }
-
-    std::filesystem::path ruta_;
-    int descriptor_;
-    std::string pendiente_;
-    bool conservado_ = false;
-};
 
 // Where a field stands in a line: in a session by its name, in an error table by the line's identifier.
 class Campo {
@@ -279,14 +217,15 @@ void InformarCambios(long cambios, const TextosIdioma& textos, Vista& vista) {
 
 }  // namespace
 
-bool ReemplazarValores(const std::string& ruta, const JuegoDeDatos& datos, const Reemplazo& reemplazo, const TextosIdioma& textos,
-                       Vista& vista, const Progreso& progreso) {
+bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, const Reemplazo& reemplazo,
+                       const TextosIdioma& textos, Vista& vista, const Progreso& progreso) {
     if (EstaEnBlanco(reemplazo.campo)) return false;
     try {
-        if (Mayusculas(ruta).ends_with(".TMP")) throw FalloDeEjecucion("the data set's name is that of the new file");
-        const auto destino = RutaDelSistema(ruta);
-        LectorDeLineas lector(destino);
-        ArchivoNuevo nuevo(RutaDelSistema(QuitarExtension(ruta) + ".TMP"));
+        if (Mayusculas(ruta.string()).ends_with(".TMP")) throw FalloDeArchivo("The name is that of the work file", ruta);
+        auto archivo = ArchivoBloqueado::Abrir(ruta);
+        if (archivo.Identidad() != datos.identidad) throw FalloDeArchivo(motivoCambiado, ruta);
+        LectorDeLineas lector(archivo);
+        ArchivoNuevo nuevo(ruta, ".TMP", &archivo);
         Pasada pasada(lector, nuevo, datos, reemplazo);
         {
             const ConPunteroOcupado puntero(vista);
@@ -294,13 +233,13 @@ bool ReemplazarValores(const std::string& ruta, const JuegoDeDatos& datos, const
         }
         InformarCambios(pasada.Cambios(), textos, vista);
         if (pasada.Cambios() == 0) return true;
-        nuevo.Terminar();
+        nuevo.LlevarAlDisco();
         if (vista.Preguntar(Componer(textos, {361}), Botones::SiNo) != Respuesta::Si) return false;
-        if (lector.HaCambiado()) throw FalloDeEjecucion("another program has changed the data set");
-        nuevo.PonerEnLugarDe(destino);
+        nuevo.PonerEnSuLugar(datos.identidad);
+        datos.identidad = nuevo.Identidad();
         return true;
-    } catch (const std::exception&) {
-        vista.Advertir(Componer(textos, {328}));
+    } catch (const std::exception& fallo) {
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;
     }
 }

@@ -9,7 +9,6 @@
 #include <string>
 
 #include "base/files.h"
-#include "base/paths.h"
 #include "bench/silent_view.h"
 #include "dataset/data_set.h"
 #include "fuzz/require.h"
@@ -28,7 +27,7 @@ const std::string& Archivo() {
     return ruta;
 }
 
-void Reemplazar(const JuegoDeDatos& datos, const TextosIdioma& textos, ModoDeReemplazo modo) {
+void Reemplazar(JuegoDeDatos& datos, const TextosIdioma& textos, ModoDeReemplazo modo) {
     VistaIndiferente vista;
     Reemplazo reemplazo;
     reemplazo.campo = datos.campos.front();
@@ -48,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t can
     std::ofstream(Archivo(), std::ios::binary).write(reinterpret_cast<const char*>(datos), static_cast<std::streamsize>(cantidad));
     const TextosIdioma textos;
     VistaIndiferente vista;
-    const auto juego = ExaminarJuegoDeDatos(RutaDelSistema(Archivo()), textos, vista);
+    auto juego = ExaminarJuegoDeDatos(Archivo(), textos, vista);
     if (!juego || juego->campos.empty()) return 0;
     for (const auto modo : {ModoDeReemplazo::Parte, ModoDeReemplazo::Todo, ModoDeReemplazo::Cualquiera})
         Reemplazar(*juego, textos, modo);

@@ -5,7 +5,7 @@
 #include "base/busy_pointer.h"
 #include "base/clock.h"
 #include "base/failure.h"
-#include "base/files.h"
+#include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/checks.h"
@@ -107,7 +107,7 @@ bool ElegirSalida(const Generacion& g, const PedidoDeGeneracion& pedido, EstadoD
         salida = g.opciones.Programa;
         std::error_code ignorado;
         const auto ruta = RutaDelSistema(salida);
-        const bool existe = std::filesystem::exists(ruta, ignorado) && !std::filesystem::is_directory(ruta, ignorado);
+        const bool existe = Existe(ruta) && !std::filesystem::is_directory(ruta, ignorado);
         if (existe && g.vista.Preguntar(Componer(g.textos, {337}), Botones::AceptarCancelar) != Respuesta::Aceptar) {
             g.vista.Enfocar("Programa");
             return false;
@@ -141,27 +141,20 @@ void EscribirReporte(Generacion& g) {
     if (g.valores.ManejoErrores) EscribirAddStructures(g);
 }
 
-// The report of a run that has stopped; a further failure changes nothing.
-void EscribirLoHecho(ArchivoDeSalida& archivo, const std::string& texto) {
-    try {
-        archivo.Escribir(texto);
-    } catch (const FalloDeEjecucion&) {
-        return;
-    }
-}
-
-// Opens the output and writes the report into it, as far as it comes.
+// Writes the report, as far as it comes, in the place of the output file.
 void EscribirArchivo(Generacion& g, const std::string& ruta) {
-    ArchivoDeSalida archivo(RutaDelSistema(ruta));
+    ArchivoNuevo archivo(RutaDelSistema(ruta));
     g.valores.FechaCreacion = FechaYHora(HoraActual());
     DefinirNombres(g);
     try {
         EscribirReporte(g);
     } catch (...) {
-        EscribirLoHecho(archivo, g.reporte.Texto());
+        archivo.Escribir(g.reporte.Texto());
+        archivo.PonerLoHecho();
         throw;
     }
     archivo.Escribir(g.reporte.Texto());
+    archivo.PonerEnSuLugar();
 }
 
 void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
@@ -191,8 +184,8 @@ bool ConTrampa(const Generacion& g, Accion accion) {
             if (parada.lugar->tabla == Tabla::Transaccion) g.vista.Enfocar("Text5_0");
         }
         g.vista.Advertir(parada.mensaje);
-    } catch (const FalloDeEjecucion&) {
-        g.vista.Advertir(Componer(g.textos, {326}));
+    } catch (const FalloDeEjecucion& fallo) {
+        g.vista.Advertir(ConDetalle(Componer(g.textos, {326}), fallo));
     }
     return false;
 }

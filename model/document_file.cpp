@@ -40,7 +40,7 @@ void EscribirEnArchivo(Documento& documento, const std::filesystem::path& destin
     nuevo.Escribir(EscribirDocumento(documento.especificacion, documento.opciones));
     ArchivoBloqueado canal = nuevo.PonerEnSuLugar(esperada);
     documento.identidad.reset();
-    if (canal.Abierto()) documento.identidad = canal.Identidad();
+    if (canal.Abierto()) documento.identidad = nuevo.Identidad();
     documento.canal = std::move(canal);
     documento.ruta = destino;
     documento.deshacer.Reiniciar();

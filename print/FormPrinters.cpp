@@ -9,11 +9,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "base/qt/text.h"
+#include "base/failure.h"
+#include "base/paths.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
 #include "print/page.h"
-#include "print/qt/qt_device.h"
+#include "print/qt/pdf_device.h"
 
 namespace qor {
 
@@ -26,6 +27,16 @@ std::string SoloDigitos(std::string_view texto) {
     std::string digitos(texto);
     std::erase_if(digitos, [](char c) { return c < '0' || c > '9'; });
     return digitos;
+}
+
+// Null when the file can't be made; the view has shown why then.
+std::unique_ptr<DispositivoQt> NuevoPDF(const std::filesystem::path& archivo, Vista& vista) {
+    try {
+        return std::make_unique<DispositivoPDF>(archivo);
+    } catch (const FalloDeArchivo& fallo) {
+        vista.Advertir(ConDetalle(MensajeLiteral("The PDF file could not be opened."), fallo));
+        return nullptr;
+    }
 }
 
 }  // namespace
@@ -79,12 +90,14 @@ void FormPrinters::Elegir() {
     } else {
         const auto archivo = vista_.ElegirParaGrabar(filtroDePDF);
         if (!archivo) return;
-        impresora->setOutputFormat(QPrinter::PdfFormat);
-        impresora->setOutputFileName(NombreQt(*archivo));
+        archivoPDF_ = *archivo;
+        impresora.reset();
     }
     impresora_ = std::move(impresora);
     accept();
 }
+
+std::optional<std::filesystem::path> FormPrinters::ArchivoPDF() const { return Cancelado() ? std::nullopt : archivoPDF_; }
 
 std::unique_ptr<QPrinter> FormPrinters::Impresora() { return Cancelado() ? nullptr : std::move(impresora_); }
 
@@ -97,10 +110,12 @@ Dispositivo* ImpresionEnPapel::Elegir() {
     FormPrinters dialogo(textos_, vista_, padre_);
     dialogo.exec();
     impresora_ = dialogo.Impresora();
-    if (!impresora_) return nullptr;
-    auto dispositivo = std::make_unique<DispositivoQt>(*impresora_);
+    const auto archivo = dialogo.ArchivoPDF();
+    if (!impresora_ && !archivo) return nullptr;
+    auto dispositivo = archivo ? NuevoPDF(*archivo, vista_) : std::make_unique<DispositivoQt>(*impresora_);
+    if (!dispositivo) return nullptr;
     if (!dispositivo->Abierto()) {
-        vista_.Advertir(MensajeLiteral("The printer or the PDF file could not be opened."));
+        vista_.Advertir(MensajeLiteral("The printer could not be opened."));
         return nullptr;
     }
     dispositivo->AlAcabarLaPagina([&textos = textos_](Dispositivo& d) { PasarPagina(d, textos); });

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QStringList>
+#include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "base/qt/dialog.h"
 #include "base/view.h"
@@ -23,8 +25,11 @@ public:
 
     bool Cancelado() const { return result() != QDialog::Accepted; }
 
-    // Ready to print. Null when the dialog was cancelled.
+    // Ready to print. Null when the dialog was cancelled, or a PDF file was chosen.
     std::unique_ptr<QPrinter> Impresora();
+
+    // The chosen PDF file.
+    std::optional<std::filesystem::path> ArchivoPDF() const;
 
 private:
     void CrearControles();
@@ -33,6 +38,7 @@ private:
     Vista& vista_;
     QStringList impresoras_;  // as listed; the PDF file stands behind them
     std::unique_ptr<QPrinter> impresora_;
+    std::optional<std::filesystem::path> archivoPDF_;
 
     QListWidget* PrintersList_ = nullptr;
     CajaDeLinea* Copias_ = nullptr;
@@ -46,7 +52,8 @@ public:
     ImpresionEnPapel(const ImpresionEnPapel&) = delete;
     ImpresionEnPapel& operator=(const ImpresionEnPapel&) = delete;
 
-    // Asks. Null when the user cancels, or the printer can't be opened; the view has shown why then.
+    // Asks. Null when the user cancels, or the printer or the PDF file can't be opened; the view has shown why then. The device
+    // throws FalloDeArchivo when it ends and the PDF file can't be written.
     Dispositivo* Elegir();
 
 private:

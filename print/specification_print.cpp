@@ -1,6 +1,7 @@
 #include "print/specification_print.h"
 
 #include "base/busy_pointer.h"
+#include "base/failure.h"
 #include "base/text.h"
 #include "generator/checks.h"
 #include "model/cells.h"
@@ -206,6 +207,17 @@ private:
     Dispositivo& d_;
 };
 
+// A device whose file can't be written ends the printing with a message.
+template <typename Accion>
+bool ConAvisoDeFallo(Vista& vista, Accion accion) {
+    try {
+        return accion();
+    } catch (const FalloDeArchivo& fallo) {
+        vista.Advertir(ConDetalle(MensajeLiteral("The document can't be printed."), fallo));
+        return false;
+    }
+}
+
 }  // namespace
 
 bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& elegir) {
@@ -214,14 +226,16 @@ bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& 
     g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
     if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
     if (!ChequearArchivosCampos(g) || !TablasOK(g.especificacion, g.textos, g.vista)) return false;
-    Dispositivo* const dispositivo = elegir();
-    if (dispositivo == nullptr) return false;
-    {
-        const ConPunteroOcupado puntero(g.vista);
-        Impresion(g, *dispositivo).Imprimir();
-    }
-    g.vista.Informar(Componer(g.textos, {919}));
-    return true;
+    return ConAvisoDeFallo(g.vista, [&] {
+        Dispositivo* const dispositivo = elegir();
+        if (dispositivo == nullptr) return false;
+        {
+            const ConPunteroOcupado puntero(g.vista);
+            Impresion(g, *dispositivo).Imprimir();
+        }
+        g.vista.Informar(Componer(g.textos, {919}));
+        return true;
+    });
 }
 
 void ImprimirBAPI(Dispositivo& d, const TextosIdioma& textos, Vista& vista, std::string_view nombre,
@@ -239,8 +253,11 @@ void ImprimirBAPI(Dispositivo& d, const TextosIdioma& textos, Vista& vista, std:
         ControlarPagina(d, textos);
         Linea(d, linea);
     }
-    d.Terminar();
-    vista.Informar(Componer(textos, {919}));
+    ConAvisoDeFallo(vista, [&] {
+        d.Terminar();
+        vista.Informar(Componer(textos, {919}));
+        return true;
+    });
 }
 
 }  // namespace qor

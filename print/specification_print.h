@@ -13,7 +13,7 @@ namespace qor {
 using EleccionDeDispositivo = std::function<Dispositivo*()>;
 
 // The open specification as a document for its reviewers: header data, the layouts of the records, the rows of the program side and
-// the notes. False when it was refused (its check has told why) or cancelled.
+// the notes. False when it was refused (its check has told why) or cancelled, or its file can't be written (the view has told).
 bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& elegir);
 
 // The documentation of one BAPI, without marks.

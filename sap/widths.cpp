@@ -5,7 +5,7 @@
 
 #include "base/busy_pointer.h"
 #include "base/failure.h"
-#include "base/files.h"
+#include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "model/cells.h"
@@ -34,13 +34,12 @@ std::string Columna30(std::string_view texto) {
 
 bool TieneGuion(std::string_view texto) { return texto.find('-') != std::string_view::npos; }
 
-// Lines of a text file. What was written stays when a later line fails.
-void EscribirLinea(ArchivoDeSalida& archivo, const std::string& linea) { archivo.Escribir(linea + "\r\n"); }
+void EscribirLinea(ArchivoNuevo& archivo, const std::string& linea) { archivo.Escribir(linea + "\r\n"); }
 
 // The lines that the program side asks for.
 class Pedidos {
 public:
-    Pedidos(const Especificacion& especificacion, ArchivoDeSalida& archivo)
+    Pedidos(const Especificacion& especificacion, ArchivoNuevo& archivo)
         : especificacion_(especificacion),
           declaraciones_(PartirLineas(especificacion.VariablesGlobales, anchoDeDeclaracion)),
           archivo_(archivo) {}
@@ -76,18 +75,31 @@ private:
 
     const Especificacion& especificacion_;
     std::vector<std::string> declaraciones_;
-    ArchivoDeSalida& archivo_;
+    ArchivoNuevo& archivo_;
     bool enBAPI_ = false;
 };
 
 // The lengths behind the lines of the file, one for each row of the list.
 void CompletarArchivo(const std::string& archivo, const std::vector<std::string_view>& lineas, const FilasDeLista& largos) {
-    ArchivoDeSalida nuevo(RutaDelSistema(archivo));
+    ArchivoNuevo nuevo(RutaDelSistema(archivo));
     for (std::size_t i = 0; i < largos.size(); ++i) {
         std::string linea(i < lineas.size() ? lineas[i].substr(0, anchoDePedido) : std::string_view{});
         linea.resize(anchoDePedido, ' ');
         EscribirLinea(nuevo, linea + largos[i]);
     }
+    nuevo.PonerEnSuLugar();
+}
+
+// Writes the file. The lines in front of one that fails come into it all the same.
+void EscribirPedidos(const Especificacion& especificacion, const std::filesystem::path& archivo) {
+    ArchivoNuevo nuevo(archivo);
+    try {
+        Pedidos(especificacion, nuevo).Escribir();
+    } catch (const FalloDeEjecucion&) {
+        nuevo.PonerLoHecho();
+        throw;
+    }
+    nuevo.PonerEnSuLugar();
 }
 
 }  // namespace
@@ -95,8 +107,7 @@ void CompletarArchivo(const std::string& archivo, const std::vector<std::string_
 bool GenerarInfoCampos(const Especificacion& especificacion, const std::filesystem::path& archivo, bool conectado,
                        const TextosIdioma& textos, Vista& vista) {
     try {
-        ArchivoDeSalida salida(archivo);
-        Pedidos(especificacion, salida).Escribir();
+        EscribirPedidos(especificacion, archivo);
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;

@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <sstream>
+#include <functional>
 
 #include "base/files.h"
-#include "base/paths.h"
 #include "dataset/line_reader.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
@@ -60,22 +59,22 @@ struct PruebaDeDatos : testing::Test {
     DirectorioTemporal directorio;
     VentanaDePrueba prueba;
 
-    std::string Escribir(const std::string& contenido, const char* nombre = "data.txt") {
-        return RutaDelModelo(directorio.Escribir(nombre, contenido));
+    std::filesystem::path Escribir(const std::string& contenido, const char* nombre = "data.txt") {
+        return directorio.Escribir(nombre, contenido);
     }
 
-    std::optional<JuegoDeDatos> Examinar(const std::string& ruta) {
-        return ExaminarJuegoDeDatos(RutaDelSistema(ruta), prueba.textos, prueba.vista);
+    std::optional<JuegoDeDatos> Examinar(const std::filesystem::path& ruta) {
+        return ExaminarJuegoDeDatos(ruta, prueba.textos, prueba.vista);
     }
 
     // Replaces with the answer yes, and gives the file afterwards.
     std::string Reemplazar(const std::string& contenido, const Reemplazo& reemplazo, Respuesta respuesta = Respuesta::Si) {
-        const std::string ruta = Escribir(contenido);
-        const auto datos = Examinar(ruta);
+        const auto ruta = Escribir(contenido);
+        auto datos = Examinar(ruta);
         prueba.vista.respuestas = {respuesta};
         ReemplazarValores(ruta, *datos, reemplazo, prueba.textos, prueba.vista);
         EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
-        return LeerArchivo(RutaDelSistema(ruta));
+        return LeerArchivo(ruta);
     }
 };
 
@@ -111,7 +110,7 @@ TEST_F(PruebaDeDatos, ScanListsTransactionsAndFieldsOnce) {
 TEST_F(PruebaDeDatos, UnknownAndUnreadableFilesAreRefused) {
     EXPECT_FALSE(Examinar(Escribir("no data set\r\n")));
     EXPECT_FALSE(Examinar(Escribir("")));
-    EXPECT_FALSE(Examinar(RutaDelModelo(directorio / "missing")));
+    EXPECT_FALSE(Examinar(directorio / "missing"));
     EXPECT_FALSE(Examinar(Escribir(DefinicionDe(1, -4, "MATNR"))));
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<403> <403> <328> <328>");
 }
@@ -196,33 +195,100 @@ TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
     prueba.vista.TomarAvisos();
 
     // Its own work file.
-    const std::string temporal = Escribir(dosTransacciones, "set.tmp");
-    EXPECT_FALSE(ReemplazarValores(temporal, *Examinar(temporal), De("MATNR", "N"), prueba.textos, prueba.vista));
-    EXPECT_EQ(LeerArchivo(RutaDelSistema(temporal)), dosTransacciones);
+    const auto temporal = Escribir(dosTransacciones, "set.tmp");
+    auto deTemporal = Examinar(temporal);
+    EXPECT_FALSE(ReemplazarValores(temporal, *deTemporal, De("MATNR", "N"), prueba.textos, prueba.vista));
+    EXPECT_EQ(LeerArchivo(temporal), dosTransacciones);
 
     // More lines in a record than it may have.
     std::string larga = Sesion('M') + Sesion('T', "MM01");
     for (int i = 0; i <= 10001; ++i) larga += Sesion(' ', "MATNR", "a");
     EXPECT_EQ(Reemplazar(larga, De("MATNR", "N")), larga);
 
-    // A file that changes while the user is asked.
-    struct VistaQueCambia : VistaDePrueba {
-        std::filesystem::path ruta;
-        Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
-            std::ofstream(ruta, std::ios::app) << "more";
-            VistaDePrueba::Preguntar(mensaje, botones);
-            return Respuesta::Si;
-        }
-    } vista;
-    const std::string ruta = Escribir(dosTransacciones);
-    vista.ruta = RutaDelSistema(ruta);
-    EXPECT_FALSE(ReemplazarValores(ruta, *Examinar(ruta), De("MATNR", "N"), prueba.textos, vista));
-    EXPECT_EQ(LeerArchivo(vista.ruta), dosTransacciones + "more");
-
     // The user stops.
-    EXPECT_FALSE(ReemplazarValores(ruta, *Examinar(ruta), De("MATNR", "N"), prueba.textos, vista, [](double) { return false; }));
+    const auto ruta = Escribir(dosTransacciones);
+    auto datos = Examinar(ruta);
+    EXPECT_FALSE(ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, prueba.vista, [](double) { return false; }));
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<328> <328>");
     EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
+}
+
+// A view that does something else to the file where the user is asked, and then says yes.
+struct VistaQueInterviene : VistaDeEditor {
+    std::function<void()> intervenir;
+    std::string detalles;
+
+    void Mostrar(const Mensaje& mensaje, Icono icono) override {
+        VistaDeEditor::Mostrar(mensaje, icono);
+        detalles += mensaje.detalle;
+    }
+    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
+        VistaDeEditor::Preguntar(mensaje, botones);
+        if (intervenir) intervenir();
+        return Respuesta::Si;
+    }
+};
+
+// Between the scan and the beginning of a run, and between its beginning and its end.
+TEST_F(PruebaDeDatos, AnotherProgramsFileIsNotOverwritten) {
+    const auto ruta = directorio / "data.txt";
+    const std::string larga = dosTransacciones + Sesion('T', "MM02");
+    std::string mismoLargo = dosTransacciones;
+    mismoLargo.replace(mismoLargo.find("abc1"), 4, "zzzz");
+    const struct {
+        const char* que;
+        std::function<void()> hacer;
+        std::string queda;
+    } casos[] = {
+        {"longer", [&] { Escribir(larga); }, larga},
+        {"as long", [&] { Escribir(mismoLargo); }, mismoLargo},
+        {"replaced", [&] { std::filesystem::rename(Escribir(dosTransacciones, "other"), ruta); }, dosTransacciones},
+    };
+    for (const auto& caso : casos) {
+        for (const bool alPreguntar : {false, true}) {
+            auto datos = Examinar(Escribir(dosTransacciones));
+            ::usleep(10000);  // the clock of the file system goes on
+            VistaQueInterviene vista;
+            if (alPreguntar) {
+                vista.intervenir = caso.hacer;
+            } else {
+                caso.hacer();
+            }
+            EXPECT_FALSE(ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, vista)) << caso.que;
+            EXPECT_EQ(vista.detalles, "Another program has changed the file: " + ruta.string()) << caso.que;
+            EXPECT_EQ(LeerArchivo(ruta), caso.queda) << caso.que;
+            EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
+        }
+    }
+}
+
+TEST_F(PruebaDeDatos, TwoRunsAtOnceAreOneAndARefusal) {
+    const auto ruta = Escribir(dosTransacciones);
+    auto datos = Examinar(ruta);
+    auto deOtro = Examinar(ruta);
+    VistaQueInterviene otra;
+    VistaQueInterviene vista;
+    vista.intervenir = [&] {
+        EXPECT_FALSE(ReemplazarValores(ruta, *deOtro, De("MATNR", "OTHER"), prueba.textos, otra));
+        EXPECT_EQ(otra.TomarAvisos() + otra.detalles, "<328>The file is in use: " + ruta.string());
+    };
+    EXPECT_TRUE(ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, vista));
+    EXPECT_EQ(LeerArchivo(ruta), Cambiar(Cambiar(dosTransacciones, "abc1", "N"), "abc2", "N"));
+    // What was scanned stands for the new file.
+    vista.intervenir = {};
+    EXPECT_TRUE(ReemplazarValores(ruta, *datos, De("MATNR", "M"), prueba.textos, vista));
+    EXPECT_EQ(vista.detalles, "");
+}
+
+TEST_F(PruebaDeDatos, OnlyRegularFilesAreScanned) {
+    const auto tubo = directorio / "pipe";
+    ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
+    VistaQueInterviene vista;
+    for (const char* ruta : {tubo.c_str(), "/dev/zero", "/"}) {
+        vista.detalles.clear();
+        EXPECT_FALSE(ExaminarJuegoDeDatos(ruta, prueba.textos, vista));
+        EXPECT_EQ(vista.detalles, "Not a regular file: " + std::string(ruta));
+    }
 }
 
 // Killed at any moment, a run leaves the old file or the new one, whole.
@@ -230,8 +296,8 @@ TEST_F(PruebaDeDatos, KilledRunLeavesAWholeFile) {
     std::string viejo = Sesion('M');
     for (int i = 0; i < 20000; ++i) viejo += Sesion('T', "MM01") + Sesion(' ', "MATNR", "abc");
     const std::string nuevo = Cambiar(viejo, "abc", "N");
-    const std::string ruta = Escribir(viejo);
-    const auto datos = Examinar(ruta);
+    const auto ruta = Escribir(viejo);
+    auto datos = Examinar(ruta);
     for (int vuelta = 0; vuelta < 20; ++vuelta) {
         const pid_t hijo = ::fork();
         if (hijo == 0) {
@@ -243,7 +309,7 @@ TEST_F(PruebaDeDatos, KilledRunLeavesAWholeFile) {
         ::usleep(static_cast<useconds_t>(vuelta * 2000));
         ::kill(hijo, SIGKILL);
         ::waitpid(hijo, nullptr, 0);
-        const auto hay = LeerArchivo(RutaDelSistema(ruta));
+        const auto hay = LeerArchivo(ruta);
         ASSERT_TRUE(hay == viejo || hay == nuevo) << hay.size();
     }
 }
@@ -255,24 +321,33 @@ TEST_F(PruebaDeDatos, NewValueIsCutToTheWidestField) {
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<333> 6.");
 }
 
-// Lines across the borders of the blocks that are read, with every kind of end.
+// Lines across the borders of the blocks that are read, with every kind of end; whole, or cut where they are not needed.
 TEST_F(PruebaDeDatos, ReaderKeepsLinesWholeAcrossBlocks) {
     std::string contenido;
     std::vector<std::string> esperadas;
     for (std::size_t i = 0; contenido.size() < (std::size_t{5} << 20); ++i) {
-        esperadas.push_back(std::string(i * 7919 % 5000, static_cast<char>('a' + i % 26)));
+        const std::size_t largo = i % 100 == 0 ? i * 1000 + (1 << 20) - 1 : i * 7919 % 5000;
+        esperadas.push_back(std::string(largo, static_cast<char>('a' + i % 26)));
         contenido += esperadas.back() + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\n" : "\r");
         if (i % 3 == 2) contenido += "x\r\n", esperadas.push_back("x");
     }
-    LectorDeLineas lector(RutaDelSistema(Escribir(contenido)));
+    ArchivoAbierto entero(Escribir(contenido));
+    LectorDeLineas lector(entero);
+    ArchivoAbierto cortado(entero.Ruta());
+    LectorDeLineas lectorCortado(cortado, 100);
     LectorDeLineas::Linea linea;
+    LectorDeLineas::Linea comienzo;
     std::size_t n = 0;
     while (lector.Siguiente(linea)) {
         ASSERT_LT(n, esperadas.size());
         ASSERT_EQ(lector.Texto(linea), esperadas[n]) << n;
+        ASSERT_TRUE(lectorCortado.Siguiente(comienzo));
+        ASSERT_EQ(lectorCortado.Texto(comienzo), esperadas[n].substr(0, 100)) << n;
+        lectorCortado.MoverAncla(comienzo.inicio);
         if (n++ % 100 == 0) lector.MoverAncla(linea.inicio);
     }
     EXPECT_EQ(n, esperadas.size());
+    EXPECT_FALSE(lectorCortado.Siguiente(comienzo));
 }
 
 }  // namespace

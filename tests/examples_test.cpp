@@ -77,6 +77,8 @@ TEST(CommandLine, TellsStatusAndMessages) {
     const auto documento = (ejemplos / "mm01/materials.qor").string();
     const auto informe = (directorio / "report.abap").string();
     const auto vacio = directorio.Escribir("empty.qor", "").string();
+    DirectorioTemporal sinLeer;
+    std::filesystem::create_directory(sinLeer / "Tessaline.ini");
     const struct {
         std::vector<std::string> argumentos;
         const char* comienzo;
@@ -97,7 +99,12 @@ TEST(CommandLine, TellsStatusAndMessages) {
         {{"--yes", "generate", documento, "-o", (directorio / "no/such/place").string()}, "1\n326: "},
         {{"--language", "espanol", "check", (directorio / "missing.qor").string()}, "1\n335: No se pudo"},
         {{"check", vacio}, "1\n302: "},
-        {{"check", vacio, "--data", directorio.Ruta().string()}, "1\n0: Cannot find language file.\n"},
+        {{"check", vacio, "--data", directorio.Ruta().string()}, "1\n0: Cannot find language file.\n  No such file or directory: "},
+        {{"check", documento, "--settings", (directorio / "none").string()},
+         "1\n0: The settings can't be read.\n  No such file or directory: "},
+        {{"check", documento, "--settings", vacio}, "1\n0: The settings can't be read.\n  Not a directory: "},
+        {{"check", documento, "--settings", sinLeer.Ruta().string()}, "1\n0: The settings can't be read.\n  Not a regular file: "},
+        {{"check", documento, "--settings", directorio.Ruta().string()}, "0\n"},
         {{"bapi", "insert", documento, "\xE2\x88\x9E"}, "1\n0: "},  // a name that the code page lacks
     };
     for (const auto& caso : casos) {

@@ -7,9 +7,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <set>
+#include <sstream>
 
+#include "app/command_line.h"
+#include "app/settings.h"
 #include "base/failure.h"
 #include "base/messages.h"
 #include "base/new_file.h"
@@ -222,52 +227,99 @@ constexpr LlamadaDeArchivo todas[] = {
     LlamadaDeArchivo::Renombrar, LlamadaDeArchivo::Borrar,      LlamadaDeArchivo::Cerrar,
 };
 
-// A way to write a file, and what is there before and after. Answers the detail of its failure, or nothing.
+// An action that writes over the file `destino` of its directory.
 struct Escritura {
-    const char* que;
-    std::function<std::string(const fs::path&)> hacer;
+    std::string que;
+    std::function<void(const DirectorioTemporal&)> preparar;
+    const char* destino;
+    // Answers what was told of a failure; nothing when it went well.
+    std::function<std::string(const DirectorioTemporal&)> hacer;
 };
 
-// Every call of every kind fails once in turn.
-void FallarCadaLlamada(const Escritura& escritura, const std::string& viejo, const std::string& nuevo) {
+// Every call of every kind fails once in turn: the old file or the new one is there, whole, nothing else, and the failure is told.
+void FallarCadaLlamada(const Escritura& escritura) {
+    std::string nuevo;
     for (const auto llamada : todas) {
-        for (int cual = 1;; ++cual) {
+        for (int cual = 0;; ++cual) {
             const DirectorioTemporal directorio;
-            const auto ruta = directorio.Escribir("a.qor", viejo);
+            escritura.preparar(directorio);
+            const auto ruta = directorio / escritura.destino;
             ::chmod(ruta.c_str(), 0640);
-            std::string detalle;
-            bool ocurrio = false;
+            const auto viejo = LeerArchivo(ruta);
+            const auto nombres = Nombres(directorio);
+            std::string dicho;
+            bool ocurrio = true;
             {
                 const FalloProvocado fallo(llamada, cual, EIO);
-                detalle = escritura.hacer(ruta);
+                dicho = escritura.hacer(directorio);
                 ocurrio = fallo.Ocurrio();
             }
-            const std::string lugar =
-                escritura.que + (", kind " + std::to_string(static_cast<int>(llamada))) + ", call " + std::to_string(cual);
-            EXPECT_EQ(LeerArchivo(ruta), detalle.empty() ? nuevo : viejo) << lugar;
-            EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor"})) << lugar;
-            EXPECT_TRUE(detalle.empty() || detalle == "Input/output error: " + ruta.string()) << lugar << ": " << detalle;
+            const auto lugar =
+                escritura.que + ", kind " + std::to_string(static_cast<int>(llamada)) + ", call " + std::to_string(cual);
+            if (cual == 0) nuevo = LeerArchivo(ruta);  // nothing fails
+            ASSERT_NE(nuevo, viejo) << lugar;
+            EXPECT_EQ(LeerArchivo(ruta), dicho.empty() ? nuevo : viejo) << lugar;
+            EXPECT_EQ(Nombres(directorio), nombres) << lugar;
             EXPECT_EQ(PermisosDe(ruta), 0640u) << lugar;
-            if (!ocurrio) {
-                EXPECT_EQ(detalle, "") << lugar;
-                break;
-            }
+            // A document that can't be opened tells no detail yet.
+            const bool conDetalle = !dicho.empty() && dicho.find("335: ") == std::string::npos;
+            if (conDetalle) EXPECT_THAT(dicho, HasSubstr("Input/output error: /")) << lugar;
+            if (!ocurrio) break;
         }
     }
 }
 
+// A command of qorgen; "D/" in front of an argument is the directory. Answers what it said when it failed.
+std::function<std::string(const DirectorioTemporal&)> Comando(std::vector<std::string> argumentos) {
+    return [argumentos = std::move(argumentos)](const DirectorioTemporal& directorio) {
+        std::vector<std::string> listos;
+        for (const auto& argumento : argumentos)
+            listos.push_back(argumento.starts_with("D/") ? (directorio / argumento.substr(2)).string() : argumento);
+        std::ostringstream salida;
+        std::ostringstream errores;
+        return EjecutarQorgen(listos, salida, errores) == 0 ? "" : "qorgen: " + errores.str();
+    };
+}
+
+void PrepararParaComandos(const DirectorioTemporal& directorio) {
+    const fs::path ejemplos = fs::path(QOR_TEST_SOURCE_DIR) / "examples";
+    fs::copy_file(ejemplos / "mm01/materials.qor", directorio / "a.qor");
+    fs::copy_file(ejemplos / "data-sets/session.txt", directorio / "session.txt");
+    directorio.Escribir("out.txt", "old");
+    directorio.Escribir("Tessaline.ini", "a=1\r\n");
+}
+
 TEST(FailingCalls, LeaveTheOldFileOrTheNewOne) {
+    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
     const std::string grande(3 << 20, 'n');
-    FallarCadaLlamada({"a document",
-                       [&](const fs::path& ruta) {
-                           return DetalleDe([&] {
-                               auto propio = ArchivoBloqueado::Abrir(ruta);
-                               ArchivoNuevo nuevo(ruta, ".TMP", &propio);
-                               for (int i = 0; i < 3; ++i) nuevo.Escribir(std::string_view(grande).substr(0, 1 << 20));
-                               nuevo.PonerEnSuLugar(propio.Identidad());
-                           });
-                       }},
-                      "old", grande);
+    const auto conViejo = [](const DirectorioTemporal& directorio) { directorio.Escribir("a.qor", "old"); };
+    const Escritura escrituras[] = {
+        {"an open document", conViejo, "a.qor",
+         [&](const DirectorioTemporal& directorio) {
+             return DetalleDe([&] {
+                 auto propio = ArchivoBloqueado::Abrir(directorio / "a.qor");
+                 ArchivoNuevo nuevo(directorio / "a.qor", ".TMP", &propio);
+                 for (int i = 0; i < 3; ++i) nuevo.Escribir(std::string_view(grande).substr(0, 1 << 20));
+                 nuevo.PonerEnSuLugar(propio.Identidad());
+             });
+         }},
+        {"settings", PrepararParaComandos, "Tessaline.ini",
+         [](const DirectorioTemporal& directorio) {
+             return DetalleDe([&] {
+                 ArchivoINI ini;
+                 ini.CargarINI(directorio / "Tessaline.ini");
+                 ini.EscribirClave("a", "2");
+                 ini.GuardarINI(directorio / "Tessaline.ini");
+             });
+         }},
+        {"a report", PrepararParaComandos, "out.txt",
+         Comando({"generate", "D/a.qor", "-o", "D/out.txt", "--yes", "--settings", "D/"})},
+        {"a print", PrepararParaComandos, "out.txt", Comando({"print", "D/a.qor", "-o", "D/out.txt", "--settings", "D/"})},
+        {"widths", PrepararParaComandos, "out.txt", Comando({"widths", "D/a.qor", "--export", "D/out.txt", "--settings", "D/"})},
+        {"a data set", PrepararParaComandos, "session.txt",
+         Comando({"dataset", "D/session.txt", "--field", "RMMG1-MBRSH", "--new", "X", "--once", "--yes", "--settings", "D/"})},
+    };
+    for (const auto& escritura : escrituras) FallarCadaLlamada(escritura);
 }
 
 // Killed before any of its calls, a process leaves one of the two files, whole; and no work file but where it had got its name.
@@ -295,6 +347,49 @@ TEST(KilledWriter, LeavesTheOldFileOrTheNewOne) {
         if (WIFEXITED(estado)) break;
     }
 }
+
+#ifdef QOR_TEST_QORGEN
+// The program itself, in a shell that sets its descriptors and limits. Answers the status, then the standard error.
+std::string EnShell(const DirectorioTemporal& directorio, const std::string& comando) {
+    const std::string linea = "cd " + directorio.Ruta().string() + " && { " + comando + "; } 2> errors; echo $? > status";
+    EXPECT_EQ(std::system(linea.c_str()), 0);
+    return LeerArchivo(directorio / "status") + LeerArchivo(directorio / "errors");
+}
+
+TEST(Process, OutputThatCanNotBeWrittenIsAFailure) {
+    const DirectorioTemporal directorio;
+    PrepararParaComandos(directorio);
+    directorio.Escribir("catalogue", "QOR-GENERATOR BAPI CATALOG\r\n0 46C\r\n1 Object\r\n2 BAPI_X\r\n");
+    for (const char* comando : {"print a.qor", "dataset session.txt", "widths --query out.txt", "publish out.txt Z --dry-run",
+                                "--help", "generate --help"}) {
+        EXPECT_EQ(EnShell(directorio, QOR_TEST_QORGEN + std::string(" --settings . ") + comando +
+                                          " > /dev/full 2> all; s=$?; "
+                                          "tail -n 2 all >&2; (exit $s)"),
+                  "1\n0: The output can't be written.\n  No space left on device: standard output\n")
+            << comando;
+    }
+}
+
+TEST(Process, ClosedDescriptorsAreNoFilesOfTheCommand) {
+    const DirectorioTemporal directorio;
+    PrepararParaComandos(directorio);
+    const std::string reemplazo = QOR_TEST_QORGEN + std::string(" dataset session.txt --field RMMG1-MBRSH --new X --once --yes");
+    EnShell(directorio, reemplazo);
+    const auto esperado = LeerArchivo(directorio / "session.txt");
+    fs::copy_file(fs::path(QOR_TEST_SOURCE_DIR) / "examples/data-sets/session.txt", directorio / "session.txt",
+                  fs::copy_options::overwrite_existing);
+    EXPECT_EQ(EnShell(directorio, reemplazo + " <&- >&- 2>&-"), "0\n");
+    EXPECT_EQ(LeerArchivo(directorio / "session.txt"), esperado);
+}
+
+TEST(Process, AFileOverTheLimitIsAFailedCall) {
+    const DirectorioTemporal directorio;
+    PrepararParaComandos(directorio);
+    EXPECT_THAT(EnShell(directorio, "ulimit -f 1; " QOR_TEST_QORGEN " generate a.qor -o out.txt --yes"),
+                testing::MatchesRegex("1\n337: .*\n326: .*\n  File too large: out.txt\n"));
+    EXPECT_EQ(LeerArchivo(directorio / "out.txt"), "old");
+}
+#endif
 
 TEST(MessageDetail, IsTheSystemsWordOnAFile) {
     const Mensaje mensaje = MensajeLiteral("x");

@@ -50,6 +50,21 @@ TEST(LineIndex, FindsAnyLineOfALargeFile) {
     EXPECT_TRUE(indice.Leer(20000, 1, 9).empty());
 }
 
+// Whatever follows a very long line is shown without reading that line.
+TEST(LineIndex, LongLinesAreReadAsFarAsTheyAreShown) {
+    DirectorioTemporal directorio;
+    const std::string larga(std::size_t{20} << 20, 'x');
+    IndiceDeLineas indice(directorio.Escribir("file", "one\n" + larga + "\r\nthree\n" + larga));
+    Contar(indice);
+    std::size_t lecturas = 0;
+    PonerTrampa([&](LlamadaDeArchivo) { return ++lecturas, 0; });
+    EXPECT_THAT(indice.Leer(0, 9, 3), ElementsAre("one", "xxx", "thr", "xxx"));
+    EXPECT_LE(lecturas, 4U);
+    EXPECT_THAT(indice.Leer(2, 1, 9), ElementsAre("three"));
+    EXPECT_LE(lecturas, 6U);
+    PonerTrampa({});
+}
+
 TEST(LineIndex, FileThatIsMissingOrShrinks) {
     DirectorioTemporal directorio;
     EXPECT_THROW(IndiceDeLineas(directorio / "none"), FalloDeEjecucion);

@@ -40,7 +40,7 @@ struct Ejecucion {
     std::vector<std::string> Numeros() const {
         std::vector<std::string> numeros;
         for (const auto linea : PartirEnLineas(errores)) {
-            if (linea.starts_with("  ")) continue;
+            if (linea.starts_with("  ")) continue;  // what the system said
             const auto corchete = linea.ends_with(']') ? linea.rfind('[') : linea.size();
             numeros.push_back(std::string(linea.substr(0, linea.find(':'))) + std::string(linea.substr(corchete)));
         }

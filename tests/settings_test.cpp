@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <map>
 
 #include "app/data_directory.h"
+#include "base/failure.h"
 #include "base/files.h"
+#include "tests/support/failing_calls.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor {
@@ -84,14 +87,14 @@ TEST(SettingsFile, ASaveBringsChangesIntoTheFileAsItIsThen) {
     ini.EscribirClave("b", "2");
     directorio.Escribir("Tessaline.ini", "c=of another program\nb=9\n");
 
-    ASSERT_TRUE(ini.GuardarINI(ruta));
+    ini.GuardarINI(ruta);
     EXPECT_EQ(LeerArchivo(ruta), "c=of another program\r\nB=2\r\n");
     EXPECT_FALSE(fs::exists(directorio / "Tessaline.tmp"));
     EXPECT_FALSE(ini.Modificado());
 
     // Nothing is changed any more, so nothing is written.
     directorio.Escribir("Tessaline.ini", "d=1\n");
-    ASSERT_TRUE(ini.GuardarINI(ruta));
+    ini.GuardarINI(ruta);
     EXPECT_EQ(LeerArchivo(ruta), "d=1\n");
 }
 
@@ -101,32 +104,29 @@ TEST(SettingsFile, AMissingFileIsMadeWithItsDirectory) {
     ArchivoINI ini;
     ini.CargarINI(ruta);
     ini.EscribirClave("a", "1");
-    ASSERT_TRUE(ini.GuardarINI(ruta));
+    ini.GuardarINI(ruta);
     EXPECT_EQ(LeerArchivo(ruta), "A=1\r\n");
 }
 
 TEST(SettingsFile, AFailedSaveLeavesTheFileAndTheChange) {
     const DirectorioTemporal directorio;
     const auto ruta = directorio.Escribir("Tessaline.ini", "a=1\r\n");
-    fs::create_directory(directorio / "Tessaline.tmp");  // in the way of the temporary file
     ArchivoINI ini;
     ini.CargarINI(ruta);
     ini.EscribirClave("a", "2");
-    EXPECT_FALSE(ini.GuardarINI(ruta));
+    {
+        const pruebas::FalloProvocado fallo(LlamadaDeArchivo::LlevarAlDisco, 1, ENOSPC);
+        EXPECT_THROW(ini.GuardarINI(ruta), FalloDeArchivo);
+    }
     EXPECT_EQ(LeerArchivo(ruta), "a=1\r\n");
-
-    fs::remove(directorio / "Tessaline.tmp");
-    EXPECT_TRUE(ini.GuardarINI(ruta));
+    ini.GuardarINI(ruta);
     EXPECT_EQ(LeerArchivo(ruta), "A=2\r\n");
-}
 
-TEST(SettingsFile, APathThatIsNoFileGivesNoEntriesAndIsNotReplaced) {
-    const DirectorioTemporal directorio;
-    ArchivoINI ini = IniDe("a=old");
-    ini.CargarINI(directorio.Ruta());
+    // What can't be read is told, and not taken for a file without entries.
+    EXPECT_THROW(ini.CargarINI(directorio.Ruta()), FalloDeArchivo);
     EXPECT_EQ(ini.LeerClave("a"), "");
-    ini.EscribirClave("a", "1");
-    EXPECT_FALSE(ini.GuardarINI(directorio.Ruta()));
+    ini.EscribirClave("a", "3");
+    EXPECT_THROW(ini.GuardarINI(directorio.Ruta()), FalloDeArchivo);
     EXPECT_TRUE(fs::is_directory(directorio.Ruta()));
 }
 

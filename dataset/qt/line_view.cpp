@@ -16,7 +16,8 @@ namespace qor {
 
 namespace {
 
-constexpr std::size_t maximoDeCaracteres = 4096;  // of a line that is shown
+constexpr std::size_t maximoDeCaracteres = 4096;              // of a line that is shown
+constexpr std::size_t maximoAlCopiar = std::size_t{1} << 20;  // more than any line of a data set has
 constexpr int milisegundosPorMirada = 100;
 constexpr int separacion = 6;
 
@@ -62,7 +63,8 @@ void VistaDeLineas::Contar() {
     const bool completo = indice_->Completo();
     lineas_ = indice_->Lineas();
     AjustarBarras();
-    LeerVisibles();
+    const bool paginaLlena = visibles_.size() > static_cast<std::size_t>(LineasPorPagina());
+    if (!paginaLlena) LeerVisibles();
     if (completo) reloj_.stop();
     emit PosicionCambiada(actual_, lineas_);
 }
@@ -172,7 +174,7 @@ void VistaDeLineas::changeEvent(QEvent* evento) {
 
 void VistaDeLineas::Copiar() {
     if (!indice_) return;
-    const auto linea = indice_->Leer(actual_, 1, std::numeric_limits<std::size_t>::max());
+    const auto linea = indice_->Leer(actual_, 1, maximoAlCopiar);
     if (!linea.empty()) QApplication::clipboard()->setText(TextoQt(linea.front()));
 }
 

@@ -289,9 +289,8 @@ TEST(Printers, ChooseAPdfFileOrNothing) {
     prueba.vista.archivos = {(directorio / "out.pdf").string()};
     dialogo.Clic("PrintButton");
     ASSERT_FALSE(form.Cancelado());
-    const auto impresora = form.Impresora();
-    ASSERT_NE(impresora, nullptr);
-    EXPECT_EQ(impresora->outputFileName().toStdString(), (directorio / "out.pdf").string());
+    EXPECT_EQ(form.Impresora(), nullptr);
+    EXPECT_EQ(form.ArchivoPDF(), directorio / "out.pdf");
 }
 
 // ---- Operations and BAPIs ----

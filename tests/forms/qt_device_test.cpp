@@ -1,5 +1,3 @@
-#include "print/qt/qt_device.h"
-
 #include <gmock/gmock.h>
 
 #include <QFontMetricsF>
@@ -8,8 +6,10 @@
 #include <fstream>
 #include <map>
 
+#include "base/failure.h"
 #include "base/files.h"
 #include "print/page.h"
+#include "print/qt/pdf_device.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -141,17 +141,19 @@ TEST_F(Papel, EmphasisIsVisibleAndEnds) {
     EXPECT_NEAR(llano.x, d.Buscar(QStringLiteral("key")).derecha, 0.001) << "one line";
 }
 
-TEST_F(Papel, WritesAPdfOrTellsThatItCanNot) {
+TEST_F(Papel, AnEndedPdfTakesItsPlaceWhole) {
+    const auto ruta = directorio.Escribir("out.pdf", "old");
     {
-        const auto impresora = Nuevo();
-        DispositivoQt d(*impresora);
-        Linea(d, "text");
+        DispositivoPDF d(ruta);
+        Linea(d, "never ended");
     }
-    EXPECT_THAT(LeerArchivo(directorio / "out.pdf"), StartsWith("%PDF"));
-    QPrinter impresora;
-    impresora.setOutputFormat(QPrinter::PdfFormat);
-    impresora.setOutputFileName(QString::fromStdString((directorio / "none/out.pdf").string()));
-    EXPECT_FALSE(DispositivoQt(impresora).Abierto());
+    EXPECT_EQ(LeerArchivo(ruta), "old");
+    DispositivoPDF d(ruta);
+    EXPECT_TRUE(d.Abierto());
+    for (int i = 0; i < 200; ++i) Linea(d, "text");
+    d.Terminar();
+    EXPECT_THAT(LeerArchivo(ruta), testing::AllOf(StartsWith("%PDF"), testing::EndsWith("%%EOF\n")));
+    EXPECT_THROW(DispositivoPDF(directorio / "none/out.pdf"), FalloDeArchivo);
 }
 
 }  // namespace

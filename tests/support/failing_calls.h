@@ -6,8 +6,8 @@
 
 namespace qor::pruebas {
 
-// As long as it lives, the n-th call of a kind (from 1) fails with an error number. Counts on, so that a test can see whether that
-// call came at all.
+// As long as it lives, the n-th call of a kind (from 1; 0 for none) fails with an error number. Counts on, so that a test can see
+// whether that call came at all.
 class FalloProvocado {
 public:
     FalloProvocado(LlamadaDeArchivo llamada, int cual, int error) {

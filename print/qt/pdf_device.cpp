@@ -1,0 +1,16 @@
+#include "print/qt/pdf_device.h"
+
+namespace qor {
+
+HojaPDF::HojaPDF() : papel_(&contenido_) { contenido_.open(QIODevice::WriteOnly); }
+
+DispositivoPDF::DispositivoPDF(const std::filesystem::path& ruta) : DispositivoQt(papel_), archivo_(ruta) {}
+
+void DispositivoPDF::Terminar() {
+    DispositivoQt::Terminar();
+    const QByteArray& bytes = contenido_.data();
+    archivo_.Escribir({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    archivo_.PonerEnSuLugar();
+}
+
+}  // namespace qor
