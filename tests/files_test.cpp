@@ -359,9 +359,9 @@ std::string EnShell(const DirectorioTemporal& directorio, const std::string& com
 TEST(Process, OutputThatCanNotBeWrittenIsAFailure) {
     const DirectorioTemporal directorio;
     PrepararParaComandos(directorio);
-    directorio.Escribir("catalogue", "QOR-GENERATOR BAPI CATALOG\r\n0 46C\r\n1 Object\r\n2 BAPI_X\r\n");
+    directorio.Escribir("catalogue", "BAPIDEFS\r\n0 46C\r\n1 Object\r\n2 BAPI_X\r\n");
     for (const char* comando : {"print a.qor", "dataset session.txt", "widths --query out.txt", "publish out.txt Z --dry-run",
-                                "--help", "generate --help"}) {
+                                "bapi --catalogue catalogue list", "--help", "generate --help"}) {
         EXPECT_EQ(EnShell(directorio, QOR_TEST_QORGEN + std::string(" --settings . ") + comando +
                                           " > /dev/full 2> all; s=$?; "
                                           "tail -n 2 all >&2; (exit $s)"),

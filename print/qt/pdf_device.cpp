@@ -2,9 +2,9 @@
 
 namespace qor {
 
-HojaPDF::HojaPDF() : papel_(&contenido_) { contenido_.open(QIODevice::WriteOnly); }
+HojaPDF::HojaPDF() : hoja_(&contenido_) { contenido_.open(QIODevice::WriteOnly); }
 
-DispositivoPDF::DispositivoPDF(const std::filesystem::path& ruta) : DispositivoQt(papel_), archivo_(ruta) {}
+DispositivoPDF::DispositivoPDF(const std::filesystem::path& ruta) : DispositivoQt(hoja_), archivo_(ruta) {}
 
 void DispositivoPDF::Terminar() {
     DispositivoQt::Terminar();

@@ -14,7 +14,7 @@ protected:
     HojaPDF();
 
     QBuffer contenido_;
-    QPdfWriter papel_;
+    QPdfWriter hoja_;
 };
 
 // A PDF file, which takes its place when the printing ends. Both the constructor and `Terminar` throw FalloDeArchivo.
