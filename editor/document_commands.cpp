@@ -1,7 +1,11 @@
 #include "editor/document_commands.h"
 
+#include <utility>
+
+#include "base/failure.h"
 #include "base/text.h"
 #include "editor/cell_rules.h"
+#include "editor/grids.h"
 #include "model/gaps.h"
 
 namespace qor {
@@ -77,6 +81,20 @@ bool OpenOption(Ventana& ventana, const std::filesystem::path& ruta) {
     LlenarRejillaArchivo(ventana);
     LlenarRejillaTransaccion(ventana);
     return true;
+}
+
+void RestaurarTrabajo(Ventana& ventana, Documento trabajo) {
+    try {
+        if (!trabajo.ruta.empty() && Existe(trabajo.ruta)) trabajo.canal = ArchivoBloqueado::Abrir(trabajo.ruta);
+    } catch (const FalloDeArchivo& fallo) {
+        ventana.vista.Advertir(ConDetalle(Componer(ventana.textos, {335}), fallo));
+        trabajo.ruta.clear();
+        trabajo.identidad.reset();
+    }
+    ventana.documento = std::move(trabajo);
+    ventana.Reiniciar();
+    MostrarArchivoSinFocus(ventana, 0);
+    MostrarTransaccionSinFocus(ventana, 0);
 }
 
 bool SaveOption(Ventana& ventana) {

@@ -23,6 +23,10 @@ bool DejarDocumento(Ventana& ventana);
 // one then.
 bool OpenOption(Ventana& ventana, const std::filesystem::path& ruta);
 
+// Work that was left behind unsaved, in the place of a new specification: under its document's path, which is locked again. Where
+// another program has the document open, the work is a new document, and message 335 says why.
+void RestaurarTrabajo(Ventana& ventana, Documento trabajo);
+
 // Saves under the document's path, asking for one when it has none. False when nothing was saved.
 bool SaveOption(Ventana& ventana);
 

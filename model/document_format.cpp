@@ -1,5 +1,6 @@
 #include "model/document_format.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 
@@ -170,15 +171,29 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
     opciones.Notes = lector.Leer().ComoTexto();
 }
 
-std::string EscribirDocumento(const Especificacion& especificacion, const Opciones& opciones) {
+namespace {
+
+// Number of rows up to the first one that ends the table, or up to the last one with text.
+template <typename Fila, typename Acaba>
+std::size_t FilasPorEscribir(const std::vector<Fila>& tabla, bool todas, Acaba acaba) {
+    if (!todas) return static_cast<std::size_t>(std::find_if(tabla.begin(), tabla.end(), acaba) - tabla.begin());
+    const auto ultima = std::find_if(tabla.rbegin(), tabla.rend(), [](const Fila& fila) { return fila != Fila{}; });
+    return static_cast<std::size_t>(tabla.rend() - ultima);
+}
+
+std::string Escribir(const Especificacion& especificacion, const Opciones& opciones, bool todas) {
     std::string documento;
-    for (const auto& fila : especificacion.TablaArchivo) {
-        if (fila.campo.empty()) break;
+    const std::size_t filasArchivo =
+        FilasPorEscribir(especificacion.TablaArchivo, todas, [](const FilaDeArchivo& fila) { return fila.campo.empty(); });
+    for (std::size_t r = 0; r < filasArchivo; ++r) {
+        const auto& fila = especificacion.TablaArchivo[r];
         AgregarRegistro(documento, 1,
                         {CampoTexto(fila.campo), CampoTexto(fila.ancho), CampoTexto(fila.nota), CampoTexto(fila.conversion)});
     }
-    for (const auto& fila : especificacion.TablaTransaccion) {
-        if (fila.SinNombres()) break;
+    const std::size_t filasTransaccion =
+        FilasPorEscribir(especificacion.TablaTransaccion, todas, [](const FilaDeTransaccion& fila) { return fila.SinNombres(); });
+    for (std::size_t r = 0; r < filasTransaccion; ++r) {
+        const auto& fila = especificacion.TablaTransaccion[r];
         AgregarRegistro(documento, 2,
                         {CampoTexto(fila.programa), CampoTexto(fila.dynpro), CampoTexto(fila.campo), CampoTexto(fila.valor),
                          CampoTexto(fila.nota)});
@@ -214,6 +229,16 @@ std::string EscribirDocumento(const Especificacion& especificacion, const Opcion
     AgregarRegistro(documento, 9,
                     {CampoTexto(opciones.ProgID), CampoEntero(opciones.ModeAsParameter), CampoEntero(opciones.AddF4)});
     return documento;
+}
+
+}  // namespace
+
+std::string EscribirDocumento(const Especificacion& especificacion, const Opciones& opciones) {
+    return Escribir(especificacion, opciones, false);
+}
+
+std::string EscribirTrabajo(const Especificacion& especificacion, const Opciones& opciones) {
+    return Escribir(especificacion, opciones, true);
 }
 
 }  // namespace qor

@@ -27,4 +27,7 @@ void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacio
 // The whole document. Rows behind the first one with an empty name (both names, on the program side) are not written.
 std::string EscribirDocumento(const Especificacion& especificacion, const Opciones& opciones);
 
+// The same with the rows behind a gap, for a copy of work in progress that has to lose nothing. Read like any document.
+std::string EscribirTrabajo(const Especificacion& especificacion, const Opciones& opciones);
+
 }  // namespace qor
