@@ -214,16 +214,16 @@ TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
 }
 
 // A view that does something else to the file where the user is asked, and then says yes.
-struct VistaQueInterviene : VistaDeEditor {
+struct VistaQueInterviene : VistaDePrueba {
     std::function<void()> intervenir;
     std::string detalles;
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override {
-        VistaDeEditor::Mostrar(mensaje, icono);
+        VistaDePrueba::Mostrar(mensaje, icono);
         detalles += mensaje.detalle;
     }
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
-        VistaDeEditor::Preguntar(mensaje, botones);
+        VistaDePrueba::Preguntar(mensaje, botones);
         if (intervenir) intervenir();
         return Respuesta::Si;
     }
