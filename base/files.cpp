@@ -21,8 +21,8 @@ namespace {
 bool Falta(int error) { return error == ENOENT || error == ENOTDIR; }
 
 // O_NONBLOCK keeps a pipe's name from blocking the opener; it means nothing for a regular file.
-Descriptor AbrirRegular(const std::filesystem::path& ruta, int modo) {
-    Descriptor descriptor(llamadas::Abrir(ruta.c_str(), modo | O_NONBLOCK, 0666));
+Descriptor AbrirRegular(const std::filesystem::path& ruta) {
+    Descriptor descriptor(llamadas::Abrir(ruta.c_str(), O_RDONLY | O_NONBLOCK));
     if (!descriptor.Abierto()) Fallar(ruta);
     struct stat datos {};
     if (llamadas::Mirar(descriptor.Valor(), datos) != 0) Fallar(ruta);
@@ -67,7 +67,7 @@ std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta) {
     return std::nullopt;
 }
 
-ArchivoAbierto::ArchivoAbierto(const std::filesystem::path& ruta) : ruta_(ruta), descriptor_(AbrirRegular(ruta, O_RDONLY)) {}
+ArchivoAbierto::ArchivoAbierto(const std::filesystem::path& ruta) : ruta_(ruta), descriptor_(AbrirRegular(ruta)) {}
 
 std::size_t ArchivoAbierto::Leer(char* donde, std::size_t cuanto) {
     const auto leidos = llamadas::Leer(descriptor_.Valor(), donde, cuanto);
@@ -116,19 +116,6 @@ ArchivoBloqueado ArchivoBloqueado::Abrir(const std::filesystem::path& ruta) {
     }
 }
 
-ArchivoBloqueado ArchivoBloqueado::Crear(const std::filesystem::path& ruta) {
-    // Emptied only under the lock: a file that another holds is not touched.
-    ArchivoBloqueado archivo(AbrirRegular(ruta, O_RDWR | O_CREAT), ruta);
-    Bloquear(archivo.Numero(), ruta);
-    if (llamadas::Truncar(archivo.Numero(), 0) != 0) Fallar(ruta);
-    return archivo;
-}
-
-void ArchivoBloqueado::EscribirTodo(std::string_view texto) {
-    EscribirEn(Numero(), texto, Ruta());
-    if (llamadas::LlevarAlDisco(Numero()) != 0) Fallar(Ruta());
-}
-
 void EscribirEn(int descriptor, std::string_view texto, const std::filesystem::path& ruta) {
     while (!texto.empty()) {
         const auto escritos = llamadas::Escribir(descriptor, texto.data(), texto.size());
@@ -145,10 +132,6 @@ ArchivoDeSalida::ArchivoDeSalida(const std::filesystem::path& ruta)
     if (!S_ISREG(datos.st_mode)) return;
     Bloquear(descriptor_.Valor(), ruta);
     if (llamadas::Truncar(descriptor_.Valor(), 0) != 0) Fallar(ruta);
-}
-
-void ArchivoDeSalida::LlevarAlDisco() {
-    if (llamadas::LlevarAlDisco(descriptor_.Valor()) != 0) Fallar(ruta_);
 }
 
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino) {

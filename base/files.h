@@ -87,12 +87,6 @@ public:
     // Opens a regular file for reading and locks it; a failure when another holds it.
     static ArchivoBloqueado Abrir(const std::filesystem::path& ruta);
 
-    // Creates or empties a file for writing and locks it.
-    static ArchivoBloqueado Crear(const std::filesystem::path& ruta);
-
-    // Writes the text and flushes it to the disk.
-    void EscribirTodo(std::string_view texto);
-
 private:
     friend class ArchivoNuevo;
     ArchivoBloqueado(Descriptor descriptor, std::filesystem::path ruta) : ArchivoAbierto(std::move(descriptor), std::move(ruta)) {}
@@ -113,7 +107,6 @@ public:
     explicit ArchivoDeSalida(const std::filesystem::path& ruta);
 
     void Escribir(std::string_view texto) { EscribirEn(descriptor_.Valor(), texto, ruta_); }
-    void LlevarAlDisco();
 
 private:
     std::filesystem::path ruta_;

@@ -89,9 +89,8 @@ QLayout* FormBDCEditor::CrearArchivo() {
     FileToEdit_ = NuevoRotulo("FileToEdit", {});
     FileToEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     LabelCompletado_ = NuevoRotulo("LabelCompletado", {});
-    connect(Browse_, &QPushButton::clicked, this, [this] {
-        Abrir(vista_.ElegirParaAbrir(directorio_, "").value_or(std::filesystem::path()));
-    });
+    connect(Browse_, &QPushButton::clicked, this,
+            [this] { Abrir(vista_.ElegirParaAbrir(directorio_, "").value_or(std::filesystem::path())); });
     auto* const fila = new QHBoxLayout;
     fila->addWidget(Browse_);
     fila->addWidget(FileToEdit_, 1);
