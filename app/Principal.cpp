@@ -66,7 +66,8 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                         tabla == Tabla::Archivo ? qor::MostrarArchivo(ventana_, fila) : qor::MostrarTransaccion(ventana_, fila);
                         Sincronizar();
                     },
-                    [this](const std::string& control) { EnfocarControl(control); }, this});
+                    [this](const std::string& control) { EnfocarControl(control); }, this,
+                    [this] { return programa_.ajustes.EditorDeTextos; }});
     if (fabrica) conexion_ = fabrica({programa_, ventana_, *vista_, this});
     if (!conexion_) conexion_ = SinConexion(*vista_);
     Construir();

@@ -28,12 +28,11 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
     rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("FileWidth", marco)), 0, 1);
     rejilla->addWidget(ComoCabecera(new QLabel(marco)), 0, 2);
     for (int i = 0; i < lineasArchivo; ++i) {
-        int columna = 0;
-        for (const Columna c : {Columna::CampoDeArchivo, Columna::Ancho}) {
-            celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones_.notas));
-            rejilla->addWidget(celdas_.back(), i + 1, columna++);
+        for (const Columna columna : {Columna::CampoDeArchivo, Columna::Ancho}) {
+            celdas_.push_back(NuevaCelda(entorno_, {columna, i}, marco, acciones_.notas));
+            rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(columna)));
         }
-        rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, columna);
+        rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
         rejilla->setRowStretch(i + 1, 1);
     }
     rejilla->setColumnStretch(0, 5);

@@ -42,10 +42,9 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
         columnas_->addWidget(ComoCabecera(Nuevo<QLabel>(cabecera, marco)), 0, columna++);
     }
     for (int i = 0; i < lineasTransaccion; ++i) {
-        columna = 0;
         for (const Columna c : {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor}) {
             celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones.notas));
-            columnas_->addWidget(celdas_.back(), i + 1, columna++);
+            columnas_->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(c)));
         }
         columnas_->setRowStretch(i + 1, 1);
     }
