@@ -32,6 +32,8 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
     documentos_ = NuevaFila(rejilla, 0, "Directory of the documents:", "DirectorioDocumentos", ajustes.DirectorioDocumentos, true);
     anchos_ = NuevaFila(rejilla, 1, "File of the field widths:", "ArchivoAnchos", ajustes.ArchivoAnchos, false);
     catalogo_ = NuevaFila(rejilla, 2, "BAPI catalogue:", "ArchivoBAPI", ajustes.ArchivoBAPI, false);
+    editor_ = NuevaFila(rejilla, 3, "Text editor for reports:", "EditorDeTextos", ajustes.EditorDeTextos, false);
+    editor_->setPlaceholderText(Literal("a known one that is installed"));
     rejilla->setColumnStretch(1, 1);
     auto* const aceptar = NuevoBoton("OK", Literal("OK"));
     aceptar->setDefault(true);
@@ -42,7 +44,7 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
     orden->addLayout(rejilla);
     orden->addStretch();
     orden->addLayout(FilaDeBotones({aceptar, cancelar}));
-    PonerTamano(90, 8);
+    PonerTamano(90, 10);
 }
 
 CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char* rotulo, const char* nombre,
@@ -70,6 +72,7 @@ void FormDirectorios::accept() {
     Tomar(ajustes_.DirectorioDocumentos, documentos_);
     Tomar(ajustes_.ArchivoAnchos, anchos_);
     Tomar(ajustes_.ArchivoBAPI, catalogo_);
+    ajustes_.EditorDeTextos = Recortar(editor_->Texto());
     Dialogo::accept();
 }
 

@@ -13,8 +13,8 @@ namespace qor {
 
 class CajaDeLinea;
 
-// The directories and files of the settings: where documents are looked for first, the file of the field widths, and the catalogue
-// of BAPIs. OK takes them over.
+// The directories and files of the settings: where documents are looked for first, the file of the field widths, the catalogue of
+// BAPIs, and the editor that reports are opened with. OK takes them over.
 class FormDirectorios : public Dialogo {
     Q_OBJECT
 public:
@@ -32,6 +32,7 @@ private:
     CajaDeLinea* documentos_;
     CajaDeLinea* anchos_;
     CajaDeLinea* catalogo_;
+    CajaDeLinea* editor_;
 };
 
 }  // namespace qor

@@ -9,7 +9,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QTabWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -22,10 +22,12 @@
 #include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
 #include "app/qt/scroll_page.h"
+#include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
 #include "base/failure_trap.h"
 #include "base/qt/text.h"
 #include "base/text.h"
+#include "editor/commands.h"
 #include "editor/document_commands.h"
 #include "editor/grids.h"
 #include "editor/help_pages.h"
@@ -50,7 +52,13 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
     : programa_(programa),
       vista_(std::move(vista)),
       ventana_(abierto_, programa.textos, *vista_),
-      lazos_(ventana_, [this](const Lazos::Accion& accion) { Hacer(accion); }) {
+      lazos_(
+          ventana_,
+          [this](const Lazos::Accion& accion) {
+              Hacer(accion);
+              return true;
+          },
+          [this](const Lazos::Accion& accion) { return Mandar(accion); }) {
     setObjectName(QStringLiteral("Principal"));
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
                     [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
@@ -58,7 +66,8 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                         tabla == Tabla::Archivo ? qor::MostrarArchivo(ventana_, fila) : qor::MostrarTransaccion(ventana_, fila);
                         Sincronizar();
                     },
-                    [this](const std::string& control) { EnfocarControl(control); }, this});
+                    [this](const std::string& control) { EnfocarControl(control); }, this,
+                    [this] { return programa_.ajustes.EditorDeTextos; }});
     if (fabrica) conexion_ = fabrica({programa_, ventana_, *vista_, this});
     if (!conexion_) conexion_ = SinConexion(*vista_);
     Construir();
@@ -94,16 +103,16 @@ void Principal::CrearPaginas() {
     herramientas_ = new PaginaDeHerramientas(entorno, *conexion_, [this] { ClicEditorBDC(); });
 
     auto* const centro = new QWidget(this);
-    SSTab1_ = Nuevo<QTabWidget>("SSTab1", centro);
+    SSTab1_ = Nuevo<Pestanas>("SSTab1", centro);
     SSTab2_ = opciones_->SSTab2();
     for (QWidget* const pagina :
          std::initializer_list<QWidget*>{rejillas_, opciones_, herramientas_, new PaginaDeDocumentacion(entorno)}) {
         SSTab1_->addTab(new PaginaDesplazable(pagina), {});
     }
-    connect(SSTab1_, &QTabWidget::currentChanged, &lazos_,
-            [this](int pagina) { lazos_.Cambio([&] { ventana_.SSTab1 = pagina; }); });
-    connect(SSTab2_, &QTabWidget::currentChanged, &lazos_,
-            [this](int pagina) { lazos_.Cambio([&] { ventana_.SSTab2 = pagina; }); });
+    // The state is that of the strip before a cell loses the focus with its page, and shows everything anew.
+    connect(SSTab1_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab1 = pagina; });
+    connect(SSTab2_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab2 = pagina; });
+    SSTab1_->PonerPermiso([this] { return lazos_.Mandar([] {}); });
     salida_ = new FilaDeSalida(
         entorno, [this] { ClicGenerar(); }, centro);
     auto* const orden = new QVBoxLayout(centro);
@@ -131,6 +140,15 @@ void Principal::Hacer(const std::function<void()>& accion) {
     Sincronizar();
 }
 
+bool Principal::Mandar(const std::function<void()>& accion) {
+    const bool empezado = EjecutarComando(ventana_, accion, [this]() -> std::optional<LugarDeCelda> {
+        if (const auto* const celda = CeldaActual()) return celda->Lugar();
+        return std::nullopt;
+    });
+    Sincronizar();
+    return empezado;
+}
+
 // ---- The state shown ----
 
 void Principal::Sincronizar() {
@@ -154,6 +172,11 @@ void Principal::AplicarReglas() {
         auto* const control =
             controles_.Buscar<QWidget>(QByteArray::fromRawData(nombre.data(), static_cast<qsizetype>(nombre.size())));
         if (control == nullptr) continue;
+        // A tool button is on with its action, which is in a menu too.
+        if (const auto* const boton = qobject_cast<QToolButton*>(control); boton != nullptr && boton->defaultAction() != nullptr) {
+            boton->defaultAction()->setEnabled(estado.habilitado);
+            continue;
+        }
         if (control->isHidden() == estado.visible) control->setVisible(estado.visible);
         control->setEnabled(estado.habilitado);
     }
@@ -186,7 +209,7 @@ void Principal::EnfocarControl(const std::string& nombre) {
     auto* const control = controles_.Buscar<QWidget>(QByteArray::fromStdString(nombre));
     if (control == nullptr) return;
     for (QWidget* hijo = control; hijo != nullptr && hijo != this; hijo = hijo->parentWidget()) {
-        for (auto* const pestanas : {SSTab1_, SSTab2_}) {
+        for (QTabWidget* const pestanas : {SSTab1_, SSTab2_}) {
             if (const int pagina = pestanas->indexOf(hijo); pagina >= 0) pestanas->setCurrentIndex(pagina);
         }
         if (auto* const pagina = qobject_cast<QScrollArea*>(hijo)) pagina->ensureWidgetVisible(control);
@@ -230,12 +253,11 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     if (cerrado_) return;
     if (!plan.documento.empty()) {
         bool abierto = false;
-        ConTrampa(ventana_.vista, [&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
-        Sincronizar();
+        Mandar([&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
         if (!abierto) TerminarCon(1);
         return;
     }
-    if (plan.conectar && conexion_->Disponible()) Hacer([this] { conexion_->Logon(); });
+    if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });
 }
 
 void Principal::TerminarCon(int estado) {
@@ -248,12 +270,8 @@ void Principal::TerminarCon(int estado) {
 void Principal::closeEvent(QCloseEvent* evento) {
     if (cerrado_) return evento->accept();
     bool cerrar = false;
-    ConTrampa(ventana_.vista, [&] { cerrar = CerrarPrograma(programa_, ventana_, [this] { conexion_->Logoff(); }); });
-    if (!cerrar) {
-        evento->ignore();
-        Sincronizar();
-        return;
-    }
+    Mandar([&] { cerrar = CerrarPrograma(programa_, ventana_, [this] { conexion_->Logoff(); }); });
+    if (!cerrar) return evento->ignore();
     cerrado_ = true;
     GuardarVentana();
     if (ayuda_ != nullptr) ayuda_->close();

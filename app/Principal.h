@@ -19,7 +19,6 @@
 class QAction;
 class QLabel;
 class QMenu;
-class QTabWidget;
 
 namespace qor {
 
@@ -28,6 +27,7 @@ class FilaDeSalida;
 class PaginaDeHerramientas;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
+class Pestanas;
 class VentanaDeAyuda;
 
 // The main form: window, menus, tool bar, status bar, dialogs, start and end; its pages are widgets of their own (app/pages/). It
@@ -68,6 +68,8 @@ private:
     void GuardarVentana() const;
     // Runs an event: core functions behind the failure trap, then everything is shown anew.
     void Hacer(const std::function<void()>& accion);
+    // Runs a command, which first leaves the cell that has the focus (editor/commands.h). False when it was not begun.
+    bool Mandar(const std::function<void()>& accion);
     void EnfocarControl(const std::string& nombre);
     void AyudaDelControl();
     void AplicarReglas();
@@ -82,7 +84,7 @@ private:
     void CrearBarra();
     QMenu* NuevoMenu(const char* nombre);
     QAction* NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion);
-    void PulsarEnCelda(Tecla tecla);
+    void TeclaDelMenu(Tecla tecla);
     void AbrirEjemplo();
     // Asks which document to open, starting from a directory, and opens it.
     void ElegirYAbrir(const std::filesystem::path& directorio);
@@ -118,8 +120,8 @@ private:
     Controles controles_;
     bool cerrado_ = false;
 
-    QTabWidget* SSTab1_ = nullptr;
-    QTabWidget* SSTab2_ = nullptr;
+    Pestanas* SSTab1_ = nullptr;
+    Pestanas* SSTab2_ = nullptr;
     PaginaDeRejillas* rejillas_ = nullptr;
     PaginaDeOpciones* opciones_ = nullptr;
     PaginaDeHerramientas* herramientas_ = nullptr;

@@ -44,12 +44,13 @@ QString DirectorioDeEjemplos(const std::filesystem::path& datos) {
 QAction* Principal::NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion) {
     auto* const nueva = Nuevo<QAction>(nombre, this);
     if (menu != nullptr) menu->addAction(nueva);
-    connect(nueva, &QAction::triggered, this, [this, accion] { Hacer(accion); });
+    connect(nueva, &QAction::triggered, this, [this, accion] { Mandar(accion); });
     return nueva;
 }
 
-void Principal::PulsarEnCelda(Tecla tecla) {
-    if (auto* const celda = CeldaActual()) emit celda->Pulsada(tecla);
+// An entry for a key of the grids, on the cell that has the keyboard.
+void Principal::TeclaDelMenu(Tecla tecla) {
+    if (const auto* const celda = CeldaActual()) TeclaEnCelda(ventana_, celda->Lugar(), tecla);
 }
 
 QMenu* Principal::NuevoMenu(const char* nombre) {
@@ -97,8 +98,8 @@ void Principal::CrearMenuDeEdicion() {
     edicion->addSeparator();
     auto* const subir = NuevaAccion("UpOption", edicion, [this] { UpButton(ventana_); });
     auto* const bajar = NuevaAccion("DownOption", edicion, [this] { DownButton(ventana_); });
-    auto* const insertar = NuevaAccion("InsertOption", edicion, [this] { PulsarEnCelda(Tecla::F5); });
-    auto* const borrar = NuevaAccion("DeleteOption", edicion, [this] { PulsarEnCelda(Tecla::F6); });
+    auto* const insertar = NuevaAccion("InsertOption", edicion, [this] { TeclaDelMenu(Tecla::F5); });
+    auto* const borrar = NuevaAccion("DeleteOption", edicion, [this] { TeclaDelMenu(Tecla::F6); });
     NuevaAccion("RemoveBlankOption", edicion, [this] { QuitarFilasEnBlanco(ventana_); });
     edicion->addSeparator();
     auto* const nota = NuevaAccion("NoteOption", edicion, [this] {
@@ -190,7 +191,6 @@ void Principal::CrearBarra() {
         control->setFocusPolicy(Qt::NoFocus);
     }
     lazos_.AlMostrar([this] {
-        controles_.Buscar<QAction>("UndoOption")->setEnabled(!ventana_.documento.deshacer.Vacia());
         const int imagen = ventana_.documento.HayDefiniciones() ? 2 : 1;
         if (imagen == imagenDeDefiniciones_) return;
         imagenDeDefiniciones_ = imagen;

@@ -185,6 +185,7 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directori
     ajustes.ArchivoAnchos = ConDefecto(ini, "FieldsFile", "C:\\Table_Fields");
     ajustes.ArchivoBAPI = ConDefecto(ini, "BAPIFile", AgregarBarra(directorioDelPrograma) + "BAPI46C");
     ajustes.DirectorioDocumentos = ConDefecto(ini, "QOR Directory", directorioDelPrograma);
+    ajustes.EditorDeTextos = ini.LeerClave("Editor");
     ajustes.LogonAlInicio = SiSalvoNo(ini, "Logon at startup");
     ajustes.ChequearErroresLogon = SiSalvoNo(ini, "Check Logon Errors");
     ajustes.ImportarSHDBLogon = SiSalvoNo(ini, "Import SHDB after Logon");
@@ -215,6 +216,8 @@ void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes) {
     ini.EscribirClave("QOR Directory", ajustes.DirectorioDocumentos);
     ini.EscribirClave("FieldsFile", ajustes.ArchivoAnchos);
     ini.EscribirClave("BAPIFile", ajustes.ArchivoBAPI);
+    // Where no editor was ever chosen there is no entry.
+    if (ajustes.EditorDeTextos != ini.LeerClave("Editor")) ini.EscribirClave("Editor", ajustes.EditorDeTextos);
     ini.EscribirClave("Upload Function", preferencias.OptionWS_UPLOAD ? "WS_UPLOAD" : "GUI_UPLOAD");
     ini.EscribirClave("Dataset Additions", preferencias.AdicionesDataset);
     ini.EscribirClave("Activate Naming Conventions", SiONo(preferencias.CheckActivateNamingConventions == 1));

@@ -73,6 +73,7 @@ struct AjustesDelPrograma {
     std::string ArchivoAnchos;
     std::string ArchivoBAPI;
     std::string DirectorioDocumentos;
+    std::string EditorDeTextos;  // command that opens reports; empty for a known editor
     bool LogonAlInicio = true;
     bool ChequearErroresLogon = true;
     bool ImportarSHDBLogon = true;

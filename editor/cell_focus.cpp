@@ -9,9 +9,10 @@ namespace qor {
 
 namespace {
 
-void ReglaDeSalida(Ventana& ventana, LugarDeCelda lugar) {
-    if (lugar.columna == Columna::CampoDeArchivo) ReglaDeDuplicados(ventana, lugar.linea);
-    if (lugar.columna == Columna::Valor) ReglaDeValor(ventana, lugar.linea);
+bool ReglaDeSalida(Ventana& ventana, LugarDeCelda lugar) {
+    if (lugar.columna == Columna::CampoDeArchivo) return ReglaDeDuplicados(ventana, lugar.linea);
+    if (lugar.columna == Columna::Valor) return ReglaDeValor(ventana, lugar.linea);
+    return true;
 }
 
 }  // namespace
@@ -36,8 +37,9 @@ void EnfocarCelda(Ventana& ventana, LugarDeCelda lugar) {
     ventana.vista.Enfocar(NombreDeControl(lugar));
 }
 
-void DejarCelda(Ventana& ventana) {
-    if (const auto lugar = std::exchange(ventana.foco, std::nullopt)) ReglaDeSalida(ventana, *lugar);
+bool DejarCelda(Ventana& ventana) {
+    const auto lugar = std::exchange(ventana.foco, std::nullopt);
+    return !lugar || ReglaDeSalida(ventana, *lugar);
 }
 
 }  // namespace qor

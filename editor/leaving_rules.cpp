@@ -90,34 +90,42 @@ std::string SiguienteNombre(std::string_view texto) {
     return std::string(resto) + numero;
 }
 
-void ReglaDeDuplicados(Ventana& ventana, int linea) {
-    if (ventana.DuplicadoRevisado) return;
+bool ReglaDeDuplicados(Ventana& ventana, int linea) {
+    if (ventana.DuplicadoRevisado) return true;
     const LugarDeCelda lugar{Columna::CampoDeArchivo, linea};
     const int fila = FilaDe(ventana, lugar);
     std::string nombre = Mayusculas(Recortar(TextoDe(ventana, lugar)));
+    bool admitido = true;
     while (EstaRepetido(ventana, fila, nombre)) {
         if (nombre.size() < largoSinNumero) {
             nombre = SiguienteNombre(nombre);
         } else {
             ventana.vista.Advertir(Componer(ventana.textos, {338}));
             nombre.clear();
+            admitido = false;
         }
         Corregir(ventana, lugar, nombre);
     }
     ventana.DuplicadoRevisado = true;
+    return admitido;
 }
 
-void ReglaDeValor(Ventana& ventana, int linea) {
+bool ReglaDeValor(Ventana& ventana, int linea) {
     const std::string texto(Recortar(TextoDe(ventana, {Columna::Valor, linea})));
-    if (texto.empty() || Contiene(texto, "'")) return;
-    if (texto.front() == '@') return ReglaDeVariable(ventana, linea, texto);
+    if (texto.empty() || Contiene(texto, "'")) return true;
+    if (texto.front() == '@') {
+        ReglaDeVariable(ventana, linea, texto);
+        return true;
+    }
     std::string campo = ReemplazarBlancos(texto);
-    if (campo.size() > largoMaximoDeCampo) {
+    const bool admitido = campo.size() <= largoMaximoDeCampo;
+    if (!admitido) {
         ventana.vista.Advertir(Componer(ventana.textos, {333, " 30."}));
         campo.resize(largoMaximoDeCampo);
     }
     Corregir(ventana, {Columna::Valor, linea}, campo);
     if (ventana.documento.opciones.Autofill == 1) Autofill(ventana, Mayusculas(campo));
+    return admitido;
 }
 
 }  // namespace qor

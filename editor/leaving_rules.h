@@ -5,17 +5,17 @@
 
 #include "editor/window.h"
 
-// What completes or corrects a cell when it is left.
+// What completes or corrects a cell when it is left. False when the rule refused the text: it is emptied or cut, with a warning.
 namespace qor {
 
 // Text1: a name that another row has gets a number, or the next number; one of 25 characters or more is emptied with message 338.
 // Runs once for each change of a cell of the column.
-void ReglaDeDuplicados(Ventana& ventana, int linea);
+bool ReglaDeDuplicados(Ventana& ventana, int linea);
 
 // Text5: a constant stays. A variable is declared as a parameter, with message 312, when no definition has it; its name has at most
-// eight characters. Anything else becomes the name of a file field, at most 30 characters, and with Autofill on that field is
-// added to the file side where it is missing.
-void ReglaDeValor(Ventana& ventana, int linea);
+// eight characters. Anything else becomes the name of a file field, at most 30 characters (message 333), and with Autofill on that
+// field is added to the file side where it is missing.
+bool ReglaDeValor(Ventana& ventana, int linea);
 
 // The text with the number at its end raised by one; a text without one gets 2.
 std::string SiguienteNombre(std::string_view texto);

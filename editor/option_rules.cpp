@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "editor/cell_rules.h"
+
 namespace qor {
 
 namespace {
@@ -73,6 +75,9 @@ EstadosDeControles EstadoDeControles(const Ventana& ventana, const Preferencias&
     Habilitar(estados, {"SpaceCode"}, !opciones.ProcesarTodoOpt);
     Habilitar(estados, {"EncodingAdditional"}, OptionEncodingAdditional);
     Habilitar(estados, {"UndoButton"}, !ventana.documento.deshacer.Vacia());
+    // They move the row of the cell.
+    const auto& foco = ventana.foco;
+    Habilitar(estados, {"UpButton", "DownButton"}, foco && TablaDe(foco->columna) == Tabla::Archivo);
     return estados;
 }
 

@@ -185,6 +185,7 @@ TEST(Settings, SwitchesTakeOnlyTheirExactWord) {
     EXPECT_TRUE(AjustesDe("UPLOAD FUNCTION = WS_UPLOAD").preferencias.OptionWS_UPLOAD);
     EXPECT_FALSE(AjustesDe("Upload Function=ws_upload").preferencias.OptionWS_UPLOAD);
     EXPECT_EQ(AjustesDe("rfc module=z_run_report").nombresRFC.ModuloRFCPropio, "Z_RUN_REPORT");
+    EXPECT_EQ(AjustesDe("editor= mousepad --x ").EditorDeTextos, "mousepad --x");
     const auto conexion = AjustesDe("RFC Library=/opt/nwrfc/libsapnwrfc.so\nRFC Time Limit=90");
     EXPECT_EQ(conexion.BibliotecaRFC, "/opt/nwrfc/libsapnwrfc.so");
     EXPECT_EQ(conexion.SegundosDeLlamadaRFC, 90);
@@ -237,6 +238,12 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     auto otra = IniDe(texto);
     GuardarAjustes(otra, LeerAjustes(otra, "/elsewhere"));
     EXPECT_FALSE(otra.Modificado());
+    // An editor has its entry once one was chosen, and keeps it when it is taken away again.
+    for (const char* const editor : {"mousepad", ""}) {
+        ajustes.EditorDeTextos = editor;
+        GuardarAjustes(ini, ajustes);
+        EXPECT_EQ(ini.TextoCambiado(""), texto + "EDITOR=" + editor + "\r\n");
+    }
 }
 
 TEST(DataDirectory, IsTheInstalledOneOnlyWhereTheLanguageFileLies) {

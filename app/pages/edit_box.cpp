@@ -72,7 +72,7 @@ void CajaDeEdicion::CrearBusquedas() {
 }
 
 void CajaDeEdicion::RepetirBusqueda() {
-    entorno_.lazos.Hacer([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.ventana) : BuscarTransaccion(entorno_.ventana); });
+    entorno_.lazos.Mandar([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.ventana) : BuscarTransaccion(entorno_.ventana); });
 }
 
 void CajaDeEdicion::changeEvent(QEvent* evento) {

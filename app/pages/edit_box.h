@@ -22,7 +22,7 @@ public:
 
     CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre);
 
-    // Searches again in the grid that was searched last; as an event.
+    // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda();
 
 protected:

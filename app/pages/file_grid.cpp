@@ -62,7 +62,7 @@ QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
     boton->setAutoFillBackground(true);
     boton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     connect(boton, &QToolButton::clicked, this, [this, linea] {
-        entorno_.lazos.Hacer([&] {
+        entorno_.lazos.Mandar([&] {
             if (const auto fila = ClicEnABAP(entorno_.ventana, linea)) acciones_.codigo(*fila);
         });
     });

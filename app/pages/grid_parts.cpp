@@ -55,12 +55,13 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     alOcurrir(&CeldaDeRejilla::Entrada, [&ventana, lugar] { EntrarEnCelda(ventana, lugar); });
     alOcurrir(&CeldaDeRejilla::Salida, [&ventana, lugar] { SalirDeCelda(ventana, lugar); });
     alOcurrir(&CeldaDeRejilla::Escrita, [&ventana, celda, lugar] {
-        // A new document has taken the focus from the ventana, and not from the control.
+        // A new document has taken the focus from the window, and not from the control.
         EntrarEnCelda(ventana, lugar);
         EscribirEnCelda(ventana, lugar, celda->Texto());
     });
     alOcurrir(&CeldaDeRejilla::Pulsada, [&ventana, lugar](Tecla tecla) { TeclaEnCelda(ventana, lugar, tecla); });
-    alOcurrir(&CeldaDeRejilla::PideDeshacer, [&ventana] { Deshacer(ventana); });
+    QObject::connect(celda, &CeldaDeRejilla::PideDeshacer, &lazos,
+                     [&ventana, &lazos] { lazos.Mandar([&] { Deshacer(ventana); }); });
     alOcurrir(&CeldaDeRejilla::SoltadoCampo, [&ventana, lugar](int linea) { SoltarCampo(ventana, lugar.linea, linea); });
     alOcurrir(&CeldaDeRejilla::SoltadoOkCode,
               [&ventana, lugar](RotuloDeOkCode rotulo) { SoltarOkCode(ventana, lugar.linea, rotulo); });

@@ -24,7 +24,7 @@ public:
 
     // Shows the lines of both grids; the options keep what they show.
     void MostrarRejillas();
-    // Searches again in the grid that was searched last; as an event.
+    // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda() { edicion_->RepetirBusqueda(); }
 
 private:

@@ -1,16 +1,16 @@
 #include "app/pages/options_page.h"
 
-#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "app/pages/controls.h"
 #include "app/pages/error_options.h"
 #include "app/pages/input_options.h"
 #include "app/pages/naming_options.h"
+#include "app/qt/tabs.h"
 
 namespace qor {
 
-PaginaDeOpciones::PaginaDeOpciones(const EntornoDePagina& entorno) : SSTab2_(Nuevo<QTabWidget>("SSTab2", this)) {
+PaginaDeOpciones::PaginaDeOpciones(const EntornoDePagina& entorno) : SSTab2_(Nuevo<Pestanas>("SSTab2", this)) {
     SSTab2_->addTab(new OpcionesDeErrores(entorno), {});
     entrada_ = new OpcionesDeEntrada(entorno);
     SSTab2_->addTab(entrada_, {});

@@ -4,11 +4,10 @@
 
 #include "app/pages/page.h"
 
-class QTabWidget;
-
 namespace qor {
 
 class OpcionesDeEntrada;
+class Pestanas;
 
 // The second page: the options of the specification and the user's own, on three pages inside of it.
 class PaginaDeOpciones : public QWidget {
@@ -17,12 +16,12 @@ public:
     explicit PaginaDeOpciones(const EntornoDePagina& entorno);
 
     // The tabs SSTab2.
-    QTabWidget* SSTab2() const { return SSTab2_; }
+    Pestanas* SSTab2() const { return SSTab2_; }
     // Of the additions of OPEN DATASET, the one with a text of its own is on.
     bool OptionEncodingAdditional() const;
 
 private:
-    QTabWidget* SSTab2_;
+    Pestanas* SSTab2_;
     OpcionesDeEntrada* entrada_;
 };
 

@@ -17,6 +17,8 @@ void Lazos::Hacer(const Accion& accion) const {
     if (!callado_) evento_(accion);
 }
 
+bool Lazos::Mandar(const Accion& accion) const { return !callado_ && comando_(accion); }
+
 void Lazos::Cambio(const Accion& accion) const {
     if (!mostrando_) Hacer(accion);
 }
@@ -99,7 +101,7 @@ CajaDeLinea* Lazos::CajaFiltrada(const char* nombre, QWidget* padre) {
 QPushButton* Lazos::Boton(const char* nombre, QWidget* padre, const Accion& accion) {
     auto* const boton = Nuevo<QPushButton>(nombre, padre);
     boton->setFocusPolicy(Qt::TabFocus);
-    connect(boton, &QPushButton::clicked, this, [this, accion] { Hacer(accion); });
+    connect(boton, &QPushButton::clicked, this, [this, accion] { Mandar(accion); });
     return boton;
 }
 

@@ -24,14 +24,19 @@ class CajaDeTexto;
 class Lazos : public QObject {
 public:
     using Accion = std::function<void()>;
-    using Ejecutor = std::function<void(const Accion&)>;
+    // Runs an action and shows the state behind it; false when the action was not begun.
+    using Ejecutor = std::function<bool(const Accion&)>;
 
-    // `evento` runs an action and shows the state behind it.
-    Lazos(Ventana& ventana, Ejecutor evento) : ventana_(ventana), evento_(std::move(evento)) {}
+    Lazos(Ventana& ventana, Ejecutor evento, Ejecutor comando)
+        : ventana_(ventana), evento_(std::move(evento)), comando_(std::move(comando)) {}
 
     // ---- Events ----
 
+    // What happens to a control or a cell.
     void Hacer(const Accion& accion) const;
+    // What a user asks for by a button, a tool button, a menu or a key of the form: a command, which first leaves the cell that has
+    // the focus (editor/commands.h).
+    bool Mandar(const Accion& accion) const;
     // A change of a control: an event, but nothing while the state is shown.
     void Cambio(const Accion& accion) const;
     // From now on nothing runs any more: the controls go with their form.
@@ -68,12 +73,13 @@ public:
                                const std::function<void(bool)>& cambiar);
     // A text box with the key filter of its name, tied to nothing.
     CajaDeLinea* CajaFiltrada(const char* nombre, QWidget* padre);
-    // A push button that runs an event and takes no focus from a cell when it is clicked.
+    // A push button that runs a command and takes no focus from a cell when it is clicked.
     QPushButton* Boton(const char* nombre, QWidget* padre, const Accion& accion);
 
 private:
     Ventana& ventana_;
     Ejecutor evento_;
+    Ejecutor comando_;
     std::vector<Accion> pasos_;
     bool mostrando_ = false;
     bool callado_ = false;

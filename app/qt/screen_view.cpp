@@ -1,14 +1,12 @@
 #include "app/qt/screen_view.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProcess>
 #include <QPushButton>
-#include <QUrl>
 
+#include "app/qt/text_editor.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
@@ -46,14 +44,6 @@ void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon i
     caja.setWindowTitle(QString::fromLatin1(tituloDelPrograma));
     caja.setTextFormat(Qt::PlainText);
     caja.setText(TextoDeMensaje(mensaje));
-}
-
-// Editors that are started when the desktop has no program for text files.
-bool AbrirConProgramaConocido(const QString& ruta) {
-    for (const char* const programa : {"gedit", "gnome-text-editor", "kate", "mousepad", "xed"}) {
-        if (QProcess::startDetached(QString::fromLatin1(programa), {ruta})) return true;
-    }
-    return false;
 }
 
 }  // namespace
@@ -151,7 +141,8 @@ void VistaDePantalla::MostrarTexto(const std::string& texto) {
 bool VistaDePantalla::AbrirEditor(const std::filesystem::path& ruta) {
     const QString archivo = QFileInfo(NombreQt(ruta)).absoluteFilePath();
     if (!QFileInfo::exists(archivo)) return false;
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(archivo)) || AbrirConProgramaConocido(archivo);
+    const std::string comando = formulario_.editorDeTextos ? formulario_.editorDeTextos() : std::string();
+    return AbrirEnEditorDeTexto(TextoQt(comando), archivo);
 }
 
 }  // namespace qor

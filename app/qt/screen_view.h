@@ -23,6 +23,8 @@ public:
         std::function<void(const std::string&)> enfocar;
         // A question is answered by the dialogs that are open at the moment; without one this window owns it.
         QWidget* ventana = nullptr;
+        // The command of the settings that opens texts; empty for a known editor.
+        std::function<std::string()> editorDeTextos;
     };
 
     explicit VistaDePantalla(const TextosIdioma& textos) : textos_(textos) {}

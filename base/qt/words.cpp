@@ -65,6 +65,8 @@ constexpr ParDePalabras palabras[] = {
     {"Directory of the documents:", "Directorio de los documentos:"},
     {"File of the field widths:", "Archivo de los anchos de campos:"},
     {"BAPI catalogue:", "Catálogo de BAPIs:"},
+    {"Text editor for reports:", "Editor de textos para los reports:"},
+    {"a known one that is installed", "uno conocido que esté instalado"},
 
     // Help window
     {"Help", "Ayuda"},

@@ -161,27 +161,6 @@ TEST(Principal, KeysOfTheGrids) {
     EXPECT_THAT(p.vista->avisos, ElementsAre(339));
 }
 
-TEST(Principal, AButtonLeavesNoCellAndABoxDoes) {
-    ProgramaDePrueba p;
-    VentanaDePrueba filas;
-    p.LaVentana().documento.especificacion.TablaTransaccion[0] = {"TRANS", "MM01", "", "", ""};
-    p.LaVentana().documento.especificacion.TablaTransaccion[1] = {"SAPLMGMM", "0060", "", "", ""};
-    p.LaVentana().documento.especificacion.TablaTransaccion[2] = {"", "", "RMMG1-MATNR", "", ""};
-    p.LaVentana().vista.MostrarFila(Tabla::Transaccion, 0);
-    p.Enfocar("Text5_2");
-    ProgramaDePrueba::Escribir("matnr");
-    QMouseEvent pulsa(QEvent::MouseButtonPress, QPointF(3, 3), QPointF(3, 3), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QMouseEvent suelta(QEvent::MouseButtonRelease, QPointF(3, 3), QPointF(3, 3), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(p.Control("ExpandirCampo"), &pulsa);
-    QApplication::sendEvent(p.Control("ExpandirCampo"), &suelta);
-    EXPECT_EQ(p.Control<QPushButton>("ExpandirCampo")->text(), "-");
-    EXPECT_TRUE(p.Control("ProgramCol")->isHidden());
-    EXPECT_EQ(ProgramaDePrueba::Foco(), "Text5_2");
-    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "");
-    p.Enfocar("ArchivoFuente");
-    EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->text(), "MATNR");
-}
-
 TEST(Principal, DropsOntoAValue) {
     ProgramaDePrueba p;
     p.LaVentana().documento.especificacion.TablaArchivo[0].campo = "MATNR";
