@@ -20,7 +20,7 @@ void SistemaDeLaSesion::ObtenerAnchos() {
     if (ButtonOnlineAnchos(documento_, sesion_, textos_, vista_)) MostrarAnchos_();
 }
 
-std::string SistemaDeLaSesion::ArchivoTemporal() { return NombreTemporal(sesion_.DirectorioTemporal); }
+std::string SistemaDeLaSesion::ArchivoTemporal() { return CrearTemporal(sesion_); }
 
 void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
     qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, textos_, vista_);

@@ -65,7 +65,7 @@ void ActivarFila(FormularioImport& formulario, const std::string& qid, SesionSAP
     const ConPunteroOcupado puntero(vista);
     const auto DatosCola = LeerCola(sesion, qid, formulario.Tipo());
     if (!DatosCola) return;
-    const std::string archivo = NombreTemporal(sesion.DirectorioTemporal);
+    const std::string archivo = CrearTemporal(sesion);
     if (EscribirRegistros(archivo, RegistrosDeCola(*DatosCola))) {
         formulario.ArchivoImportado = archivo;
     } else {

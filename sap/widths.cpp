@@ -177,7 +177,7 @@ bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
 }
 
 bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
-    const std::string ArchivoAnchosTemporal = NombreTemporal(sesion.DirectorioTemporal);
+    const std::string ArchivoAnchosTemporal = CrearTemporal(sesion);
     GenerarInfoCampos(documento.especificacion, ArchivoAnchosTemporal, true, textos, vista);
     {
         const ConPunteroOcupado puntero(vista);

@@ -215,7 +215,8 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     EXPECT_TRUE(estado.ProgramaTemporal);
     const auto ruta = RutaDelSistema(estado.UltimoPrograma);
     EXPECT_EQ(ruta.parent_path(), publicacion.directorio.Ruta());
-    EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......\\.tmp"));
+    EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......_......\\.tmp"));
+    EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));
     // The lines of the report are those that were sent.
     LineasABAP enviado;
     for (const auto& linea : publicacion.guion->conversacion) {

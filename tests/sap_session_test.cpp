@@ -1,13 +1,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <cstdlib>
+
+#include "base/paths.h"
 #include "sap/session.h"
+#include "sap/temporary_file.h"
 #include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
+using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
 using pruebas::SesionDeGuion;
@@ -192,6 +199,47 @@ TEST(Session, ABrokenOperationIsNoMoreThanAFailedRead) {
         Logoff_Click(sesion);
         EXPECT_EQ(sesion.SesionRFC, nullptr);
     }
+}
+
+// ---- Files of a moment ----
+
+mode_t Modo(const std::filesystem::path& ruta) {
+    struct stat estado {};
+    EXPECT_EQ(::lstat(ruta.c_str(), &estado), 0) << ruta;
+    return estado.st_mode & 07777;
+}
+
+TEST(Session, FilesOfAMomentAreTheUsersAlone) {
+    const DirectorioTemporal privado;
+    const DirectorioTemporal abierto;
+    std::filesystem::permissions(abierto.Ruta(), std::filesystem::perms(0755));
+    const mode_t mascara = ::umask(0);
+    for (const auto& deEjecucion : {privado.Ruta(), abierto.Ruta(), privado / "absent", std::filesystem::path("relative")}) {
+        SCOPED_TRACE(deEjecucion);
+        ::setenv("XDG_RUNTIME_DIR", deEjecucion.c_str(), 1);
+        const bool sirve = deEjecucion == privado.Ruta();
+        std::filesystem::path directorio;
+        {
+            SesionSAP sesion;
+            const auto uno = RutaDelSistema(CrearTemporal(sesion));
+            const auto otro = RutaDelSistema(CrearTemporal(sesion));
+            EXPECT_NE(uno, otro);
+            directorio = uno.parent_path();
+            EXPECT_EQ(directorio == privado.Ruta(), sirve);
+            EXPECT_EQ(Modo(directorio), 0700U);
+            for (const auto& ruta : {uno, otro}) {
+                EXPECT_EQ(ruta.extension(), ".tmp");
+                EXPECT_EQ(Modo(ruta), 0600U);
+                BorrarTemporal(RutaDelModelo(ruta));
+            }
+        }
+        EXPECT_EQ(std::filesystem::exists(directorio), sirve);  // one of its own goes with the session
+    }
+    ::umask(mascara);
+    ::unsetenv("XDG_RUNTIME_DIR");
+    SesionSAP sinLugar;
+    sinLugar.DirectorioTemporal = "/nowhere";
+    EXPECT_EQ(CrearTemporal(sinLugar), "");
 }
 
 }  // namespace
