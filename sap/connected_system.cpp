@@ -23,6 +23,7 @@ void SistemaDeLaSesion::ObtenerAnchos() {
 std::string SistemaDeLaSesion::ArchivoTemporal() { return CrearTemporal(sesion_); }
 
 void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
+    if (!sesion_.Conectado) return;  // lost since the run began
     qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, textos_, vista_);
 }
 

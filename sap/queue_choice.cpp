@@ -64,7 +64,10 @@ void ActivarFila(FormularioImport& formulario, const std::string& qid, SesionSAP
     if (qid.empty()) return;
     const ConPunteroOcupado puntero(vista);
     const auto DatosCola = LeerCola(sesion, qid, formulario.Tipo());
-    if (!DatosCola) return;
+    if (!DatosCola) {
+        if (!sesion.Conectado || TieneControl(qid)) vista.Advertir(MensajeLiteral(sesion.Motivo));
+        return;
+    }
     const std::string archivo = CrearTemporal(sesion);
     if (EscribirRegistros(archivo, RegistrosDeCola(*DatosCola))) {
         formulario.ArchivoImportado = archivo;

@@ -6,6 +6,7 @@
 
 #include "base/paths.h"
 #include "sap/session.h"
+#include "sap/queue_choice.h"
 #include "sap/temporary_file.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
@@ -186,18 +187,52 @@ TEST(Session, AModuleThatDoesNotExistLeavesTheStandardOne) {
     }
 }
 
-TEST(Session, ABrokenOperationIsNoMoreThanAFailedRead) {
+// ---- Failures and lost connections ----
+
+constexpr const char* perdida = "The connection to the SAP system is lost. Please log on again.";
+
+TEST(Session, ABrokenOperationIsAFailedReadAndALostConnectionTheEndOfTheSession) {
     for (const char* paso : {"Ping", "Add", "Exports", "Tables", "FreeTable", "Data", "Call", "RowCount", "Value"}) {
+        for (const bool abierta : {true, false}) {
+            const auto guion = std::make_shared<Guion>();
+            SesionSAP sesion = SesionConectada(guion);
+            guion->Responder({"T", "DEV", "46C"});
+            guion->fallaEn = paso;
+            guion->abierta = abierta;
+            sesion.ConnectionStatus = "connected";
+            EXPECT_FALSE(RecuperarDatosSistema(sesion)) << paso;
+            EXPECT_EQ(sesion.RolSistema + sesion.VersionSistema, "") << paso;
+            EXPECT_EQ(sesion.Motivo, std::string("broken at ") + paso + (abierta ? "" : std::string("\r\n") + perdida));
+            EXPECT_EQ(sesion.Conectado, abierta);
+            EXPECT_EQ(sesion.ConnectionStatus == "Not connected", !abierta);
+            guion->fallaEn = "Logoff";
+            Logoff_Click(sesion);
+            EXPECT_EQ(sesion.SesionRFC, nullptr);
+        }
+    }
+}
+
+TEST(Session, AConnectionThatIsLostOverTheLogonIsNoLogon) {
+    for (const char* modulo : {"", "Z_RUN"}) {
+        Logon logon;
+        logon.sesion.nombres.ModuloRFCPropio = modulo;
+        logon.guion->abierta = false;  // the first call fails
+        EXPECT_FALSE(logon.Entrar());
+        EXPECT_FALSE(logon.sesion.Conectado);
+        EXPECT_TRUE(logon.prueba.vista.TomarAvisos().ends_with(perdida));
+    }
+}
+
+// The dialog of the queues closes without a word when an entry can't be had; only a lost connection is told.
+TEST(Session, AConnectionThatIsLostOverAnEntryIsTold) {
+    for (const bool abierta : {true, false}) {
         const auto guion = std::make_shared<Guion>();
         SesionSAP sesion = SesionConectada(guion);
-        guion->Responder({"T", "DEV", "46C"});
-        guion->fallaEn = paso;
-        EXPECT_FALSE(RecuperarDatosSistema(sesion)) << paso;
-        EXPECT_EQ(sesion.RolSistema + sesion.VersionSistema, "") << paso;
-        EXPECT_EQ(sesion.Motivo, std::string("broken at ") + paso);
-        guion->fallaEn = "Logoff";
-        Logoff_Click(sesion);
-        EXPECT_EQ(sesion.SesionRFC, nullptr);
+        EditorDePrueba prueba;
+        FormularioImport formulario;
+        guion->abierta = abierta;
+        ActivarFila(formulario, "Q1", sesion, prueba.vista);
+        EXPECT_EQ(prueba.vista.TomarAvisos(), abierta ? "" : perdida);
     }
 }
 
