@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "base/paths.h"
-#include "sap/session.h"
 #include "sap/queue_choice.h"
+#include "sap/session.h"
 #include "sap/temporary_file.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
