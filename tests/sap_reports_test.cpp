@@ -11,17 +11,17 @@
 #include "sap/publish.h"
 #include "sap/remote_reports.h"
 #include "sap/widths.h"
-#include "tests/support/editor_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
 using pruebas::DirectorioTemporal;
-using pruebas::EditorDePrueba;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 constexpr const char* corredor = "Add RFC_ABAP_INSTALL_AND_RUN";
@@ -98,7 +98,7 @@ TEST(RemoteReports, TheRecordsOfABapiGoIntoAFile) {
 
 // A control character could end the line that it stands in, so nothing with one is asked.
 TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
-    EditorDePrueba prueba;
+    VentanaDePrueba prueba;
     const DirectorioTemporal directorio;
     const std::string fuente = directorio.Escribir("load.abap", "REPORT A.");
     std::ostringstream archivo;

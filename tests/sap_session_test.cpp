@@ -228,7 +228,7 @@ TEST(Session, AConnectionThatIsLostOverAnEntryIsTold) {
     for (const bool abierta : {true, false}) {
         const auto guion = std::make_shared<Guion>();
         SesionSAP sesion = SesionConectada(guion);
-        EditorDePrueba prueba;
+        VentanaDePrueba prueba;
         FormularioImport formulario;
         guion->abierta = abierta;
         ActivarFila(formulario, "Q1", sesion, prueba.vista);
