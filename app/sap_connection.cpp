@@ -1,21 +1,18 @@
 #include "app/sap_connection.h"
 
-#include <cstdlib>
-#include <system_error>
+#include <algorithm>
+#include <chrono>
 #include <utility>
-
-#include "base/paths.h"
 
 namespace qor {
 
 namespace {
 
-// Files of a moment hold business data under names that can be guessed: the user's own run-time directory is kept from others.
-std::filesystem::path DirectorioTemporal() {
-    const char* const propio = std::getenv("XDG_RUNTIME_DIR");
-    std::error_code ignorado;
-    if (propio != nullptr && std::filesystem::is_directory(propio, ignorado)) return propio;
-    return std::filesystem::temp_directory_path();
+// A call may run as long as the settings say; what is not a report answers at once, or the system is out of reach.
+OpcionesNWRFC OpcionesDe(const AjustesDelPrograma& ajustes) {
+    constexpr std::chrono::seconds maximoDeConexion{60};
+    const std::chrono::seconds limite(ajustes.SegundosDeLlamadaRFC);
+    return {ajustes.BibliotecaRFC, limite, std::min(limite, maximoDeConexion)};
 }
 
 }  // namespace
@@ -25,9 +22,9 @@ SesionSAP NuevaSesionSAP(const AjustesDelPrograma& ajustes, const std::filesyste
     SesionSAP sesion;
     sesion.nombres = ConNombresConocidos(ajustes.nombresRFC);
     sesion.plantillas = CargarPlantillas(directorioDeDatos);
-    sesion.DirectorioTemporal = RutaDelModelo(DirectorioTemporal());
-    sesion.CrearServicio = [opciones = OpcionesNWRFC{ajustes.BibliotecaRFC, ajustes.SegundosDeLlamadaRFC},
-                            dialogo = std::move(dialogo)] { return CrearServicioNWRFC(opciones, dialogo); };
+    sesion.CrearServicio = [opciones = OpcionesDe(ajustes), dialogo = std::move(dialogo)] {
+        return CrearServicioNWRFC(opciones, dialogo);
+    };
     return sesion;
 }
 

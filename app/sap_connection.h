@@ -8,7 +8,7 @@
 
 namespace qor {
 
-// The session of the program, not connected: names, library and time limit by the settings, query reports from the data files.
+// The session of the program, not connected: names, library and time limits by the settings, query reports from the data files.
 SesionSAP NuevaSesionSAP(const AjustesDelPrograma& ajustes, const std::filesystem::path& directorioDeDatos, DialogoDeLogon dialogo);
 
 OpcionesDeLogon OpcionesDeLogonDe(const AjustesDelPrograma& ajustes);

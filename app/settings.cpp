@@ -205,8 +205,8 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directori
     nombres.LectorFuenteB = Mayusculas(ini.LeerClave("RFC Source Reader B"));
     nombres.IncludeEstandar = Mayusculas(ini.LeerClave("RFC Standard Include"));
     ajustes.BibliotecaRFC = ini.LeerClave("RFC Library");
-    ajustes.SegundosDeLlamadaRFC =
-        static_cast<int>(std::clamp(Numero(ini.LeerClave("RFC Time Limit")), 0.0, maximoSegundosDeLlamada));
+    const std::string limite = ini.LeerClave("RFC Time Limit");
+    if (!limite.empty()) ajustes.SegundosDeLlamadaRFC = static_cast<int>(std::clamp(Numero(limite), 0.0, maximoSegundosDeLlamada));
     return ajustes;
 }
 

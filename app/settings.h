@@ -80,8 +80,8 @@ struct AjustesDelPrograma {
     Preferencias preferencias;
     // Read only: they are set by editing the file.
     NombresRFC nombresRFC;
-    std::string BibliotecaRFC;     // path of libsapnwrfc.so; empty for the loader's search
-    int SegundosDeLlamadaRFC = 0;  // time limit of a remote call; 0 for none
+    std::string BibliotecaRFC;       // path of libsapnwrfc.so; empty for the loader's search
+    int SegundosDeLlamadaRFC = 600;  // time limit of a remote call; 0 for none
 };
 
 // Every setting with its value or its default. The BAPI catalogue and the documents are looked for in the program's directory

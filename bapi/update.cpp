@@ -79,7 +79,8 @@ private:
     ResultadoActualizacion Fallar(const std::exception& fallo) {
         Borrar(viejo_);
         Borrar(nuevo_);
-        p_.vista.Advertir(ConDetalle(Componer(p_.textos, {441}), fallo));
+        const auto mensaje = ConDetalle(Componer(p_.textos, {441}), fallo);
+        p_.vista.Advertir(p_.sesion.Conectado ? mensaje : ConMotivo(p_.sesion, mensaje));
         return ResultadoActualizacion::Fallida;
     }
 

@@ -10,8 +10,10 @@
 #include <initializer_list>
 #include <utility>
 
+#include "base/code_page.h"
 #include "base/qt/text.h"
 #include "base/text.h"
+#include "sap/templates.h"
 
 namespace qor {
 
@@ -30,12 +32,17 @@ bool TodosLlenos(std::initializer_list<const QLineEdit*> cajas) {
     return true;
 }
 
+bool SePuedeMandar(const QLineEdit& caja) {
+    const auto texto = DesdeUtf8(caja.text().toStdString());
+    return texto && !TieneControl(*texto);
+}
+
 std::string Cortado(const QLineEdit& caja) { return std::string(Recortar(TextoDelModelo(caja.text()))); }
 
 }  // namespace
 
-FormLogon::FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, QWidget* padre)
-    : Dialogo(textos, "FormLogon", padre), parametros_(parametros) {
+FormLogon::FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, Vista& vista, QWidget* padre)
+    : Dialogo(textos, "FormLogon", padre), parametros_(parametros), vista_(vista) {
     setWindowTitle(Literal("Log on to an SAP system"));
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(CrearSistema());
@@ -84,6 +91,7 @@ QWidget* FormLogon::CrearSistema() {
     Sistema_ = NuevaCaja("Sistema", parametros_.sistema, largoDeSistema);
     Grupo_ = NuevaCaja("Grupo", parametros_.grupo);
     Ruta_ = NuevaCaja("Ruta", parametros_.ruta);
+    Ruta_->setToolTip(Literal("A router string with a password (/W/ or /P/) is used for this logon, but not remembered."));
     auto* const rejilla = new QGridLayout(marco);
     rejilla->addWidget(OptionServidor_, 0, 0, 1, 2);
     LlenarFilas(rejilla, 1,
@@ -134,8 +142,25 @@ void FormLogon::Habilitar() {
     OK_->setEnabled(Completo());
 }
 
+// The rows of the dialog name their boxes.
+bool FormLogon::TodosSePuedenMandar() {
+    for (const auto* const rotulo : findChildren<QLabel*>()) {
+        auto* const caja = qobject_cast<QLineEdit*>(rotulo->buddy());
+        if (caja == nullptr || !caja->isEnabled() || SePuedeMandar(*caja)) continue;
+        caja->setFocus();
+        caja->selectAll();
+        const QString nombre = rotulo->text().remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+        vista_.Advertir(MensajeLiteral(TextoDelModelo(
+            Literal("The field \"%1\" holds a character that can't be sent to the system, so nothing was sent. Please correct it.")
+                .arg(nombre))));
+        return false;
+    }
+    return true;
+}
+
 bool FormLogon::PuedeCerrar() {
     if (!std::exchange(aceptado_, false)) return true;
+    if (!TodosSePuedenMandar()) return false;
     const bool directo = OptionServidor_->isChecked();
     parametros_.servidor = directo ? Cortado(*Servidor_) : std::string();
     parametros_.numeroDeSistema = Cortado(*NumeroDeSistema_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/qt/dialog.h"
+#include "base/view.h"
 #include "sap/nwrfc_service.h"
 
 class QGridLayout;
@@ -15,8 +16,8 @@ namespace qor {
 class FormLogon : public Dialogo {
     Q_OBJECT
 public:
-    // Shows the parameters, and fills them when it is accepted.
-    FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, QWidget* padre);
+    // Shows the parameters, and fills them when it is accepted. A text that can't be sent whole is refused: the dialog stays.
+    FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, Vista& vista, QWidget* padre);
     ~FormLogon() override;
 
 protected:
@@ -35,8 +36,10 @@ private:
     // One of the two ways to the system has all that it needs, and so has the user.
     bool Completo() const;
     void Habilitar();
+    bool TodosSePuedenMandar();
 
     ParametrosDeLogon& parametros_;
+    Vista& vista_;
     bool aceptado_ = false;
     QRadioButton* OptionServidor_ = nullptr;
     QRadioButton* OptionMensajes_ = nullptr;

@@ -20,9 +20,10 @@ void SistemaDeLaSesion::ObtenerAnchos() {
     if (ButtonOnlineAnchos(documento_, sesion_, textos_, vista_)) MostrarAnchos_();
 }
 
-std::string SistemaDeLaSesion::ArchivoTemporal() { return NombreTemporal(sesion_.DirectorioTemporal); }
+std::string SistemaDeLaSesion::ArchivoTemporal() { return CrearTemporal(sesion_); }
 
 void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
+    if (!sesion_.Conectado) return;  // lost since the run began
     qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, textos_, vista_);
 }
 

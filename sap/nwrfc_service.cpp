@@ -1,13 +1,13 @@
 #include "sap/nwrfc_service.h"
 
-#include <chrono>
-#include <condition_variable>
+#include <future>
 #include <map>
-#include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "sap/nwrfc_library.h"
 #include "sap/utf16.h"
 
@@ -53,72 +53,117 @@ void Exigir(RFC_RC resultado, const std::string& accion, const RFC_ERROR_INFO& e
     if (resultado != RFC_OK) Fallar(accion, error);
 }
 
-// Cancels what runs on the connection when it takes too long. The library allows that from another thread only.
-class LimiteDeTiempo {
-public:
-    LimiteDeTiempo(const Biblioteca& biblioteca, RFC_CONNECTION_HANDLE conexion, int segundos) {
-        if (segundos <= 0 || biblioteca.Cancel == nullptr) return;
-        hilo_ = std::thread([this, cancelar = biblioteca.Cancel, conexion, segundos] {
-            std::unique_lock cerrojo(mutex_);
-            if (aviso_.wait_for(cerrojo, std::chrono::seconds(segundos), [this] { return terminado_; })) return;
-            RFC_ERROR_INFO error{};
-            cancelar(conexion, &error);
-        });
-    }
-    ~LimiteDeTiempo() {
-        if (!hilo_.joinable()) return;
-        {
-            const std::lock_guard cerrojo(mutex_);
-            terminado_ = true;
-        }
-        aviso_.notify_one();
-        hilo_.join();
-    }
-    LimiteDeTiempo(const LimiteDeTiempo&) = delete;
-    LimiteDeTiempo& operator=(const LimiteDeTiempo&) = delete;
+using Plazo = std::chrono::milliseconds;
 
-private:
-    std::mutex mutex_;
-    std::condition_variable aviso_;
-    bool terminado_ = false;
-    std::thread hilo_;
-};
+constexpr Plazo plazoDeCancelar = std::chrono::seconds(5);
+
+std::string SinRespuesta(Plazo limite) {
+    const std::string segundos = TextoDeNumero(static_cast<double>(limite.count()) / 1000);
+    return "The SAP system has not answered within " + segundos + (segundos == "1" ? " second" : " seconds");
+}
+
+// Runs an operation of the library, which knows no limits. One with a limit runs on a thread of its own. False when the limit has
+// passed: the operation then goes on unseen, so it owns all that it works with, and it lets go of it when it ends.
+bool EjecutarConLimite(Plazo limite, std::function<void()> operacion) {
+    if (limite <= Plazo::zero()) {
+        operacion();
+        return true;
+    }
+    std::packaged_task<void()> tarea([operacion = std::move(operacion)]() mutable {
+        operacion();
+        operacion = nullptr;
+    });
+    auto fin = tarea.get_future();
+    std::thread(std::move(tarea)).detach();
+    return fin.wait_for(limite) == std::future_status::ready;
+}
+
+// The library closes a connection with these.
+bool EsConexionPerdida(RFC_RC codigo) {
+    switch (codigo) {
+        case RFC_COMMUNICATION_FAILURE:
+        case RFC_ABAP_RUNTIME_FAILURE:
+        case RFC_ABAP_MESSAGE:
+        case RFC_CLOSED:
+        case RFC_CANCELED:
+        case RFC_TIMEOUT:
+        case RFC_INVALID_HANDLE:
+        case RFC_EXTERNAL_FAILURE: return true;
+        default: return false;
+    }
+}
+
+using ConexionCompartida = std::shared_ptr<nwrfc::Conexion>;
+
+ConexionCompartida Compartir(const std::shared_ptr<const Biblioteca>& biblioteca, RFC_CONNECTION_HANDLE conexion) {
+    if (conexion == nullptr) return nullptr;
+    return {conexion, [biblioteca](RFC_CONNECTION_HANDLE abierta) {
+                RFC_ERROR_INFO error{};
+                biblioteca->CloseConnection(abierta, &error);
+            }};
+}
 
 // What the service and its functions share: the library, and the connection while there is one.
 struct Enlace {
     explicit Enlace(const OpcionesNWRFC& opciones)
-        : biblioteca(Biblioteca::Cargar(opciones.biblioteca)), segundosDeLlamada(opciones.segundosDeLlamada) {}
+        : biblioteca(Biblioteca::Cargar(opciones.biblioteca)),
+          limiteDeLlamada(opciones.limiteDeLlamada),
+          limiteDeConexion(opciones.limiteDeConexion) {}
     Enlace(const Enlace&) = delete;
     Enlace& operator=(const Enlace&) = delete;
     ~Enlace() { Cerrar(); }
 
+    // An operation that was left to itself keeps the connection open until it ends.
     void Cerrar() {
         if (conexion == nullptr) return;
-        RFC_ERROR_INFO error{};
-        biblioteca->CloseConnection(std::exchange(conexion, nullptr), &error);
+        try {
+            EjecutarConLimite(limiteDeConexion, [abierta = std::exchange(conexion, nullptr)]() mutable { abierta.reset(); });
+        } catch (const std::system_error&) {
+            // No thread to be had: the connection was closed on the way here.
+        }
     }
 
-    // The outcome of a call that went over the wire. A connection that broke is given up.
-    bool Anotar(RFC_RC resultado, const RFC_ERROR_INFO& error) {
-        if (resultado == RFC_OK) return true;
-        ultimoError = TextoDe(error);
-        if (resultado == RFC_CANCELED) {
-            ultimoError =
-                "The call took longer than " + std::to_string(segundosDeLlamada) + " seconds and was stopped (" + ultimoError + ")";
+    // Runs an operation on the connection, and answers whether it went well; else `ultimoError` tells why. A connection that is
+    // lost over it is given up.
+    using Operacion = std::function<RFC_RC(RFC_CONNECTION_HANDLE conexion, RFC_ERROR_INFO* error)>;
+    bool Ejecutar(Plazo limite, Operacion operacion) {
+        struct Resultado {
+            RFC_RC codigo = RFC_OK;
+            RFC_ERROR_INFO error{};
+        };
+        const auto resultado = std::make_shared<Resultado>();
+        const bool terminada = EjecutarConLimite(limite, [resultado, operacion = std::move(operacion), abierta = conexion] {
+            resultado->codigo = operacion(abierta.get(), &resultado->error);
+        });
+        if (!terminada) {
+            ultimoError = SinRespuesta(limite);
+            Cancelar();
+            Cerrar();
+            return false;
         }
-        const bool rota = resultado == RFC_COMMUNICATION_FAILURE || resultado == RFC_ABAP_RUNTIME_FAILURE ||
-                          resultado == RFC_CLOSED || resultado == RFC_CANCELED || resultado == RFC_TIMEOUT ||
-                          resultado == RFC_INVALID_HANDLE;
-        if (rota) Cerrar();
+        if (resultado->codigo == RFC_OK) return true;
+        ultimoError = TextoDe(resultado->error);
+        if (EsConexionPerdida(resultado->codigo)) Cerrar();
         return false;
     }
 
     std::shared_ptr<const Biblioteca> biblioteca;
-    int segundosDeLlamada;
-    RFC_CONNECTION_HANDLE conexion = nullptr;
+    Plazo limiteDeLlamada;
+    Plazo limiteDeConexion;
+    ConexionCompartida conexion;
     std::string cliente;
     std::string sistema;
     std::string ultimoError;
+
+private:
+    // Only what was given up already is cancelled, so it doesn't matter when the operation ends by itself meanwhile.
+    void Cancelar() {
+        if (biblioteca->Cancel == nullptr) return;
+        EjecutarConLimite(plazoDeCancelar, [biblioteca = biblioteca, abierta = conexion] {
+            RFC_ERROR_INFO error{};
+            biblioteca->Cancel(abierta.get(), &error);
+        });
+    }
 };
 
 class TablaNWRFC : public TablaRFC {
@@ -200,27 +245,19 @@ public:
     FuncionNWRFC(Enlace& enlace, std::string_view modulo) : enlace_(enlace), nombre_(modulo) {
         if (enlace_.conexion == nullptr) throw FalloDelServicio("There is no connection to the SAP system");
         RFC_ERROR_INFO error{};
-        auto* const descripcion = enlace_.biblioteca->GetFunctionDesc(enlace_.conexion, AUtf16(nombre_).c_str(), &error);
-        if (descripcion == nullptr) {
-            // The description comes from the system, so the connection may have broken over it.
-            enlace_.Anotar(error.code, error);
-            Fallar("The function module " + nombre_ + " can't be called", error);
-        }
-        funcion_ = enlace_.biblioteca->CreateFunction(descripcion, &error);
-        if (funcion_ == nullptr) Fallar("The function module " + nombre_ + " can't be called", error);
-    }
-    FuncionNWRFC(const FuncionNWRFC&) = delete;
-    FuncionNWRFC& operator=(const FuncionNWRFC&) = delete;
-    ~FuncionNWRFC() override {
-        RFC_ERROR_INFO error{};
-        enlace_.biblioteca->DestroyFunction(funcion_, &error);
+        const auto funcion = enlace_.biblioteca->CreateFunction(PedirDescripcion(), &error);
+        if (funcion == nullptr) Fallar("The function module " + nombre_ + " can't be called", error);
+        funcion_ = {funcion, [biblioteca = enlace_.biblioteca](RFC_FUNCTION_HANDLE creada) {
+                        RFC_ERROR_INFO ignorado{};
+                        biblioteca->DestroyFunction(creada, &ignorado);
+                    }};
     }
 
     void Exports(std::string_view nombre, std::string_view valor) override {
         RFC_ERROR_INFO error{};
         const std::u16string texto = AUtf16(valor);
-        Exigir(enlace_.biblioteca->SetString(funcion_, AUtf16(nombre).c_str(), texto.c_str(), static_cast<unsigned>(texto.size()),
-                                             &error),
+        Exigir(enlace_.biblioteca->SetString(funcion_.get(), AUtf16(nombre).c_str(), texto.c_str(),
+                                             static_cast<unsigned>(texto.size()), &error),
                "The parameter " + std::string(nombre) + " of " + nombre_ + " can't be set", error);
     }
 
@@ -229,7 +266,7 @@ public:
         if (tabla == nullptr) {
             RFC_ERROR_INFO error{};
             RFC_TABLE_HANDLE asa = nullptr;
-            Exigir(enlace_.biblioteca->GetTable(funcion_, AUtf16(nombre).c_str(), &asa, &error),
+            Exigir(enlace_.biblioteca->GetTable(funcion_.get(), AUtf16(nombre).c_str(), &asa, &error),
                    "The table " + std::string(nombre) + " of " + nombre_ + " is not known", error);
             tabla = std::make_unique<TablaNWRFC>(*enlace_.biblioteca, asa, std::string(nombre));
         }
@@ -238,19 +275,29 @@ public:
 
     bool Call() override {
         if (enlace_.conexion == nullptr) return false;
-        RFC_ERROR_INFO error{};
-        RFC_RC resultado = RFC_OK;
-        {
-            const LimiteDeTiempo limite(*enlace_.biblioteca, enlace_.conexion, enlace_.segundosDeLlamada);
-            resultado = enlace_.biblioteca->Invoke(enlace_.conexion, funcion_, &error);
-        }
-        return enlace_.Anotar(resultado, error);
+        return enlace_.Ejecutar(enlace_.limiteDeLlamada, [biblioteca = enlace_.biblioteca, funcion = funcion_](
+                                                             RFC_CONNECTION_HANDLE conexion, RFC_ERROR_INFO* error) {
+            return biblioteca->Invoke(conexion, funcion.get(), error);
+        });
     }
 
 private:
+    // The description comes from the system, and stays the library's.
+    RFC_FUNCTION_DESC_HANDLE PedirDescripcion() {
+        const auto descripcion = std::make_shared<RFC_FUNCTION_DESC_HANDLE>(nullptr);
+        const bool bien =
+            enlace_.Ejecutar(enlace_.limiteDeConexion, [biblioteca = enlace_.biblioteca, descripcion, nombre = AUtf16(nombre_)](
+                                                           RFC_CONNECTION_HANDLE conexion, RFC_ERROR_INFO* error) {
+                *descripcion = biblioteca->GetFunctionDesc(conexion, nombre.c_str(), error);
+                return *descripcion == nullptr && error->code == RFC_OK ? RFC_INVALID_PARAMETER : error->code;
+            });
+        if (!bien) throw FalloDelServicio("The function module " + nombre_ + " can't be called: " + enlace_.ultimoError);
+        return *descripcion;
+    }
+
     Enlace& enlace_;
     std::string nombre_;
-    RFC_FUNCTION_HANDLE funcion_ = nullptr;
+    std::shared_ptr<Contenedor> funcion_;  // shared with a call that was left to itself
     std::map<std::string, std::unique_ptr<TablaNWRFC>> tablas_;
 };
 
@@ -261,6 +308,50 @@ std::u16string ClaveEnUtf16(const std::string& clave) {
     for (const char c : clave) resultado += AUtf16(std::string_view(&c, 1));
     return resultado;
 }
+
+// The parameters of a logon in the library's form, and the connection that it opens. The password is overwritten behind it.
+class Apertura {
+public:
+    explicit Apertura(ParametrosDeLogon& parametros) {
+        if (!parametros.servidor.empty()) {
+            Agregar(u"ASHOST", parametros.servidor);
+            Agregar(u"SYSNR", parametros.numeroDeSistema);
+        } else {
+            Agregar(u"MSHOST", parametros.servidorDeMensajes);
+            Agregar(u"R3NAME", parametros.sistema);
+            Agregar(u"GROUP", parametros.grupo);
+        }
+        Agregar(u"CLIENT", parametros.cliente);
+        Agregar(u"USER", parametros.usuario);
+        Agregar(u"LANG", parametros.idioma);
+        Agregar(u"SAPROUTER", parametros.ruta);
+        clave_ = ClaveEnUtf16(parametros.clave);
+        parametros.BorrarClave();
+    }
+    Apertura(const Apertura&) = delete;
+    Apertura& operator=(const Apertura&) = delete;
+    ~Apertura() { Borrar(clave_); }
+
+    void Abrir(const std::shared_ptr<const Biblioteca>& biblioteca) {
+        std::vector<RFC_CONNECTION_PARAMETER> lista;
+        lista.reserve(pares_.size() + 1);
+        for (const auto& [nombre, valor] : pares_) lista.push_back({nombre, valor.c_str()});
+        lista.push_back({u"PASSWD", clave_.c_str()});
+        conexion = Compartir(biblioteca, biblioteca->OpenConnection(lista.data(), static_cast<unsigned>(lista.size()), &error));
+        Borrar(clave_);
+    }
+
+    ConexionCompartida conexion;
+    RFC_ERROR_INFO error{};
+
+private:
+    void Agregar(const char16_t* nombre, const std::string& valor) {
+        if (!valor.empty()) pares_.emplace_back(nombre, AUtf16(valor));
+    }
+
+    std::vector<std::pair<const char16_t*, std::u16string>> pares_;
+    std::u16string clave_;
+};
 
 class ConexionNWRFC : public ConexionRFC {
 public:
@@ -278,55 +369,33 @@ public:
     }
 
     void Logoff() override { enlace_.Cerrar(); }
+    bool Abierta() const override { return enlace_.conexion != nullptr; }
     std::string Client() const override { return enlace_.cliente; }
     std::string System() const override { return enlace_.sistema; }
 
 private:
     bool Responde() {
         if (enlace_.conexion == nullptr) return false;
-        RFC_ERROR_INFO error{};
-        RFC_RC resultado = RFC_OK;
-        {
-            const LimiteDeTiempo limite(*enlace_.biblioteca, enlace_.conexion, enlace_.segundosDeLlamada);
-            resultado = enlace_.biblioteca->Ping(enlace_.conexion, &error);
-        }
-        return enlace_.Anotar(resultado, error);
+        return enlace_.Ejecutar(enlace_.limiteDeConexion,
+                                [biblioteca = enlace_.biblioteca](RFC_CONNECTION_HANDLE conexion, RFC_ERROR_INFO* error) {
+                                    return biblioteca->Ping(conexion, error);
+                                });
     }
 
+    // A connection that opens behind its limit is closed again.
     void Entrar(ParametrosDeLogon& parametros) {
-        std::vector<std::pair<std::u16string, std::u16string>> pares;
-        const auto agregar = [&](const char16_t* nombre, const std::string& valor) {
-            if (!valor.empty()) pares.emplace_back(nombre, AUtf16(valor));
-        };
-        if (!parametros.servidor.empty()) {
-            agregar(u"ASHOST", parametros.servidor);
-            agregar(u"SYSNR", parametros.numeroDeSistema);
-        } else {
-            agregar(u"MSHOST", parametros.servidorDeMensajes);
-            agregar(u"R3NAME", parametros.sistema);
-            agregar(u"GROUP", parametros.grupo);
-        }
-        agregar(u"CLIENT", parametros.cliente);
-        agregar(u"USER", parametros.usuario);
-        agregar(u"LANG", parametros.idioma);
-        agregar(u"SAPROUTER", parametros.ruta);
-        std::u16string clave = ClaveEnUtf16(parametros.clave);
-        parametros.BorrarClave();
-
-        std::vector<RFC_CONNECTION_PARAMETER> lista;
-        lista.reserve(pares.size() + 1);
-        for (const auto& [nombre, valor] : pares) lista.push_back({nombre.c_str(), valor.c_str()});
-        lista.push_back({u"PASSWD", clave.c_str()});
-        RFC_ERROR_INFO error{};
-        enlace_.conexion = enlace_.biblioteca->OpenConnection(lista.data(), static_cast<unsigned>(lista.size()), &error);
-        Borrar(clave);
-        if (enlace_.conexion == nullptr) throw FalloDelServicio(TextoDe(error));
+        const auto apertura = std::make_shared<Apertura>(parametros);
+        const bool terminada = EjecutarConLimite(enlace_.limiteDeConexion,
+                                                 [apertura, biblioteca = enlace_.biblioteca] { apertura->Abrir(biblioteca); });
+        if (!terminada) throw FalloDelServicio(SinRespuesta(enlace_.limiteDeConexion));
+        if (apertura->conexion == nullptr) throw FalloDelServicio(TextoDe(apertura->error));
+        enlace_.conexion = apertura->conexion;
     }
 
     void LeerAtributos() {
         RFC_ERROR_INFO error{};
         RFC_ATTRIBUTES atributos{};
-        Exigir(enlace_.biblioteca->GetConnectionAttributes(enlace_.conexion, &atributos, &error),
+        Exigir(enlace_.biblioteca->GetConnectionAttributes(enlace_.conexion.get(), &atributos, &error),
                "The connection can't be described", error);
         enlace_.cliente = TextoDe(atributos.client);
         enlace_.sistema = TextoDe(atributos.sysId);
@@ -353,6 +422,14 @@ private:
 }  // namespace
 
 void ParametrosDeLogon::BorrarClave() { Borrar(clave); }
+
+bool TieneClave(std::string_view ruta) {
+    for (; !ruta.empty(); ruta = DespuesDe(ruta, '/')) {
+        const auto segmento = Recortar(AntesDe(ruta, '/'));
+        if (IgualesSinCaja(segmento, "W") || IgualesSinCaja(segmento, "P")) return true;
+    }
+    return false;
+}
 
 std::unique_ptr<ServicioRFC> CrearServicioNWRFC(const OpcionesNWRFC& opciones, DialogoDeLogon dialogo) {
     return std::make_unique<ServicioNWRFC>(opciones, std::move(dialogo));

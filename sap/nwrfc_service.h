@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "sap/service.h"
 
@@ -35,9 +37,15 @@ struct ParametrosDeLogon {
 // Lets the user fill the parameters; false when the user backs out.
 using DialogoDeLogon = std::function<bool(ParametrosDeLogon& parametros)>;
 
+// Whether a SAP router string holds the password of a router: a segment /W/ or /P/.
+bool TieneClave(std::string_view ruta);
+
+// Time limits are what the system may take; 0 is none. When one has passed, the connection is given up, and the operation counts as
+// failed however it may end.
 struct OpcionesNWRFC {
-    std::string biblioteca;     // path of libsapnwrfc.so; empty for the loader's search
-    int segundosDeLlamada = 0;  // a call that takes longer is cancelled, where the library can do that; 0 for no limit
+    std::string biblioteca;                         // path of libsapnwrfc.so; empty for the loader's search
+    std::chrono::milliseconds limiteDeLlamada{0};   // a call
+    std::chrono::milliseconds limiteDeConexion{0};  // opening, testing and closing a connection, the description of a function
 };
 
 // Throws FalloDelServicio when the library is missing or too old. The password is overwritten as soon as the logon is over.

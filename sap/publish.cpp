@@ -72,22 +72,20 @@ ReporteDePublicacion ComponerPublicacion(std::string_view fuente, const std::str
         AsignarApostrofos(reporte.lineas, original);
         reporte.lineas.emplace_back("APPEND LINE.");
     }
-    reporte.lineas.push_back("INSERT REPORT '" + nombre + "' FROM LINE.");
+    reporte.lineas.push_back("INSERT REPORT '" + EnLiteral(nombre) + "' FROM LINE.");
     reporte.lineas.emplace_back("WRITE: / SY-SUBRC.");
     return reporte;
 }
 
 bool PublicarPrograma(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& nombre,
                       const TextosIdioma& textos, Vista& vista) {
-    sesion.Motivo.clear();
-    std::string fuente;
+    ReporteDePublicacion reporte;
     try {
-        fuente = LeerArchivo(archivo);
+        reporte = ComponerPublicacion(LeerArchivo(archivo), nombre);
     } catch (const FalloDeEjecucion& fallo) {
         sesion.Motivo = fallo.what();
         return false;
     }
-    const auto reporte = ComponerPublicacion(fuente, nombre);
     const auto filas = EjecutarReporte(sesion, reporte.lineas);
     if (!filas || filas->empty() || Recortar(filas->front()) != "0") return false;
     if (reporte.Recortado) vista.Informar(Componer(textos, {419}));

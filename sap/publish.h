@@ -17,6 +17,7 @@ struct ReporteDePublicacion {
     bool Recortado = false;  // a source line was cut to 72 characters
 };
 
+// Throws FalloDeEjecucion when the name holds a control character.
 ReporteDePublicacion ComponerPublicacion(std::string_view fuente, const std::string& nombre);
 
 // Installs the program of a source file. True when the system has taken it; message 419 when lines were cut.

@@ -64,8 +64,11 @@ void ActivarFila(FormularioImport& formulario, const std::string& qid, SesionSAP
     if (qid.empty()) return;
     const ConPunteroOcupado puntero(vista);
     const auto DatosCola = LeerCola(sesion, qid, formulario.Tipo());
-    if (!DatosCola) return;
-    const std::string archivo = NombreTemporal(sesion.DirectorioTemporal);
+    if (!DatosCola) {
+        if (!sesion.Conectado || TieneControl(qid)) vista.Advertir(MensajeLiteral(sesion.Motivo));
+        return;
+    }
+    const std::string archivo = CrearTemporal(sesion);
     if (EscribirRegistros(archivo, RegistrosDeCola(*DatosCola))) {
         formulario.ArchivoImportado = archivo;
     } else {

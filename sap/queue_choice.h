@@ -34,7 +34,8 @@ FilaDeGrilla FilaDeCola(std::string_view fila);
 bool LlenarGrilla(FormularioImport& formulario, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista);
 
 // Takes the entry of a row: fetches it and writes its file. The dialog closes in any case; without an identifier, or when the entry
-// can't be had, `ArchivoImportado` stays empty.
+// can't be had, `ArchivoImportado` stays empty. That is told when the connection was lost over it, or the identifier can't be asked
+// for.
 void ActivarFila(FormularioImport& formulario, const std::string& qid, SesionSAP& sesion, Vista& vista);
 
 // The rows of an entry as session records of 309 characters, with line ends.

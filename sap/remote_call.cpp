@@ -26,12 +26,14 @@ std::optional<std::vector<std::string>> LlamarConFallos(SesionSAP& sesion, const
 
 std::optional<std::vector<std::string>> Llamar(SesionSAP& sesion, const LlamadaRFC& llamada) {
     if (!SesionActiva(sesion)) return std::nullopt;
+    std::optional<std::vector<std::string>> filas;
     try {
-        return LlamarConFallos(sesion, llamada);
+        filas = LlamarConFallos(sesion, llamada);
     } catch (const FalloDelServicio& fallo) {
         sesion.Motivo = fallo.what();
-        return std::nullopt;
     }
+    if (!filas) NotarPerdida(sesion);
+    return filas;
 }
 
 }  // namespace qor

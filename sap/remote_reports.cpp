@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "sap/remote_call.h"
 
@@ -15,7 +16,7 @@ std::optional<FilasDeLista> SinLaUltima(std::optional<FilasDeLista> filas) {
 }
 
 // The wildcards of the user as those of LIKE.
-std::string ComoPatron(const std::string& texto) { return ReemplazarTodo(ReemplazarTodo(texto, "*", "%"), "+", "_"); }
+std::string ComoPatron(const std::string& texto) { return EnLiteral(ReemplazarTodo(ReemplazarTodo(texto, "*", "%"), "+", "_")); }
 
 LineasABAP Condiciones(const std::string& usuario, bool porCreador, const std::string& programa) {
     LineasABAP lineas;
@@ -28,28 +29,56 @@ LineasABAP Condiciones(const std::string& usuario, bool porCreador, const std::s
     return lineas;
 }
 
+// Runs a report that `componer` makes of the templates and the arguments, unless they can't be part of one.
+template <typename Componer, typename... Argumentos>
+std::optional<FilasDeLista> Consultar(SesionSAP& sesion, Componer componer, const Argumentos&... argumentos) {
+    try {
+        return EjecutarReporte(sesion, componer(sesion.plantillas, argumentos...));
+    } catch (const FalloDeEjecucion& fallo) {
+        sesion.Motivo = fallo.what();
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 std::optional<FilasDeLista> EjecutarReporte(SesionSAP& sesion, const LineasABAP& programa) {
     return Llamar(sesion, {sesion.ModuloRFC, {"MODE", "F"}, LlamadaRFC::Entrada{"PROGRAM", programa}, "WRITES"});
 }
 
-std::optional<FilasDeLista> BuscarProgramas(SesionSAP& sesion, const std::string& usuario, bool porCreador,
-                                            const std::string& programa) {
+LineasABAP ReporteDeProgramas(const PlantillasRFC& plantillas, const std::string& usuario, bool porCreador,
+                              const std::string& programa) {
     const auto condiciones = Condiciones(usuario, porCreador, programa);
     LineasABAP reporte;
-    for (const auto& linea : sesion.plantillas.PlantillaProgramas) {
+    for (const auto& linea : plantillas.PlantillaProgramas) {
         if (Contiene(linea, "<conditions>")) {
             reporte.insert(reporte.end(), condiciones.begin(), condiciones.end());
         } else {
             reporte.push_back(linea);
         }
     }
-    return SinLaUltima(EjecutarReporte(sesion, reporte));
+    return reporte;
+}
+
+LineasABAP ReporteDeColas(const PlantillasRFC& plantillas, const std::string& tipo) {
+    return Sustituir(plantillas.PlantillaColas, "<datatype>", tipo);
+}
+
+LineasABAP ReporteDeBAPI(const PlantillasRFC& plantillas, const std::string& funcion) {
+    return Sustituir(plantillas.PlantillaBAPI, "<function>", funcion);
+}
+
+LineasABAP ReporteDeCola(const PlantillasRFC& plantillas, const std::string& qid, const std::string& tipo) {
+    return Sustituir(Sustituir(plantillas.PlantillaDatosCola, "<qid>", qid), "<datatype>", tipo);
+}
+
+std::optional<FilasDeLista> BuscarProgramas(SesionSAP& sesion, const std::string& usuario, bool porCreador,
+                                            const std::string& programa) {
+    return SinLaUltima(Consultar(sesion, ReporteDeProgramas, usuario, porCreador, programa));
 }
 
 std::optional<FilasDeLista> ListarColas(SesionSAP& sesion, const std::string& tipo) {
-    return SinLaUltima(EjecutarReporte(sesion, Sustituir(sesion.plantillas.PlantillaColas, "<datatype>", tipo)));
+    return SinLaUltima(Consultar(sesion, ReporteDeColas, tipo));
 }
 
 std::optional<FilasDeLista> ListarBAPIs(SesionSAP& sesion) {
@@ -57,15 +86,14 @@ std::optional<FilasDeLista> ListarBAPIs(SesionSAP& sesion) {
 }
 
 bool BajarBAPI(SesionSAP& sesion, const std::string& funcion, std::ostream& archivo) {
-    const auto filas = SinLaUltima(EjecutarReporte(sesion, Sustituir(sesion.plantillas.PlantillaBAPI, "<function>", funcion)));
+    const auto filas = SinLaUltima(Consultar(sesion, ReporteDeBAPI, funcion));
     if (!filas) return false;
     for (const auto& fila : *filas) archivo << fila << "\r\n";
     return true;
 }
 
 std::optional<FilasDeLista> LeerCola(SesionSAP& sesion, const std::string& qid, const std::string& tipo) {
-    const auto conQid = Sustituir(sesion.plantillas.PlantillaDatosCola, "<qid>", qid);
-    return EjecutarReporte(sesion, Sustituir(conQid, "<datatype>", tipo));
+    return Consultar(sesion, ReporteDeCola, qid, tipo);
 }
 
 }  // namespace qor

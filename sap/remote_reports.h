@@ -8,7 +8,8 @@
 #include "sap/session.h"
 
 // Nothing is installed in a system ahead of time: every question is a throw-away report, sent as source to the report runner, and
-// its answer is the list that the report writes. Nothing, or false, when the session is not usable or the call fails.
+// its answer is the list that the report writes. Nothing, or false, when the session is not usable or the call fails, and no call
+// is made when an argument holds a control character; `Motivo` tells why.
 namespace qor {
 
 using FilasDeLista = std::vector<std::string>;
@@ -37,5 +38,13 @@ bool BajarBAPI(SesionSAP& sesion, const std::string& funcion, std::ostream& arch
 
 // The contents of a queue entry, all rows: a tag "1" to "5", a character that means nothing, and a piece of 62 characters.
 std::optional<FilasDeLista> LeerCola(SesionSAP& sesion, const std::string& qid, const std::string& tipo);
+
+// The reports of these queries: templates with the arguments put into their literals. Throw FalloDeEjecucion when an argument holds
+// a control character.
+LineasABAP ReporteDeProgramas(const PlantillasRFC& plantillas, const std::string& usuario, bool porCreador,
+                              const std::string& programa);
+LineasABAP ReporteDeColas(const PlantillasRFC& plantillas, const std::string& tipo);
+LineasABAP ReporteDeBAPI(const PlantillasRFC& plantillas, const std::string& funcion);
+LineasABAP ReporteDeCola(const PlantillasRFC& plantillas, const std::string& qid, const std::string& tipo);
 
 }  // namespace qor

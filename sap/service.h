@@ -7,7 +7,7 @@
 #include <vector>
 
 // What the program asks of a remote-function service, and nothing more. The operations are those of SAP's automation object
-// SAP.Functions; whatever offers them can take its place. Texts are windows-1252, rows and columns count from 1.
+// SAP.Functions, and `Abierta`; whatever offers them can take its place. Texts are windows-1252, rows and columns count from 1.
 namespace qor {
 
 // An operation of the service that failed; `what()` is a plain text in windows-1252, with the service's own message.
@@ -24,6 +24,8 @@ public:
     // answer tells whether the existing connection is usable. Throws FalloDelServicio when the system can't be reached or refuses.
     virtual bool Logon(bool silencioso) = 0;
     virtual void Logoff() = 0;
+    // False before a logon, and from the operation on over which the connection was lost. Asks nothing of the system.
+    virtual bool Abierta() const = 0;
     virtual std::string Client() const = 0;
     virtual std::string System() const = 0;
 };
@@ -49,7 +51,7 @@ public:
     virtual void Exports(std::string_view nombre, std::string_view valor) = 0;
     // Belongs to the function.
     virtual TablaRFC& Tables(std::string_view nombre) = 0;
-    // True when the function ran to its end.
+    // True when the function ran to its end. After false the tables hold nothing that may be read.
     virtual bool Call() = 0;
 };
 

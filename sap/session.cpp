@@ -57,6 +57,15 @@ std::string GrupoDeFuncion(SesionSAP& sesion, const std::string& modulo) {
     return grupos && !grupos->empty() ? std::string(Recortar(grupos->front())) : std::string();
 }
 
+// Leaves no session.
+void Soltar(SesionSAP& sesion) {
+    sesion.SesionRFC.reset();
+    sesion.VersionSistema.clear();
+    sesion.Conectado = false;
+    sesion.ConnectionStatus = textoSinConexion;
+    sesion.Motivo.clear();
+}
+
 // Creates the service and shows its dialog. A failure is told when the user wants it, and is no more than a refused logon.
 bool CrearYEntrar(SesionSAP& sesion, const OpcionesDeLogon& opciones, Vista& vista) {
     try {
@@ -84,30 +93,43 @@ void AjustarEncoding(const SesionSAP& sesion, Preferencias& preferencias) {
 }  // namespace
 
 bool SesionActiva(SesionSAP& sesion) {
-    sesion.Motivo.clear();
     if (sesion.SesionRFC == nullptr) return false;
+    sesion.Motivo.clear();
     try {
         if (sesion.SesionRFC->Connection().Logon(true)) return true;
         sesion.Motivo = sesion.SesionRFC->UltimoError();
     } catch (const FalloDelServicio& fallo) {
         sesion.Motivo = fallo.what();
     }
+    NotarPerdida(sesion);
     return false;
+}
+
+void NotarPerdida(SesionSAP& sesion) {
+    if (sesion.SesionRFC == nullptr || sesion.SesionRFC->Connection().Abierta()) return;
+    const std::string causa = sesion.Motivo.empty() ? "" : sesion.Motivo + "\r\n";
+    Soltar(sesion);
+    sesion.Motivo = causa + "The connection to the SAP system is lost. Please log on again.";
 }
 
 bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, Vista& vista) {
     if (!CrearYEntrar(sesion, opciones, vista)) {
-        sesion.SesionRFC.reset();
+        Soltar(sesion);
         sesion.RolSistema.clear();
-        sesion.VersionSistema.clear();
         return false;
     }
-    if (!ValidarModuloRFC(sesion)) {
+    const bool valido = ValidarModuloRFC(sesion);
+    const bool conDatos = valido && RecuperarDatosSistema(sesion);
+    if (sesion.SesionRFC == nullptr) {
+        vista.Advertir(MensajeLiteral("The logon has failed.\r\n" + sesion.Motivo));
+        return false;
+    }
+    if (!valido) {
         DesconectarSAP(sesion);
         vista.Advertir(MensajeLiteral("Invalid RFC Function module. Click Help / Contents > Troubleshooting."));
         return false;
     }
-    if (RecuperarDatosSistema(sesion)) AjustarEncoding(sesion, preferencias);
+    if (conDatos) AjustarEncoding(sesion, preferencias);
     return true;
 }
 
@@ -119,8 +141,7 @@ void DesconectarSAP(SesionSAP& sesion) {
             // A connection that is gone needs no farewell.
         }
     }
-    sesion.SesionRFC.reset();
-    sesion.VersionSistema.clear();
+    Soltar(sesion);
 }
 
 bool ValidarModuloRFC(SesionSAP& sesion) {
@@ -170,10 +191,7 @@ bool Logon_Click(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencia
 }
 
 void Logoff_Click(SesionSAP& sesion) {
-    if (!sesion.Conectado) return;
-    DesconectarSAP(sesion);
-    sesion.Conectado = false;
-    sesion.ConnectionStatus = textoSinConexion;
+    if (sesion.Conectado) DesconectarSAP(sesion);
 }
 
 bool ImportarTrasLogon(const OpcionesDeLogon& opciones, bool HayCambios, bool DocumentoBloqueado) {

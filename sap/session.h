@@ -24,7 +24,8 @@ struct SesionSAP {
     NombresRFC nombres;  // complete
     FabricaDeServicio CrearServicio;
     PlantillasRFC plantillas;
-    std::string DirectorioTemporal;  // where files of a moment are written
+    std::string DirectorioTemporal;          // where files of a moment are written; chosen with the first one when it is empty
+    std::shared_ptr<void> DirectorioPropio;  // removes that directory when it is the session's own
 
     // What it is at the moment.
     std::unique_ptr<ServicioRFC> SesionRFC;  // null while not logged on
@@ -33,7 +34,8 @@ struct SesionSAP {
     std::string ModuloRFC;                            // the report runner in use
     std::string RolSistema;                           // role letter, "P" for a productive system; empty when it is not known
     std::string VersionSistema;                       // release, such as "46C"; empty while not connected
-    std::string Motivo;                               // why the last operation failed, in the service's words
+    std::string Motivo;                               // why the last operation failed, in the service's words; stays when
+                                                      // there is no session any more
 };
 
 struct OpcionesDeLogon {
@@ -44,10 +46,14 @@ struct OpcionesDeLogon {
 // Whether the connection is usable. The first step of every remote operation.
 bool SesionActiva(SesionSAP& sesion);
 
+// Behind an operation that failed: when the connection was lost over it, there is no session any more, and `Motivo` says so.
+void NotarPerdida(SesionSAP& sesion);
+
 // Creates the service and logs on, chooses the report runner, reads the system's role and release, and sets the addition of
 // OPEN DATASET by the release. False leaves no session.
 bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, Vista& vista);
 
+// Leaves no session.
 void DesconectarSAP(SesionSAP& sesion);
 
 // Chooses ModuloRFC: the customer's own module where it exists, else the standard one. False when the customer's differs from the

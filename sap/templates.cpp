@@ -1,5 +1,7 @@
 #include "sap/templates.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
@@ -18,6 +20,11 @@ LineasABAP LeerPlantilla(const std::filesystem::path& ruta) {
     }
 }
 
+bool EsControl(char caracter) {
+    const auto codigo = static_cast<unsigned char>(caracter);
+    return codigo < 0x20 || codigo == 0x7F;
+}
+
 }  // namespace
 
 PlantillasRFC CargarPlantillas(const std::filesystem::path& directorio) {
@@ -27,8 +34,16 @@ PlantillasRFC CargarPlantillas(const std::filesystem::path& directorio) {
 }
 
 LineasABAP Sustituir(LineasABAP lineas, std::string_view marca, std::string_view valor) {
-    for (auto& linea : lineas) linea = ReemplazarTodo(linea, marca, valor);
+    const std::string literal = EnLiteral(valor);
+    for (auto& linea : lineas) linea = ReemplazarTodo(linea, marca, literal);
     return lineas;
+}
+
+bool TieneControl(std::string_view texto) { return std::any_of(texto.begin(), texto.end(), EsControl); }
+
+std::string EnLiteral(std::string_view texto) {
+    if (TieneControl(texto)) throw FalloDeEjecucion("a text with a control character can't be part of a query");
+    return ReemplazarTodo(texto, "'", "''");
 }
 
 }  // namespace qor

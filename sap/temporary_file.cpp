@@ -1,7 +1,12 @@
 #include "sap/temporary_file.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "base/clock.h"
@@ -10,16 +15,61 @@
 
 namespace qor {
 
-std::string NombreTemporal(const std::string& directorio) {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* extension = ".tmp";
+
+std::string ConHora(const std::string& directorio) {
     const std::tm hora = HoraActual();
     char nombre[64];
-    std::strftime(nombre, sizeof nombre, "%Y%m%d_%H%M%S.tmp", &hora);
+    std::strftime(nombre, sizeof nombre, "%Y%m%d_%H%M%S", &hora);
     return AgregarBarra(directorio) + nombre;
 }
 
+// A directory of this user that no other may enter.
+bool EsPrivado(const fs::path& directorio) {
+    constexpr mode_t permisos = 07777;
+    struct stat estado {};
+    return directorio.is_absolute() && ::stat(directorio.c_str(), &estado) == 0 && S_ISDIR(estado.st_mode) &&
+           estado.st_uid == ::geteuid() && (estado.st_mode & permisos) == S_IRWXU;
+}
+
+void ElegirDirectorio(SesionSAP& sesion) {
+    const char* const deEjecucion = std::getenv("XDG_RUNTIME_DIR");
+    if (deEjecucion != nullptr && EsPrivado(deEjecucion)) {
+        sesion.DirectorioTemporal = RutaDelModelo(deEjecucion);
+        return;
+    }
+    std::string nombre = (fs::temp_directory_path() / "qor-generator-XXXXXX").string();
+    if (::mkdtemp(nombre.data()) == nullptr) throw FalloDeEjecucion("no directory for temporary files can be made");
+    sesion.DirectorioPropio = {nullptr, [nombre](void*) { ::rmdir(nombre.c_str()); }};
+    sesion.DirectorioTemporal = RutaDelModelo(nombre);
+}
+
+}  // namespace
+
+std::string CrearTemporal(SesionSAP& sesion) {
+    try {
+        if (sesion.DirectorioTemporal.empty()) ElegirDirectorio(sesion);
+        std::string nombre = RutaDelSistema(ConHora(sesion.DirectorioTemporal) + "_XXXXXX" + extension).string();
+        const int descriptor = ::mkstemps(nombre.data(), static_cast<int>(std::string_view(extension).size()));
+        if (descriptor < 0) return {};
+        ::close(descriptor);
+        return RutaDelModelo(nombre);
+    } catch (const FalloDeEjecucion&) {
+        return {};
+    } catch (const fs::filesystem_error&) {
+        return {};
+    }
+}
+
+std::string NombreTemporal(const std::string& directorio) { return ConHora(directorio) + extension; }
+
 void BorrarTemporal(const std::string& ruta) {
     std::error_code ignorado;
-    std::filesystem::remove(RutaDelSistema(ruta), ignorado);
+    fs::remove(RutaDelSistema(ruta), ignorado);
 }
 
 }  // namespace qor

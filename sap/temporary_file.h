@@ -2,9 +2,17 @@
 
 #include <string>
 
+#include "sap/session.h"
+
+// Files of a moment hold a system's data: nobody else can read them, or put another file in their place.
 namespace qor {
 
-// The directory, then the present date and time as "yyyymmdd_hhmmss", then ".tmp".
+// Makes an empty file, "yyyymmdd_hhmmss_" and six characters that nobody can guess and ".tmp", with mode 0600, and answers its
+// path. It lies in $XDG_RUNTIME_DIR where that directory is the user's alone, else in a directory that the session makes for
+// itself, and that goes with the session when it is empty. Empty when the file can't be made.
+std::string CrearTemporal(SesionSAP& sesion);
+
+// The directory, then the present date and time as "yyyymmdd_hhmmss", then ".tmp". Makes no file.
 std::string NombreTemporal(const std::string& directorio);
 
 // Deletes a file; a failure is ignored.

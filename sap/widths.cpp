@@ -145,9 +145,14 @@ bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, cons
 LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas) {
     LineasABAP reporte = {"REPORT QOR.",        "DATA: BEGIN OF ITAB OCCURS 0,", "        TABLE(30),", "        FIELD(30),",
                           "      END OF ITAB,", "      WIDTH LIKE DD03L-LENG."};
-    for (const auto linea : lineas) {
-        reporte.push_back("ITAB-TABLE = '" + std::string(Recortar(Tramo(linea, 1, anchoDeCampo))) + "'.");
-        reporte.push_back("ITAB-FIELD = '" + std::string(Recortar(Tramo(linea, 31, anchoDeCampo))) + "'.");
+    for (std::size_t i = 0; i < lineas.size(); ++i) {
+        const auto tabla = Recortar(Tramo(lineas[i], 1, anchoDeCampo));
+        const auto campo = Recortar(Tramo(lineas[i], 31, anchoDeCampo));
+        if (TieneControl(tabla) || TieneControl(campo)) {
+            throw FalloDeEjecucion("line " + std::to_string(i + 1) + " of the field file holds a control character");
+        }
+        reporte.push_back("ITAB-TABLE = '" + EnLiteral(tabla) + "'.");
+        reporte.push_back("ITAB-FIELD = '" + EnLiteral(campo) + "'.");
         reporte.emplace_back("APPEND ITAB.");
     }
     // Printed for every entry, found or not, so the n-th row belongs to the n-th line. The blank behind WHERE is part of its line.
@@ -172,7 +177,7 @@ bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
 }
 
 bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
-    const std::string ArchivoAnchosTemporal = NombreTemporal(sesion.DirectorioTemporal);
+    const std::string ArchivoAnchosTemporal = CrearTemporal(sesion);
     GenerarInfoCampos(documento.especificacion, ArchivoAnchosTemporal, true, textos, vista);
     {
         const ConPunteroOcupado puntero(vista);

@@ -23,7 +23,8 @@ bool LlenarAnchos(Especificacion& especificacion, std::string_view texto);
 // Reads the file back into the file side. False with message 328 when it can't be read.
 bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, const TextosIdioma& textos, Vista& vista);
 
-// The report that looks up the lengths for the lines of the file.
+// The report that looks up the lengths for the lines of the file. Throws FalloDeEjecucion when a table or field holds a control
+// character.
 LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas);
 
 // Sends that report, and completes the file with the lengths. False when the file can't be read or written, or the call fails; a

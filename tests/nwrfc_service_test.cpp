@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "sap/remote_reports.h"
 #include "sap/utf16.h"
 #include "tests/nwrfc/standin.h"
@@ -31,8 +34,18 @@ void Llenar(ParametrosDeLogon& parametros) {
     parametros.clave = "right";
 }
 
-std::unique_ptr<ServicioRFC> Conectado(int segundos = 0) {
-    auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, segundos}, [](ParametrosDeLogon& parametros) {
+// What was left to itself ends a moment later.
+bool TodoCerrado() {
+    for (int i = 0; i < 500 && (ConexionesAbiertas() > 0 || FuncionesVivas() > 0); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return ConexionesAbiertas() == 0 && FuncionesVivas() == 0;
+}
+
+using Plazo = std::chrono::milliseconds;
+
+std::unique_ptr<ServicioRFC> Conectado(Plazo deLlamada = {}, Plazo deConexion = {}) {
+    auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, deLlamada, deConexion}, [](ParametrosDeLogon& parametros) {
         Llenar(parametros);
         return true;
     });
@@ -40,24 +53,28 @@ std::unique_ptr<ServicioRFC> Conectado(int segundos = 0) {
     return servicio;
 }
 
-// Runs a report and answers its list; the session's `Motivo` is put into `motivo`.
-std::optional<FilasDeLista> Correr(std::unique_ptr<ServicioRFC> servicio, const LineasABAP& reporte, std::string& motivo) {
+constexpr Plazo largo{60000};
+
+SesionSAP Sesion(Plazo deLlamada = {}, Plazo deConexion = {}) {
     SesionSAP sesion;
-    sesion.SesionRFC = std::move(servicio);
+    sesion.SesionRFC = Conectado(deLlamada, deConexion);
+    sesion.Conectado = true;
     sesion.ModuloRFC = "RFC_ABAP_INSTALL_AND_RUN";
-    auto filas = EjecutarReporte(sesion, reporte);
-    motivo = sesion.Motivo;
-    EXPECT_EQ(FuncionesVivas(), 0);
-    return filas;
+    return sesion;
 }
 
-std::string FalloAlCrear(const char* ruta) {
+template <typename Accion>
+std::string TextoDelFallo(Accion accion) {
     try {
-        CrearServicioNWRFC({ruta, 0}, [](ParametrosDeLogon&) { return true; });
+        accion();
         return "";
     } catch (const FalloDelServicio& fallo) {
         return fallo.what();
     }
+}
+
+std::string FalloAlCrear(const char* ruta) {
+    return TextoDelFallo([&] { CrearServicioNWRFC({ruta, {}, {}}, [](ParametrosDeLogon&) { return true; }); });
 }
 
 TEST(NwrfcService, ALibraryThatIsMissingOrTooOldIsTold) {
@@ -99,7 +116,7 @@ TEST(NwrfcService, ALogonSendsWhatWasFilledIn) {
          "ASHOST=down;SYSNR=00;CLIENT=100;USER=SMITH;PASSWD=right;", "RFC_COMMUNICATION_FAILURE: partner 'down' not reached"},
     };
     for (const auto& caso : casos) {
-        const auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, 0}, [&](ParametrosDeLogon& parametros) {
+        const auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, {}, {}}, [&](ParametrosDeLogon& parametros) {
             caso.llenar(parametros);
             return true;
         });
@@ -121,7 +138,7 @@ TEST(NwrfcService, ALogonSendsWhatWasFilledIn) {
 }
 
 TEST(NwrfcService, BackingOutOfTheDialogConnectsNothing) {
-    const auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, 0}, [](ParametrosDeLogon&) { return false; });
+    const auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, {}, {}}, [](ParametrosDeLogon&) { return false; });
     EXPECT_FALSE(servicio->Connection().Logon(false));
     EXPECT_FALSE(servicio->Connection().Logon(true));
     EXPECT_THROW(servicio->Add("RFC_FUNCTION_SEARCH"), FalloDelServicio);
@@ -131,75 +148,109 @@ TEST(NwrfcService, ThePasswordIsOverwritten) {
     ParametrosDeLogon parametros;
     parametros.clave = "a secret of some length that lies on the heap";
     const char* const lugar = parametros.clave.data();
-    const std::size_t largo = parametros.clave.size();
+    const std::size_t cantidad = parametros.clave.size();
     parametros.BorrarClave();
-    EXPECT_EQ(std::string(lugar, largo), std::string(largo, '\0'));
+    EXPECT_EQ(std::string(lugar, cantidad), std::string(cantidad, '\0'));
 }
 
 TEST(NwrfcService, ReportsGoThereAndBack) {
-    std::string motivo;
-    EXPECT_THAT(Correr(Conectado(), {"WRITE: / 'caf\xE9 \x80'.", "", "  X"}, motivo),
-                testing::Optional(ElementsAre("WRITE: / 'caf\xE9 \x80'.", "", "  X")));
-    EXPECT_THAT(Correr(Conectado(), {}, motivo), testing::Optional(testing::IsEmpty()));
-    EXPECT_THAT(Correr(Conectado(), {"REPORT LONG."}, motivo),
-                testing::Optional(ElementsAre(std::string(999, 'x') + "y", "REPORT LONG.")));
-    EXPECT_EQ(motivo, "");
+    {
+        SesionSAP sesion = Sesion(largo, largo);
+        EXPECT_THAT(EjecutarReporte(sesion, {"WRITE: / 'caf\xE9 \x80'.", "", "  X"}),
+                    testing::Optional(ElementsAre("WRITE: / 'caf\xE9 \x80'.", "", "  X")));
+        EXPECT_THAT(EjecutarReporte(sesion, {}), testing::Optional(testing::IsEmpty()));
+        EXPECT_THAT(EjecutarReporte(sesion, {"REPORT LONG."}),
+                    testing::Optional(ElementsAre(std::string(999, 'x') + "y", "REPORT LONG.")));
+        EXPECT_EQ(sesion.Motivo, "");
+        EXPECT_EQ(FuncionesVivas(), 0);
+    }
     EXPECT_EQ(ConexionesAbiertas(), 0);  // a service closes what it opened
 }
 
-TEST(NwrfcService, FailuresAreToldInTheLibrarysWords) {
-    struct Caso {
-        const char* reporte;
-        const char* motivo;
-    };
-    const Caso casos[] = {
-        {"REPORT DENIED.", "NO_AUTHORITY"},
-        {"REPORT LOST.", "RFC_COMMUNICATION_FAILURE: connection to partner broken"},
-        {"REPORT HANG.", "The call took longer than 1 seconds and was stopped (RFC_CANCELED: cancelled)"},
-    };
-    for (const auto& caso : casos) {
-        std::string motivo;
-        EXPECT_FALSE(Correr(Conectado(1), {caso.reporte}, motivo));
-        EXPECT_EQ(motivo, caso.motivo);
+constexpr const char* perdida = "\r\nThe connection to the SAP system is lost. Please log on again.";
+
+// The codes with which the library closes a connection end the session; with the others it goes on.
+TEST(NwrfcService, AFailureIsToldInTheLibrarysWordsAndSoIsALostConnection) {
+    for (int codigo = 1; codigo <= 29; ++codigo) {
+        SesionSAP sesion = Sesion();
+        const bool pierde = testing::Matches(testing::AnyOf(1, 3, 4, 6, 7, 8, 13, 15))(codigo);
+        EXPECT_FALSE(EjecutarReporte(sesion, {"REPORT CODE " + std::to_string(codigo) + "."}));
+        EXPECT_EQ(sesion.Motivo, "CODE: " + std::to_string(codigo) + "." + (pierde ? perdida : "")) << codigo;
+        EXPECT_EQ(sesion.Conectado, !pierde);
+        EXPECT_EQ(ConexionesAbiertas(), pierde ? 0 : 1);
+        EXPECT_EQ(EjecutarReporte(sesion, {"X"}).has_value(), !pierde);
     }
-    EXPECT_EQ(ConexionesAbiertas(), 0);
 }
 
-TEST(NwrfcService, ABrokenConnectionIsGivenUp) {
-    auto servicio = Conectado();
-    {
-        const auto funcion = servicio->Add("RFC_ABAP_INSTALL_AND_RUN");
-        funcion->Exports("MODE", "F");
-        funcion->Tables("PROGRAM").Data({"REPORT LOST."});
-        EXPECT_FALSE(funcion->Call());
-        EXPECT_FALSE(funcion->Call());
+// ---- Time limits ----
+
+constexpr Plazo corto{150};
+const std::string sinRespuesta = "The SAP system has not answered within 0.15 seconds";
+
+TEST(NwrfcService, WhateverGoesOverTheWireHasALimit) {
+    struct Caso {
+        const char* que;
+        Plazo deLlamada;
+        Plazo deConexion;
+        const char* reporte;
+        const char* modulo;
+    };
+    const Caso casos[] = {
+        {"a call", corto, largo, "REPORT HANG.", "RFC_ABAP_INSTALL_AND_RUN"},
+        // Its connection was cancelled, so it can't count as one that went well.
+        {"a call that ends well behind its limit", corto, largo, "REPORT LATE.", "RFC_ABAP_INSTALL_AND_RUN"},
+        {"a test", largo, corto, "REPORT MUTE.", "RFC_ABAP_INSTALL_AND_RUN"},
+        {"a description", largo, corto, "X", "Z_HANG"},
+    };
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(caso.que);
+        SesionSAP sesion = Sesion(caso.deLlamada, caso.deConexion);
+        sesion.ModuloRFC = caso.modulo;
+        if (EjecutarReporte(sesion, {caso.reporte})) EXPECT_FALSE(EjecutarReporte(sesion, {"X"}));
+        EXPECT_THAT(sesion.Motivo, testing::EndsWith(sinRespuesta + perdida));
+        EXPECT_FALSE(sesion.Conectado);
+        EXPECT_TRUE(TodoCerrado());
     }
-    EXPECT_FALSE(servicio->Connection().Logon(true));
-    EXPECT_EQ(servicio->UltimoError(), "RFC_COMMUNICATION_FAILURE: connection to partner broken");
-    EXPECT_EQ(ConexionesAbiertas(), 0);
+}
+
+TEST(NwrfcService, AConnectionThatOpensTooLateIsClosed) {
+    const auto servicio = CrearServicioNWRFC({QOR_TEST_NWRFC, {}, Plazo(20)}, [](ParametrosDeLogon& parametros) {
+        Llenar(parametros);
+        parametros.servidor = "slow";
+        return true;
+    });
+    EXPECT_EQ(TextoDelFallo([&] { servicio->Connection().Logon(false); }), "The SAP system has not answered within 0.02 seconds");
+    EXPECT_FALSE(servicio->Connection().Abierta());
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    EXPECT_TRUE(TodoCerrado());
+}
+
+// A call that ends at the limit is either in time, and its connection stays as it is, or it counts as failed.
+TEST(NwrfcService, NoCallIsCancelledBehindItsEnd) {
+    for (int i = 0; i < 24; ++i) {
+        SesionSAP sesion = Sesion(Plazo(20), largo);
+        const bool bien = EjecutarReporte(sesion, {"REPORT WAIT " + std::to_string(14 + i % 12) + "."}).has_value();
+        EXPECT_EQ(sesion.Conectado, bien) << sesion.Motivo;
+        if (!bien) continue;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_TRUE(SesionActiva(sesion)) << sesion.Motivo;
+    }
+    EXPECT_TRUE(TodoCerrado());
 }
 
 TEST(NwrfcService, WhatTheSystemDoesNotKnowThrows) {
     const auto servicio = Conectado();
-    const auto texto = [](const auto& accion) -> std::string {
-        try {
-            accion();
-            return "";
-        } catch (const FalloDelServicio& fallo) {
-            return fallo.what();
-        }
-    };
-    EXPECT_EQ(texto([&] { servicio->Add("Z_ABSENT"); }),
+    EXPECT_EQ(TextoDelFallo([&] { servicio->Add("Z_ABSENT"); }),
               "The function module Z_ABSENT can't be called: FU_NOT_FOUND: ID:FL Type:E Number:046 Z_ABSENT");
     const auto funcion = servicio->Add("RFC_FUNCTION_SEARCH");
-    EXPECT_THAT(texto([&] { funcion->Exports("ABSENT", "X"); }), HasSubstr("The parameter ABSENT of RFC_FUNCTION_SEARCH"));
-    EXPECT_THAT(texto([&] { funcion->Tables("ABSENT"); }), HasSubstr("The table ABSENT of RFC_FUNCTION_SEARCH"));
+    EXPECT_THAT(TextoDelFallo([&] { funcion->Exports("ABSENT", "X"); }), HasSubstr("The parameter ABSENT of RFC_FUNCTION_SEARCH"));
+    EXPECT_THAT(TextoDelFallo([&] { funcion->Tables("ABSENT"); }), HasSubstr("The table ABSENT of RFC_FUNCTION_SEARCH"));
     funcion->Exports("FUNCNAME", "Z_RUN");
     EXPECT_TRUE(funcion->Call());
     const auto& tabla = funcion->Tables("FUNCTIONS");
     EXPECT_EQ(tabla.Value(1, 1) + tabla.Value(1, 2), "Z_RUNSUTL");
-    EXPECT_THAT(texto([&] { tabla.Value(2, 1); }), HasSubstr("Row 2 of the table FUNCTIONS"));
-    EXPECT_THAT(texto([&] { tabla.Value(1, 3); }), HasSubstr("line type"));
+    EXPECT_THAT(TextoDelFallo([&] { tabla.Value(2, 1); }), HasSubstr("Row 2 of the table FUNCTIONS"));
+    EXPECT_THAT(TextoDelFallo([&] { tabla.Value(1, 3); }), HasSubstr("line type"));
 }
 
 }  // namespace

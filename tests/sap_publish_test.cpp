@@ -73,8 +73,8 @@ TEST(Publish, TheStatementsForALine) {
     for (const auto& [fuente, sentencias] : casos) {
         LineasABAP esperado = {"REPORT QORRFC.", "DATA: BEGIN OF LINE OCCURS 0,", "        DATA(72),", "      END OF LINE."};
         esperado.insert(esperado.end(), sentencias.begin(), sentencias.end());
-        esperado.insert(esperado.end(), {"APPEND LINE.", "INSERT REPORT 'ZLOAD' FROM LINE.", "WRITE: / SY-SUBRC."});
-        EXPECT_EQ(ComponerPublicacion(fuente, "ZLOAD").lineas, esperado);
+        esperado.insert(esperado.end(), {"APPEND LINE.", "INSERT REPORT 'Z''LOAD' FROM LINE.", "WRITE: / SY-SUBRC."});
+        EXPECT_EQ(ComponerPublicacion(fuente, "Z'LOAD").lineas, esperado);
     }
 }
 
@@ -159,14 +159,6 @@ TEST(Publish, ALocalProgramProposesItsOwnName) {
     EXPECT_EQ(publicacion.Avisos(), "");
 }
 
-TEST(Publish, NamesAreTypedInTheCustomersAlphabet) {
-    const std::pair<char, std::optional<char>> teclas[] = {{'a', 'A'}, {'Z', 'Z'}, {'7', '7'}, {' ', '_'},          {'-', '_'},
-                                                           {'*', '_'}, {8, 8},     {'_', '_'}, {'"', std::nullopt}, {'\xE4', '_'}};
-    for (const auto& [tecla, resultado] : teclas) EXPECT_EQ(TeclaDeNombre(tecla), resultado) << tecla;
-    EXPECT_TRUE(OKHabilitado(" Z"));
-    EXPECT_FALSE(OKHabilitado("  "));
-}
-
 TEST(Publish, OkAsksTheSystemAboutTheName) {
     struct Caso {
         const char* nombre;
@@ -215,7 +207,8 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     EXPECT_TRUE(estado.ProgramaTemporal);
     const auto ruta = RutaDelSistema(estado.UltimoPrograma);
     EXPECT_EQ(ruta.parent_path(), publicacion.directorio.Ruta());
-    EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......\\.tmp"));
+    EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......_......\\.tmp"));
+    EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));
     // The lines of the report are those that were sent.
     LineasABAP enviado;
     for (const auto& linea : publicacion.guion->conversacion) {
@@ -225,6 +218,9 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     const std::string texto = LeerArchivo(ruta);
     for (const auto linea : PartirEnLineas(texto)) fuente.push_back((std::string(linea) + std::string(72, ' ')).substr(0, 72));
     EXPECT_EQ(Ejecutar(enviado), fuente);
+    publicacion.sesion.Conectado = false;
+    sistema.OfrecerPublicacion(estado.UltimoPrograma);
+    EXPECT_EQ(publicacion.Avisos(), "");  // the connection was lost meanwhile
 }
 
 }  // namespace

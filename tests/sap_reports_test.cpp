@@ -5,16 +5,23 @@
 #include <sstream>
 
 #include "app/data_directory.h"
+#include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "sap/publish.h"
 #include "sap/remote_reports.h"
+#include "sap/widths.h"
 #include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
+using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
 constexpr const char* corredor = "Add RFC_ABAP_INSTALL_AND_RUN";
@@ -31,6 +38,7 @@ TEST(RemoteReports, ProgramsAreSoughtByAWholeLineOfConditions) {
         {"", true, "Z+A*", {"NAME LIKE 'Z_A%' AND"}},
         {"SM*+", true, "", {"CNAM LIKE 'SM%_' AND", "( NAME LIKE 'Y%' OR NAME LIKE 'Z%' ) AND"}},
         {"SMITH", false, "ZLOAD", {"UNAM LIKE 'SMITH' AND", "NAME LIKE 'ZLOAD' AND"}},
+        {"O'NEIL", true, "Z' OR '", {"CNAM LIKE 'O''NEIL' AND", "NAME LIKE 'Z'' OR ''' AND"}},
     };
     for (const auto& caso : casos) {
         const auto guion = std::make_shared<Guion>();
@@ -54,7 +62,7 @@ TEST(RemoteReports, EveryListButTheContentsOfAnEntryGivesUpItsLastRow) {
     const Caso casos[] = {
         {[](SesionSAP& sesion) { return ListarColas(sesion, "%BDC"); }, "PROGRAM < inf005 %BDC", 1},
         {[](SesionSAP& sesion) { return ListarBAPIs(sesion); }, "PROGRAM < inf008", 1},
-        {[](SesionSAP& sesion) { return LeerCola(sesion, "Q1", "BDC"); }, "PROGRAM < inf006 Q1 BDC Q1", 2},
+        {[](SesionSAP& sesion) { return LeerCola(sesion, "Q'1", "BDC"); }, "PROGRAM < inf006 Q''1 BDC Q''1", 2},
     };
     for (const auto& caso : casos) {
         const auto guion = std::make_shared<Guion>();
@@ -86,6 +94,42 @@ TEST(RemoteReports, TheRecordsOfABapiGoIntoAFile) {
     EXPECT_EQ(guion->conversacion[2], "PROGRAM < inf009 BAPI_X");
     EXPECT_FALSE(BajarBAPI(sesion, "BAPI_Y", archivo));
     EXPECT_EQ(archivo.str(), "3 Text\r\n4 A::I:B-C\r\n");
+}
+
+// A control character could end the line that it stands in, so nothing with one is asked.
+TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
+    VentanaDePrueba prueba;
+    const DirectorioTemporal directorio;
+    const std::string fuente = directorio.Escribir("load.abap", "REPORT A.");
+    std::ostringstream archivo;
+    using Consulta = std::function<bool(SesionSAP&, const std::string&)>;
+    const std::pair<const char*, Consulta> casos[] = {
+        {"a user", [](auto& s, auto& t) { return BuscarProgramas(s, t, true, "").has_value(); }},
+        {"a program", [](auto& s, auto& t) { return BuscarProgramas(s, "", true, t).has_value(); }},
+        {"a type", [](auto& s, auto& t) { return ListarColas(s, t).has_value(); }},
+        {"an identifier", [](auto& s, auto& t) { return LeerCola(s, t, "BDC").has_value(); }},
+        {"a function", [&](auto& s, auto& t) { return BajarBAPI(s, t, archivo); }},
+        {"a name", [&](auto& s, auto& t) { return PublicarPrograma(s, fuente, t, prueba.textos, prueba.vista); }},
+    };
+    for (const auto& [que, consulta] : casos) {
+        for (const char control : {'\0', '\t', '\n', '\r', '\x1F', '\x7F'}) {
+            const auto guion = std::make_shared<Guion>();
+            SesionSAP sesion = SesionConectada(guion);
+            guion->Responder({"0"});
+            EXPECT_FALSE(consulta(sesion, std::string("A") + control + "B")) << que;
+            EXPECT_EQ(sesion.Motivo, "a text with a control character can't be part of a query") << que;
+            EXPECT_TRUE(guion->conversacion.empty()) << que;
+        }
+    }
+    const std::string blancos(26, ' ');
+    const std::string linea = "A'B\x80" + blancos + "C'";
+    EXPECT_THAT(ReporteDeAnchos({linea}), testing::IsSupersetOf({"ITAB-TABLE = 'A''B\x80'.", "ITAB-FIELD = 'C'''."}));
+    const std::string conControl = "A   " + blancos + "B\tC";
+    EXPECT_THAT(
+        [&] {
+            ReporteDeAnchos({"A", conControl});
+        },
+        testing::ThrowsMessage<FalloDeEjecucion>("line 2 of the field file holds a control character"));
 }
 
 // The query reports that ship with the program.

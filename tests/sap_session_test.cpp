@@ -1,13 +1,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <cstdlib>
+
+#include "base/paths.h"
+#include "sap/queue_choice.h"
 #include "sap/session.h"
+#include "sap/temporary_file.h"
 #include "tests/support/scripted_service.h"
+#include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
+using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
 using pruebas::SesionDeGuion;
@@ -179,19 +187,94 @@ TEST(Session, AModuleThatDoesNotExistLeavesTheStandardOne) {
     }
 }
 
-TEST(Session, ABrokenOperationIsNoMoreThanAFailedRead) {
+// ---- Failures and lost connections ----
+
+constexpr const char* perdida = "The connection to the SAP system is lost. Please log on again.";
+
+TEST(Session, ABrokenOperationIsAFailedReadAndALostConnectionTheEndOfTheSession) {
     for (const char* paso : {"Ping", "Add", "Exports", "Tables", "FreeTable", "Data", "Call", "RowCount", "Value"}) {
+        for (const bool abierta : {true, false}) {
+            const auto guion = std::make_shared<Guion>();
+            SesionSAP sesion = SesionConectada(guion);
+            guion->Responder({"T", "DEV", "46C"});
+            guion->fallaEn = paso;
+            guion->abierta = abierta;
+            sesion.ConnectionStatus = "connected";
+            EXPECT_FALSE(RecuperarDatosSistema(sesion)) << paso;
+            EXPECT_EQ(sesion.RolSistema + sesion.VersionSistema, "") << paso;
+            EXPECT_EQ(sesion.Motivo, std::string("broken at ") + paso + (abierta ? "" : std::string("\r\n") + perdida));
+            EXPECT_EQ(sesion.Conectado, abierta);
+            EXPECT_EQ(sesion.ConnectionStatus == "Not connected", !abierta);
+            guion->fallaEn = "Logoff";
+            Logoff_Click(sesion);
+            EXPECT_EQ(sesion.SesionRFC, nullptr);
+        }
+    }
+}
+
+TEST(Session, AConnectionThatIsLostOverTheLogonIsNoLogon) {
+    for (const char* modulo : {"", "Z_RUN"}) {
+        Logon logon;
+        logon.sesion.nombres.ModuloRFCPropio = modulo;
+        logon.guion->abierta = false;  // the first call fails
+        EXPECT_FALSE(logon.Entrar());
+        EXPECT_FALSE(logon.sesion.Conectado);
+        EXPECT_TRUE(logon.prueba.vista.TomarAvisos().ends_with(perdida));
+    }
+}
+
+// The dialog of the queues closes without a word when an entry can't be had; only a lost connection is told.
+TEST(Session, AConnectionThatIsLostOverAnEntryIsTold) {
+    for (const bool abierta : {true, false}) {
         const auto guion = std::make_shared<Guion>();
         SesionSAP sesion = SesionConectada(guion);
-        guion->Responder({"T", "DEV", "46C"});
-        guion->fallaEn = paso;
-        EXPECT_FALSE(RecuperarDatosSistema(sesion)) << paso;
-        EXPECT_EQ(sesion.RolSistema + sesion.VersionSistema, "") << paso;
-        EXPECT_EQ(sesion.Motivo, std::string("broken at ") + paso);
-        guion->fallaEn = "Logoff";
-        Logoff_Click(sesion);
-        EXPECT_EQ(sesion.SesionRFC, nullptr);
+        VentanaDePrueba prueba;
+        FormularioImport formulario;
+        guion->abierta = abierta;
+        ActivarFila(formulario, "Q1", sesion, prueba.vista);
+        EXPECT_EQ(prueba.vista.TomarAvisos(), abierta ? "" : perdida);
     }
+}
+
+// ---- Files of a moment ----
+
+mode_t Modo(const std::filesystem::path& ruta) {
+    struct stat estado {};
+    EXPECT_EQ(::lstat(ruta.c_str(), &estado), 0) << ruta;
+    return estado.st_mode & 07777;
+}
+
+TEST(Session, FilesOfAMomentAreTheUsersAlone) {
+    const DirectorioTemporal privado;
+    const DirectorioTemporal abierto;
+    std::filesystem::permissions(abierto.Ruta(), std::filesystem::perms(0755));
+    const mode_t mascara = ::umask(0);
+    for (const auto& deEjecucion : {privado.Ruta(), abierto.Ruta(), privado / "absent", std::filesystem::path("relative")}) {
+        SCOPED_TRACE(deEjecucion);
+        ::setenv("XDG_RUNTIME_DIR", deEjecucion.c_str(), 1);
+        const bool sirve = deEjecucion == privado.Ruta();
+        std::filesystem::path directorio;
+        {
+            SesionSAP sesion;
+            const auto uno = RutaDelSistema(CrearTemporal(sesion));
+            const auto otro = RutaDelSistema(CrearTemporal(sesion));
+            EXPECT_NE(uno, otro);
+            directorio = uno.parent_path();
+            EXPECT_EQ(directorio == privado.Ruta(), sirve);
+            EXPECT_EQ(Modo(directorio), 0700U);
+            for (const auto& ruta : {uno, otro}) {
+                EXPECT_EQ(ruta.extension(), ".tmp");
+                EXPECT_EQ(Modo(ruta), 0600U);
+                BorrarTemporal(RutaDelModelo(ruta));
+            }
+        }
+        EXPECT_EQ(std::filesystem::exists(directorio), sirve);  // one of its own goes with the session
+    }
+    ::umask(mascara);
+    ::unsetenv("XDG_RUNTIME_DIR");
+    SesionSAP sinLugar;
+    sinLugar.DirectorioTemporal = "/nowhere";
+    EXPECT_EQ(CrearTemporal(sinLugar), "");
 }
 
 }  // namespace

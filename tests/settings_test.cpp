@@ -189,7 +189,9 @@ TEST(Settings, SwitchesTakeOnlyTheirExactWord) {
     const auto conexion = AjustesDe("RFC Library=/opt/nwrfc/libsapnwrfc.so\nRFC Time Limit=90");
     EXPECT_EQ(conexion.BibliotecaRFC, "/opt/nwrfc/libsapnwrfc.so");
     EXPECT_EQ(conexion.SegundosDeLlamadaRFC, 90);
-    EXPECT_EQ(AjustesDe("RFC Time Limit=-1").SegundosDeLlamadaRFC, 0);
+    for (const auto& [valor, segundos] : {std::pair{"", 600}, {"0", 0}, {"-1", 0}, {"none", 0}}) {
+        EXPECT_EQ(AjustesDe(std::string("RFC Time Limit=") + valor).SegundosDeLlamadaRFC, segundos) << valor;
+    }
 }
 
 TEST(Settings, DatasetAdditionsChooseTheirOption) {

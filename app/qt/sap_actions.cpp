@@ -1,11 +1,9 @@
 #include "app/qt/sap_actions.h"
 
-#include <QSettings>
-#include <array>
-#include <filesystem>
 #include <string>
 #include <utility>
 
+#include "app/qt/connection_memory.h"
 #include "app/sap_connection.h"
 #include "app/show_changes.h"
 #include "base/paths.h"
@@ -23,19 +21,6 @@
 namespace qor {
 
 namespace {
-
-// What is remembered of a connection, by its key. The password is not among it.
-constexpr std::array<std::pair<const char*, std::string ParametrosDeLogon::*>, 9> recordados = {{
-    {"ApplicationServer", &ParametrosDeLogon::servidor},
-    {"SystemNumber", &ParametrosDeLogon::numeroDeSistema},
-    {"MessageServer", &ParametrosDeLogon::servidorDeMensajes},
-    {"System", &ParametrosDeLogon::sistema},
-    {"Group", &ParametrosDeLogon::grupo},
-    {"Client", &ParametrosDeLogon::cliente},
-    {"User", &ParametrosDeLogon::usuario},
-    {"Language", &ParametrosDeLogon::idioma},
-    {"Router", &ParametrosDeLogon::ruta},
-}};
 
 class Conexion : public AccionesDeConexion {
 public:
@@ -91,18 +76,12 @@ private:
         TomarImportacion(e_.ventana, std::move(*importacion), TextoDelModelo(Palabra(e_.programa.textos, "Rows")));
     }
 
-    QString Memoria() const {
-        const auto ruta = e_.programa.rutaDeAjustes.parent_path() / "qor-connection.ini";
-        return QString::fromStdString(ruta.string());
-    }
-
     bool PedirLogon(ParametrosDeLogon& parametros) {
-        QSettings memoria(Memoria(), QSettings::IniFormat);
-        for (const auto& [clave, campo] : recordados)
-            parametros.*campo = TextoDelModelo(memoria.value(QLatin1String(clave)).toString());
-        FormLogon dialogo(parametros, e_.programa.textos, e_.padre);
+        const auto memoria = e_.programa.rutaDeAjustes.parent_path() / "qor-connection.ini";
+        RecuperarConexion(memoria, parametros);
+        FormLogon dialogo(parametros, e_.programa.textos, e_.vista, e_.padre);
         if (dialogo.exec() != QDialog::Accepted) return false;
-        for (const auto& [clave, campo] : recordados) memoria.setValue(QLatin1String(clave), TextoQt(parametros.*campo));
+        RecordarConexion(memoria, parametros);
         return true;
     }
 

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 
+#include "app/qt/connection_memory.h"
 #include "base/files.h"
 #include "dataset/FormBDCEditor.h"
 #include "dataset/qt/line_view.h"
@@ -18,6 +19,8 @@ namespace qor::pruebas {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 class DialogosDeSAP : public ::testing::Test {
 protected:
@@ -34,8 +37,8 @@ TEST_F(DialogosDeSAP, ProgramNameIsTheCustomers) {
     const DialogoAbierto dialogo(form);
     EXPECT_FALSE(dialogo.Habilitado("OK"));
     EXPECT_TRUE(dialogo.Control<QPushButton>("Cancel")->isDefault());
-    dialogo.Teclear("NombreABAP", "ab-\"c 1");
-    EXPECT_EQ(dialogo.Texto("NombreABAP"), "AB_C_1");
+    dialogo.Teclear("NombreABAP", "ab-\"c 1*z");
+    EXPECT_EQ(dialogo.Texto("NombreABAP"), "AB_C_1_Z");
     EXPECT_TRUE(dialogo.Control<QPushButton>("OK")->isDefault());
     dialogo.Clic("OK");
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<412>");
@@ -43,26 +46,10 @@ TEST_F(DialogosDeSAP, ProgramNameIsTheCustomers) {
 
     dialogo.Vaciar("NombreABAP");
     dialogo.Teclear("NombreABAP", "zone");
-    guion->Responder({"ZONE", "end"});
-    prueba.vista.respuestas = {Respuesta::No};
-    dialogo.Clic("OK");
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<414>");
-    EXPECT_TRUE(form.isVisible());
     guion->Responder({"end"});
     dialogo.Clic("OK");
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.NombreElegido(), "ZONE");
-}
-
-TEST_F(DialogosDeSAP, ProgramNameIsGivenUpWhenTheSystemCanNotTell) {
-    FormABAP form(sesion, prueba.textos, prueba.vista, "ZONE", nullptr);
-    const DialogoAbierto dialogo(form);
-    EXPECT_EQ(dialogo.Texto("NombreABAP"), "ZONE");
-    guion->Fallar();
-    dialogo.Clic("OK");
-    EXPECT_THAT(prueba.vista.TomarAvisos(), HasSubstr("<413>"));
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(form.NombreElegido(), "");
 }
 
 // ---- FormImport ----
@@ -120,7 +107,7 @@ TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
     ParametrosDeLogon parametros;
     parametros.usuario = "SMITH";
     parametros.cliente = "100";
-    FormLogon form(parametros, prueba.textos, nullptr);
+    FormLogon form(parametros, prueba.textos, prueba.vista, nullptr);
     const DialogoAbierto dialogo(form);
     EXPECT_TRUE(dialogo.Control("Clave")->hasFocus()) << "the rest is known";
     dialogo.Teclear("Clave", "pa\"ss");
@@ -137,7 +124,9 @@ TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
     dialogo.Teclear("Sistema", "DEV");
     dialogo.Teclear("Grupo", "SPACE");
     dialogo.Teclear("Idioma", "en");
-    EXPECT_EQ(parametros.clave, "");
+    dialogo.Clic("Cancel");
+    EXPECT_EQ(parametros.servidorDeMensajes + parametros.clave, "") << "the parameters stay as they were";
+    form.show();
     dialogo.Clic("OK");
     EXPECT_EQ(parametros.servidor, "");
     EXPECT_EQ(parametros.servidorDeMensajes, "msg");
@@ -146,15 +135,63 @@ TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
     EXPECT_EQ(parametros.idioma, "EN");
 }
 
-TEST_F(DialogosDeSAP, LogonThatIsCancelledLeavesTheParameters) {
+// Nothing is sent shortened: neither by what the code page lacks, nor at the zero at which the library's texts end.
+TEST_F(DialogosDeSAP, LogonRefusesWhatCanNotBeSentWhole) {
     ParametrosDeLogon parametros;
-    FormLogon form(parametros, prueba.textos, nullptr);
+    parametros.servidor = "host";
+    parametros.numeroDeSistema = "00";
+    parametros.cliente = "100";
+    parametros.usuario = "SMITH";
+    FormLogon form(parametros, prueba.textos, prueba.vista, nullptr);
     const DialogoAbierto dialogo(form);
-    dialogo.Teclear("Servidor", "host");
-    dialogo.Teclear("Clave", "secret");
-    dialogo.Clic("Cancel");
+    dialogo.Control<QLineEdit>("Clave")->setText(QStringLiteral("caf\u00E9\u20AC"));
+    const std::pair<const char*, const char*> casos[] = {{"Clave", "Password"},
+                                                         {"Usuario", "User"},
+                                                         {"Cliente", "Client"},
+                                                         {"Idioma", "Language"},
+                                                         {"Servidor", "Host"},
+                                                         {"Ruta", "SAP router"},
+                                                         {"NumeroDeSistema", "System number"}};
+    for (const auto& [control, nombre] : casos) {
+        auto* const caja = dialogo.Control<QLineEdit>(control);
+        const QString antes = caja->text();
+        for (const QString& malo : {QString(QChar(0x0416)), QString(QChar(0)), QStringLiteral("\U0001F511")}) {
+            caja->setText(malo);
+            dialogo.Clic("OK");
+            EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("The field \"" + std::string(nombre) + "\" holds a character"));
+            EXPECT_TRUE(form.isVisible() && caja->hasFocus()) << nombre;
+            EXPECT_EQ(parametros.clave, "");
+        }
+        caja->setText(antes);
+    }
+    dialogo.Clic("OK");
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(parametros.servidor + parametros.clave, "");
+    EXPECT_EQ(parametros.clave, "caf\xE9\x80");
+}
+
+TEST_F(DialogosDeSAP, TheLastConnectionIsRememberedWithoutAnyPassword) {
+    const auto ruta = directorio / "qor-connection.ini";
+    const auto recordada = [&] {
+        ParametrosDeLogon leidos;
+        RecuperarConexion(ruta, leidos);
+        return leidos.usuario + "|" + leidos.ruta + "|" + leidos.clave;
+    };
+    ParametrosDeLogon parametros;
+    parametros.usuario = "SM\xCDTH";
+    parametros.clave = "secret";
+    const std::pair<const char*, bool> casos[] = {
+        {"/H/router/S/3299/H/", true}, {"/H/router/W/secret/H/", false}, {"", true},
+        {"/h/router/p/secret", false}, {"/H/r1/w/secret/H/r2", false},   {"/H/ /W /secret", false}};
+    for (const auto& [router, seRecuerda] : casos) {
+        SCOPED_TRACE(router);
+        directorio.Escribir("qor-connection.ini", "[General]\nRouter=/H/old/W/secret\nUser=\\x416\\x416\n");
+        EXPECT_EQ(recordada(), "|/H/old/W/secret|");
+        parametros.ruta = router;
+        RecordarConexion(ruta, parametros);
+        EXPECT_EQ(recordada(), "SM\xCDTH|" + std::string(seRecuerda ? router : "") + "|");
+        EXPECT_THAT(LeerArchivo(ruta), Not(HasSubstr("secret")));
+        EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));
+    }
 }
 
 // ---- FormBDCEditor ----

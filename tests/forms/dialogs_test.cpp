@@ -88,7 +88,7 @@ protected:
         agregar(new FormTrans(t, {}, nullptr));
         agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
-        agregar(new FormLogon(parametros, t, nullptr));
+        agregar(new FormLogon(parametros, t, v, nullptr));
         return todos;
     }
 

@@ -1,19 +1,25 @@
 // A shared library with the functions of the NetWeaver RFC library, and a small system behind them. Passwords other than "right"
-// are refused, the host "down" can't be reached. The report runner answers each source line with itself in a row of 256 characters,
-// and does other things for some programs:
-//   REPORT LOST.    the connection breaks
+// are refused, the host "down" can't be reached, and the host "slow" takes a fifth of a second to open. The report runner answers
+// each source line with itself in a row of 256 characters, and does other things for some programs:
+//   REPORT CODE n.  ends with a code
 //   REPORT HANG.    runs until it is cancelled
-//   REPORT DENIED.  an exception of the function module
+//   REPORT LATE.    runs until it is cancelled, and ends well all the same
+//   REPORT WAIT n.  takes n milliseconds, and then ends well
+//   REPORT MUTE.    ends well; behind it the system answers no test until it is cancelled
 //   REPORT LONG.    answers one row of 1000 characters
+// The description of Z_HANG is never there until it is cancelled. A connection that is cancelled without a call is broken.
 // Built with STANDIN_OLD it is an earlier release, which lacks a function.
 
 #include "tests/nwrfc/standin.h"
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <map>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "sap/nwrfc_api.h"
@@ -23,8 +29,23 @@ namespace qor::nwrfc {
 struct Conexion {
     std::mutex mutex;
     std::condition_variable aviso;
+    bool ocupada = false;
     bool cancelada = false;
+    bool muda = false;
     bool rota = false;
+
+    void Empezar() {
+        const std::lock_guard cerrojo(mutex);
+        ocupada = true;
+    }
+    void Terminar() {
+        const std::lock_guard cerrojo(mutex);
+        ocupada = false;
+    }
+    void EsperarCancelacion() {
+        std::unique_lock cerrojo(mutex);
+        aviso.wait(cerrojo, [this] { return cancelada; });
+    }
 };
 
 struct DescripcionDeTipo {
@@ -52,8 +73,8 @@ namespace {
 
 using namespace qor::nwrfc;
 
-int conexiones = 0;
-int funciones = 0;
+std::atomic<int> conexiones = 0;
+std::atomic<int> funciones = 0;
 std::u16string parametros;
 
 std::map<std::u16string, DescripcionDeFuncion> modulos = {
@@ -73,6 +94,14 @@ RFC_RC Bien(RFC_ERROR_INFO* error) {
     return RFC_OK;
 }
 
+// The number behind the two words of a report's first line.
+[[maybe_unused]] int NumeroDe(const std::u16string& linea) {
+    int numero = 0;
+    for (std::size_t i = 12; i < linea.size() && linea[i] >= u'0' && linea[i] <= u'9'; ++i)
+        numero = numero * 10 + (linea[i] - u'0');
+    return numero;
+}
+
 [[maybe_unused]] void Agregar(Contenedor& tabla, const char16_t* campo, std::u16string texto, std::size_t ancho) {
     texto.resize(ancho, u' ');
     tabla.filas.push_back({nullptr, tabla.tipo, {{campo, texto}}, {}, {}, 0});
@@ -83,16 +112,13 @@ RFC_RC Bien(RFC_ERROR_INFO* error) {
     auto& salida = funcion.tablas.at(u"WRITES");
     const auto& programa = funcion.tablas.at(u"PROGRAM").filas;
     const std::u16string primera = programa.empty() ? u"" : programa.front().valores.at(u"LINE");
-    if (primera == u"REPORT LOST.") {
-        conexion.rota = true;
-        return Error(error, RFC_COMMUNICATION_FAILURE, u"RFC_COMMUNICATION_FAILURE", u"connection to partner broken");
+    if (primera.starts_with(u"REPORT CODE ")) {
+        return Error(error, static_cast<RFC_RC>(NumeroDe(primera)), u"CODE", primera.substr(12));
     }
-    if (primera == u"REPORT DENIED.") return Error(error, RFC_ABAP_EXCEPTION, u"NO_AUTHORITY", u"");
-    if (primera == u"REPORT HANG.") {
-        std::unique_lock cerrojo(conexion.mutex);
-        conexion.aviso.wait(cerrojo, [&] { return conexion.cancelada; });
-        return Error(error, RFC_CANCELED, u"RFC_CANCELED", u"cancelled");
-    }
+    if (primera.starts_with(u"REPORT WAIT ")) std::this_thread::sleep_for(std::chrono::milliseconds(NumeroDe(primera)));
+    if (primera == u"REPORT MUTE.") conexion.muda = true;
+    if (primera == u"REPORT HANG." || primera == u"REPORT LATE.") conexion.EsperarCancelacion();
+    if (primera == u"REPORT HANG.") return Error(error, RFC_CANCELED, u"RFC_CANCELED", u"cancelled");
     if (primera == u"REPORT LONG.") Agregar(salida, u"ZEILE", std::u16string(999, u'x') + u"y", 1000);
     for (const auto& fila : programa) Agregar(salida, u"ZEILE", fila.valores.at(u"LINE"), 256);
     return Bien(error);
@@ -128,6 +154,7 @@ Conexion* RfcOpenConnection(const RFC_CONNECTION_PARAMETER* lista, unsigned cant
         Error(error, RFC_LOGON_FAILURE, u"RFC_LOGON_FAILURE", u"Name or password is incorrect (caf\u00E9 \u20AC \u0416)");
         return nullptr;
     }
+    if (valores[u"ASHOST"] == u"slow") std::this_thread::sleep_for(std::chrono::milliseconds(200));
     ++conexiones;
     return new Conexion;
 }
@@ -139,6 +166,7 @@ RFC_RC RfcCloseConnection(Conexion* conexion, RFC_ERROR_INFO* error) {
 }
 
 RFC_RC RfcPing(Conexion* conexion, RFC_ERROR_INFO* error) {
+    if (conexion->muda) conexion->EsperarCancelacion();
     return conexion->rota ? Error(error, RFC_INVALID_HANDLE, u"RFC_INVALID_HANDLE", u"closed") : Bien(error);
 }
 
@@ -146,6 +174,7 @@ RFC_RC RfcCancel(Conexion* conexion, RFC_ERROR_INFO* error) {
     {
         const std::lock_guard cerrojo(conexion->mutex);
         conexion->cancelada = true;
+        if (!conexion->ocupada) conexion->rota = true;
     }
     conexion->aviso.notify_one();
     return Bien(error);
@@ -159,6 +188,7 @@ RFC_RC RfcGetConnectionAttributes(Conexion* /*conexion*/, RFC_ATTRIBUTES* atribu
 }
 
 DescripcionDeFuncion* RfcGetFunctionDesc(Conexion* conexion, const SAP_UC* nombre, RFC_ERROR_INFO* error) {
+    if (nombre == std::u16string(u"Z_HANG")) conexion->EsperarCancelacion();
     const auto modulo = modulos.find(nombre);
     if (!conexion->rota && modulo != modulos.end()) return &modulo->second;
     Error(error, RFC_ABAP_EXCEPTION, u"FU_NOT_FOUND", u"ID:FL Type:E Number:046 " + std::u16string(nombre));
@@ -182,7 +212,12 @@ RFC_RC RfcDestroyFunction(Contenedor* funcion, RFC_ERROR_INFO* error) {
 
 #ifndef STANDIN_OLD
 RFC_RC RfcInvoke(Conexion* conexion, Contenedor* funcion, RFC_ERROR_INFO* error) {
-    if (funcion->funcion->nombre == u"RFC_ABAP_INSTALL_AND_RUN") return Correr(*conexion, *funcion, error);
+    if (funcion->funcion->nombre == u"RFC_ABAP_INSTALL_AND_RUN") {
+        conexion->Empezar();
+        const auto codigo = Correr(*conexion, *funcion, error);
+        conexion->Terminar();
+        return codigo;
+    }
     auto& salida = funcion->tablas.at(u"FUNCTIONS");
     Agregar(salida, u"FUNCNAME", funcion->valores[u"FUNCNAME"], 30);
     salida.filas.back().valores[u"GROUPNAME"] = u"SUTL";

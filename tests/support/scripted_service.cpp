@@ -87,6 +87,7 @@ private:
         guion_->Paso("Logoff");
         guion_->conversacion.emplace_back("Logoff");
     }
+    bool Abierta() const override { return guion_->abierta; }
     std::string Client() const override { return guion_->cliente; }
     std::string System() const override { return guion_->sistema; }
 

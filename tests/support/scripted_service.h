@@ -20,6 +20,7 @@ struct Guion {
 
     bool logon = true;    // false: the user backs out of the dialog
     bool usable = true;   // what a silent logon answers
+    bool abierta = true;  // false: the connection is lost over the next operation that fails
     std::string fallaEn;  // operation that throws, such as "Logon" or "Add"
     std::string ultimoError;
     std::string cliente = "100";
