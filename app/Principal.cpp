@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <utility>
@@ -24,8 +25,11 @@
 #include "app/qt/scroll_page.h"
 #include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
+#include "base/failure.h"
 #include "base/failure_trap.h"
+#include "base/paths.h"
 #include "base/qt/text.h"
+#include "base/qt/words.h"
 #include "base/text.h"
 #include "editor/commands.h"
 #include "editor/document_commands.h"
@@ -52,6 +56,7 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
     : programa_(programa),
       vista_(std::move(vista)),
       ventana_(abierto_, programa.textos, *vista_),
+      copias_(programa.rutaDeAjustes.parent_path() / "unsaved"),
       lazos_(
           ventana_,
           [this](const Lazos::Accion& accion) {
@@ -138,6 +143,7 @@ CeldaDeRejilla* Principal::CeldaActual() const { return qobject_cast<CeldaDeReji
 void Principal::Hacer(const std::function<void()>& accion) {
     ConTrampa(ventana_.vista, accion);
     Sincronizar();
+    copias_.QuitarSiGuardado(abierto_);
 }
 
 bool Principal::Mandar(const std::function<void()>& accion) {
@@ -146,6 +152,7 @@ bool Principal::Mandar(const std::function<void()>& accion) {
         return std::nullopt;
     });
     Sincronizar();
+    copias_.QuitarSiGuardado(abierto_);
     return empezado;
 }
 
@@ -251,6 +258,8 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     if (plan.mostrarPresentacion) MostrarPresentacion();
     if (plan.preguntarIdioma) PreguntarIdioma();
     if (cerrado_) return;
+    CuidarTrabajo();
+    if (OfrecerTrabajo(plan.documento)) return;
     if (!plan.documento.empty()) {
         bool abierto = false;
         Mandar([&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
@@ -258,6 +267,46 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
         return;
     }
     if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });
+}
+
+void Principal::CuidarTrabajo() {
+    constexpr int milisegundosEntreCopias = 30'000;
+    auto* const reloj = new QTimer(this);
+    reloj->setObjectName(QStringLiteral("RelojDeCopias"));
+    connect(reloj, &QTimer::timeout, this, [this] {
+        try {
+            copias_.Actualizar(abierto_);
+        } catch (const FalloDeArchivo& fallo) {
+            // A box would stand in the way of the work again and again.
+            statusBar()->showMessage(Palabra(programa_.textos, "Unsaved work can't be copied:") + QLatin1Char(' ') +
+                                     QString::fromStdString(fallo.Detalle()));
+        }
+    });
+    reloj->start(milisegundosEntreCopias);
+}
+
+bool Principal::OfrecerTrabajo(const std::filesystem::path& documento) {
+    bool restaurado = false;
+    for (auto& copia : copias_.Abandonadas()) {
+        if (!documento.empty() && copia.documento.ruta != RutaAbsoluta(documento)) continue;
+        const QString nombre =
+            copia.documento.ruta.empty() ? Palabra(programa_.textos, "a new document") : NombreQt(copia.documento.ruta);
+        const QString pregunta = Palabra(programa_.textos, "Unsaved work on %1 was left behind at %2. Restore it?")
+                                     .arg(nombre, QString::fromStdString(copia.cuando));
+        switch (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::RestaurarDescartarLuego)) {
+            case Respuesta::Si:
+                Hacer([&] {
+                    RestaurarTrabajo(ventana_, std::move(copia.documento));
+                    copias_.Adoptar(copia, abierto_);
+                });
+                restaurado = true;
+                break;
+            case Respuesta::No: CopiasDeTrabajo::Descartar(copia); break;
+            default: break;
+        }
+        if (restaurado) break;
+    }
+    return restaurado;
 }
 
 void Principal::TerminarCon(int estado) {
@@ -273,6 +322,7 @@ void Principal::closeEvent(QCloseEvent* evento) {
     Mandar([&] { cerrar = CerrarPrograma(programa_, ventana_, [this] { conexion_->Logoff(); }); });
     if (!cerrar) return evento->ignore();
     cerrado_ = true;
+    copias_.Quitar();
     GuardarVentana();
     if (ayuda_ != nullptr) ayuda_->close();
     evento->accept();

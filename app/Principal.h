@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/autosave.h"
 #include "app/connection_actions.h"
 #include "app/pages/controls.h"
 #include "app/pages/page.h"
@@ -76,6 +77,11 @@ private:
     void AplicarConexion();
     CeldaDeRejilla* CeldaActual() const;
 
+    // Copies of unsaved work: kept up to date in the course of time, and offered at the start when they were left behind. With a
+    // document only those of its own. True when one was restored.
+    void CuidarTrabajo();
+    bool OfrecerTrabajo(const std::filesystem::path& documento);
+
     // ---- PrincipalMenus.cpp ----
     void CrearMenus();
     void CrearMenuDeArchivo();
@@ -114,6 +120,7 @@ private:
     std::unique_ptr<VistaDePantalla> vista_;
     Documento abierto_;
     Ventana ventana_;
+    CopiasDeTrabajo copias_;
     std::unique_ptr<AccionesDeConexion> conexion_;
 
     Lazos lazos_;

@@ -14,7 +14,7 @@
 // closing.
 namespace qor {
 
-// What the main form holds beside the ventana, and what outlives a document.
+// What the main form holds beside the window, and what outlives a document.
 struct Programa {
     std::filesystem::path directorioDeDatos;
     std::filesystem::path rutaDeAjustes;

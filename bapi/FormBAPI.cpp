@@ -18,11 +18,11 @@
 #include "bapi/update.h"
 #include "base/busy_pointer.h"
 #include "base/failure_trap.h"
+#include "base/key_filters.h"
 #include "base/qt/read_only_box.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
-#include "editor/key_filters.h"
 
 namespace qor {
 

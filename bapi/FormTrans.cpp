@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "base/key_filters.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
-#include "editor/key_filters.h"
 
 namespace qor {
 

@@ -10,7 +10,12 @@
 namespace qor {
 
 enum class Icono { Advertencia, Informacion };
-enum class Botones { SiNo, SiNoCancelar, AceptarCancelar };
+enum class Botones {
+    SiNo,
+    SiNoCancelar,
+    AceptarCancelar,
+    RestaurarDescartarLuego  // answered with yes, no and cancel
+};
 enum class Respuesta { Si, No, Aceptar, Cancelar };
 enum class Tabla { Archivo, Transaccion };
 

@@ -10,9 +10,9 @@
 #include <QVBoxLayout>
 
 #include "base/failure_trap.h"
+#include "base/key_filters.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
-#include "editor/key_filters.h"
 
 namespace qor {
 

@@ -7,11 +7,11 @@
 // Double clicks, clicks and drops on the grids.
 namespace qor {
 
-// A double click on a cell: the row whose note is to be edited (ventana/notes.h), if any. Only Text2 beside a name and Text4 with a
+// A double click on a cell: the row whose note is to be edited (editor/notes.h), if any. Only Text2 beside a name and Text4 with a
 // text open a note; row 0 of the program side takes none, with message 343.
 std::optional<FilaDeTabla> DobleClicEnCelda(Ventana& ventana, LugarDeCelda lugar);
 
-// A click on ABAP(linea): the file row whose code is to be edited (ventana/user_code.h), if the row has a name.
+// A click on ABAP(linea): the file row whose code is to be edited (editor/user_code.h), if the row has a name.
 std::optional<int> ClicEnABAP(const Ventana& ventana, int linea);
 
 // The labels that can be dragged: OK codes of a screen.

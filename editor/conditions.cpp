@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/key_filters.h"
 #include "base/text.h"
-#include "editor/key_filters.h"
 
 namespace qor {
 

@@ -1,7 +1,5 @@
 #include "editor/key_filters.h"
 
-#include <algorithm>
-#include <array>
 #include <optional>
 
 #include "base/text.h"
@@ -18,46 +16,13 @@ struct Reparo {
     std::optional<Columna> foco = std::nullopt;
 };
 
-enum class Clase { Libre, Mayusculas, Nombre, Digitos };
-
-bool EsDigito(char c) { return c >= '0' && c <= '9'; }
-
-char SinComillas(char tecla) { return tecla == '"' ? teclaDescartada : tecla; }
-
-char EnMayuscula(char tecla) { return static_cast<char>(Mayuscula(static_cast<unsigned char>(tecla))); }
-
-char Transformar(Clase clase, char tecla) {
-    const char limpia = SinComillas(tecla);
-    switch (clase) {
-        case Clase::Mayusculas: return EnMayuscula(limpia);
-        case Clase::Digitos: return EsDigito(limpia) || limpia == retroceso ? limpia : teclaDescartada;
-        case Clase::Nombre: {
-            const char letra = EnMayuscula(limpia);
-            const bool pasa = (letra >= 'A' && letra <= 'Z') || EsDigito(letra) || letra == retroceso || letra == teclaDescartada;
-            return pasa ? letra : '_';
-        }
-        case Clase::Libre: break;
-    }
-    return limpia;
-}
-
-Clase ClaseDe(Columna columna) {
+ClaseDeTexto ClaseDe(Columna columna) {
     switch (columna) {
-        case Columna::CampoDeArchivo: return Clase::Nombre;
-        case Columna::Ancho: return Clase::Digitos;
-        case Columna::Valor: return Clase::Libre;
-        default: return Clase::Mayusculas;
+        case Columna::CampoDeArchivo: return ClaseDeTexto::Nombre;
+        case Columna::Ancho: return ClaseDeTexto::Digitos;
+        case Columna::Valor: return ClaseDeTexto::Libre;
+        default: return ClaseDeTexto::Mayusculas;
     }
-}
-
-Clase ClaseDe(std::string_view control) {
-    if (control == "TablaZ") return Clase::Nombre;
-    if (control == "ProgID" || control == "Filas") return Clase::Digitos;
-    constexpr std::array<std::string_view, 14> enMayusculas = {
-        "TextoBuscado", "EncodingAdditional", "Nuevo",     "Transac",   "TextoBuscar", "GSprefijo", "GNprefijo",
-        "GTprefijo",    "LSprefijo",          "LNprefijo", "LTprefijo", "GCprefijo",   "PSprefijo", "PNprefijo"};
-    const bool hay = std::find(enMayusculas.begin(), enMayusculas.end(), control) != enMayusculas.end();
-    return hay ? Clase::Mayusculas : Clase::Libre;
 }
 
 bool FilaAnteriorVacia(const Ventana& ventana, LugarDeCelda lugar) {
@@ -108,20 +73,11 @@ bool Rechazada(Ventana& ventana, LugarDeCelda lugar, char tecla) {
     return true;
 }
 
-template <typename Filtro>
-std::string Pasar(std::string_view texto, Filtro filtro) {
-    std::string resultado;
-    for (const char c : texto) {
-        if (const char pasada = filtro(c); pasada != teclaDescartada) resultado += pasada;
-    }
-    return resultado;
-}
-
 }  // namespace
 
 char FiltrarTeclaDeCelda(Ventana& ventana, LugarDeCelda lugar, char tecla) {
     if (Rechazada(ventana, lugar, tecla)) return teclaDescartada;
-    return Transformar(ClaseDe(lugar.columna), tecla);
+    return FiltrarTecla(ClaseDe(lugar.columna), tecla);
 }
 
 std::string FiltrarTextoDeCelda(Ventana& ventana, LugarDeCelda lugar, std::string_view texto) {
@@ -130,13 +86,7 @@ std::string FiltrarTextoDeCelda(Ventana& ventana, LugarDeCelda lugar, std::strin
     // A cell is one line: line breaks and tabs of the clipboard's text are no keys of it.
     std::string linea(texto);
     std::erase_if(linea, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
-    return Pasar(linea, [&](char c) { return Transformar(ClaseDe(lugar.columna), c); });
-}
-
-char FiltrarTecla(std::string_view control, char tecla) { return Transformar(ClaseDe(control), tecla); }
-
-std::string FiltrarTexto(std::string_view control, std::string_view texto) {
-    return Pasar(texto, [&](char c) { return FiltrarTecla(control, c); });
+    return FiltrarTexto(ClaseDe(lugar.columna), linea);
 }
 
 }  // namespace qor

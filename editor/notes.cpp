@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "base/chosen_path.h"
+#include "base/key_filters.h"
 #include "base/text.h"
 #include "editor/grids.h"
-#include "editor/key_filters.h"
 #include "model/cells.h"
 #include "model/operations.h"
 

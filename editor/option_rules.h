@@ -12,7 +12,7 @@
 // The option controls of the main form: their changes, the limits of their texts, and which of them can be seen and used.
 namespace qor {
 
-// Every change of an option control goes through here. The keys of its text box have been filtered (ventana/key_filters.h).
+// Every change of an option control goes through here. The keys of its text box have been filtered (base/key_filters.h).
 template <typename T>
 void CambiarOpcion(Ventana& ventana, T Opciones::*opcion, const std::type_identity_t<T>& valor) {
     if (ventana.documento.opciones.*opcion == valor) return;

@@ -10,7 +10,7 @@
 #include "editor/conditions.h"
 #include "editor/data_source.h"
 #include "editor/definitions.h"
-#include "editor/key_filters.h"
+#include "base/key_filters.h"
 #include "editor/notes.h"
 #include "editor/user_code.h"
 #include "tests/support/temporary_directory.h"

@@ -7,8 +7,8 @@
 #include <QRadioButton>
 
 #include "app/pages/controls.h"
+#include "base/key_filters.h"
 #include "base/qt/text_boxes.h"
-#include "editor/key_filters.h"
 #include "editor/option_rules.h"
 
 namespace qor {

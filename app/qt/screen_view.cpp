@@ -84,11 +84,17 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     QMessageBox caja(Padre());
     PrepararCaja(caja, mensaje, QMessageBox::Question);
     const bool aceptar = botones == Botones::AceptarCancelar;
-    QPushButton* const si =
-        caja.addButton(Palabra(textos_, aceptar ? "OK" : "&Yes"), aceptar ? QMessageBox::AcceptRole : QMessageBox::YesRole);
-    QPushButton* const no = aceptar ? nullptr : caja.addButton(Palabra(textos_, "&No"), QMessageBox::NoRole);
+    const bool restaurar = botones == Botones::RestaurarDescartarLuego;
+    QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? "OK"
+                                                            : restaurar ? "&Restore"
+                                                                        : "&Yes"),
+                                           aceptar ? QMessageBox::AcceptRole : QMessageBox::YesRole);
+    QPushButton* const no =
+        aceptar ? nullptr : caja.addButton(Palabra(textos_, restaurar ? "&Discard" : "&No"), QMessageBox::NoRole);
     QPushButton* const cancelar =
-        botones == Botones::SiNo ? nullptr : caja.addButton(TextoQt(textos_.Texto(187)), QMessageBox::RejectRole);
+        botones == Botones::SiNo
+            ? nullptr
+            : caja.addButton(restaurar ? Palabra(textos_, "&Later") : TextoQt(textos_.Texto(187)), QMessageBox::RejectRole);
     caja.setDefaultButton(si);
     caja.setEscapeButton(cancelar != nullptr ? cancelar : no);
     caja.exec();

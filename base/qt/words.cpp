@@ -15,6 +15,14 @@ constexpr ParDePalabras palabras[] = {
     {"&Yes", "&Sí"},
     {"&No", "&No"},
     {"Close", "Cerrar"},
+    {"&Restore", "&Recuperar"},
+    {"&Discard", "&Descartar"},
+    {"&Later", "&Más tarde"},
+
+    // Copies of unsaved work
+    {"Unsaved work on %1 was left behind at %2. Restore it?", "Quedó trabajo sin grabar en %1, de %2. ¿Recuperarlo?"},
+    {"a new document", "un documento nuevo"},
+    {"Unsaved work can't be copied:", "No se puede copiar el trabajo sin grabar:"},
 
     // Main form: menus
     {"&Edit", "&Edición"},
