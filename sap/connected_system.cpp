@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/paths.h"
 #include "sap/temporary_file.h"
 #include "sap/widths.h"
 
@@ -20,7 +21,7 @@ void SistemaDeLaSesion::ObtenerAnchos() {
     if (ButtonOnlineAnchos(documento_, sesion_, textos_, vista_)) MostrarAnchos_();
 }
 
-std::string SistemaDeLaSesion::ArchivoTemporal() { return CrearTemporal(sesion_); }
+std::string SistemaDeLaSesion::ArchivoTemporal() { return TextoDeRuta(CrearTemporal(sesion_)); }
 
 void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
     if (!sesion_.Conectado) return;  // lost since the run began

@@ -18,8 +18,8 @@ std::string CeldaDeGrilla(std::string_view fila, std::size_t inicio, std::ptrdif
     return std::string(Recortar(Tramo(fila, inicio, ancho)));
 }
 
-bool EscribirRegistros(const std::string& ruta, const std::string& registros) {
-    std::ofstream archivo(RutaDelSistema(ruta), std::ios::binary | std::ios::trunc);
+bool EscribirRegistros(const std::filesystem::path& ruta, const std::string& registros) {
+    std::ofstream archivo(ruta, std::ios::binary | std::ios::trunc);
     archivo << registros;
     archivo.close();
     return static_cast<bool>(archivo);
@@ -68,7 +68,7 @@ void ActivarFila(FormularioImport& formulario, const std::string& qid, SesionSAP
         if (!sesion.Conectado || TieneControl(qid)) vista.Advertir(MensajeLiteral(sesion.Motivo));
         return;
     }
-    const std::string archivo = CrearTemporal(sesion);
+    const auto archivo = CrearTemporal(sesion);
     if (EscribirRegistros(archivo, RegistrosDeCola(*DatosCola))) {
         formulario.ArchivoImportado = archivo;
     } else {

@@ -19,7 +19,7 @@ using FilaDeGrilla = std::array<std::string, 7>;
 struct FormularioImport {
     bool EsGrabacion = true;  // recordings, else sessions
     std::vector<FilaDeGrilla> Grilla;
-    std::string ArchivoImportado;  // the file of session records that was written; empty without a choice
+    std::filesystem::path ArchivoImportado;  // the file of session records that was written; empty without a choice
 
     int Titulo() const { return EsGrabacion ? 224 : 225; }  // number of the caption
     const char* Tipo() const { return EsGrabacion ? tipoGrabacion : tipoSesion; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -24,8 +25,8 @@ struct SesionSAP {
     NombresRFC nombres;  // complete
     FabricaDeServicio CrearServicio;
     PlantillasRFC plantillas;
-    std::string DirectorioTemporal;          // where files of a moment are written; chosen with the first one when it is empty
-    std::shared_ptr<void> DirectorioPropio;  // removes that directory when it is the session's own
+    std::filesystem::path DirectorioTemporal;  // where files of a moment are written; chosen with the first one when it is empty
+    std::shared_ptr<void> DirectorioPropio;    // removes that directory when it is the session's own
 
     // What it is at the moment.
     std::unique_ptr<ServicioRFC> SesionRFC;  // null while not logged on

@@ -21,11 +21,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* extension = ".tmp";
 
-std::string ConHora(const std::string& directorio) {
+std::string Hora() {
     const std::tm hora = HoraActual();
-    char nombre[64];
-    std::strftime(nombre, sizeof nombre, "%Y%m%d_%H%M%S", &hora);
-    return AgregarBarra(directorio) + nombre;
+    char texto[64];
+    std::strftime(texto, sizeof texto, "%Y%m%d_%H%M%S", &hora);
+    return texto;
 }
 
 // A directory of this user that no other may enter.
@@ -39,25 +39,25 @@ bool EsPrivado(const fs::path& directorio) {
 void ElegirDirectorio(SesionSAP& sesion) {
     const char* const deEjecucion = std::getenv("XDG_RUNTIME_DIR");
     if (deEjecucion != nullptr && EsPrivado(deEjecucion)) {
-        sesion.DirectorioTemporal = RutaDelModelo(deEjecucion);
+        sesion.DirectorioTemporal = deEjecucion;
         return;
     }
     std::string nombre = (fs::temp_directory_path() / "qor-generator-XXXXXX").string();
     if (::mkdtemp(nombre.data()) == nullptr) throw FalloDeEjecucion("no directory for temporary files can be made");
     sesion.DirectorioPropio = {nullptr, [nombre](void*) { ::rmdir(nombre.c_str()); }};
-    sesion.DirectorioTemporal = RutaDelModelo(nombre);
+    sesion.DirectorioTemporal = nombre;
 }
 
 }  // namespace
 
-std::string CrearTemporal(SesionSAP& sesion) {
+fs::path CrearTemporal(SesionSAP& sesion) {
     try {
         if (sesion.DirectorioTemporal.empty()) ElegirDirectorio(sesion);
-        std::string nombre = RutaDelSistema(ConHora(sesion.DirectorioTemporal) + "_XXXXXX" + extension).string();
+        std::string nombre = (sesion.DirectorioTemporal / (Hora() + "_XXXXXX" + extension)).string();
         const int descriptor = ::mkstemps(nombre.data(), static_cast<int>(std::string_view(extension).size()));
         if (descriptor < 0) return {};
         ::close(descriptor);
-        return RutaDelModelo(nombre);
+        return nombre;
     } catch (const FalloDeEjecucion&) {
         return {};
     } catch (const fs::filesystem_error&) {
@@ -65,11 +65,11 @@ std::string CrearTemporal(SesionSAP& sesion) {
     }
 }
 
-std::string NombreTemporal(const std::string& directorio) { return ConHora(directorio) + extension; }
+std::string NombreTemporal(const std::string& directorio) { return AgregarBarra(directorio) + Hora() + extension; }
 
-void BorrarTemporal(const std::string& ruta) {
+void BorrarTemporal(const fs::path& ruta) {
     std::error_code ignorado;
-    fs::remove(RutaDelSistema(ruta), ignorado);
+    fs::remove(ruta, ignorado);
 }
 
 }  // namespace qor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "sap/session.h"
@@ -10,12 +11,12 @@ namespace qor {
 // Makes an empty file, "yyyymmdd_hhmmss_" and six characters that nobody can guess and ".tmp", with mode 0600, and answers its
 // path. It lies in $XDG_RUNTIME_DIR where that directory is the user's alone, else in a directory that the session makes for
 // itself, and that goes with the session when it is empty. Empty when the file can't be made.
-std::string CrearTemporal(SesionSAP& sesion);
+std::filesystem::path CrearTemporal(SesionSAP& sesion);
 
 // The directory, then the present date and time as "yyyymmdd_hhmmss", then ".tmp". Makes no file.
 std::string NombreTemporal(const std::string& directorio);
 
 // Deletes a file; a failure is ignored.
-void BorrarTemporal(const std::string& ruta);
+void BorrarTemporal(const std::filesystem::path& ruta);
 
 }  // namespace qor

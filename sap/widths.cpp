@@ -80,8 +80,9 @@ private:
 };
 
 // The lengths behind the lines of the file, one for each row of the list.
-void CompletarArchivo(const std::string& archivo, const std::vector<std::string_view>& lineas, const FilasDeLista& largos) {
-    ArchivoNuevo nuevo(RutaDelSistema(archivo));
+void CompletarArchivo(const std::filesystem::path& archivo, const std::vector<std::string_view>& lineas,
+                      const FilasDeLista& largos) {
+    ArchivoNuevo nuevo(archivo);
     for (std::size_t i = 0; i < largos.size(); ++i) {
         std::string linea(i < lineas.size() ? lineas[i].substr(0, anchoDePedido) : std::string_view{});
         linea.resize(anchoDePedido, ' ');
@@ -161,10 +162,10 @@ LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas) {
     return reporte;
 }
 
-bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
+bool ObtenerAnchos(SesionSAP& sesion, const std::filesystem::path& archivo) {
     try {
         sesion.Motivo.clear();
-        const std::string texto = LeerArchivo(RutaDelSistema(archivo));
+        const std::string texto = LeerArchivo(archivo);
         const auto lineas = PartirEnLineas(texto);
         const auto largos = EjecutarReporte(sesion, ReporteDeAnchos(lineas));
         if (!largos) return false;
@@ -177,7 +178,7 @@ bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo) {
 }
 
 bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
-    const std::string ArchivoAnchosTemporal = CrearTemporal(sesion);
+    const auto ArchivoAnchosTemporal = CrearTemporal(sesion);
     GenerarInfoCampos(documento.especificacion, ArchivoAnchosTemporal, true, textos, vista);
     {
         const ConPunteroOcupado puntero(vista);

@@ -29,7 +29,7 @@ LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas);
 
 // Sends that report, and completes the file with the lengths. False when the file can't be read or written, or the call fails; a
 // failed call leaves the file as it was.
-bool ObtenerAnchos(SesionSAP& sesion, const std::string& archivo);
+bool ObtenerAnchos(SesionSAP& sesion, const std::filesystem::path& archivo);
 
 // The whole way at once, around a file of a moment. That file stays when the system gives no answer. True when the file side was
 // gone through and is to be shown anew.

@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 
-#include "base/paths.h"
 #include "sap/queue_choice.h"
 #include "sap/session.h"
 #include "sap/temporary_file.h"
@@ -256,8 +255,8 @@ TEST(Session, FilesOfAMomentAreTheUsersAlone) {
         std::filesystem::path directorio;
         {
             SesionSAP sesion;
-            const auto uno = RutaDelSistema(CrearTemporal(sesion));
-            const auto otro = RutaDelSistema(CrearTemporal(sesion));
+            const auto uno = CrearTemporal(sesion);
+            const auto otro = CrearTemporal(sesion);
             EXPECT_NE(uno, otro);
             directorio = uno.parent_path();
             EXPECT_EQ(directorio == privado.Ruta(), sirve);
@@ -265,7 +264,7 @@ TEST(Session, FilesOfAMomentAreTheUsersAlone) {
             for (const auto& ruta : {uno, otro}) {
                 EXPECT_EQ(ruta.extension(), ".tmp");
                 EXPECT_EQ(Modo(ruta), 0600U);
-                BorrarTemporal(RutaDelModelo(ruta));
+                BorrarTemporal(ruta);
             }
         }
         EXPECT_EQ(std::filesystem::exists(directorio), sirve);  // one of its own goes with the session
