@@ -1,9 +1,7 @@
 #include "dataset/data_set.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <functional>
@@ -288,29 +286,6 @@ TEST_F(PruebaDeDatos, OnlyRegularFilesAreScanned) {
         vista.detalles.clear();
         EXPECT_FALSE(ExaminarJuegoDeDatos(ruta, prueba.textos, vista));
         EXPECT_EQ(vista.detalles, "Not a regular file: " + std::string(ruta));
-    }
-}
-
-// Killed at any moment, a run leaves the old file or the new one, whole.
-TEST_F(PruebaDeDatos, KilledRunLeavesAWholeFile) {
-    std::string viejo = Sesion('M');
-    for (int i = 0; i < 20000; ++i) viejo += Sesion('T', "MM01") + Sesion(' ', "MATNR", "abc");
-    const std::string nuevo = Cambiar(viejo, "abc", "N");
-    const auto ruta = Escribir(viejo);
-    auto datos = Examinar(ruta);
-    for (int vuelta = 0; vuelta < 20; ++vuelta) {
-        const pid_t hijo = ::fork();
-        if (hijo == 0) {
-            for (;;) {
-                prueba.vista.respuestas = {Respuesta::Si};
-                ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, prueba.vista);
-            }
-        }
-        ::usleep(static_cast<useconds_t>(vuelta * 2000));
-        ::kill(hijo, SIGKILL);
-        ::waitpid(hijo, nullptr, 0);
-        const auto hay = LeerArchivo(ruta);
-        ASSERT_TRUE(hay == viejo || hay == nuevo) << hay.size();
     }
 }
 
