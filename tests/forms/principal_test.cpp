@@ -246,6 +246,36 @@ TEST(Principal, OptionsComeBackFromDocumentAndSettings) {
     EXPECT_TRUE(p.Control<QCheckBox>("CheckActivateNamingConventions")->isChecked());
 }
 
+TEST(Principal, SettingsAreSavedAsSoonAsTheyAreChosen) {
+    ProgramaDePrueba p;
+    const auto guardado = [&](const char* linea) {
+        return ("\n" + LeerArchivo(p.directorio / "Tessaline.ini")).find(std::string("\n") + linea + "\r\n") != std::string::npos;
+    };
+    p.Control<QCheckBox>("CheckLogon")->click();
+    EXPECT_TRUE(guardado("LOGON AT STARTUP=No"));
+    p.Control<QRadioButton>("OptionWS_UPLOAD")->click();
+    EXPECT_TRUE(guardado("UPLOAD FUNCTION=WS_UPLOAD"));
+    p.Control<QRadioButton>("OptionEncodingNone")->click();
+    EXPECT_TRUE(guardado("DATASET ADDITIONS=NONE"));
+    p.Control<QCheckBox>("CheckActivateNamingConventions")->click();
+    p.Control<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    p.Control<QTabWidget>("SSTab2")->setCurrentIndex(2);
+    p.Enfocar("LTprefijo");
+    ProgramaDePrueba::Escribir("TAB_");
+    ProgramaDePrueba::Pulsar(Qt::Key_Return);
+    EXPECT_TRUE(guardado("LT PREFIX=TAB_"));
+    ProgramaDePrueba::ConDialogo([&] { p.Control<QAction>("Directorios")->trigger(); },
+                                 [](QDialog& dialogo) {
+                                     dialogo.findChild<QLineEdit*>("EditorDeTextos")->setText("mousepad");
+                                     dialogo.accept();
+                                 });
+    EXPECT_TRUE(guardado("EDITOR=mousepad"));
+    // Where the file can't be written, one warning is enough.
+    p.programa->rutaDeAjustes = p.directorio / "Tessaline.ini" / "below";
+    for (int i = 0; i < 2; ++i) p.Control<QCheckBox>("CheckLogon")->click();
+    EXPECT_EQ(p.vista->avisos.size(), 1U);
+}
+
 TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
     ProgramaDePrueba p;
     struct Caso {
