@@ -57,13 +57,11 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
       vista_(std::move(vista)),
       ventana_(abierto_, programa.textos, *vista_),
       copias_(programa.rutaDeAjustes.parent_path() / "unsaved"),
-      lazos_(
-          ventana_,
-          [this](const Lazos::Accion& accion) {
-              Hacer(accion);
-              return true;
-          },
-          [this](const Lazos::Accion& accion) { return Mandar(accion); }) {
+      lazos_(ventana_, {[this](const Lazos::Accion& accion) {
+                            Hacer(accion);
+                            return true;
+                        },
+                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}) {
     setObjectName(QStringLiteral("Principal"));
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
                     [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
@@ -154,6 +152,16 @@ bool Principal::Mandar(const std::function<void()>& accion) {
     Sincronizar();
     copias_.QuitarSiGuardado(abierto_);
     return empezado;
+}
+
+void Principal::GuardarAjustes() {
+    const bool guardado = GuardarElecciones(programa_);
+    if (!guardado && !sinGuardarAvisado_) {
+        Mensaje aviso = MensajeLiteral(avisoAjustesSinGuardar);
+        aviso.detalle = programa_.detalleDeAjustes;
+        vista_->Advertir(aviso);
+    }
+    sinGuardarAvisado_ = !guardado;
 }
 
 // ---- The state shown ----

@@ -71,6 +71,8 @@ private:
     void Hacer(const std::function<void()>& accion);
     // Runs a command, which first leaves the cell that has the focus (editor/commands.h). False when it was not begun.
     bool Mandar(const std::function<void()>& accion);
+    // Saves the settings that the user has just chosen; tells once where that fails, until it succeeds again.
+    void GuardarAjustes();
     void EnfocarControl(const std::string& nombre);
     void AyudaDelControl();
     void AplicarReglas();
@@ -126,6 +128,7 @@ private:
     Lazos lazos_;
     Controles controles_;
     bool cerrado_ = false;
+    bool sinGuardarAvisado_ = false;
 
     Pestanas* SSTab1_ = nullptr;
     Pestanas* SSTab2_ = nullptr;

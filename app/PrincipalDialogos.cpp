@@ -110,7 +110,9 @@ void Principal::ClicEditorBDC() {
     FormBDCEditor(programa_.textos, *vista_, programa_.ajustes.DirectorioDocumentos, Ayuda(), this).exec();
 }
 
-void Principal::ClicDirectorios() { FormDirectorios(programa_.textos, *vista_, programa_.ajustes, this).exec(); }
+void Principal::ClicDirectorios() {
+    if (FormDirectorios(programa_.textos, *vista_, programa_.ajustes, this).exec() == QDialog::Accepted) GuardarAjustes();
+}
 
 // ---- Language and opening box ----
 

@@ -11,7 +11,9 @@ bool EjecutarComando(Ventana& ventana, const std::function<void()>& accion, cons
         empezado = DejarCelda(ventana);
         if (empezado) accion();
     });
-    if (const auto celda = teclado()) EntrarEnCelda(ventana, *celda);
+    ConTrampa(ventana.vista, [&] {
+        if (const auto celda = teclado()) EntrarEnCelda(ventana, *celda);
+    });
     return empezado;
 }
 

@@ -42,7 +42,7 @@ QWidget* OpcionesDeEntrada::NuevoCliente() {
     orden->addWidget(gui);
     Preferencias& preferencias = entorno_.programa.ajustes.preferencias;
     connect(ws, &QRadioButton::toggled, this,
-            [this, &preferencias](bool puesto) { entorno_.lazos.Cambio([&] { preferencias.OptionWS_UPLOAD = puesto; }); });
+            [this, &preferencias](bool puesto) { entorno_.lazos.CambioDeAjuste([&] { preferencias.OptionWS_UPLOAD = puesto; }); });
     entorno_.lazos.AlMostrar([ws, gui, &preferencias] { (preferencias.OptionWS_UPLOAD ? ws : gui)->setChecked(true); });
     return grupo;
 }
@@ -72,7 +72,7 @@ QWidget* OpcionesDeEntrada::NuevoServidor() {
         botones->addButton(boton);
         orden->addWidget(boton, fila++, 0);
         connect(boton, &QRadioButton::toggled, this, [&lazos, elegir, opcion = opcion](bool puesto) {
-            if (puesto) lazos.Cambio([&] { elegir(opcion); });
+            if (puesto) lazos.CambioDeAjuste([&] { elegir(opcion); });
         });
         lazos.AlMostrar([this, boton, opcion = opcion] {
             if (encoding_ == opcion) boton->setChecked(true);
@@ -81,6 +81,7 @@ QWidget* OpcionesDeEntrada::NuevoServidor() {
     orden->addWidget(propia, fila - 1, 1);
     orden->setColumnStretch(1, 1);
     if (encoding_ == OpcionEncoding::Additional) propia->PonerTexto(adicion);
+    lazos.GuardarAlDejar(propia);
     connect(propia, &QLineEdit::textChanged, this, [&lazos, elegir] { lazos.Cambio([&] { elegir(OpcionEncoding::Additional); }); });
     return grupo;
 }

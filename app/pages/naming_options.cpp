@@ -47,6 +47,7 @@ OpcionesDeNombres::OpcionesDeNombres(const EntornoDePagina& entorno) {
         connect(caja, &QLineEdit::textChanged, this, [&lazos, caja, &preferencias, valor = prefijo.valor] {
             lazos.Cambio([&] { preferencias.*valor = caja->Texto(); });
         });
+        lazos.GuardarAlDejar(caja);
         lazos.AlMostrar([caja, &preferencias, valor = prefijo.valor] { caja->PonerTexto(preferencias.*valor); });
     }
     orden->setColumnMinimumWidth(1, fontMetrics().averageCharWidth() * 16);

@@ -14,13 +14,20 @@
 namespace qor {
 
 void Lazos::Hacer(const Accion& accion) const {
-    if (!callado_) evento_(accion);
+    if (!callado_) ejecutores_.evento(accion);
 }
 
-bool Lazos::Mandar(const Accion& accion) const { return !callado_ && comando_(accion); }
+bool Lazos::Mandar(const Accion& accion) const { return !callado_ && ejecutores_.comando(accion); }
 
 void Lazos::Cambio(const Accion& accion) const {
     if (!mostrando_) Hacer(accion);
+}
+
+void Lazos::CambioDeAjuste(const Accion& accion) const {
+    Cambio([&] {
+        accion();
+        ejecutores_.guardarAjustes();
+    });
 }
 
 void Lazos::MostrarTodo() {
@@ -87,7 +94,7 @@ QComboBox* Lazos::Combo(const char* nombre, QWidget* padre, std::string Opciones
 QCheckBox* Lazos::CasillaDeAjuste(const char* nombre, QWidget* padre, const std::function<bool()>& leer,
                                   const std::function<void(bool)>& cambiar) {
     auto* const casilla = Nuevo<QCheckBox>(nombre, padre);
-    connect(casilla, &QCheckBox::toggled, this, [this, cambiar](bool puesta) { Cambio([&] { cambiar(puesta); }); });
+    connect(casilla, &QCheckBox::toggled, this, [this, cambiar](bool puesta) { CambioDeAjuste([&] { cambiar(puesta); }); });
     AlMostrar([casilla, leer] { casilla->setChecked(leer()); });
     return casilla;
 }
@@ -96,6 +103,10 @@ CajaDeLinea* Lazos::CajaFiltrada(const char* nombre, QWidget* padre) {
     auto* const caja = Nuevo<CajaDeLinea>(nombre, padre);
     caja->PonerFiltro([control = std::string(nombre)](std::string_view texto) { return FiltrarTexto(control, texto); });
     return caja;
+}
+
+void Lazos::GuardarAlDejar(const CajaDeLinea* caja) {
+    connect(caja, &QLineEdit::editingFinished, this, [this] { CambioDeAjuste([] {}); });
 }
 
 QPushButton* Lazos::Boton(const char* nombre, QWidget* padre, const Accion& accion) {

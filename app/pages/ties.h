@@ -27,8 +27,14 @@ public:
     // Runs an action and shows the state behind it; false when the action was not begun.
     using Ejecutor = std::function<bool(const Accion&)>;
 
-    Lazos(Ventana& ventana, Ejecutor evento, Ejecutor comando)
-        : ventana_(ventana), evento_(std::move(evento)), comando_(std::move(comando)) {}
+    // What the main form runs.
+    struct Ejecutores {
+        Ejecutor evento;
+        Ejecutor comando;
+        Accion guardarAjustes;  // saves the user's settings
+    };
+
+    Lazos(Ventana& ventana, Ejecutores ejecutores) : ventana_(ventana), ejecutores_(std::move(ejecutores)) {}
 
     // ---- Events ----
 
@@ -39,6 +45,8 @@ public:
     bool Mandar(const Accion& accion) const;
     // A change of a control: an event, but nothing while the state is shown.
     void Cambio(const Accion& accion) const;
+    // The same for a choice that is a setting of the user's, which is saved at once.
+    void CambioDeAjuste(const Accion& accion) const;
     // From now on nothing runs any more: the controls go with their form.
     void Callar() { callado_ = true; }
 
@@ -73,13 +81,14 @@ public:
                                const std::function<void(bool)>& cambiar);
     // A text box with the key filter of its name, tied to nothing.
     CajaDeLinea* CajaFiltrada(const char* nombre, QWidget* padre);
+    // The box holds a setting of the user's, which is saved when the box is left or Enter is pressed.
+    void GuardarAlDejar(const CajaDeLinea* caja);
     // A push button that runs a command and takes no focus from a cell when it is clicked.
     QPushButton* Boton(const char* nombre, QWidget* padre, const Accion& accion);
 
 private:
     Ventana& ventana_;
-    Ejecutor evento_;
-    Ejecutor comando_;
+    Ejecutores ejecutores_;
     std::vector<Accion> pasos_;
     bool mostrando_ = false;
     bool callado_ = false;

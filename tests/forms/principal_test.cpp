@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 #include <map>
 #include <set>
+#include <sstream>
 
 #include "base/files.h"
 #include "base/qt/text_boxes.h"
@@ -30,118 +31,47 @@ using pruebas::ProgramaDePrueba;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-template <typename T>
-std::vector<std::string> Faltan(const ProgramaDePrueba& p, std::initializer_list<const char*> nombres) {
-    std::vector<std::string> faltan;
-    for (const char* const nombre : nombres) {
-        if (p.principal->findChildren<T*>(QString::fromLatin1(nombre)).size() != 1) faltan.emplace_back(nombre);
-    }
-    return faltan;
-}
+// By these names users of the program, help pages and tests know the controls. Cells and code buttons have their line behind the
+// name.
+constexpr const char* nombresDeControles =
+    "NewOption OpenOption SaveOption SaveAsOption PrintOption ExitOption Contenido AboutOption LengSeleccionar Logon "
+    "Logoff Directorios ScreenCam FileOption HelpOption LangOption Connection NewButton OpenButton SaveButton "
+    "PrintButton UndoButton UpButton DownButton NewDef PreviewButton Generar BuscarArchivo BuscarTransaccion "
+    "ExpandirCampo ButtonAddOperation Conditions OtherSource ExaminarFuente ExaminarPrograma ExaminarReporte "
+    "ImportTrans GenerarInfoCampos ImportInfo RunBDCEditor ButtonLogon ButtonLogoff ButtonOnlineSHDB ButtonOnlineSM35 "
+    "ButtonOnlineAnchos ButtonOnlinePublish ButtonOnlinePublishLocal TablaCh FileParameterCh AddF4 CallTransaction "
+    "SafeCallTransactionCheck ModeAsParameter CommitCheck ErrorHandlingCheck DiaCheck QORCheck ArchivosCheck "
+    "TCodeCheck StatusCheck Autofill CheckLogon CheckLogonErrors CheckSHDB CheckActivateNamingConventions ClienteOp "
+    "ServidorOp AnchoFijo DelimTab OptionWS_UPLOAD OptionGUI_UPLOAD OneFileOption MultipleFilesOption AOption NOption "
+    "EOption GeneracionAutomatica GeneracionManual ProcesarTodoOpt ProcesarParteOpt OptionEncodingNone "
+    "OptionEncodingDefault OptionEncodingNonUnicode OptionEncodingAdditional ArchivoFuente Identificadores TablaZ "
+    "ProgID NombreManual SpaceCode Programa TextoBuscado ReporteTrans EncodingAdditional Functional Technical "
+    "DescripcionStatus GSprefijo GNprefijo GTprefijo LSprefijo LNprefijo LTprefijo GCprefijo PSprefijo PNprefijo "
+    "FileSpecification TransactionSpecification LineaArchivo LineaTransaccion EnterCode SaveCode F5Code CreateCode "
+    "ColumnName FileWidth ProgramCol DynproCol FieldCol Col2Name Otro1 SourceName GenerateProgram FunctionalLabel "
+    "TechnicalLabel DescriptionLabel NotesLabel Atencion Porcentaje ErroresExplicacion TablaZLabel ProgIDLabel "
+    "IdentificadoresLabel IdentificadoresExplicacion then1 ConnectionStatus LabelNamingConventions LabelGSprefix "
+    "LabelGNprefix LabelGTprefix LabelLSprefix LabelLNprefix LabelLTprefix LabelGCprefix LabelPSprefix LabelPNprefix "
+    "SourceField TitulosFrame BDCFrame CTFrame FrameEdicion InputFrame FrameClientSide FrameServerSide "
+    "FrameNamingConventions FrameConexion FrameOnline FrameImportarTransacciones FrameImportarAncho SSTab1 SSTab2 "
+    "Description Notes HScroll1 ModuleCombo PrioridadCombo ";
 
 TEST(Principal, HasEveryControlOnceUnderItsName) {
     const ProgramaDePrueba p;
+    std::vector<std::string> nombres;
+    std::istringstream lista(nombresDeControles);
+    for (std::string nombre; lista >> nombre;) nombres.push_back(nombre);
     for (int i = 0; i < lineasArchivo; ++i) {
-        for (const char* const columna : {"Text1_", "Text2_", "ABAP_"}) EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
+        for (const char* const columna : {"Text1_", "Text2_", "ABAP_"}) nombres.push_back(columna + std::to_string(i));
     }
     for (int i = 0; i < lineasTransaccion; ++i) {
-        for (const char* const columna : {"Text6_", "Text3_", "Text4_", "Text5_"})
-            EXPECT_NE(p.Control(columna + std::to_string(i)), nullptr);
+        for (const char* const columna : {"Text6_", "Text3_", "Text4_", "Text5_"}) nombres.push_back(columna + std::to_string(i));
     }
-    EXPECT_THAT(Faltan<QAction>(p, {"NewOption", "OpenOption", "SaveOption", "SaveAsOption", "PrintOption", "ExitOption",
-                                    "Contenido", "AboutOption", "LengSeleccionar", "Logon", "Logoff", "Directorios", "ScreenCam"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QMenu>(p, {"FileOption", "HelpOption", "LangOption", "Connection"}), IsEmpty());
-    EXPECT_THAT(Faltan<QToolButton>(p, {"NewButton", "OpenButton", "SaveButton", "PrintButton", "UndoButton", "UpButton",
-                                        "DownButton", "NewDef", "PreviewButton"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QPushButton>(p, {"Generar",
-                                        "BuscarArchivo",
-                                        "BuscarTransaccion",
-                                        "ExpandirCampo",
-                                        "ButtonAddOperation",
-                                        "Conditions",
-                                        "OtherSource",
-                                        "ExaminarFuente",
-                                        "ExaminarPrograma",
-                                        "ExaminarReporte",
-                                        "ImportTrans",
-                                        "GenerarInfoCampos",
-                                        "ImportInfo",
-                                        "RunBDCEditor",
-                                        "ButtonLogon",
-                                        "ButtonLogoff",
-                                        "ButtonOnlineSHDB",
-                                        "ButtonOnlineSM35",
-                                        "ButtonOnlineAnchos",
-                                        "ButtonOnlinePublish",
-                                        "ButtonOnlinePublishLocal"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QCheckBox>(
-                    p, {"TablaCh", "FileParameterCh", "AddF4", "CallTransaction", "SafeCallTransactionCheck", "ModeAsParameter",
-                        "CommitCheck", "ErrorHandlingCheck", "DiaCheck", "QORCheck", "ArchivosCheck", "TCodeCheck", "StatusCheck",
-                        "Autofill", "CheckLogon", "CheckLogonErrors", "CheckSHDB", "CheckActivateNamingConventions"}),
-                IsEmpty());
-    EXPECT_THAT(
-        Faltan<QRadioButton>(p, {"ClienteOp", "ServidorOp", "AnchoFijo", "DelimTab", "OptionWS_UPLOAD", "OptionGUI_UPLOAD",
-                                 "OneFileOption", "MultipleFilesOption", "AOption", "NOption", "EOption", "GeneracionAutomatica",
-                                 "GeneracionManual", "ProcesarTodoOpt", "ProcesarParteOpt", "OptionEncodingNone",
-                                 "OptionEncodingDefault", "OptionEncodingNonUnicode", "OptionEncodingAdditional"}),
-        IsEmpty());
-    EXPECT_THAT(Faltan<QLineEdit>(p, {"ArchivoFuente",     "Identificadores",    "TablaZ",     "ProgID",
-                                      "NombreManual",      "SpaceCode",          "Programa",   "TextoBuscado",
-                                      "ReporteTrans",      "EncodingAdditional", "Functional", "Technical",
-                                      "DescripcionStatus", "GSprefijo",          "GNprefijo",  "GTprefijo",
-                                      "LSprefijo",         "LNprefijo",          "LTprefijo",  "GCprefijo",
-                                      "PSprefijo",         "PNprefijo"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QLabel>(p, {"FileSpecification",
-                                   "TransactionSpecification",
-                                   "LineaArchivo",
-                                   "LineaTransaccion",
-                                   "EnterCode",
-                                   "SaveCode",
-                                   "F5Code",
-                                   "CreateCode",
-                                   "ColumnName",
-                                   "FileWidth",
-                                   "ProgramCol",
-                                   "DynproCol",
-                                   "FieldCol",
-                                   "Col2Name",
-                                   "Otro1",
-                                   "SourceName",
-                                   "GenerateProgram",
-                                   "FunctionalLabel",
-                                   "TechnicalLabel",
-                                   "DescriptionLabel",
-                                   "NotesLabel",
-                                   "Atencion",
-                                   "Porcentaje",
-                                   "ErroresExplicacion",
-                                   "TablaZLabel",
-                                   "ProgIDLabel",
-                                   "IdentificadoresLabel",
-                                   "IdentificadoresExplicacion",
-                                   "then1",
-                                   "ConnectionStatus",
-                                   "LabelNamingConventions",
-                                   "LabelGSprefix",
-                                   "LabelGNprefix",
-                                   "LabelGTprefix",
-                                   "LabelLSprefix",
-                                   "LabelLNprefix",
-                                   "LabelLTprefix",
-                                   "LabelGCprefix",
-                                   "LabelPSprefix",
-                                   "LabelPNprefix"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QGroupBox>(p, {"SourceField", "TitulosFrame", "BDCFrame", "CTFrame", "FrameEdicion", "InputFrame",
-                                      "FrameClientSide", "FrameServerSide", "FrameNamingConventions", "FrameConexion",
-                                      "FrameOnline", "FrameImportarTransacciones", "FrameImportarAncho"}),
-                IsEmpty());
-    EXPECT_THAT(Faltan<QWidget>(p, {"SSTab1", "SSTab2", "Description", "Notes", "HScroll1", "ModuleCombo", "PrioridadCombo"}),
-                IsEmpty());
+    std::vector<std::string> otros;
+    for (const auto& nombre : nombres) {
+        if (p.principal->findChildren<QObject*>(QString::fromStdString(nombre)).size() != 1) otros.push_back(nombre);
+    }
+    EXPECT_THAT(otros, IsEmpty());
 }
 
 // Every word that the window shows, by control.
@@ -244,6 +174,36 @@ TEST(Principal, OptionsComeBackFromDocumentAndSettings) {
     p.Control<QAction>("NewOption")->trigger();
     EXPECT_FALSE(p.Control<QCheckBox>("CallTransaction")->isChecked());
     EXPECT_TRUE(p.Control<QCheckBox>("CheckActivateNamingConventions")->isChecked());
+}
+
+TEST(Principal, SettingsAreSavedAsSoonAsTheyAreChosen) {
+    ProgramaDePrueba p;
+    const auto guardado = [&](const char* linea) {
+        return ("\n" + LeerArchivo(p.directorio / "Tessaline.ini")).find(std::string("\n") + linea + "\r\n") != std::string::npos;
+    };
+    p.Control<QCheckBox>("CheckLogon")->click();
+    EXPECT_TRUE(guardado("LOGON AT STARTUP=No"));
+    p.Control<QRadioButton>("OptionWS_UPLOAD")->click();
+    EXPECT_TRUE(guardado("UPLOAD FUNCTION=WS_UPLOAD"));
+    p.Control<QRadioButton>("OptionEncodingNone")->click();
+    EXPECT_TRUE(guardado("DATASET ADDITIONS=NONE"));
+    p.Control<QCheckBox>("CheckActivateNamingConventions")->click();
+    p.Control<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    p.Control<QTabWidget>("SSTab2")->setCurrentIndex(2);
+    p.Enfocar("LTprefijo");
+    ProgramaDePrueba::Escribir("TAB_");
+    ProgramaDePrueba::Pulsar(Qt::Key_Return);
+    EXPECT_TRUE(guardado("LT PREFIX=TAB_"));
+    ProgramaDePrueba::ConDialogo([&] { p.Control<QAction>("Directorios")->trigger(); },
+                                 [](QDialog& dialogo) {
+                                     dialogo.findChild<QLineEdit*>("EditorDeTextos")->setText("mousepad");
+                                     dialogo.accept();
+                                 });
+    EXPECT_TRUE(guardado("EDITOR=mousepad"));
+    // Where the file can't be written, one warning is enough.
+    p.programa->rutaDeAjustes = p.directorio / "Tessaline.ini" / "below";
+    for (int i = 0; i < 2; ++i) p.Control<QCheckBox>("CheckLogon")->click();
+    EXPECT_EQ(p.vista->avisos.size(), 1U);
 }
 
 TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
