@@ -34,8 +34,10 @@ AbrirAyuda Principal::Ayuda() {
 }
 
 PedidoDeGeneracion Principal::Pedido() {
-    return PedidoDeGeneracion::De(ventana_.documento, programa_.ajustes.preferencias, programa_.textos, *vista_,
-                                  conexion_->Sistema());
+    auto pedido =
+        PedidoDeGeneracion::De(ventana_.documento, programa_.ajustes.preferencias, programa_.textos, *vista_, conexion_->Sistema());
+    pedido.directorioDelDocumento = ventana_.documento.ruta.parent_path();
+    return pedido;
 }
 
 void Principal::ClicGenerar() { Generar(Pedido(), programa_.generador); }

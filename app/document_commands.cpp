@@ -30,9 +30,10 @@ struct Argumentos {
 bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DocumentoDeComando abierto;
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
-    if (argumentos.archivo) abierto.documento.opciones.Programa = DeArgumento(*argumentos.archivo);
+    auto pedido = abierto.Pedido(contexto);
+    pedido.salida = argumentos.archivo;
     EstadoDelGenerador estado;
-    return Generar(abierto.Pedido(contexto), estado);
+    return Generar(pedido, estado);
 }
 
 bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {

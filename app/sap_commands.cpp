@@ -108,7 +108,7 @@ bool Widths(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     auto& especificacion = abierto.documento.especificacion;
     if (argumentos.exportar) {
-        return GenerarInfoCampos(especificacion, *argumentos.exportar, false, contexto.textos, contexto.vista);
+        return GenerarInfoCampos(abierto.documento, *argumentos.exportar, false, contexto.textos, contexto.vista);
     }
     if (!ImportInfo(abierto.documento, *argumentos.importar, contexto.textos, contexto.vista)) return false;
     abierto.lineas.MostrarArchivo(especificacion, contexto.textos, contexto.vista);

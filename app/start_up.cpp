@@ -58,13 +58,6 @@ void GuardarTodo(Programa& programa, Vista& vista) {
     vista.Advertir(aviso);
 }
 
-void BorrarTemporal(EstadoDelGenerador& generador) {
-    if (!generador.ProgramaTemporal) return;
-    std::error_code ignorado;
-    fs::remove(RutaDelSistema(generador.UltimoPrograma), ignorado);
-    generador.ProgramaTemporal = false;
-}
-
 }  // namespace
 
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const fs::path& directorioDeDatos) {
@@ -124,7 +117,7 @@ bool AbrirInicial(Programa& programa, Ventana& ventana, const fs::path& document
 bool CerrarPrograma(Programa& programa, Ventana& ventana, const std::function<void()>& desconectar) {
     if (!CerrarDocumento(ventana)) return false;
     GuardarTodo(programa, ventana.vista);
-    BorrarTemporal(programa.generador);
+    BorrarReporteTemporal(programa.generador);
     if (desconectar) desconectar();
     return true;
 }

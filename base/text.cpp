@@ -52,6 +52,13 @@ std::string Minusculas(std::string_view texto) { return Transformar(texto, Minus
 
 bool IgualesSinCaja(std::string_view uno, std::string_view otro) { return Mayusculas(uno) == Mayusculas(otro); }
 
+bool EsControl(char caracter) {
+    const auto codigo = static_cast<unsigned char>(caracter);
+    return codigo < 0x20 || codigo == 0x7F;
+}
+
+bool TieneControl(std::string_view texto) { return std::any_of(texto.begin(), texto.end(), EsControl); }
+
 std::size_t Posicion(std::string_view texto, std::string_view buscado, std::size_t desde) {
     if (desde > texto.size()) return 0;
     const auto lugar = texto.find(buscado, desde - 1);

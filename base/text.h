@@ -20,6 +20,10 @@ std::string Minusculas(std::string_view texto);
 
 bool IgualesSinCaja(std::string_view uno, std::string_view otro);
 
+// A control character: 0x00 to 0x1F, or 0x7F.
+bool EsControl(char caracter);
+bool TieneControl(std::string_view texto);
+
 // Position of `buscado` in `texto`, the first at or behind `desde`. An empty `buscado` is found in every text but the empty one.
 std::size_t Posicion(std::string_view texto, std::string_view buscado, std::size_t desde = 1);
 bool Contiene(std::string_view texto, std::string_view buscado);

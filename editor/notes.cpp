@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "editor/grids.h"
 #include "model/cells.h"
+#include "model/one_file.h"
 #include "model/operations.h"
 
 namespace qor {
@@ -17,12 +18,6 @@ namespace {
 
 constexpr std::size_t maximoDeFilas = 2;  // digits
 constexpr const char* filtroDeArchivos = "*.*|*.*";
-
-bool FaltaArchivoDeStep(const Ventana& ventana) {
-    const auto& o = ventana.documento.opciones;
-    const bool sinArchivoUnico = (o.TablaCh == 1 || o.ClienteOp) && (o.DelimTab() || o.ServidorOp());
-    return !(sinArchivoUnico || ventana.documento.especificacion.OrigenUsuario || !o.OneFileOption());
-}
 
 // Makes a row a head for a moment.
 class CabezaDePrueba {
@@ -131,7 +126,7 @@ DialogoDeNotas AbrirNotas(Ventana& ventana, FilaDeTabla lugar) {
     dialogo.esBAPI = operaciones.TipoFilaConsultada == "BAPI";
     dialogo.EsStepLoop = Contiene(fila.campo, "(") && (!operaciones.FilaEnStepLoop(lugar.fila) || EsCabezaStepLoop(fila.nota));
     if (dialogo.EsStepLoop) {
-        dialogo.SinArchivoStep = FaltaArchivoDeStep(ventana);
+        dialogo.SinArchivoStep = StepsSinArchivo(ventana.documento.especificacion, ventana.documento.opciones);
         dialogo.ListaCampos = CamposDeStep(ventana, lugar.fila);
     }
     LeerMarcas(dialogo, fila.nota);

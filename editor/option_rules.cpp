@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "editor/cell_rules.h"
+#include "model/one_file.h"
 
 namespace qor {
 
@@ -36,12 +37,11 @@ void EstadosDeOrigen(EstadosDeControles& estados, const Opciones& opciones, bool
 }
 
 // One file or several: a choice only where one file is possible.
-void EstadosDeArchivos(EstadosDeControles& estados, const Opciones& opciones, bool OrigenUsuario) {
-    const bool archivoPlano = (opciones.ClienteOp && opciones.AnchoFijo) || (opciones.ServidorOp() && opciones.TablaCh == 0);
-    const bool elegible = archivoPlano && !OrigenUsuario;
+void EstadosDeArchivos(EstadosDeControles& estados, const Documento& documento) {
+    const bool elegible = AdmiteArchivoUnico(documento.especificacion, documento.opciones);
     Habilitar(estados, {"MultipleFilesOption", "OneFileOption"}, elegible);
     Habilitar(estados, {"IdentificadoresLabel", "IdentificadoresExplicacion", "Identificadores"},
-              elegible && opciones.OneFileOption());
+              elegible && documento.opciones.OneFileOption());
 }
 
 void EstadosDeNombres(EstadosDeControles& estados, bool convenciones) {
@@ -66,7 +66,7 @@ EstadosDeControles EstadoDeControles(const Ventana& ventana, const Preferencias&
     const Opciones& opciones = ventana.documento.opciones;
     EstadosDeControles estados;
     EstadosDeOrigen(estados, opciones, ventana.documento.especificacion.OrigenUsuario);
-    EstadosDeArchivos(estados, opciones, ventana.documento.especificacion.OrigenUsuario);
+    EstadosDeArchivos(estados, ventana.documento);
     EstadosDeNombres(estados, preferencias.CheckActivateNamingConventions == 1);
     Mostrar(estados, {"CTFrame", "AOption", "NOption", "EOption", "ModeAsParameter"}, opciones.CallTransaction == 1);
     Mostrar(estados, {"ErroresExplicacion", "TablaZLabel", "TablaZ", "ProgIDLabel", "ProgID"}, opciones.ErrorHandlingCheck == 1);

@@ -31,7 +31,7 @@ void EscribirArchivos(Generacion& g) {
     const bool esParametro = g.opciones.FileParameterCh == 1 && g.opciones.TablaCh == 0;
     LineaDeCampo(g, deTabla ? "*   Main table        : " : "*   Main file         : ",
                  esParametro ? "Parameter" : Acortar(g.opciones.ArchivoFuente));
-    if (g.valores.ArchivoUnico) return;
+    if (g.analisis.ArchivoUnico) return;
     int k = 1;
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {

@@ -32,7 +32,7 @@ LlamadaBAPI LeerLlamada(const std::string& texto) {
 }
 
 // ROLLBACK WORK is only for a report without transactions.
-bool DeshaceEnError(const Generacion& g) { return !g.operaciones.HayTransaccion && g.opciones.CommitCheck == 1; }
+bool DeshaceEnError(const Generacion& g) { return !g.analisis.operaciones.HayTransaccion && g.opciones.CommitCheck == 1; }
 
 void ProbarEstructura(Generacion& g, const std::string& variable) {
     g.reporte.MPrint("  IF {variable}-TYPE = 'E'.", {{"variable", variable}});
@@ -90,7 +90,7 @@ void ImprimirLlamadaBAPI(Generacion& g, const std::string& nombre) {
     const LlamadaBAPI llamada = LeerLlamada(bapis[fila].llamada);
     for (const auto& linea : llamada.lineas) g.reporte.MPrintDelUsuario("  " + linea + "|");
     g.reporte.MPrint("");
-    if (!g.valores.ManejoErrores) return;
+    if (!g.analisis.ManejoErrores) return;
     if (llamada.SeccionReturn == "IMPORTING") {
         ProbarEstructura(g, llamada.VariableReturn);
     } else if (llamada.SeccionReturn == "TABLES") {
@@ -162,9 +162,9 @@ FORM {forma}_{N}.
 
 void EscribirFilaBAPI(Generacion& g, int fila, bool& enCadena) {
     const auto& celdas = g.especificacion.TablaTransaccion[fila];
-    if (g.operaciones.FilaEnStepLoop(fila)) {
+    if (g.analisis.operaciones.FilaEnStepLoop(fila)) {
         if (!Contiene(celdas.nota, "!1")) return;
-        g.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g.operaciones.OperacionFila(fila))}});
+        g.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g.analisis.operaciones.OperacionFila(fila))}});
         enCadena = true;
         return;
     }
@@ -182,7 +182,7 @@ void EscribirFilaBAPI(Generacion& g, int fila, bool& enCadena) {
 }
 
 void CerrarBAPI(Generacion& g, const std::string& codigo) {
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.MPrintLineas(R"(
 
   IF {GS}DATAERRORSFOUND = {GC}YES.

@@ -30,9 +30,9 @@ void EscribirLlamada(Generacion& g) {
        UPDATE 'S'
        MESSAGES INTO {GT}MESSTAB.
 )");
-    if (!g.valores.ManejoErrores && !g.valores.HayJuegoDatos) return;
+    if (!g.analisis.ManejoErrores && !g.analisis.HayJuegoDatos) return;
     g.reporte.Linea("  IF SY-SUBRC NE 0.");
-    if (g.valores.HayJuegoDatos) {
+    if (g.analisis.HayJuegoDatos) {
         g.reporte.Lineas(R"(
     IF {GS}FIRST_TIME = {GC}YES.
       PERFORM OPEN_GROUP USING {GS}BDCNAME.
@@ -45,7 +45,7 @@ void EscribirLlamada(Generacion& g) {
            DYNPROTAB = {LT}BDC_TAB.
 )");
     }
-    if (g.valores.ManejoErrores) RecolectarMensajes(g);
+    if (g.analisis.ManejoErrores) RecolectarMensajes(g);
     g.reporte.Linea("  ENDIF.");
 }
 
@@ -104,7 +104,7 @@ void EscribirInsertData(Generacion& g) {
 FORM INSERT_DATA TABLES {LT}BDC_TAB STRUCTURE {GT}BDC_TAB
                   USING {LS}TCODE.
 )");
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 
   IF {GS}DATAERRORSFOUND = {GC}YES.
@@ -112,7 +112,7 @@ FORM INSERT_DATA TABLES {LT}BDC_TAB STRUCTURE {GT}BDC_TAB
   ENDIF.
 )");
     }
-    if (g.opciones.CallTransaction == 0 && !g.operaciones.HayBAPI) {
+    if (g.opciones.CallTransaction == 0 && !g.analisis.operaciones.HayBAPI) {
         EscribirSesion(g);
     } else {
         EscribirLlamada(g);

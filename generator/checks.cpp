@@ -7,75 +7,76 @@
 #include "base/text.h"
 #include "model/cells.h"
 #include "model/declarations.h"
+#include "model/one_file.h"
 
 namespace qor {
 
 namespace {
 
-bool Rechazar(const Generacion& g, std::initializer_list<Pieza> piezas) {
-    g.vista.Advertir(Componer(g.textos, piezas));
+bool Rechazar(const Chequeo& c, std::initializer_list<Pieza> piezas) {
+    c.vista.Advertir(Componer(c.textos, piezas));
     return false;
 }
 
-bool ChequearRegistroDeCampos(const Generacion& g) {
-    const auto& tabla = g.especificacion.TablaTransaccion;
-    const int filas = g.especificacion.FilasTransaccion();
+bool ChequearRegistroDeCampos(const Chequeo& c) {
+    const auto& tabla = c.especificacion.TablaTransaccion;
+    const int filas = c.especificacion.FilasTransaccion();
     struct Grupos {
         int primero;
         bool distintos = false;
     };
     std::unordered_map<std::string_view, Grupos> grupos;
     for (int r = 0; r < filas; ++r) {
-        const int grupo = g.operaciones.OperacionFila(r);
+        const int grupo = c.analisis.operaciones.OperacionFila(r);
         const auto [lugar, nuevo] = grupos.try_emplace(Recortar(tabla[r].valor), Grupos{grupo});
         if (!nuevo && lugar->second.primero != grupo) lugar->second.distintos = true;
     }
-    const int campos = g.especificacion.FilasArchivo();
+    const int campos = c.especificacion.FilasArchivo();
     for (int f = 0; f < campos; ++f) {
-        const std::string& campo = g.especificacion.TablaArchivo[f].campo;
+        const std::string& campo = c.especificacion.TablaArchivo[f].campo;
         const auto lugar = grupos.find(campo);
-        if (lugar != grupos.end() && lugar->second.distintos) return Rechazar(g, {367, " ", campo, "."});
+        if (lugar != grupos.end() && lugar->second.distintos) return Rechazar(c, {367, " ", campo, "."});
     }
     return true;
 }
 
-bool ChequearCondicion(const Generacion& g, const std::unordered_set<std::string_view>& condiciones, std::string_view celda,
+bool ChequearCondicion(const Chequeo& c, const std::unordered_set<std::string_view>& condiciones, std::string_view celda,
                        int mensajeSinNombre) {
     const auto nombre = DespuesDe(celda, ';');
-    if (nombre.empty()) return Rechazar(g, {mensajeSinNombre, " ", AntesDe(celda, ';'), "."});
-    if (!condiciones.contains(nombre)) return Rechazar(g, {369, " ", nombre, " ", 370});
+    if (nombre.empty()) return Rechazar(c, {mensajeSinNombre, " ", AntesDe(celda, ';'), "."});
+    if (!condiciones.contains(nombre)) return Rechazar(c, {369, " ", nombre, " ", 370});
     return true;
 }
 
-bool ChequearCondiciones(const Generacion& g) {
+bool ChequearCondiciones(const Chequeo& c) {
     std::unordered_set<std::string_view> condiciones;
-    for (const auto& fila : g.especificacion.TablaCondiciones) {
+    for (const auto& fila : c.especificacion.TablaCondiciones) {
         if (fila.nombre.empty()) break;
         condiciones.insert(fila.nombre);
     }
-    const int filas = g.especificacion.FilasTransaccion();
+    const int filas = c.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
-        const auto& fila = g.especificacion.TablaTransaccion[r];
+        const auto& fila = c.especificacion.TablaTransaccion[r];
         bool bien = true;
-        if (Contiene(fila.dynpro, ";")) bien = ChequearCondicion(g, condiciones, fila.dynpro, 368);
+        if (Contiene(fila.dynpro, ";")) bien = ChequearCondicion(c, condiciones, fila.dynpro, 368);
         // The test of column 2 starts anew: a valid condition there cancels the failure of column 1.
-        if (Contiene(fila.campo, ";")) bien = ChequearCondicion(g, condiciones, fila.campo, 371);
+        if (Contiene(fila.campo, ";")) bien = ChequearCondicion(c, condiciones, fila.campo, 371);
         if (!bien) return false;
     }
     return true;
 }
 
-bool RechazarValor(const Generacion& g, int fila, std::initializer_list<Pieza> piezas, Icono icono = Icono::Advertencia) {
-    g.vista.MostrarFila(Tabla::Transaccion, fila);
-    g.vista.Enfocar("Text5_0");
-    g.vista.Mostrar(Componer(g.textos, piezas), icono);
+bool RechazarValor(const Chequeo& c, int fila, std::initializer_list<Pieza> piezas, Icono icono = Icono::Advertencia) {
+    c.vista.MostrarFila(Tabla::Transaccion, fila);
+    c.vista.Enfocar("Text5_0");
+    c.vista.Mostrar(Componer(c.textos, piezas), icono);
     return false;
 }
 
-bool ChequearVariable(const Generacion& g, int fila, std::string_view celda) {
+bool ChequearVariable(const Chequeo& c, int fila, std::string_view celda) {
     const auto nombre = AntesDe(celda.substr(1), '-');
-    if (Menciona(g.especificacion.VariablesGlobales, nombre)) return true;
-    return RechazarValor(g, fila, {312, " ", Tramo(celda, 2, 8), " ", 313}, Icono::Informacion);
+    if (Menciona(c.especificacion.VariablesGlobales, nombre)) return true;
+    return RechazarValor(c, fila, {312, " ", Tramo(celda, 2, 8), " ", 313}, Icono::Informacion);
 }
 
 }  // namespace
@@ -88,106 +89,63 @@ bool FaltaAnchoCampos(const Especificacion& especificacion) {
     return false;
 }
 
-bool CalcularArchivoUnico(const Especificacion& especificacion, const Opciones& opciones, const Operaciones& operaciones) {
-    const bool archivoPlano = (opciones.ClienteOp && opciones.AnchoFijo) || (opciones.ServidorOp() && opciones.TablaCh == 0);
-    return opciones.OneFileOption() && archivoPlano && operaciones.ContarFilasOperacion(1) > 0 && !especificacion.OrigenUsuario;
-}
-
-std::string_view ObtenerIdentificador(std::string_view identificadores, int n) {
-    for (; n > 0; --n) {
-        const auto coma = identificadores.find(',');
-        if (coma == std::string_view::npos) return {};
-        identificadores.remove_prefix(coma + 1);
-    }
-    return AntesDe(identificadores, ',');
-}
-
-bool ChequearIdentificadores(Generacion& g) {
-    const std::string& texto = g.opciones.Identificadores;
+bool ChequearIdentificadores(const Chequeo& c) {
+    const std::string& texto = c.opciones.Identificadores;
     if (EstaEnBlanco(texto)) return false;
     const auto rechazar = [&](std::initializer_list<Pieza> piezas) {
-        g.vista.Enfocar("Identificadores");
-        return Rechazar(g, piezas);
+        c.vista.Enfocar("Identificadores");
+        return Rechazar(c, piezas);
     };
     const int cantidad = 1 + static_cast<int>(std::count(texto.begin(), texto.end(), ','));
-    const auto largo = ObtenerIdentificador(texto, 0).size();
+    const auto largo = static_cast<std::size_t>(c.analisis.LargoIdentificador);
     for (int n = 1; n < cantidad; ++n) {
         if (ObtenerIdentificador(texto, n).size() != largo) return rechazar({380});
     }
-    const int esperados = ContarStepLoops(g.especificacion) + 1;
+    const int esperados = ContarStepLoops(c.especificacion) + 1;
     if (cantidad != esperados) return rechazar({381, " ", std::to_string(esperados)});
-    g.valores.LargoIdentificador = static_cast<int>(largo);
     return true;
 }
 
-bool ExistenStepsInvalidos(Generacion& g) {
-    bool mezcla = false;
-    enum class Paso { Ninguno, SinClave, ConClave };
-    Paso anterior = Paso::Ninguno;
-    g.valores.HayStepSinClave = false;
-    for (const int r : CabezasStepLoop(g.especificacion)) {
-        const auto claves = ValorDeMarca(g.especificacion.TablaTransaccion[r].nota, 7);
-        const Paso paso = EstaEnBlanco(claves) ? Paso::SinClave : Paso::ConClave;
-        if (anterior != Paso::Ninguno && anterior != paso) mezcla = true;
-        if (paso == Paso::SinClave) g.valores.HayStepSinClave = true;
-        anterior = paso;
-    }
-    if (!g.valores.HayStepSinClave) return false;
-    const auto& o = g.opciones;
-    const bool sinArchivoUnico = (o.TablaCh == 1 || o.ClienteOp) && (o.DelimTab() || o.ServidorOp());
-    if (sinArchivoUnico || g.especificacion.OrigenUsuario || !o.OneFileOption()) {
-        return !Rechazar(g, {378, "\r\r", 375, "\r\r", 376, "\r\r", 377});
-    }
-    if (mezcla) return !Rechazar(g, {379});
+bool ExistenStepsInvalidos(const Chequeo& c) {
+    if (!c.analisis.HayStepSinClave) return false;
+    if (!StepsSinArchivo(c.especificacion, c.opciones)) return !Rechazar(c, {378, "\r\r", 375, "\r\r", 376, "\r\r", 377});
+    if (c.analisis.ClavesMezcladas) return !Rechazar(c, {379});
     return false;
 }
 
-bool ExistenCamposNoDefinidos(const Generacion& g) {
+bool ExistenCamposNoDefinidos(const Chequeo& c) {
     bool esBAPI = false;
-    const int filas = g.especificacion.FilasTransaccion();
+    const int filas = c.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
-        const auto& fila = g.especificacion.TablaTransaccion[r];
+        const auto& fila = c.especificacion.TablaTransaccion[r];
         if (!fila.programa.empty()) {
             esBAPI = fila.programa == "BAPI";
             continue;
         }
         if (!esBAPI) continue;
         const auto nombre = AntesDe(Recortar(AntesDe(fila.campo, '-')), ';');
-        if (EstaDeclarado(g.especificacion.VariablesGlobales, nombre)) continue;
-        g.vista.MostrarFila(Tabla::Transaccion, r);
-        return !Rechazar(g, {386, ": ", Recortar(fila.campo)});
+        if (EstaDeclarado(c.especificacion.VariablesGlobales, nombre)) continue;
+        c.vista.MostrarFila(Tabla::Transaccion, r);
+        return !Rechazar(c, {386, ": ", Recortar(fila.campo)});
     }
     return false;
 }
 
-bool ChequearArchivosCampos(const Generacion& g) { return ChequearRegistroDeCampos(g) && ChequearCondiciones(g); }
+bool ChequearArchivosCampos(const Chequeo& c) { return ChequearRegistroDeCampos(c) && ChequearCondiciones(c); }
 
-void ChequearConversiones(Generacion& g) {
-    g.valores.HayConversiones = g.valores.HayConversionesStep = false;
-    for (int f = 0; f <= ultimaFila; ++f) {
-        const auto& fila = g.especificacion.TablaArchivo[f];
-        if (TienePares(fila.conversion)) {
-            const bool principal = g.operaciones.OperacionDeCampo(Recortar(fila.campo)) == 0;
-            (principal ? g.valores.HayConversiones : g.valores.HayConversionesStep) = true;
-        } else if (!EstaEnBlanco(fila.conversion)) {
-            g.valores.HayConversiones = true;
-        }
-    }
-}
-
-bool ChequearValores(const Generacion& g) {
+bool ChequearValores(const Chequeo& c) {
     std::unordered_set<std::string_view> campos;
-    for (int f = 0; f <= ultimaFila; ++f) campos.insert(g.especificacion.TablaArchivo[f].campo);
+    for (int f = 0; f <= ultimaFila; ++f) campos.insert(c.especificacion.TablaArchivo[f].campo);
     for (int r = 0; r <= ultimaFila; ++r) {
-        const std::string& celda = g.especificacion.TablaTransaccion[r].valor;
+        const std::string& celda = c.especificacion.TablaTransaccion[r].valor;
         if (EstaEnBlanco(celda)) continue;
         if (EsVariable(celda)) {
-            if (!ChequearVariable(g, r, celda)) return false;
+            if (!ChequearVariable(c, r, celda)) return false;
         } else if (EsConstante(celda)) {
             const auto interior = Tramo(celda, 2, static_cast<std::ptrdiff_t>(celda.size()) - 2);
-            if (Contiene(interior, "'")) return RechazarValor(g, r, {310, " ", celda, " ", 311});
+            if (Contiene(interior, "'")) return RechazarValor(c, r, {310, " ", celda, " ", 311});
         } else if (!campos.contains(celda)) {
-            return RechazarValor(g, r, {308, " '", celda, "' ", 309});
+            return RechazarValor(c, r, {308, " '", celda, "' ", 309});
         }
     }
     return true;

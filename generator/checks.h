@@ -1,39 +1,38 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "base/messages.h"
 #include "base/view.h"
-#include "generator/generation.h"
+#include "generator/analysis.h"
 
-// The questions that a specification must pass before a report is made of it. Those that answer a boolean have shown their message
-// when the answer is bad.
+// The questions that a specification must pass before a report is made of it, or its layouts are shown. Each shows its message when
+// the answer is bad.
 namespace qor {
 
-// True when a named file row has an empty width.
+// What is asked, and whom the answers are shown.
+struct Chequeo {
+    const Especificacion& especificacion;
+    const Opciones& opciones;
+    const Analisis& analisis;
+    const TextosIdioma& textos;
+    Vista& vista;
+};
+
+// True when a named file row has an empty width. No message belongs to it.
 bool FaltaAnchoCampos(const Especificacion& especificacion);
 
-bool CalcularArchivoUnico(const Especificacion& especificacion, const Opciones& opciones, const Operaciones& operaciones);
+// There is an id for each record, and all are of one length. Without any id there is no message.
+bool ChequearIdentificadores(const Chequeo& c);
 
-// The n-th id, from 0, not trimmed; empty past the end. Ids are split at every comma.
-std::string_view ObtenerIdentificador(std::string_view identificadores, int n);
+// True when the key lists must be refused. The analysis knows of them.
+bool ExistenStepsInvalidos(const Chequeo& c);
 
-// Sets LargoIdentificador.
-bool ChequearIdentificadores(Generacion& g);
-
-// True when the specification must be refused. Sets HayStepSinClave.
-bool ExistenStepsInvalidos(Generacion& g);
-
-bool ExistenCamposNoDefinidos(const Generacion& g);
+// True when a field of a BAPI has no declaration.
+bool ExistenCamposNoDefinidos(const Chequeo& c);
 
 // False when a file field serves two records, or a condition is missing.
-bool ChequearArchivosCampos(const Generacion& g);
-
-// Sets HayConversiones and HayConversionesStep.
-void ChequearConversiones(Generacion& g);
+bool ChequearArchivosCampos(const Chequeo& c);
 
 // False when a value cell names no file field, is a broken constant, or an undeclared variable.
-bool ChequearValores(const Generacion& g);
+bool ChequearValores(const Chequeo& c);
 
 }  // namespace qor

@@ -17,7 +17,7 @@ std::ptrdiff_t ContarApostrofos(std::string_view linea) { return std::count(line
 
 // One code line; the run ends behind it when it refers to a step-loop field.
 void EscribirLineaDeCodigo(Generacion& g, const char* sangria, const std::string& linea, int mensaje, const std::string& nombre) {
-    const auto convertida = ConvertirTexto(linea, g.operaciones, g.nombres.GTprefijo);
+    const auto convertida = ConvertirTexto(linea, g.analisis.operaciones, g.nombres.GTprefijo);
     g.reporte.LineaDelUsuario(sangria + convertida.texto);
     if (convertida.CampoDeStep) g.Detener({mensaje, " ", nombre, "."});
 }
@@ -127,7 +127,7 @@ FORM CONVERSIONS.
     }
     for (int f = 0; f <= ultimaFila; ++f) {
         const auto campo = Recortar(tabla[f].campo);
-        if (!TienePares(tabla[f].conversion) || g.operaciones.OperacionDeCampo(campo) != 0) continue;
+        if (!TienePares(tabla[f].conversion) || g.analisis.operaciones.OperacionDeCampo(campo) != 0) continue;
         EscribirPares(g, f, g.nombres.GTprefijo + "ITAB-" + std::string(campo));
     }
     g.reporte.Linea("ENDFORM.");
@@ -146,7 +146,7 @@ FORM TABCONVERSIONS.
     for (int f = 0; f <= ultimaFila; ++f) {
         const auto campo = Recortar(tabla[f].campo);
         if (!TienePares(tabla[f].conversion)) continue;
-        const int grupo = g.operaciones.OperacionDeCampo(campo);
+        const int grupo = g.analisis.operaciones.OperacionDeCampo(campo);
         if (grupo != 0) EscribirPares(g, f, g.nombres.GTprefijo + "ITABSL_" + std::to_string(grupo) + "-" + std::string(campo));
     }
     g.reporte.Linea("ENDFORM.");

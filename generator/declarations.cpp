@@ -9,7 +9,7 @@ namespace qor {
 
 namespace {
 
-bool ConContador(const Generacion& g) { return g.valores.ArchivoUnico && g.valores.HayStepSinClave; }
+bool ConContador(const Generacion& g) { return g.analisis.ArchivoUnico && g.analisis.HayStepSinClave; }
 
 // A layout row of the Z table: width and name of one field.
 void AgregarEstructura(Generacion& g, const std::string& linea) {
@@ -43,7 +43,7 @@ void EscribirRegistroPrincipal(Generacion& g) {
     for (int f = 0; f < filas; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
         if (fila.ancho.empty()) g.DetenerEnFila(Tabla::Archivo, f, {315, " ", fila.campo});
-        const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
+        const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
         EscribirCampo(g, f);
         hayCampos = true;
@@ -53,7 +53,7 @@ void EscribirRegistroPrincipal(Generacion& g) {
 }
 
 void EscribirRegistroDeStepLoop(Generacion& g, int n, int cabeza) {
-    if (g.operaciones.ContarCamposOperacion(n) == 0) {
+    if (g.analisis.operaciones.ContarCamposOperacion(n) == 0) {
         g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabeza].campo, " ", 317}));
     }
     g.reporte.Linea("      BEGIN OF {GT}ITABSL_{n} OCCURS 0,", {{"n", std::to_string(n)}});
@@ -65,7 +65,7 @@ void EscribirRegistroDeStepLoop(Generacion& g, int n, int cabeza) {
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
         if (g.especificacion.TablaArchivo[f].ancho.empty()) g.Detener({315});
-        const auto clase = g.operaciones.ClaseCampoEnOperacion(f, n);
+        const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, n);
         const bool claveLeida = clase == ClaseCampo::Clave && !g.opciones.EntradaDeTabla();
         if (clase == ClaseCampo::DelGrupo || claveLeida) EscribirCampo(g, f);
     }
@@ -81,7 +81,7 @@ std::string NombreDeSesion(const Generacion& g) {
 }
 
 void EscribirBatchInput(Generacion& g) {
-    if (g.operaciones.HayTransaccion) {
+    if (g.analisis.operaciones.HayTransaccion) {
         g.reporte.Lineas(R"(
       BEGIN OF {GT}BDC_TAB OCCURS 0.
         INCLUDE STRUCTURE BDCDATA.
@@ -90,10 +90,10 @@ DATA: END OF {GT}BDC_TAB,
 )");
         g.valores.NombreGrupo = NombreDeSesion(g);
     }
-    if (g.valores.HayJuegoDatos) {
+    if (g.analisis.HayJuegoDatos) {
         g.reporte.Linea("      {GS}BDCNAME LIKE APQI-GROUPID VALUE '{NombreGrupo}',", {{"NombreGrupo", g.valores.NombreGrupo}});
     }
-    if (g.opciones.CallTransaction == 1 || (g.operaciones.HayBAPI && g.operaciones.HayTransaccion)) {
+    if (g.opciones.CallTransaction == 1 || (g.analisis.operaciones.HayBAPI && g.analisis.operaciones.HayTransaccion)) {
         g.reporte.Lineas(R"(
       BEGIN OF {GT}MESSTAB OCCURS 0.
         INCLUDE STRUCTURE BDCMSGCOLL.{_}
@@ -103,7 +103,7 @@ DATA: END OF {GT}MESSTAB,
 }
 
 void EscribirConvertidos(Generacion& g) {
-    if (!g.valores.HayConversiones && !g.valores.HayConversionesStep) return;
+    if (!g.analisis.HayConversiones && !g.analisis.HayConversionesStep) return;
     for (int f = 0; f <= ultimaFila; ++f) {
         if (!TienePares(g.especificacion.TablaArchivo[f].conversion)) continue;
         g.reporte.Linea("      {GS}CONVERTED{fila}(1024),", {{"fila", std::to_string(f)}});
@@ -128,7 +128,9 @@ double CalcularAnchoMayor(const Generacion& g) {
     for (int k = 0; k <= grupos; ++k) {
         double suma = 0;
         for (int f = 0; f < filas; ++f) {
-            if (g.operaciones.OperacionDeCampo(f) != k && g.operaciones.ClaseCampoEnOperacion(f, k) != ClaseCampo::Clave) continue;
+            if (g.analisis.operaciones.OperacionDeCampo(f) != k &&
+                g.analisis.operaciones.ClaseCampoEnOperacion(f, k) != ClaseCampo::Clave)
+                continue;
             suma += Numero(g.especificacion.TablaArchivo[f].ancho);
         }
         mayor = std::max(mayor, suma);
@@ -139,16 +141,16 @@ double CalcularAnchoMayor(const Generacion& g) {
 void EscribirLineasComunes(Generacion& g) {
     double& ancho = g.valores.AnchoMayor;
     ancho = CalcularAnchoMayor(g);
-    if (g.valores.ArchivoUnico) {
+    if (g.analisis.ArchivoUnico) {
         g.reporte.Lineas(R"(
       BEGIN OF {GT}MULTITAB OCCURS 0,
         ID({largo}),
         LINE({ancho}),
       END OF {GT}MULTITAB,
 )",
-                         {{"largo", std::to_string(g.valores.LargoIdentificador)}, {"ancho", TextoDeNumero(ancho)}});
+                         {{"largo", std::to_string(g.analisis.LargoIdentificador)}, {"ancho", TextoDeNumero(ancho)}});
     }
-    if (!g.valores.ManejoErrores) return;
+    if (!g.analisis.ManejoErrores) return;
     if (ConContador(g)) ancho += 10;
     ancho = std::max(ancho, 256.0);
     g.reporte.Lineas(R"(
@@ -193,7 +195,7 @@ REPORT QOR.
 CONSTANTS: {GC}YES TYPE C VALUE 'X',
            {GC}NO  TYPE C VALUE SPACE.
 )");
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.LineaVacia();
         g.reporte.Linea("TABLES: {TablaZ}.");
     }

@@ -11,27 +11,27 @@
 #include "generator/checks.h"
 #include "generator/sections.h"
 #include "model/cells.h"
+#include "model/control_characters.h"
 #include "model/gaps.h"
 
 namespace qor {
 
 namespace {
 
-bool RechazarEnControl(const Generacion& g, const char* control, int mensaje) {
-    g.vista.Enfocar(control);
-    g.vista.Advertir(Componer(g.textos, {mensaje}));
+Chequeo ParaChequear(const Generacion& g) { return {g.especificacion, g.opciones, g.analisis, g.textos, g.vista}; }
+
+bool RechazarEnControl(const Chequeo& c, const char* control, int mensaje) {
+    c.vista.Enfocar(control);
+    c.vista.Advertir(Componer(c.textos, {mensaje}));
     return false;
 }
 
-bool PrepararManejoDeErrores(Generacion& g, Opciones& opciones) {
-    const bool sinLlamadas = opciones.CallTransaction == 0 && !g.operaciones.HayBAPI;
-    if (opciones.ErrorHandlingCheck == 1 && sinLlamadas) g.vista.Informar(Componer(g.textos, {391}));
-    g.valores.ManejoErrores = opciones.ErrorHandlingCheck == 1 && !sinLlamadas;
-    if (g.valores.ManejoErrores) {
-        if (EstaEnBlanco(opciones.TablaZ)) return RechazarEnControl(g, "TablaZ", 392);
-        if (EstaEnBlanco(opciones.ProgID)) return RechazarEnControl(g, "ProgID", 402);
-    }
-    opciones.TablaZ = std::string(Recortar(opciones.TablaZ));
+bool ChequearManejoDeErrores(const Chequeo& c) {
+    const auto& o = c.opciones;
+    if (o.ErrorHandlingCheck == 1 && !c.analisis.ManejoErrores) c.vista.Informar(Componer(c.textos, {391}));
+    if (!c.analisis.ManejoErrores) return true;
+    if (EstaEnBlanco(o.TablaZ)) return RechazarEnControl(c, "TablaZ", 392);
+    if (EstaEnBlanco(o.ProgID)) return RechazarEnControl(c, "ProgID", 402);
     return true;
 }
 
@@ -39,113 +39,83 @@ bool PrepararManejoDeErrores(Generacion& g, Opciones& opciones) {
 bool ChequearForma(Generacion& g, const PedidoDeGeneracion& pedido) {
     if (!TablasOK(g.especificacion, g.textos, g.vista)) return false;
     g.nombres = SetearConvencionesDeNombres(g.preferencias);
-    g.operaciones = ActualizarOperaciones(g.especificacion, 0);
+    g.analisis = Analizar(g.especificacion, g.opciones);
     if (pedido.sistema != nullptr && FaltaAnchoCampos(g.especificacion) &&
         g.vista.Preguntar(Componer(g.textos, {246}), Botones::SiNo) == Respuesta::Si) {
         pedido.sistema->ObtenerAnchos();
     }
-    g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
-    if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
-    if (ExistenStepsInvalidos(g)) return false;
-    if (ExistenCamposNoDefinidos(g)) return false;
-    const bool mezcla = g.operaciones.HayBAPI && g.operaciones.HayTransaccion;
+    const Chequeo c = ParaChequear(g);
+    if (g.analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
+    AnalizarClaves(g.analisis, g.especificacion);
+    if (ExistenStepsInvalidos(c) || ExistenCamposNoDefinidos(c)) return false;
+    const bool mezcla = g.analisis.operaciones.HayBAPI && g.analisis.operaciones.HayTransaccion;
     if (g.opciones.CallTransaction == 0 && mezcla) g.vista.Informar(Componer(g.textos, {390}));
     if (g.opciones.CommitCheck == 1 && mezcla) g.vista.Informar(Componer(g.textos, {400}));
-    if (!PrepararManejoDeErrores(g, pedido.opciones)) return false;
-    g.valores.HayJuegoDatos = g.operaciones.HayTransaccion && ((g.opciones.CallTransaction == 0 && !g.operaciones.HayBAPI) ||
-                                                               (g.PorLlamada() && g.opciones.SafeCallTransactionCheck == 1));
-    ChequearConversiones(g);
+    if (!ChequearManejoDeErrores(c)) return false;
+    pedido.opciones.TablaZ = std::string(Recortar(g.opciones.TablaZ));
     return true;
 }
 
-bool ChequearOrigen(const Generacion& g) {
-    if (!EstaEnBlanco(g.opciones.ArchivoFuente) || g.especificacion.OrigenUsuario) return true;
-    if (g.opciones.EntradaDeTabla()) return RechazarEnControl(g, "ArchivoFuente", 303);
-    if (g.opciones.FileParameterCh != 1) return RechazarEnControl(g, "ArchivoFuente", 304);
+bool ChequearOrigen(const Chequeo& c) {
+    if (!EstaEnBlanco(c.opciones.ArchivoFuente) || c.especificacion.OrigenUsuario) return true;
+    if (c.opciones.EntradaDeTabla()) return RechazarEnControl(c, "ArchivoFuente", 303);
+    if (c.opciones.FileParameterCh != 1) return RechazarEnControl(c, "ArchivoFuente", 304);
     return true;
 }
 
 // Step-loops whose files are neither parameters nor named.
-bool ChequearNombresDeStepLoops(const Generacion& g) {
-    const bool deTabla = g.opciones.EntradaDeTabla();
-    const bool hacenFalta = g.opciones.FileParameterCh != 1 || deTabla;
-    if (!hacenFalta || g.especificacion.OrigenUsuario || g.valores.ArchivoUnico) return true;
-    for (const int r : CabezasStepLoop(g.especificacion)) {
-        const auto& fila = g.especificacion.TablaTransaccion[r];
+bool ChequearNombresDeStepLoops(const Chequeo& c) {
+    const bool deTabla = c.opciones.EntradaDeTabla();
+    const bool hacenFalta = c.opciones.FileParameterCh != 1 || deTabla;
+    if (!hacenFalta || c.especificacion.OrigenUsuario || c.analisis.ArchivoUnico) return true;
+    for (const int r : CabezasStepLoop(c.especificacion)) {
+        const auto& fila = c.especificacion.TablaTransaccion[r];
         if (!EstaEnBlanco(ValorDeMarca(fila.nota, 2))) continue;
         const auto campo = Recortar(fila.campo);
-        g.vista.Advertir(deTabla ? Componer(g.textos, {305, " ", campo, "]."}) : Componer(g.textos, {306, " ", campo, 307}));
+        c.vista.Advertir(deTabla ? Componer(c.textos, {305, " ", campo, "]."}) : Componer(c.textos, {306, " ", campo, 307}));
         return false;
     }
     return true;
 }
 
-bool ChequearContenido(Generacion& g) {
-    const auto cabeza = Recortar(g.especificacion.TablaTransaccion[0].programa);
+bool ChequearContenido(const Chequeo& c) {
+    const auto cabeza = Recortar(c.especificacion.TablaTransaccion[0].programa);
     if (cabeza != "TRANS" && cabeza != "BAPI") {
-        g.vista.Advertir(Componer(g.textos, {302}));
+        c.vista.Advertir(Componer(c.textos, {302}));
         return false;
     }
-    return ChequearOrigen(g) && ChequearArchivosCampos(g) && ChequearNombresDeStepLoops(g) && ChequearValores(g);
-}
-
-bool ChequearNombreDeSalida(const Generacion& g) {
-    if (EstaEnBlanco(g.opciones.Programa)) return RechazarEnControl(g, "Programa", 301);
-    return true;
-}
-
-void BorrarTemporal(EstadoDelGenerador& estado) {
-    if (!estado.ProgramaTemporal) return;
-    std::error_code ignorado;
-    std::filesystem::remove(RutaDelSistema(estado.UltimoPrograma), ignorado);
-}
-
-bool ElegirSalida(const Generacion& g, const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) {
-    std::string salida;
-    if (pedido.sistema == nullptr) {
-        if (!ChequearNombreDeSalida(g)) return false;
-        salida = g.opciones.Programa;
-        std::error_code ignorado;
-        const auto ruta = RutaDelSistema(salida);
-        const bool existe = Existe(ruta) && !std::filesystem::is_directory(ruta, ignorado);
-        if (existe && g.vista.Preguntar(Componer(g.textos, {337}), Botones::AceptarCancelar) != Respuesta::Aceptar) {
-            g.vista.Enfocar("Programa");
-            return false;
-        }
-    } else {
-        salida = pedido.sistema->ArchivoTemporal();
-    }
-    BorrarTemporal(estado);
-    estado.UltimoPrograma = salida;
-    estado.ProgramaTemporal = pedido.sistema != nullptr;
-    return true;
+    return ChequearOrigen(c) && ChequearArchivosCampos(c) && ChequearNombresDeStepLoops(c) && ChequearValores(c);
 }
 
 // The table of contents of the report.
-void EscribirReporte(Generacion& g) {
+void EscribirSecciones(Generacion& g) {
     EscribirTitulos(g);
     EscribirDeclaraciones(g);
     EscribirPantallaDeSeleccion(g);
     EscribirFlujoPrincipal(g);
-    if (g.operaciones.HayTransaccion) EscribirInsertData(g);
+    if (g.analisis.operaciones.HayTransaccion) EscribirInsertData(g);
     EscribirOperaciones(g);
-    if (g.valores.ManejoErrores) EscribirInsertDataErrors(g);
-    if (g.operaciones.HayTransaccion) EscribirDynpro(g);
+    if (g.analisis.ManejoErrores) EscribirInsertDataErrors(g);
+    if (g.analisis.operaciones.HayTransaccion) EscribirDynpro(g);
     EscribirCondCheck(g);
-    if (g.operaciones.HayTransaccion && g.valores.HayJuegoDatos) EscribirOpenGroup(g);
-    if (g.valores.HayConversiones) EscribirConversions(g);
-    if (g.valores.HayConversionesStep) EscribirTabConversions(g);
+    if (g.analisis.operaciones.HayTransaccion && g.analisis.HayJuegoDatos) EscribirOpenGroup(g);
+    if (g.analisis.HayConversiones) EscribirConversions(g);
+    if (g.analisis.HayConversionesStep) EscribirTabConversions(g);
     EscribirReadFile(g);
     EscribirStepLoops(g);
     if (g.especificacion.OrigenUsuario) EscribirUserForm(g);
-    if (g.valores.ManejoErrores) EscribirAddStructures(g);
+    if (g.analisis.ManejoErrores) EscribirAddStructures(g);
+}
+
+void EscribirReporte(Generacion& g) {
+    g.valores.FechaCreacion = FechaYHora(HoraActual());
+    DefinirNombres(g);
+    EscribirSecciones(g);
 }
 
 // Writes the report, as far as it comes, in the place of the output file.
-void EscribirArchivo(Generacion& g, const std::string& ruta) {
-    ArchivoNuevo archivo(RutaDelSistema(ruta));
-    g.valores.FechaCreacion = FechaYHora(HoraActual());
-    DefinirNombres(g);
+void EscribirArchivo(Generacion& g, const std::filesystem::path& ruta) {
+    ArchivoNuevo archivo(ruta);
     try {
         EscribirReporte(g);
     } catch (...) {
@@ -157,24 +127,30 @@ void EscribirArchivo(Generacion& g, const std::string& ruta) {
     archivo.PonerEnSuLugar();
 }
 
+// A message about the written file, which the user of a desktop is told where to find.
+Mensaje ConSalida(Mensaje mensaje, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
+    if (pedido.directorioDelDocumento) mensaje.texto += "\r\n" + TextoDeRuta(estado.UltimoPrograma);
+    return mensaje;
+}
+
 void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
     g.vista.MostrarFila(Tabla::Archivo, 0);
     g.vista.MostrarFila(Tabla::Transaccion, 0);
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.vista.MostrarTexto(TextoDeTablaZ(g));
     } else {
-        g.vista.Informar(Componer(g.textos, {323}));
+        g.vista.Informar(ConSalida(Componer(g.textos, {323}), pedido, estado));
     }
     if (g.vista.OfreceEditor() && g.vista.Preguntar(Componer(g.textos, {324}), Botones::SiNo) == Respuesta::Si &&
         !g.vista.AbrirEditor(estado.UltimoPrograma)) {
-        g.vista.Advertir(Componer(g.textos, {325}));
+        g.vista.Advertir(ConSalida(Componer(g.textos, {325}), pedido, estado));
     }
     if (pedido.sistema != nullptr) pedido.sistema->OfrecerPublicacion(estado.UltimoPrograma);
 }
 
 // Runs `accion` under the failure trap of the generator: message 326, or the message of a stop.
 template <typename Accion>
-bool ConTrampa(const Generacion& g, Accion accion) {
+bool ConTrampaDeGeneracion(const Generacion& g, Accion accion) {
     try {
         const ConPunteroOcupado puntero(g.vista);
         return accion();
@@ -190,7 +166,9 @@ bool ConTrampa(const Generacion& g, Accion accion) {
     return false;
 }
 
+// The checks of the first part, before which comes that nothing in the specification can turn into a statement.
 bool ChequearFormaSinFallo(Generacion& g, const PedidoDeGeneracion& pedido) {
+    if (!SinCaracteresDeControl(g.especificacion, g.opciones, g.vista)) return false;
     try {
         return ChequearForma(g, pedido);
     } catch (const FalloDeEjecucion& fallo) {
@@ -199,13 +177,19 @@ bool ChequearFormaSinFallo(Generacion& g, const PedidoDeGeneracion& pedido) {
     }
 }
 
+// Both parts of the checks, then `accion` under the trap that is set since the second.
+template <typename Accion>
+bool TrasLosChequeos(Generacion& g, const PedidoDeGeneracion& pedido, Accion accion) {
+    return ChequearFormaSinFallo(g, pedido) &&
+           ConTrampaDeGeneracion(g, [&] { return ChequearContenido(ParaChequear(g)) && accion(); });
+}
+
 }  // namespace
 
 bool Generar(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) {
     Generacion g = NuevaGeneracion(pedido);
-    if (!ChequearFormaSinFallo(g, pedido)) return false;
-    const bool escrito = ConTrampa(g, [&] {
-        if (!ChequearContenido(g) || !ElegirSalida(g, pedido, estado)) return false;
+    const bool escrito = TrasLosChequeos(g, pedido, [&] {
+        if (!ElegirSalida(pedido, estado)) return false;
         EscribirArchivo(g, estado.UltimoPrograma);
         return true;
     });
@@ -215,7 +199,17 @@ bool Generar(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) {
 
 bool ChequearEspecificacion(const PedidoDeGeneracion& pedido) {
     Generacion g = NuevaGeneracion(pedido);
-    return ChequearFormaSinFallo(g, pedido) && ConTrampa(g, [&] { return ChequearContenido(g) && ChequearNombreDeSalida(g); });
+    return TrasLosChequeos(g, pedido, [&] { return ChequearNombreDeSalida(pedido); });
+}
+
+std::optional<std::string> ComponerReporte(const PedidoDeGeneracion& pedido) {
+    Generacion g = NuevaGeneracion(pedido);
+    const bool compuesto = TrasLosChequeos(g, pedido, [&] {
+        EscribirReporte(g);
+        return true;
+    });
+    if (!compuesto) return std::nullopt;
+    return g.reporte.Texto();
 }
 
 }  // namespace qor

@@ -1,16 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "generator/request.h"
+#include "generator/output.h"
 
 namespace qor {
-
-// What outlives a run: the last file written.
-struct EstadoDelGenerador {
-    std::string UltimoPrograma;
-    bool ProgramaTemporal = false;  // that file is to be deleted later
-};
 
 // Checks the specification and writes its report, a text file in windows-1252 with CR LF. False when it was refused, stopped or
 // failed; the view has shown why, and a file written so far stays.
@@ -18,5 +13,9 @@ bool Generar(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado);
 
 // The same checks, up to the opening of the output file.
 bool ChequearEspecificacion(const PedidoDeGeneracion& pedido);
+
+// The report itself, by the same checks but those of an output file, and without one. Nothing when it was refused, stopped or
+// failed; the view has shown why.
+std::optional<std::string> ComponerReporte(const PedidoDeGeneracion& pedido);
 
 }  // namespace qor

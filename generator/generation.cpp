@@ -1,8 +1,20 @@
 #include "generator/generation.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace qor {
+
+namespace {
+
+// The name of a file can hold any character; what a report tells of it stays on its line.
+std::string EnUnaLinea(std::string texto) {
+    std::replace_if(texto.begin(), texto.end(), EsControl, '?');
+    return texto;
+}
+
+}  // namespace
 
 Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido) {
     return {pedido.especificacion,
@@ -10,8 +22,8 @@ Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido) {
             pedido.preferencias,
             pedido.textos,
             pedido.vista,
-            pedido.RutaDocumento,
-            pedido.NombreDocumento,
+            EnUnaLinea(pedido.RutaDocumento),
+            EnUnaLinea(pedido.NombreDocumento),
             {},
             {},
             {},
@@ -37,7 +49,7 @@ void DefinirNombres(Generacion& g) {
     r.Definir("TablaZ", g.opciones.TablaZ);
     r.Definir("ProgID", g.opciones.ProgID);
     r.Definir("ArchivoFuente", Recortar(g.opciones.ArchivoFuente));
-    r.Definir("s", g.valores.ManejoErrores ? "  " : "");
+    r.Definir("s", g.analisis.ManejoErrores ? "  " : "");
     // Set by the section that declares them; a check box that is neither set nor clear declares none.
     for (const char* nombre : {"ARCHIVO", "STEP", "MODO"}) r.Definir(nombre, "");
     for (int f = 0; f <= ultimaFila; ++f) {

@@ -5,22 +5,14 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "generator/analysis.h"
 #include "generator/report.h"
 #include "generator/request.h"
-#include "model/operations.h"
 
 namespace qor {
 
-// What a run works out before the first line, and what the header hands on to the sections behind it.
+// What the header works out and hands on to the sections behind it.
 struct ValoresGeneracion {
-    bool ArchivoUnico = false;     // main and step-loop records come in one file, told apart by ids
-    bool ManejoErrores = false;    // error handling through the Z table
-    bool HayJuegoDatos = false;    // the report can write a batch-input session
-    bool HayStepSinClave = false;  // some step-loop has an empty key list
-    bool HayConversiones = false;
-    bool HayConversionesStep = false;
-    int LargoIdentificador = 0;
-
     std::string FechaCreacion;
     std::string VariableArchivo;
     std::string VariableArchivoStep;
@@ -53,15 +45,15 @@ struct Generacion {
     std::string NombreDocumento;
 
     ConvencionesDeNombres nombres;
-    Operaciones operaciones;
+    Analisis analisis;
     ValoresGeneracion valores;
     Reporte reporte;
     std::unordered_map<std::string_view, int> filaDeCampo;  // names in TablaArchivo, each with its first row
 
     // CALL TRANSACTION is used, by choice or because a BAPI is there.
-    bool PorLlamada() const { return opciones.CallTransaction == 1 || operaciones.HayBAPI; }
+    bool PorLlamada() const { return qor::PorLlamada(opciones, analisis.operaciones); }
     // Transactions are called with a display mode. Unlike PorLlamada, any value but 0 counts.
-    bool ConModo() const { return operaciones.HayTransaccion && (opciones.CallTransaction != 0 || operaciones.HayBAPI); }
+    bool ConModo() const { return analisis.operaciones.HayTransaccion && !SoloSesion(opciones, analisis.operaciones); }
     // The input is a file of the client or of the server.
     bool EntradaDeArchivo() const { return (opciones.TablaCh == 0 || opciones.ClienteOp) && !especificacion.OrigenUsuario; }
     // The row of a file field, by its exact name, among the rows in front of the first empty one; -1 when there is none.

@@ -8,8 +8,8 @@ constexpr std::string_view finDeLinea = "\r\n";
 
 void ImprimirPieza(std::string_view linea, std::string& salida) { salida.append(linea).append(finDeLinea); }
 
-}  // namespace
-
+// Position before the last blank at or in front of column `ancho` that stands outside quotes; 0 when there is none. The quotes are
+// counted from the end of the line.
 std::size_t BuscarEspacioAnterior(std::string_view linea, std::size_t ancho) {
     bool entreComillas = false;
     for (std::size_t p = linea.size(); p >= 1; --p) {
@@ -18,6 +18,8 @@ std::size_t BuscarEspacioAnterior(std::string_view linea, std::size_t ancho) {
     }
     return 0;
 }
+
+}  // namespace
 
 void ImprimirLineasCortas(std::string_view linea, std::string& salida) {
     if (!linea.empty() && linea.front() == '*') {

@@ -10,10 +10,6 @@ namespace qor {
 
 constexpr std::size_t columnasABAP = 71;
 
-// Position before the last blank at or in front of column `ancho` that stands outside quotes; 0 when there is none. The quotes are
-// counted from the end of the line.
-std::size_t BuscarEspacioAnterior(std::string_view linea, std::size_t ancho);
-
 // Appends the line to `salida`, folded at blanks outside quotes so that every piece keeps within 71 columns; the last piece is
 // padded on the left to end in column 71. A literal is never broken, and a comment line is never folded. Lines end with CR LF.
 void ImprimirLineasCortas(std::string_view linea, std::string& salida);

@@ -20,7 +20,7 @@ void EscribirLectura(Generacion& g, const std::string& tabla, const std::string&
 // Spreads the lines of the one file over the internal tables by their ids. Without keys each main record raises a counter, and the
 // step-loop records that follow it take its value; the component of 10 characters stands in front of the line.
 void EscribirReparto(Generacion& g) {
-    const bool conContador = g.valores.HayStepSinClave;
+    const bool conContador = g.analisis.HayStepSinClave;
     if (conContador) {
         g.reporte.Lineas(R"(
 
@@ -71,7 +71,7 @@ void EscribirReparto(Generacion& g) {
 }
 
 void EscribirEntradaDeArchivos(Generacion& g) {
-    if (g.valores.ArchivoUnico) {
+    if (g.analisis.ArchivoUnico) {
         EscribirLectura(g, "MULTITAB", g.valores.VariableArchivo);
         EscribirReparto(g);
         return;
@@ -85,11 +85,11 @@ void EscribirEntradaDeArchivos(Generacion& g) {
 }
 
 void EscribirColumnas(Generacion& g, const std::string& plantilla) {
-    const int total = g.operaciones.ContarCamposOperacion(0);
+    const int total = g.analisis.operaciones.ContarCamposOperacion(0);
     const int filas = g.especificacion.FilasArchivo();
     int c = 1;
     for (int f = 0; f < filas; ++f) {
-        const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
+        const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
         g.reporte.Linea(plantilla, {{"campo", g.especificacion.TablaArchivo[f].campo}, {"coma", c < total ? "," : ""}});
         ++c;
@@ -114,10 +114,10 @@ void EscribirBucle(Generacion& g) {
 
   LOOP AT {GT}ITAB.
 )");
-    if (g.valores.ManejoErrores) InsercionITABDataErrors(g);
+    if (g.analisis.ManejoErrores) InsercionITABDataErrors(g);
     Generate_Insert(g, "    ");
-    if (g.valores.ManejoErrores) g.reporte.Linea("    PERFORM INSERT_DATAERRORS.");
-    if (g.opciones.CommitCheck == 1 && g.operaciones.HayBAPI) g.reporte.Linea("    COMMIT WORK.");
+    if (g.analisis.ManejoErrores) g.reporte.Linea("    PERFORM INSERT_DATAERRORS.");
+    if (g.opciones.CommitCheck == 1 && g.analisis.operaciones.HayBAPI) g.reporte.Linea("    COMMIT WORK.");
     g.reporte.Linea("  ENDLOOP.");
 }
 
@@ -128,7 +128,7 @@ void EscribirFlujoPrincipal(Generacion& g) {
 
 START-OF-SELECTION.
 )");
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 
   {GN}PROGID = {ProgID}.
@@ -149,18 +149,18 @@ START-OF-SELECTION.
     } else {
         EscribirEntradaDeArchivos(g);
     }
-    if (g.valores.ManejoErrores) ImprimirElseOldBatch(g);
+    if (g.analisis.ManejoErrores) ImprimirElseOldBatch(g);
     // A table that feeds a session only is worked off row by row in TABLE_PROCESSING.
     if (!deTabla || g.PorLlamada()) EscribirBucle(g);
-    if (g.valores.HayJuegoDatos) ImprimirMensajesBDC(g);
-    if (g.valores.ManejoErrores) ImprimirMensajesManejoErrores(g);
+    if (g.analisis.HayJuegoDatos) ImprimirMensajesBDC(g);
+    if (g.analisis.ManejoErrores) ImprimirMensajesManejoErrores(g);
     g.reporte.LineaVacia();
     g.reporte.Linea("  WRITE: / '{mensaje}'.", {{"mensaje", g.Texto(504)}});
     if (deTabla) EscribirTableProcessing(g);
 }
 
 void Generate_Insert(Generacion& g, std::string_view sangria) {
-    if (g.valores.HayConversiones) g.reporte.Linea("{i}PERFORM CONVERSIONS.", {{"i", std::string(sangria)}});
+    if (g.analisis.HayConversiones) g.reporte.Linea("{i}PERFORM CONVERSIONS.", {{"i", std::string(sangria)}});
     int k = 0;
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {

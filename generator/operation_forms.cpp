@@ -69,10 +69,10 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
 
     void EscribirFila(int r) {
         const auto& fila = tabla_[r];
-        if (g_.operaciones.FilaEnStepLoop(r)) {
+        if (g_.analisis.operaciones.FilaEnStepLoop(r)) {
             // The other rows of a group are sent by its own form.
             if (!Contiene(fila.nota, "!1")) return;
-            g_.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g_.operaciones.OperacionFila(r))}});
+            g_.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g_.analisis.operaciones.OperacionFila(r))}});
             enCadena_ = true;
         } else if (!fila.programa.empty()) {
             if (fila.dynpro.empty()) g_.Detener({318});

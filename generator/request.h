@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
 
 #include "base/messages.h"
@@ -17,9 +19,9 @@ public:
     // Offers to fill the missing widths of the file side.
     virtual void ObtenerAnchos() = 0;
     // Where the report is written: a temporary file of its own.
-    virtual std::string ArchivoTemporal() = 0;
+    virtual std::filesystem::path ArchivoTemporal() = 0;
     // Offers to install the report in the system.
-    virtual void OfrecerPublicacion(const std::string& archivo) = 0;
+    virtual void OfrecerPublicacion(const std::filesystem::path& archivo) = 0;
 };
 
 // A specification and its surroundings, as a run of the generator is asked for.
@@ -33,10 +35,17 @@ struct PedidoDeGeneracion {
     std::string NombreDocumento;
     SistemaConectado* sistema = nullptr;
 
+    // The output file, where it is given with the request and not by Programa.
+    std::optional<std::filesystem::path> salida = std::nullopt;
+    // On the desktop, the document's directory, empty for a document that was never saved: a relative Programa is taken from there,
+    // one that leads out of it is asked about once, and the user is told where the report is. Without it, Programa is an ordinary
+    // path.
+    std::optional<std::filesystem::path> directorioDelDocumento = std::nullopt;
+
     static PedidoDeGeneracion De(Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos, Vista& vista,
                                  SistemaConectado* sistema = nullptr) {
-        return {documento.especificacion,  documento.opciones,          preferencias, textos, vista,
-                documento.RutaDocumento(), documento.NombreDocumento(), sistema};
+        return {documento.especificacion,  documento.opciones,          preferencias, textos,       vista,
+                documento.RutaDocumento(), documento.NombreDocumento(), sistema,      std::nullopt, std::nullopt};
     }
 };
 

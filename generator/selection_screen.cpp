@@ -8,7 +8,7 @@ namespace {
 
 void EscribirParametro(Generacion& g, const std::string& cabeza, std::string_view porDefecto, const char* fin) {
     // With error handling the file may stay empty: a repeated run reads none.
-    const std::string obligatorio = g.valores.ManejoErrores ? "" : "OBLIGATORY ";
+    const std::string obligatorio = g.analisis.ManejoErrores ? "" : "OBLIGATORY ";
     if (porDefecto.empty()) {
         g.reporte.Linea("{cabeza}(128) {ob}LOWER CASE{fin}", {{"cabeza", cabeza}, {"ob", obligatorio}, {"fin", fin}});
         return;
@@ -28,7 +28,7 @@ void EscribirParametrosDeArchivo(Generacion& g) {
     const auto archivo = Recortar(g.opciones.ArchivoFuente);
     const std::string principal = "PARAMETERS: " + g.valores.VariableArchivo;
     g.reporte.LineaVacia();
-    if (g.valores.ArchivoUnico) {
+    if (g.analisis.ArchivoUnico) {
         // Only here the default is in lower case, on purpose.
         EscribirParametro(g, principal, Minusculas(archivo), ".");
         return;
@@ -60,7 +60,7 @@ AT SELECTION-SCREEN ON VALUE-REQUEST FOR {parametro}.
 
 void EscribirPantallaDeSeleccion(Generacion& g) {
     const auto& o = g.opciones;
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 
 SELECTION-SCREEN BEGIN OF BLOCK PROGOPT WITH FRAME.
@@ -76,7 +76,7 @@ PARAMETERS: {NEWB} RADIOBUTTON GROUP RADB DEFAULT 'X'.
 PARAMETERS: {MODO} LIKE CTU_PARAMS-DISMODE OBLIGATORY DEFAULT '{M}'.
 )");
     }
-    if (g.valores.ManejoErrores) {
+    if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 SELECTION-SCREEN SKIP 1.
 PARAMETERS: {OLDB} RADIOBUTTON GROUP RADB,
@@ -86,7 +86,7 @@ SELECTION-SCREEN END OF BLOCK PROGOPT.
     }
     if (o.AddF4 == 1 && o.ClienteOp && o.FileParameterCh == 1 && !g.especificacion.OrigenUsuario) {
         EscribirAyudaF4(g, g.valores.VariableArchivo);
-        if (g.valores.ArchivoUnico) return;
+        if (g.analisis.ArchivoUnico) return;
         const int grupos = ContarStepLoops(g.especificacion);
         for (int n = 1; n <= grupos; ++n) EscribirAyudaF4(g, g.valores.VariableArchivoStep + std::to_string(n));
     }

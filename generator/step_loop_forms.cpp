@@ -86,7 +86,7 @@ private:
         int c = 0;
         const int filas = g_.especificacion.FilasArchivo();
         for (int f = 0; f < filas; ++f) {
-            if (g_.operaciones.ClaseCampoEnOperacion(f, n_) != clase) continue;
+            if (g_.analisis.operaciones.ClaseCampoEnOperacion(f, n_) != clase) continue;
             const std::string& campo = g_.especificacion.TablaArchivo[f].campo;
             g_.reporte.Linea(plantilla, {{"campo", campo},
                                          {"cortado", std::string(Recortar(campo))},
@@ -96,8 +96,8 @@ private:
     }
 
     void EscribirLecturaDeTabla() {
-        const int campos = g_.operaciones.ContarCamposOperacion(n_);
-        const int claves = g_.operaciones.ContarCamposClave(n_);
+        const int campos = g_.analisis.operaciones.ContarCamposOperacion(n_);
+        const int claves = g_.analisis.operaciones.ContarCamposClave(n_);
         g_.reporte.Linea("  EXEC SQL PERFORMING SL_PROCESSING_{n}.", {{"n", numero_}});
         g_.reporte.Linea("    SELECT");
         EscribirCamposDeClase(ClaseCampo::DelGrupo, campos, "       {campo}{fin}", ",", "");
@@ -112,16 +112,16 @@ private:
 
     void EscribirBucleConClaves() {
         g_.reporte.Linea("  LOOP AT {GT}ITABSL_{n} WHERE", {{"n", numero_}});
-        if (g_.valores.HayStepSinClave) {
+        if (g_.analisis.HayStepSinClave) {
             g_.reporte.Linea("       AUTOCOUNTER = {GT}ITAB-AUTOCOUNTER.");
         } else {
-            EscribirCamposDeClase(ClaseCampo::Clave, g_.operaciones.ContarCamposClave(n_),
+            EscribirCamposDeClase(ClaseCampo::Clave, g_.analisis.operaciones.ContarCamposClave(n_),
                                   "       {campo} = {GT}ITAB-{cortado}{fin}", " AND", ".");
         }
     }
 
     void EscribirInicioDePaso() {
-        if (g_.valores.ManejoErrores) {
+        if (g_.analisis.ManejoErrores) {
             g_.reporte.Lineas(R"(
 
     IF {NEWB} = 'X'.
@@ -132,7 +132,7 @@ private:
 )",
                               {{"id", std::to_string(n_ + 1)}, {"n", numero_}});
         }
-        if (g_.valores.HayConversionesStep) {
+        if (g_.analisis.HayConversionesStep) {
             g_.reporte.LineaVacia();
             g_.reporte.Linea("    PERFORM TABCONVERSIONS.");
         }
@@ -143,7 +143,7 @@ private:
         const int filas = g_.especificacion.FilasTransaccion();
         for (int r = 0; r < filas; ++r) {
             const auto& fila = g_.especificacion.TablaTransaccion[r];
-            if (g_.operaciones.OperacionFila(r) != n_ || !Contiene(fila.campo, "(")) continue;
+            if (g_.analisis.operaciones.OperacionFila(r) != n_ || !Contiene(fila.campo, "(")) continue;
             const std::string valor = ValorDeLinea(fila.valor);
             const std::string campo(AntesDe(fila.campo, '('));
             if (esBAPI_) {
@@ -275,7 +275,7 @@ void EscribirStepLoops(Generacion& g) {
         if (fila.EsCabezaBAPI()) esBAPI = true;
         if (EsCabezaStepLoop(fila.nota)) FormaDeStepLoop(g, ++n, r, esBAPI).Escribir();
     }
-    if (g.operaciones.HayTransaccion) EscribirSlSend(g);
+    if (g.analisis.operaciones.HayTransaccion) EscribirSlSend(g);
 }
 
 }  // namespace qor

@@ -1,7 +1,8 @@
 #include "generator/checks.h"
-#include "model/gaps.h"
 #include "generator/data_source_models.h"
 #include "generator/generation.h"
+#include "model/control_characters.h"
+#include "model/gaps.h"
 
 namespace qor {
 
@@ -15,11 +16,11 @@ void EscribirCampo(Generacion& g, int fila) {
 // One record: its fields are those that `pertenece` answers for.
 template <typename Pertenece>
 void EscribirRegistro(Generacion& g, const std::string& tabla, bool ultimo, Pertenece pertenece) {
-    const bool conContador = g.valores.ArchivoUnico && g.valores.HayStepSinClave;
+    const bool conContador = g.analisis.ArchivoUnico && g.analisis.HayStepSinClave;
     const bool principal = tabla == g.nombres.GTprefijo + "ITAB";
     g.reporte.Linea("      BEGIN OF {tabla} OCCURS 0,", {{"tabla", tabla}});
-    if (principal && g.valores.ArchivoUnico) {
-        g.reporte.Linea("        ID({largo}),{_}", {{"largo", std::to_string(g.valores.LargoIdentificador)}});
+    if (principal && g.analisis.ArchivoUnico) {
+        g.reporte.Linea("        ID({largo}),{_}", {{"largo", std::to_string(g.analisis.LargoIdentificador)}});
     }
     if (conContador) g.reporte.Linea("        AUTOCOUNTER(10) TYPE N,");
     bool hayCampos = false;
@@ -34,12 +35,14 @@ void EscribirRegistro(Generacion& g, const std::string& tabla, bool ultimo, Pert
 }
 
 bool Chequear(Generacion& g) {
+    if (!SinCaracteresDeControl(g.especificacion, g.opciones, g.vista)) return false;
     if (!TablasOK(g.especificacion, g.textos, g.vista)) return false;
     g.nombres = SetearConvencionesDeNombres(g.preferencias);
-    g.operaciones = ActualizarOperaciones(g.especificacion, 0);
-    g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
-    if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
-    return !ExistenStepsInvalidos(g) && ChequearArchivosCampos(g) && ChequearValores(g);
+    g.analisis = Analizar(g.especificacion, g.opciones);
+    const Chequeo c{g.especificacion, g.opciones, g.analisis, g.textos, g.vista};
+    if (g.analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
+    AnalizarClaves(g.analisis, g.especificacion);
+    return !ExistenStepsInvalidos(c) && ChequearArchivosCampos(c) && ChequearValores(c);
 }
 
 bool ChequearAnchos(const Generacion& g) {
@@ -65,17 +68,17 @@ Estructuras ImprimirEstructuras(const PedidoDeGeneracion& pedido) {
     estructuras.tablas.push_back(g.nombres.GTprefijo + "ITAB");
     g.reporte.LineaVacia();
     EscribirRegistro(g, estructuras.tablas.back(), cabezas.empty(), [&](int f) {
-        const auto clase = g.operaciones.ClaseCampoEnOperacion(f, 1);
+        const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, 1);
         return clase == ClaseCampo::Ninguna || clase == ClaseCampo::Clave;
     });
     for (std::size_t i = 0; i < cabezas.size(); ++i) {
         const int n = static_cast<int>(i) + 1;
-        if (g.operaciones.ContarCamposOperacion(n) == 0) {
+        if (g.analisis.operaciones.ContarCamposOperacion(n) == 0) {
             g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabezas[i]].campo, " ", 317}));
         }
         estructuras.tablas.push_back(g.nombres.GTprefijo + "ITABSL_" + std::to_string(n));
         EscribirRegistro(g, estructuras.tablas.back(), n == static_cast<int>(cabezas.size()), [&](int f) {
-            const auto clase = g.operaciones.ClaseCampoEnOperacion(f, n);
+            const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, n);
             return clase == ClaseCampo::DelGrupo || (clase == ClaseCampo::Clave && !g.opciones.EntradaDeTabla());
         });
     }

@@ -5,6 +5,12 @@
 
 namespace qor {
 
+namespace {
+
+constexpr std::size_t maximoLineasTexto = 501;
+
+}  // namespace
+
 std::string_view ExtraerMarca(std::string_view celda, int a, int b) {
     const auto p = Posicion(celda, "!" + std::to_string(a));
     const auto q = Posicion(celda, "!" + std::to_string(b));

@@ -24,8 +24,6 @@ bool EsVariable(std::string_view celda);
 // The conversion text of a file field holds value pairs.
 bool TienePares(std::string_view conversion);
 
-constexpr int maximoLineasTexto = 501;
-
 // Breaks a text at CR LF, and at blanks where a line grows beyond `ancho` characters. The count starts anew at the break and not
 // at the blank, so a line can come out longer; a stretch without a blank that is longer than `ancho` gives an empty line and
 // loses its first character. Throws FalloDeEjecucion for more than 501 lines.

@@ -18,11 +18,17 @@ constexpr std::size_t largoDeNota = 70;
 
 class Impresion {
 public:
-    Impresion(const Generacion& g, Dispositivo& d) : g_(g), d_(d) {}
+    Impresion(const PedidoDeGeneracion& pedido, const Analisis& analisis, Dispositivo& d)
+        : especificacion_(pedido.especificacion),
+          opciones_(pedido.opciones),
+          analisis_(analisis),
+          textos_(pedido.textos),
+          nombre_(pedido.NombreDocumento),
+          d_(d) {}
 
     void Imprimir() {
         ConfigurarImpresora(d_);
-        Encabezado(d_, g_.Texto(900));
+        Encabezado(d_, textos_.Texto(900));
         LineasVacias(d_, 2);
         ImprimirDatosGenerales();
         PonerTamano(d_, 10);
@@ -30,33 +36,33 @@ public:
         LineasVacias(d_, 1);
         Controlar();
         ImprimirRegistroPrincipal();
-        for (int n = 1; g_.operaciones.ContarCamposOperacion(n) > 0; ++n) ImprimirGrupo(n);
+        for (int n = 1; analisis_.operaciones.ContarCamposOperacion(n) > 0; ++n) ImprimirGrupo(n);
         ImprimirProgramas();
         ImprimirNotas();
         d_.Terminar();
     }
 
 private:
-    void Controlar() { ControlarPagina(d_, g_.textos); }
+    void Controlar() { ControlarPagina(d_, textos_); }
 
     void Par(int mensaje, const std::string& valor) {
         PonerNegrita(d_, true);
-        d_.Item(g_.Texto(mensaje));
+        d_.Item(textos_.Texto(mensaje));
         PonerNegrita(d_, false);
         Linea(d_, " " + valor);
     }
 
     void TextoLargo(int mensaje, const std::string& texto) {
         PonerNegrita(d_, true);
-        Linea(d_, g_.Texto(mensaje));
+        Linea(d_, textos_.Texto(mensaje));
         PonerNegrita(d_, false);
-        SPrint(d_, g_.textos, texto, anchoDeTexto);
+        SPrint(d_, textos_, texto, anchoDeTexto);
     }
 
     void ImprimirDatosGenerales() {
-        const auto& o = g_.opciones;
+        const auto& o = opciones_;
         PonerTamano(d_, 10);
-        Par(921, g_.NombreDocumento.empty() ? "(" + g_.Texto(922) + ")" : g_.NombreDocumento);
+        Par(921, nombre_.empty() ? "(" + textos_.Texto(922) + ")" : nombre_);
         Par(901, o.Functional);
         Par(902, o.Technical);
         Par(903, o.ModuleCombo);
@@ -65,10 +71,10 @@ private:
         TextoLargo(905, o.Notes);
         LineasVacias(d_, 2);
         Controlar();
-        if (!g_.valores.ArchivoUnico) return;
+        if (!analisis_.ArchivoUnico) return;
         const auto archivo = Recortar(o.ArchivoFuente);
         PonerNegrita(d_, true);
-        d_.Item(g_.Texto(925));
+        d_.Item(textos_.Texto(925));
         PonerNegrita(d_, false);
         Linea(d_, archivo.empty() ? std::string() : " " + std::string(archivo));
         LineasVacias(d_, 1);
@@ -90,38 +96,38 @@ private:
         LineasVacias(d_, 1);
     }
 
-    void TitulosDeRegistro() { Titulos({{2, g_.Texto(907)}, {47, g_.Texto(908)}, {60, g_.Texto(909)}}); }
+    void TitulosDeRegistro() { Titulos({{2, textos_.Texto(907)}, {47, textos_.Texto(908)}, {60, textos_.Texto(909)}}); }
 
     void FilaDeIdentificador(int n) {
-        if (!g_.valores.ArchivoUnico) return;
-        const std::string id(ObtenerIdentificador(g_.opciones.Identificadores, n));
-        Fila({{2, g_.Texto(927)}, {50, std::to_string(id.size())}, {60, "'" + id + "'"}});
+        if (!analisis_.ArchivoUnico) return;
+        const std::string id(ObtenerIdentificador(opciones_.Identificadores, n));
+        Fila({{2, textos_.Texto(927)}, {50, std::to_string(id.size())}, {60, "'" + id + "'"}});
     }
 
     void FilaDeCampo(int f) {
-        const auto& fila = g_.especificacion.TablaArchivo[f];
+        const auto& fila = especificacion_.TablaArchivo[f];
         Controlar();
         Fila({{2, fila.campo}, {50, fila.ancho}, {60, std::string_view(fila.nota).substr(0, largoDeNota)}});
     }
 
     void ImprimirRegistroPrincipal() {
-        Encabezado(
-            d_, g_.valores.ArchivoUnico ? g_.Texto(923) : g_.Texto(906) + " " + std::string(Recortar(g_.opciones.ArchivoFuente)));
+        Encabezado(d_, analisis_.ArchivoUnico ? textos_.Texto(923)
+                                              : textos_.Texto(906) + " " + std::string(Recortar(opciones_.ArchivoFuente)));
         LineasVacias(d_, 1);
         TitulosDeRegistro();
         FilaDeIdentificador(0);
-        const int filas = g_.especificacion.FilasArchivo();
+        const int filas = especificacion_.FilasArchivo();
         for (int f = 0; f < filas; ++f) {
-            if (g_.operaciones.OperacionDeCampo(f) == 0) FilaDeCampo(f);
+            if (analisis_.operaciones.OperacionDeCampo(f) == 0) FilaDeCampo(f);
         }
         LineasVacias(d_, 2);
     }
 
     std::string TituloDeGrupo(int n) const {
         const std::string numero = " " + std::to_string(n);
-        if (g_.valores.ArchivoUnico) return g_.Texto(924) + numero;
-        const int cabeza = FilaDeStepLoop(g_.especificacion, n);
-        return g_.Texto(910) + numero + ": " + std::string(ExtraerMarca(g_.especificacion.TablaTransaccion[cabeza].nota, 2, 3));
+        if (analisis_.ArchivoUnico) return textos_.Texto(924) + numero;
+        const int cabeza = FilaDeStepLoop(especificacion_, n);
+        return textos_.Texto(910) + numero + ": " + std::string(ExtraerMarca(especificacion_.TablaTransaccion[cabeza].nota, 2, 3));
     }
 
     void ImprimirGrupo(int n) {
@@ -133,30 +139,30 @@ private:
         PonerNegrita(d_, false);
         TitulosDeRegistro();
         FilaDeIdentificador(n);
-        const int filas = g_.especificacion.FilasArchivo();
+        const int filas = especificacion_.FilasArchivo();
         for (int f = 0; f < filas; ++f) {
-            if (g_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave) FilaDeClave(f);
+            if (analisis_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave) FilaDeClave(f);
         }
         for (int f = 0; f < filas; ++f) {
-            const bool esClave = g_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave;
-            if (g_.operaciones.OperacionDeCampo(f) == n && !esClave) FilaDeCampo(f);
+            const bool esClave = analisis_.operaciones.ClaseCampoEnOperacion(f, n) == ClaseCampo::Clave;
+            if (analisis_.operaciones.OperacionDeCampo(f) == n && !esClave) FilaDeCampo(f);
         }
         LineasVacias(d_, 3);
     }
 
     void FilaDeClave(int f) {
-        const auto& fila = g_.especificacion.TablaArchivo[f];
+        const auto& fila = especificacion_.TablaArchivo[f];
         Controlar();
         d_.Tab(2);
         d_.PonerEnfasis(Enfasis::Clave, true);
         d_.Item(fila.campo);
         d_.PonerEnfasis(Enfasis::Clave, false);
-        Fila({{50, fila.ancho}, {60, g_.Texto(911)}});
+        Fila({{50, fila.ancho}, {60, textos_.Texto(911)}});
     }
 
     void ImprimirOperacion(int mensaje, const std::string& codigo) {
         PonerNegrita(d_, true);
-        Linea(d_, g_.Texto(mensaje) + " " + codigo);
+        Linea(d_, textos_.Texto(mensaje) + " " + codigo);
         PonerNegrita(d_, false);
         LineasVacias(d_, 1);
     }
@@ -164,18 +170,18 @@ private:
     void ImprimirProgramas() {
         LineaSeparadora(d_, largoSeparadora);
         LineasVacias(d_, 1);
-        Encabezado(d_, g_.Texto(912));
+        Encabezado(d_, textos_.Texto(912));
         LineasVacias(d_, 1);
         for (int r = 0; r <= ultimaFila; ++r) {
-            const auto& fila = g_.especificacion.TablaTransaccion[r];
+            const auto& fila = especificacion_.TablaTransaccion[r];
             if (fila.SinNombres()) break;
             Controlar();
             if (fila.EsCabezaTransaccion()) {
                 ImprimirOperacion(913, fila.dynpro);
-                Titulos({{10, g_.Texto(914)}, {30, g_.Texto(915)}, {45, g_.Texto(916)}, {100, g_.Texto(907)}});
+                Titulos({{10, textos_.Texto(914)}, {30, textos_.Texto(915)}, {45, textos_.Texto(916)}, {100, textos_.Texto(907)}});
             } else if (fila.EsCabezaBAPI()) {
                 ImprimirOperacion(926, fila.dynpro);
-                Titulos({{45, g_.Texto(916)}, {100, g_.Texto(907)}});
+                Titulos({{45, textos_.Texto(916)}, {100, textos_.Texto(907)}});
             } else {
                 Fila({{10, fila.programa}, {30, fila.dynpro}, {45, fila.campo}, {100, fila.valor}});
             }
@@ -186,24 +192,28 @@ private:
         LineasVacias(d_, 3);
         LineaSeparadora(d_, largoSeparadora);
         Controlar();
-        Encabezado(d_, g_.Texto(917));
+        Encabezado(d_, textos_.Texto(917));
         LineasVacias(d_, 2);
         for (int r = 0; r <= ultimaFila; ++r) {
-            const auto& fila = g_.especificacion.TablaTransaccion[r];
+            const auto& fila = especificacion_.TablaTransaccion[r];
             const std::string_view nota = std::string_view(fila.nota).substr(0, fila.nota.find("!1"));
             if (EstaEnBlanco(nota)) continue;
             Controlar();
             LineasVacias(d_, 1);
             PonerNegrita(d_, true);
-            Linea(d_, g_.Texto(918) + " " + Mayusculas(Recortar(fila.campo)));
+            Linea(d_, textos_.Texto(918) + " " + Mayusculas(Recortar(fila.campo)));
             PonerNegrita(d_, false);
             Controlar();
             LineasVacias(d_, 1);
-            SPrint(d_, g_.textos, nota, anchoDeTexto);
+            SPrint(d_, textos_, nota, anchoDeTexto);
         }
     }
 
-    const Generacion& g_;
+    const Especificacion& especificacion_;
+    const Opciones& opciones_;
+    const Analisis& analisis_;
+    const TextosIdioma& textos_;
+    const std::string& nombre_;  // of the document
     Dispositivo& d_;
 };
 
@@ -221,19 +231,18 @@ bool ConAvisoDeFallo(Vista& vista, Accion accion) {
 }  // namespace
 
 bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& elegir) {
-    Generacion g = NuevaGeneracion(pedido);
-    g.operaciones = ActualizarOperaciones(g.especificacion, 0);
-    g.valores.ArchivoUnico = CalcularArchivoUnico(g.especificacion, g.opciones, g.operaciones);
-    if (g.valores.ArchivoUnico && !ChequearIdentificadores(g)) return false;
-    if (!ChequearArchivosCampos(g) || !TablasOK(g.especificacion, g.textos, g.vista)) return false;
-    return ConAvisoDeFallo(g.vista, [&] {
+    const Analisis analisis = Analizar(pedido.especificacion, pedido.opciones);
+    const Chequeo c{pedido.especificacion, pedido.opciones, analisis, pedido.textos, pedido.vista};
+    if (analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
+    if (!ChequearArchivosCampos(c) || !TablasOK(c.especificacion, c.textos, c.vista)) return false;
+    return ConAvisoDeFallo(c.vista, [&] {
         Dispositivo* const dispositivo = elegir();
         if (dispositivo == nullptr) return false;
         {
-            const ConPunteroOcupado puntero(g.vista);
-            Impresion(g, *dispositivo).Imprimir();
+            const ConPunteroOcupado puntero(c.vista);
+            Impresion(pedido, analisis, *dispositivo).Imprimir();
         }
-        g.vista.Informar(Componer(g.textos, {919}));
+        c.vista.Informar(Componer(c.textos, {919}));
         return true;
     });
 }

@@ -21,9 +21,9 @@ void SistemaDeLaSesion::ObtenerAnchos() {
     if (ButtonOnlineAnchos(documento_, sesion_, textos_, vista_)) MostrarAnchos_();
 }
 
-std::string SistemaDeLaSesion::ArchivoTemporal() { return TextoDeRuta(CrearTemporal(sesion_)); }
+std::filesystem::path SistemaDeLaSesion::ArchivoTemporal() { return CrearTemporal(sesion_); }
 
-void SistemaDeLaSesion::OfrecerPublicacion(const std::string& archivo) {
+void SistemaDeLaSesion::OfrecerPublicacion(const std::filesystem::path& archivo) {
     if (!sesion_.Conectado) return;  // lost since the run began
     qor::OfrecerPublicacion(sesion_, archivo, FormABAP_, textos_, vista_);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -18,8 +19,8 @@ public:
                       const TextosIdioma& textos, Vista& vista);
 
     void ObtenerAnchos() override;
-    std::string ArchivoTemporal() override;
-    void OfrecerPublicacion(const std::string& archivo) override;
+    std::filesystem::path ArchivoTemporal() override;
+    void OfrecerPublicacion(const std::filesystem::path& archivo) override;
 
 private:
     Documento& documento_;

@@ -1,7 +1,5 @@
 #include "sap/templates.h"
 
-#include <algorithm>
-
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
@@ -20,11 +18,6 @@ LineasABAP LeerPlantilla(const std::filesystem::path& ruta) {
     }
 }
 
-bool EsControl(char caracter) {
-    const auto codigo = static_cast<unsigned char>(caracter);
-    return codigo < 0x20 || codigo == 0x7F;
-}
-
 }  // namespace
 
 PlantillasRFC CargarPlantillas(const std::filesystem::path& directorio) {
@@ -38,8 +31,6 @@ LineasABAP Sustituir(LineasABAP lineas, std::string_view marca, std::string_view
     for (auto& linea : lineas) linea = ReemplazarTodo(linea, marca, literal);
     return lineas;
 }
-
-bool TieneControl(std::string_view texto) { return std::any_of(texto.begin(), texto.end(), EsControl); }
 
 std::string EnLiteral(std::string_view texto) {
     if (TieneControl(texto)) throw FalloDeEjecucion("a text with a control character can't be part of a query");

@@ -25,10 +25,8 @@ PlantillasRFC CargarPlantillas(const std::filesystem::path& directorio);
 // The lines with every occurrence of the placeholder replaced, which stands inside a literal. Throws as `EnLiteral` does.
 LineasABAP Sustituir(LineasABAP lineas, std::string_view marca, std::string_view valor);
 
-// Whether a text holds a control character (below 0x20, or 0x7F). No query may: it could end the line that it stands in.
-bool TieneControl(std::string_view texto);
-
-// A text as the inside of a literal, its apostrophes doubled. Throws FalloDeEjecucion when it holds a control character.
+// A text as the inside of a literal, its apostrophes doubled. Throws FalloDeEjecucion when it holds a control character, which
+// could end the line that it stands in.
 std::string EnLiteral(std::string_view texto);
 
 }  // namespace qor

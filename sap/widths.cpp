@@ -9,6 +9,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "model/cells.h"
+#include "model/control_characters.h"
 #include "model/declarations.h"
 #include "sap/remote_reports.h"
 #include "sap/temporary_file.h"
@@ -105,10 +106,11 @@ void EscribirPedidos(const Especificacion& especificacion, const std::filesystem
 
 }  // namespace
 
-bool GenerarInfoCampos(const Especificacion& especificacion, const std::filesystem::path& archivo, bool conectado,
-                       const TextosIdioma& textos, Vista& vista) {
+bool GenerarInfoCampos(const Documento& documento, const std::filesystem::path& archivo, bool conectado, const TextosIdioma& textos,
+                       Vista& vista) {
+    if (!SinCaracteresDeControl(documento.especificacion, documento.opciones, vista)) return false;
     try {
-        EscribirPedidos(especificacion, archivo);
+        EscribirPedidos(documento.especificacion, archivo);
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;
@@ -178,8 +180,9 @@ bool ObtenerAnchos(SesionSAP& sesion, const std::filesystem::path& archivo) {
 }
 
 bool ButtonOnlineAnchos(Documento& documento, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
+    if (!SinCaracteresDeControl(documento.especificacion, documento.opciones, vista)) return false;
     const auto ArchivoAnchosTemporal = CrearTemporal(sesion);
-    GenerarInfoCampos(documento.especificacion, ArchivoAnchosTemporal, true, textos, vista);
+    GenerarInfoCampos(documento, ArchivoAnchosTemporal, true, textos, vista);
     {
         const ConPunteroOcupado puntero(vista);
         if (!ObtenerAnchos(sesion, ArchivoAnchosTemporal)) {

@@ -12,10 +12,10 @@
 //   1 to 30 table    31 to 60 field    61 to 90 the value cell, so the file field    91 to 96 length, once it is looked up
 namespace qor {
 
-// Writes the file. While not connected, message 327 tells how to go on. False with message 328 when the file can't be written, or
-// at a scalar BAPI parameter whose type names no field; the lines written so far stay in the file.
-bool GenerarInfoCampos(const Especificacion& especificacion, const std::filesystem::path& archivo, bool conectado,
-                       const TextosIdioma& textos, Vista& vista);
+// Writes the file. While not connected, message 327 tells how to go on. False, and nothing is written, for a document with control
+// characters (model/control_characters.h); false with message 328 when the file can't be written, or at a scalar BAPI parameter whose type names no field; the lines written so far stay in the file.
+bool GenerarInfoCampos(const Documento& documento, const std::filesystem::path& archivo, bool conectado, const TextosIdioma& textos,
+                       Vista& vista);
 
 // Fills empty widths of the file side from the text of a file, and answers whether it filled any.
 bool LlenarAnchos(Especificacion& especificacion, std::string_view texto);

@@ -6,7 +6,10 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "generator/data_source_models.h"
 #include "generator/generate.h"
+#include "model/control_characters.h"
+#include "sap/widths.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -135,6 +138,58 @@ TEST_F(Generador, EveryCheckHasItsMessage) {
         const std::string avisos = caso.avisos;
         EXPECT_EQ(bien, avisos.ends_with("<323>") || avisos.ends_with("<395>")) << caso.que;
     }
+}
+
+// A line break where no text box lets one in could begin a statement: nothing is made of the document, and nothing else is said.
+TEST_F(Generador, ControlCharactersAreRefusedWithTheirPlace) {
+    const struct {
+        Cambio cambio;
+        const char* aviso;
+    } casos[] = {
+        {[](auto& g) { g.e.TablaArchivo[1].campo = "A\nB"; }, "(0A) stands in the cell \"field\" in row 1 of the file side."},
+        {[](auto& g) { g.e.TablaArchivo[1000].ancho = "1\x7F"; },
+         "(7F) stands in the cell \"width\" in row 1000 of the file side."},
+        {[](auto& g) { g.e.TablaTransaccion[0].dynpro = "X\r\n"; },
+         "(0D) stands in the cell \"dynpro\" in row 0 of the program side."},
+        {[](auto& g) { g.e.TablaTransaccion[2].valor = "'\t'"; },
+         "(09) stands in the cell \"value\" in row 2 of the program side."},
+        {[](auto& g) { g.e.TablaTransaccion[5].nota = "a\r\nb!1 1!2f\n!30!4!51!65!7,ORDER"; },
+         "(0A) stands in the step-loop's file in row 5 of the program side."},
+        {[](auto& g) { g.e.TablaTransaccion[5].nota = "!1 1!2f!30!4!51!65\n!7,ORDER"; },
+         "(0A) stands in the step-loop's rows per screen in row 5 of the program side."},
+        {[](auto& g) { g.e.TablaCondiciones[0].nombre += '\n'; }, "(0A) stands in the name in row 0 of the conditions."},
+        {[](auto& g) { g.e.TablaBAPIs[2].nombre = std::string(1, '\0'); }, "(00) stands in the name in row 2 of the BAPIs."},
+        {[](auto& g) { g.o.SpaceCode = "\x1F"; }, "(1F) stands in the option SpaceCode."},
+    };
+    for (const auto& caso : casos) {
+        Rehacer();
+        o.TablaZ = "";
+        o.ErrorHandlingCheck = o.CallTransaction = 1;
+        caso.cambio(*this);
+        const std::string aviso = std::string("A control character ") + caso.aviso;
+        EXPECT_EQ(Generar(), "");
+        EXPECT_EQ(prueba.vista.TomarAvisos(), aviso);
+        const auto pedido = PedidoDeGeneracion::De(prueba.documento, preferencias, prueba.textos, prueba.vista);
+        EXPECT_FALSE(ChequearEspecificacion(pedido));
+        EXPECT_EQ(ImprimirEstructuras(pedido).texto, "");
+        EXPECT_FALSE(GenerarInfoCampos(prueba.documento, directorio / "widths", false, prueba.textos, prueba.vista));
+        EXPECT_EQ(prueba.vista.TomarAvisos(), aviso + " " + aviso + " " + aviso);
+        EXPECT_FALSE(std::filesystem::exists(directorio / "widths"));
+    }
+    // All of them are found, not only the first one.
+    e.TablaArchivo[3].campo = "A\n";
+    const auto hallados = BuscarCaracteresDeControl(e, o);
+    ASSERT_EQ(hallados.size(), 2U);
+    EXPECT_EQ(MensajeDe(hallados[0]).texto, "A control character (0A) stands in the cell \"field\" in row 3 of the file side.");
+
+    Rehacer();
+    e.TablaArchivo[1].conversion = "\t#DATE = 1.\r\n";
+    e.TablaArchivo[1].nota = "one\r\ntwo";
+    e.TablaTransaccion[2].nota = "one\r\n\ttwo";
+    e.TablaCondiciones[0].texto = e.VariablesGlobales = "*\tone\r\n*\ttwo";
+    o.Description = o.Notes = "one\r\ntwo";
+    EXPECT_TRUE(Contiene(Generar(), "*\tone\r\n*\ttwo\r\n"));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<323>");
 }
 
 TEST_F(Generador, StopInTheOperationsLeavesWhatStandsInFront) {

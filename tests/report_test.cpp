@@ -360,21 +360,91 @@ TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
     EXPECT_TRUE(LeerArchivo(RutaDelSistema(informe.o.Programa)).starts_with("*---"));
 }
 
+// On the desktop, a path that leads out of the document's directory is asked about once, and the user is told where the report is.
+TEST(Report, TheDesktopKeepsReportsBesideTheirDocuments) {
+    namespace fs = std::filesystem;
+    Informe informe;
+    informe.vista.conEditor = true;
+    const fs::path raiz = fs::canonical(informe.directorio.Ruta());
+    fs::create_directories(raiz / "docs/sub");
+    fs::create_directories(raiz / "docs2");
+    fs::create_symlink("docs", raiz / "alias");
+    fs::create_symlink("../docs2", raiz / "docs/away");
+    fs::create_symlink("../loose", raiz / "docs/link");
+    const struct {
+        std::string programa;
+        const char* escrito;
+        bool preguntado;
+    } casos[] = {
+        {"a.abap", "docs/a.abap", false},
+        {"sub/../b.abap", "docs/b.abap", false},
+        {(raiz / "docs/sub/c.abap").string(), "docs/sub/c.abap", false},
+        {(raiz / "alias/d.abap").string(), "docs/d.abap", false},
+        {"../e.abap", "e.abap", true},
+        {(raiz / "docs2/f.abap").string(), "docs2/f.abap", true},
+        {"away/g.abap", "docs2/g.abap", true},
+        {"link", "loose", true},  // a link to a file that is not there yet
+    };
+    const auto generar = [&](const std::string& programa) {
+        informe.o.Programa = programa;
+        informe.vista.diario.clear();
+        PedidoDeGeneracion pedido{informe.e, informe.o, informe.preferencias, informe.prueba.textos, informe.vista, "", ""};
+        pedido.directorioDelDocumento = raiz / "docs";
+        return Generar(pedido, informe.estado);
+    };
+    const auto preguntado = [&] {
+        return Contiene(informe.vista.diario, "outside of the document's directory:\r\n" + raiz.string());
+    };
+    for (const auto& caso : casos) {
+        if (caso.preguntado) {
+            informe.vista.respuestas = {Respuesta::No};
+            EXPECT_FALSE(generar(caso.programa)) << caso.programa;
+            EXPECT_TRUE(preguntado() && informe.vista.diario.ends_with(" Programa idle")) << informe.vista.diario;
+            EXPECT_FALSE(fs::exists(raiz / caso.escrito)) << caso.programa;
+            informe.vista.respuestas = {Respuesta::Si};
+        }
+        informe.vista.respuestas.push_back(Respuesta::Si);  // show it in the editor
+        EXPECT_TRUE(generar(caso.programa)) << caso.programa;
+        EXPECT_EQ(preguntado(), caso.preguntado) << informe.vista.diario;
+        EXPECT_TRUE(fs::exists(raiz / caso.escrito)) << caso.programa;
+        EXPECT_TRUE(Contiene(informe.vista.diario, "<323>\r\n" + informe.estado.UltimoPrograma.string() + "i")) << caso.programa;
+        EXPECT_TRUE(Contiene(informe.vista.diario, "<325>\r\n" + informe.estado.UltimoPrograma.string())) << caso.programa;
+    }
+    // The answer is kept for the path; that the file is there now is another question.
+    informe.vista.respuestas = {Respuesta::Aceptar, Respuesta::No};
+    EXPECT_TRUE(generar("../e.abap"));
+    EXPECT_FALSE(preguntado());
+
+    // A document that was never saved has no directory to leave.
+    PedidoDeGeneracion nuevo{informe.e, informe.o, informe.preferencias, informe.prueba.textos, informe.vista, "", ""};
+    nuevo.directorioDelDocumento.emplace();
+    informe.o.Programa = RutaDelModelo(raiz / "new.abap");
+    EXPECT_TRUE(Generar(nuevo, informe.estado));
+    EXPECT_FALSE(preguntado());
+
+    // A path that comes with a command may hold any bytes, and is asked about nowhere.
+    nuevo.directorioDelDocumento.reset();
+    nuevo.salida = raiz / "\xE2\x82\xAC\xCE\xB1\xFF.abap";
+    informe.o.Programa = "";
+    EXPECT_TRUE(Generar(nuevo, informe.estado));
+    EXPECT_TRUE(fs::exists(*nuevo.salida));
+}
+
 // The temporary report of a connected run goes when the next report is written, wherever that one lies.
 TEST(Report, TemporaryReportsGoWithTheNextRun) {
     struct Sistema : SistemaConectado {
-        std::string archivo, ofrecido;
+        std::filesystem::path archivo, ofrecido;
         void ObtenerAnchos() override {}
-        std::string ArchivoTemporal() override { return archivo; }
-        void OfrecerPublicacion(const std::string& ruta) override { ofrecido = ruta; }
+        std::filesystem::path ArchivoTemporal() override { return archivo; }
+        void OfrecerPublicacion(const std::filesystem::path& ruta) override { ofrecido = ruta; }
     } sistema;
     Informe informe;
     const auto primero = informe.directorio / "1.tmp";
     const auto segundo = informe.directorio / "2.tmp";
-    sistema.archivo = RutaDelModelo(primero);
+    sistema.archivo = primero;
     ASSERT_TRUE(informe.Generar(&sistema));
     EXPECT_EQ(sistema.ofrecido, sistema.archivo);
-    sistema.archivo = RutaDelModelo(segundo);
+    sistema.archivo = segundo;
     ASSERT_TRUE(informe.Generar(&sistema));
     EXPECT_FALSE(std::filesystem::exists(primero));
     EXPECT_TRUE(std::filesystem::exists(segundo));

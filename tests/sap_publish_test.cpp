@@ -205,7 +205,7 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     EXPECT_EQ(prueba.FilaArchivo(0), "MATNR|18");
     EXPECT_EQ(publicacion.Avisos(), "<246> <323> <409> <410>");
     EXPECT_TRUE(estado.ProgramaTemporal);
-    const auto ruta = RutaDelSistema(estado.UltimoPrograma);
+    const auto ruta = estado.UltimoPrograma;
     EXPECT_EQ(ruta.parent_path(), publicacion.directorio.Ruta());
     EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......_......\\.tmp"));
     EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));

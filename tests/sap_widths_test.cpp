@@ -30,7 +30,7 @@ struct Anchos {
     std::string archivo = RutaDelModelo(directorio / "fields");
 
     bool Generar() {
-        return GenerarInfoCampos(prueba.ventana.documento.especificacion, archivo, false, prueba.textos, prueba.vista);
+        return GenerarInfoCampos(prueba.ventana.documento, archivo, false, prueba.textos, prueba.vista);
     }
     std::vector<std::string> Lineas() const {
         const std::string texto = LeerArchivo(RutaDelSistema(archivo));

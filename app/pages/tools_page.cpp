@@ -124,8 +124,8 @@ QGroupBox* PaginaDeHerramientas::NuevosAnchos(QWidget* padre) {
     auto* const orden = new QHBoxLayout(grupo);
     orden->addWidget(lazos.Boton("GenerarInfoCampos", grupo, [this] {
         const Programa& programa = entorno_.programa;
-        GenerarInfoCampos(entorno_.ventana.documento.especificacion, RutaDelSistema(programa.ajustes.ArchivoAnchos), false,
-                          programa.textos, entorno_.vista);
+        GenerarInfoCampos(entorno_.ventana.documento, RutaDelSistema(programa.ajustes.ArchivoAnchos), false, programa.textos,
+                          entorno_.vista);
     }));
     orden->addWidget(Nuevo<QLabel>("then1", grupo));
     orden->addWidget(lazos.Boton("ImportInfo", grupo, [this] {

@@ -1,0 +1,136 @@
+// Any bytes as a document, through all that is made of one: the checks, the report, the declarations of its records and the printed
+// specification. Everything ends in a result or in its message, and what a report's lines hold comes from texts that may hold it.
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "fuzz/require.h"
+#include "generator/data_source_models.h"
+#include "generator/generate.h"
+#include "model/control_characters.h"
+#include "model/document_format.h"
+#include "print/specification_print.h"
+#include "print/text_device.h"
+
+namespace {
+
+using namespace qor;
+
+// Says yes to everything, and counts what it is told.
+class VistaContadora : public Vista {
+public:
+    int avisos = 0;
+
+    void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override { ++avisos; }
+    Respuesta Preguntar(const Mensaje& /*mensaje*/, Botones botones) override {
+        return botones == Botones::AceptarCancelar ? Respuesta::Aceptar : Respuesta::Si;
+    }
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
+                                                         const std::string& /*filtro*/) override {
+        return std::nullopt;
+    }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
+    void PunteroOcupado(bool /*ocupado*/) override {}
+    void MostrarFila(Tabla /*tabla*/, int fila) override {
+        Exigir(fila >= 0 && fila < filasTabla, "a shown row is one of the table");
+    }
+    void Enfocar(const std::string& /*control*/) override {}
+    void MostrarTexto(const std::string& /*texto*/) override {}
+    bool OfreceEditor() const override { return false; }
+    bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
+};
+
+bool Leer(std::string_view texto, Especificacion& especificacion, Opciones& opciones) {
+    try {
+        LectorValores lector(texto);
+        if (LeerDocumento(lector, especificacion, opciones) == Formato::Actual) return true;
+        especificacion = {};
+        opciones = {};
+        lector.VolverAlPrincipio();
+        ImportarFormatoAntiguo(lector, especificacion, opciones);
+        return true;
+    } catch (const FalloDeEjecucion&) {
+        return false;
+    }
+}
+
+// Leaves line ends as the only control characters of a text of several lines.
+void Limpiar(std::string& texto) {
+    for (std::size_t i = 0; i < texto.size(); ++i) {
+        if (texto.compare(i, 2, "\r\n") == 0) {
+            ++i;
+        } else if (EsControl(texto[i])) {
+            texto[i] = ' ';
+        }
+    }
+}
+
+void LimpiarTextos(Especificacion& e) {
+    for (auto& fila : e.TablaArchivo) Limpiar(fila.conversion);
+    for (auto& fila : e.TablaCondiciones) Limpiar(fila.texto);
+    for (auto& fila : e.TablaBAPIs) Limpiar(fila.llamada);
+    for (auto* texto : {&e.OrigenVariables, &e.OrigenForms, &e.OrigenSource, &e.VariablesGlobales}) Limpiar(*texto);
+}
+
+// The texts that a report takes from the language. None is empty.
+const TextosIdioma& Textos() {
+    static const TextosIdioma textos = [] {
+        TextosIdioma nuevos;
+        for (int n = 1; n <= TextosIdioma::ultimo; ++n) nuevos.Poner(n, "Text");
+        return nuevos;
+    }();
+    return textos;
+}
+
+void ExigirLineas(std::string_view reporte) {
+    while (!reporte.empty()) {
+        const auto fin = reporte.find("\r\n");
+        Exigir(fin != std::string_view::npos, "the last line of a report has its end");
+        Exigir(!TieneControl(reporte.substr(0, fin)), "no cell or option puts a control character into a report");
+        reporte.remove_prefix(fin + 2);
+    }
+}
+
+template <typename Accion>
+void SinCaer(Accion accion) {
+    try {
+        accion();
+    } catch (const FalloDeEjecucion&) {
+        // The trap of the action tells it.
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t cantidad) {
+    const std::string_view texto(reinterpret_cast<const char*>(datos), cantidad);
+    static Especificacion especificacion;
+    especificacion = {};
+    Opciones opciones;
+    if (!Leer(texto, especificacion, opciones)) return 0;
+
+    VistaContadora vista;
+    const Preferencias preferencias;
+    const PedidoDeGeneracion pedido{especificacion, opciones, preferencias, Textos(), vista, "/a/b.qor", "b.qor"};
+    const bool limpio = BuscarCaracteresDeControl(especificacion, opciones).empty();
+    LimpiarTextos(especificacion);
+    const auto reporte = ComponerReporte(pedido);
+    Exigir(limpio || (!reporte && vista.avisos == 1), "a control character refuses the document with one message");
+    if (reporte) ExigirLineas(*reporte);
+
+    SinCaer([&] {
+        const auto estructuras = ImprimirEstructuras(pedido);
+        Exigir(limpio || estructuras.texto.empty(), "a control character refuses the declarations");
+        ExigirLineas(estructuras.texto);
+    });
+    SinCaer([&] {
+        DispositivoDeTexto dispositivo;
+        PrintOption(pedido, [&] { return &dispositivo; });
+    });
+    return 0;
+}
