@@ -18,9 +18,9 @@ namespace qor {
 namespace {
 
 // A box that is left blank keeps what the setting was.
-void Tomar(std::string& ajuste, const CajaDeLinea* caja) {
+void Tomar(std::filesystem::path& ajuste, const CajaDeLinea* caja) {
     const std::string nuevo(Recortar(caja->Texto()));
-    if (!nuevo.empty()) ajuste = nuevo;
+    if (!nuevo.empty() && nuevo != TextoDeRuta(ajuste)) ajuste = RutaDelSistema(nuevo);
 }
 
 }  // namespace
@@ -29,9 +29,10 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
     : Dialogo(textos, "FormDirectorios", padre), vista_(vista), ajustes_(ajustes) {
     setWindowTitle(Literal("Directories and files"));
     auto* const rejilla = new QGridLayout;
-    documentos_ = NuevaFila(rejilla, 0, "Directory of the documents:", "DirectorioDocumentos", ajustes.DirectorioDocumentos, true);
-    anchos_ = NuevaFila(rejilla, 1, "File of the field widths:", "ArchivoAnchos", ajustes.ArchivoAnchos, false);
-    catalogo_ = NuevaFila(rejilla, 2, "BAPI catalogue:", "ArchivoBAPI", ajustes.ArchivoBAPI, false);
+    documentos_ = NuevaFila(rejilla, 0, "Directory of the documents:", "DirectorioDocumentos",
+                            TextoDeRuta(ajustes.DirectorioDocumentos), true);
+    anchos_ = NuevaFila(rejilla, 1, "File of the field widths:", "ArchivoAnchos", TextoDeRuta(ajustes.ArchivoAnchos), false);
+    catalogo_ = NuevaFila(rejilla, 2, "BAPI catalogue:", "ArchivoBAPI", TextoDeRuta(ajustes.ArchivoBAPI), false);
     editor_ = NuevaFila(rejilla, 3, "Text editor for reports:", "EditorDeTextos", ajustes.EditorDeTextos, false);
     editor_->setPlaceholderText(Literal("a known one that is installed"));
     rejilla->setColumnStretch(1, 1);

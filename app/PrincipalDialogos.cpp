@@ -95,7 +95,7 @@ void Principal::ClicAgregarOperacion() {
 // An update of the catalogue is written beside the settings, where the user may write.
 void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
     EntornoDeBAPI entorno{.ArchivoBAPI = programa_.ajustes.ArchivoBAPI,
-                          .directorio = RutaDelModelo(programa_.rutaDeAjustes.parent_path()),
+                          .directorio = programa_.rutaDeAjustes.parent_path(),
                           .sesion = conexion_->Sesion(),
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,

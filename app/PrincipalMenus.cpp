@@ -68,8 +68,7 @@ void Principal::CrearMenus() {
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(ventana_); });
-    auto* const abrir =
-        NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(RutaDelSistema(programa_.ajustes.DirectorioDocumentos)); });
+    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(programa_.ajustes.DirectorioDocumentos); });
     auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(ventana_); });
     auto* const grabarComo = NuevaAccion("SaveAsOption", archivo, [this] { SaveAsOption(ventana_); });
     archivo->addSeparator();
@@ -156,7 +155,7 @@ void Principal::CrearOtrosMenus() {
 
 // Demonstrations are the examples that come with the program, opened like any document.
 void Principal::AbrirEjemplo() {
-    const std::string antes = programa_.ajustes.DirectorioDocumentos;
+    const auto antes = programa_.ajustes.DirectorioDocumentos;
     ElegirYAbrir(RutaDeQt(DirectorioDeEjemplos(programa_.directorioDeDatos)));
     programa_.ajustes.DirectorioDocumentos = antes;
 }

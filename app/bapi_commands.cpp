@@ -25,8 +25,8 @@ struct Argumentos {
 
 using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
 
-std::string ArchivoDe(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    return argumentos.catalogo ? DeArgumento(*argumentos.catalogo) : contexto.ajustes.ArchivoBAPI;
+std::filesystem::path ArchivoDe(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    return argumentos.catalogo ? std::filesystem::path(*argumentos.catalogo) : contexto.ajustes.ArchivoBAPI;
 }
 
 std::optional<CatalogoBAPI> Cargar(const ContextoDeComando& contexto, const Argumentos& argumentos) {

@@ -99,7 +99,7 @@ bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeCon
     const auto datos = comunes.data ? std::filesystem::path(*comunes.data) : DirectorioDeDatos();
     ArchivoINI ini;
     if (!CargarAjustes(comunes, ini, vista)) return false;
-    AjustesDelPrograma ajustes = LeerAjustes(ini, AgregarBarra(RutaDelModelo(datos)));
+    AjustesDelPrograma ajustes = LeerAjustes(ini, datos);
     if (comunes.language) ajustes.IdiomaActual = DeArgumento(*comunes.language);
     if (ajustes.IdiomaActual.empty()) ajustes.IdiomaActual = "English";
 

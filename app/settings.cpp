@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/failure.h"
 #include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -46,6 +47,20 @@ std::string SiONo(bool valor) { return valor ? "Yes" : "No"; }
 std::string ConDefecto(const ArchivoINI& ini, std::string_view clave, std::string_view defecto) {
     std::string valor = ini.LeerClave(clave);
     return valor.empty() ? std::string(defecto) : valor;
+}
+
+fs::path LeerRuta(const ArchivoINI& ini, std::string_view clave, const fs::path& defecto) {
+    const std::string valor = ini.LeerClave(clave);
+    return valor.empty() ? defecto : RutaDelSistema(valor);
+}
+
+// The settings are windows-1252: a path that they can't hold leaves the key as it was.
+void EscribirRuta(ArchivoINI& ini, std::string_view clave, const fs::path& ruta) {
+    try {
+        ini.EscribirClave(clave, RutaDelModelo(ruta));
+    } catch (const FalloDeEjecucion&) {
+        return;
+    }
 }
 
 struct ClaveDePrefijo {
@@ -179,12 +194,12 @@ std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view Encoding
     return std::string(EncodingAdditional);
 }
 
-AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directorioDelPrograma) {
+AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const fs::path& directorioDelPrograma) {
     AjustesDelPrograma ajustes;
     ajustes.IdiomaActual = ini.LeerClave("Language");
-    ajustes.ArchivoAnchos = ConDefecto(ini, "FieldsFile", "C:\\Table_Fields");
-    ajustes.ArchivoBAPI = ConDefecto(ini, "BAPIFile", AgregarBarra(directorioDelPrograma) + "BAPI46C");
-    ajustes.DirectorioDocumentos = ConDefecto(ini, "QOR Directory", directorioDelPrograma);
+    ajustes.ArchivoAnchos = LeerRuta(ini, "FieldsFile", "C:\\Table_Fields");
+    ajustes.ArchivoBAPI = LeerRuta(ini, "BAPIFile", directorioDelPrograma / "BAPI46C");
+    ajustes.DirectorioDocumentos = LeerRuta(ini, "QOR Directory", directorioDelPrograma);
     ajustes.EditorDeTextos = ini.LeerClave("Editor");
     ajustes.LogonAlInicio = SiSalvoNo(ini, "Logon at startup");
     ajustes.ChequearErroresLogon = SiSalvoNo(ini, "Check Logon Errors");
@@ -213,9 +228,9 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directori
 void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes) {
     const auto& preferencias = ajustes.preferencias;
     ini.EscribirClave("Language", ajustes.IdiomaActual);
-    ini.EscribirClave("QOR Directory", ajustes.DirectorioDocumentos);
-    ini.EscribirClave("FieldsFile", ajustes.ArchivoAnchos);
-    ini.EscribirClave("BAPIFile", ajustes.ArchivoBAPI);
+    EscribirRuta(ini, "QOR Directory", ajustes.DirectorioDocumentos);
+    EscribirRuta(ini, "FieldsFile", ajustes.ArchivoAnchos);
+    EscribirRuta(ini, "BAPIFile", ajustes.ArchivoBAPI);
     // Where no editor was ever chosen there is no entry.
     if (ajustes.EditorDeTextos != ini.LeerClave("Editor")) ini.EscribirClave("Editor", ajustes.EditorDeTextos);
     ini.EscribirClave("Upload Function", preferencias.OptionWS_UPLOAD ? "WS_UPLOAD" : "GUI_UPLOAD");

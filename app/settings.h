@@ -70,9 +70,9 @@ std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view Encoding
 // The settings by name. Paths are texts of the model, in windows-1252.
 struct AjustesDelPrograma {
     std::string IdiomaActual;  // empty until the user has chosen
-    std::string ArchivoAnchos;
-    std::string ArchivoBAPI;
-    std::string DirectorioDocumentos;
+    std::filesystem::path ArchivoAnchos;
+    std::filesystem::path ArchivoBAPI;
+    std::filesystem::path DirectorioDocumentos;
     std::string EditorDeTextos;  // command that opens reports; empty for a known editor
     bool LogonAlInicio = true;
     bool ChequearErroresLogon = true;
@@ -86,7 +86,7 @@ struct AjustesDelPrograma {
 
 // Every setting with its value or its default. The BAPI catalogue and the documents are looked for in the program's directory
 // (that of the data files) when no setting says otherwise.
-AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, std::string_view directorioDelPrograma);
+AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const std::filesystem::path& directorioDelPrograma);
 
 void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes);
 

@@ -68,7 +68,7 @@ ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const
     } catch (const FalloDeArchivo& fallo) {
         programa.detalleDeAjustes = fallo.Detalle();
     }
-    programa.ajustes = LeerAjustes(programa.ini, RutaDelModelo(directorioDeDatos));
+    programa.ajustes = LeerAjustes(programa.ini, directorioDeDatos);
     std::string& elegido = programa.ajustes.IdiomaActual;
     if (!elegido.empty()) return CargarIdioma(programa, elegido);
     std::string idioma = primerIdioma;
@@ -90,11 +90,7 @@ bool GuardarElecciones(Programa& programa) {
 }
 
 void RecordarDirectorio(Programa& programa, const Documento& documento) {
-    try {
-        programa.ajustes.DirectorioDocumentos = ObtenerPath(RutaDelModelo(documento.ruta));
-    } catch (const FalloDeEjecucion&) {
-        // The old one stays.
-    }
+    programa.ajustes.DirectorioDocumentos = documento.ruta.parent_path() / "";
 }
 
 Arranque LeerArranque(std::string_view linea) {

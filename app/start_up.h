@@ -45,8 +45,7 @@ ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre);
 // the end of the program tries again.
 bool GuardarElecciones(Programa& programa);
 
-// The directory of the document that was opened is the one where the next one is looked for. A name that the settings can't hold is
-// passed over.
+// The directory of the document that was opened is the one where the next one is looked for.
 void RecordarDirectorio(Programa& programa, const Documento& documento);
 
 // What the command line of the desktop program asks for.

@@ -23,11 +23,11 @@ class CajaDeLinea;
 
 // What the browser works with. What is referred to outlives it.
 struct EntornoDeBAPI {
-    std::string& ArchivoBAPI;     // the catalogue in use; an update puts another one in its place
-    std::string directorio;       // where an update writes
-    SesionSAP* sesion = nullptr;  // null where there are no connections
-    bool SoloDefinicion = false;  // only declarations and the call text are wanted
-    int FilaInsercion = -1;       // row of the head
+    std::filesystem::path& ArchivoBAPI;  // the catalogue in use; an update puts another one in its place
+    std::filesystem::path directorio;    // where an update writes
+    SesionSAP* sesion = nullptr;         // null where there are no connections
+    bool SoloDefinicion = false;         // only declarations and the call text are wanted
+    int FilaInsercion = -1;              // row of the head
     // Prints a documentation. Without it the button is disabled.
     std::function<void(const std::string& nombre, const std::string& documentacion, QWidget* ventana)> imprimir;
 };

@@ -63,10 +63,10 @@ RegistroBAPI LeerRegistro(std::string_view linea) {
     return {linea[0], TramoDesde(linea, 3)};
 }
 
-std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, const TextosIdioma& textos, Vista& vista) {
+std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::filesystem::path& ArchivoBAPI, const TextosIdioma& textos,
+                                                Vista& vista) {
     try {
-        const auto ruta = RutaDelSistema(ArchivoBAPI);
-        const std::string texto = LeerArchivo(ruta, limiteDeCatalogo);
+        const std::string texto = LeerArchivo(ArchivoBAPI, limiteDeCatalogo);
         const auto lineas = PartirEnLineas(texto);
         if (lineas.empty()) throw FalloDeEjecucion("the catalogue is empty");
         if (Mayusculas(Recortar(lineas[0])) != cabezaDeCatalogo) {
@@ -75,10 +75,10 @@ std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, 
         }
         CatalogoBAPI catalogo;
         for (std::size_t i = 1; i < lineas.size(); ++i) Agregar(catalogo, LeerRegistro(lineas[i]));
-        catalogo.FechaGeneracion = FechaDeArchivo(ruta);
+        catalogo.FechaGeneracion = FechaDeArchivo(ArchivoBAPI);
         return catalogo;
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {382, " ", ArchivoBAPI}), fallo));
+        vista.Advertir(ConDetalle(Componer(textos, {382, " ", TextoDeRuta(ArchivoBAPI)}), fallo));
         return std::nullopt;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -35,7 +36,7 @@ struct CatalogoBAPI {
 };
 
 // Loads a catalogue. Nothing when it is none (message 440) or can't be read (382 and its name).
-std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::string& ArchivoBAPI, const TextosIdioma& textos, Vista& vista);
+std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::filesystem::path& ArchivoBAPI, const TextosIdioma& textos, Vista& vista);
 
 // The catalogue is of another release than the connected system. Nothing where they are the same, or one of them isn't known.
 std::optional<Mensaje> AvisoDeVersion(const TextosIdioma& textos, const std::string& VersionSAP, const std::string& VersionSistema);

@@ -45,6 +45,41 @@ void Separar(std::string& texto) {
     }
 }
 
+// The name for a parameter's variable: the parameter's own, with a number behind it where that name has another type.
+struct VariableBAPI {
+    std::string nombre;
+    bool declarar = false;  // else it exists with this type
+};
+
+bool VariableConOtroTipo(std::string_view variables, const std::string& nombre, const std::string& tipo, char clase) {
+    if (clase == 'T') return !HayDataConTipo(variables, nombre, tipo, {"\r\n      OCCURS", " OCCURS"});
+    return !HayDataConTipo(variables, nombre, tipo, {",", "."});
+}
+
+VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::string& raiz, const std::string& tipo, char clase) {
+    for (int n = 0;; ++n) {
+        const std::string candidato = n == 0 ? raiz : raiz + std::to_string(n);
+        if (!HayData(VariablesGlobales, AntesDe(candidato, '-'))) return {candidato, true};
+        if (!VariableConOtroTipo(VariablesGlobales, candidato, tipo, clase)) return {candidato, false};
+        // A number behind the "-" changes nothing of what is declared in front of it.
+        if (Contiene(raiz, "-")) throw FalloDeEjecucion("no free name for the parameter " + raiz);
+    }
+}
+
+// A name for a file field that no row of the program side has yet.
+std::string CampoUnico(const Especificacion& especificacion, const std::string& nombre) {
+    const auto& tabla = especificacion.TablaTransaccion;
+    for (int n = 0;; ++n) {
+        const std::string candidato = n == 0 ? nombre : nombre + std::to_string(n);
+        bool usado = false;
+        for (const auto& fila : tabla) {
+            if (fila.SinNombres()) break;
+            if (Recortar(fila.valor) == candidato) usado = true;
+        }
+        if (!usado) return candidato;
+    }
+}
+
 class Insercion {
 public:
     Insercion(Documento& documento, const std::string& nombre, int indice, int fila, bool todos, const TextosIdioma& textos,
@@ -193,38 +228,10 @@ private:
     std::string Prefijo_;
 };
 
-bool VariableConOtroTipo(std::string_view variables, const std::string& nombre, const std::string& tipo, char clase) {
-    if (clase == 'T') return !HayDataConTipo(variables, nombre, tipo, {"\r\n      OCCURS", " OCCURS"});
-    return !HayDataConTipo(variables, nombre, tipo, {",", "."});
-}
-
-}  // namespace
-
-VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::string& raiz, const std::string& tipo, char clase) {
-    for (int n = 0;; ++n) {
-        const std::string candidato = n == 0 ? raiz : raiz + std::to_string(n);
-        if (!HayData(VariablesGlobales, AntesDe(candidato, '-'))) return {candidato, true};
-        if (!VariableConOtroTipo(VariablesGlobales, candidato, tipo, clase)) return {candidato, false};
-        // A number behind the "-" changes nothing of what is declared in front of it.
-        if (Contiene(raiz, "-")) throw FalloDeEjecucion("no free name for the parameter " + raiz);
-    }
-}
-
-std::string CampoUnico(const Especificacion& especificacion, const std::string& nombre) {
-    const auto& tabla = especificacion.TablaTransaccion;
-    for (int n = 0;; ++n) {
-        const std::string candidato = n == 0 ? nombre : nombre + std::to_string(n);
-        bool usado = false;
-        for (const auto& fila : tabla) {
-            if (fila.SinNombres()) break;
-            if (Recortar(fila.valor) == candidato) usado = true;
-        }
-        if (!usado) return candidato;
-    }
-}
-
-ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, int indice,
-                                int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
+// `indice` is the row of TablaBAPIs that gets the call text, -1 for no declarations and no call; `fila` the row of the head, -1 for
+// no rows.
+ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::path& ArchivoBAPI, const std::string& nombre,
+                                int indice, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
     bool todos = true;
     if (fila != -1) {
         const auto respuesta = preguntar();
@@ -234,7 +241,7 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& Archivo
     if (indice > ultimaFilaBAPIs) throw FalloDeEjecucion("the specification has no room for another BAPI");
     if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
     try {
-        const std::string catalogo = LeerArchivo(RutaDelSistema(ArchivoBAPI), limiteDeCatalogo);
+        const std::string catalogo = LeerArchivo(ArchivoBAPI, limiteDeCatalogo);
         documento.Cambiar();
         Insercion(documento, nombre, indice, fila, todos, textos, vista).Leer(catalogo);
         return ResultadoInsercion::Hecho;
@@ -246,8 +253,11 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& Archivo
     }
 }
 
-ResultadoInsercion ElegirBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
-                              int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
+}  // namespace
+
+ResultadoInsercion ElegirBAPI(Documento& documento, const std::filesystem::path& ArchivoBAPI, const std::string& nombre,
+                              bool soloDefinicion, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos,
+                              Vista& vista) {
     const auto& bapis = documento.especificacion.TablaBAPIs;
     const int indice = documento.especificacion.FilasBAPIs();
     const bool existe =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,24 +24,10 @@ enum class ResultadoInsercion {
                 // inserted until then stays, and the view has shown why
 };
 
-// `indice` is the row of TablaBAPIs that gets the call text, -1 for no declarations and no call; `fila` the row of the head, -1 for
-// no rows.
-ResultadoInsercion InsertarBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, int indice,
-                                int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista);
-
 // What OK does for the chosen BAPI. With `soloDefinicion` only declarations and call text are wanted. `Cancelado` leaves the
 // browser open.
-ResultadoInsercion ElegirBAPI(Documento& documento, const std::string& ArchivoBAPI, const std::string& nombre, bool soloDefinicion,
-                              int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista);
-
-// The name for a parameter's variable: the parameter's own, with a number behind it where that name has another type.
-struct VariableBAPI {
-    std::string nombre;
-    bool declarar = false;  // else it exists with this type
-};
-VariableBAPI NombreVariableBAPI(std::string_view VariablesGlobales, const std::string& raiz, const std::string& tipo, char clase);
-
-// A name for a file field that no row of the program side has yet.
-std::string CampoUnico(const Especificacion& especificacion, const std::string& nombre);
+ResultadoInsercion ElegirBAPI(Documento& documento, const std::filesystem::path& ArchivoBAPI, const std::string& nombre,
+                              bool soloDefinicion, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos,
+                              Vista& vista);
 
 }  // namespace qor

@@ -5,12 +5,12 @@
 #include <sstream>
 #include <vector>
 
+#include "base/clock.h"
 #include "base/failure.h"
 #include "base/new_file.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "sap/remote_reports.h"
-#include "sap/temporary_file.h"
 
 namespace qor {
 
@@ -19,19 +19,18 @@ namespace {
 constexpr const char* finDeLinea = "\r\n";
 constexpr std::size_t bytesPorCopia = std::size_t{1} << 20;
 
-void Borrar(const std::string& ruta) {
+void Borrar(const std::filesystem::path& ruta) {
     std::error_code ignorado;
-    if (!ruta.empty()) std::filesystem::remove(RutaDelSistema(ruta), ignorado);
+    if (!ruta.empty()) std::filesystem::remove(ruta, ignorado);
 }
 
 // The first partial file of the directory, by name; empty when there is none.
-std::string BuscarParcial(const std::string& directorio) {
-    std::string primero;
+std::filesystem::path BuscarParcial(const std::filesystem::path& directorio) {
+    std::filesystem::path primero;
     std::error_code ignorado;
-    for (const auto& entrada : std::filesystem::directory_iterator(RutaDelSistema(directorio), ignorado)) {
+    for (const auto& entrada : std::filesystem::directory_iterator(directorio, ignorado)) {
         if (entrada.path().extension() != ".bap") continue;
-        const std::string ruta = RutaDelModelo(entrada.path());
-        if (primero.empty() || ruta < primero) primero = ruta;
+        if (primero.empty() || entrada.path() < primero) primero = entrada.path();
     }
     return primero;
 }
@@ -54,8 +53,8 @@ public:
             PrepararContinuacion();
             const auto lista = ListarBAPIs(p_.sesion);
             if (!lista) throw FalloDeEjecucion("the list of BAPIs can't be had");
-            nuevo_ = QuitarExtension(NombreTemporal(p_.directorio)) + ".bap";
-            ArchivoDeSalida archivo(RutaDelSistema(nuevo_));
+            nuevo_ = p_.directorio / (FechaParaNombre(HoraActual()) + ".bap");
+            ArchivoDeSalida archivo(nuevo_);
             archivo.Escribir(std::string(cabezaDeCatalogo) + finDeLinea);
             if (continuacion_) archivo.Escribir("0 " + p_.sesion.VersionSistema + finDeLinea + continuacion_->lineas);
             Borrar(viejo_);
@@ -86,16 +85,16 @@ private:
 
     // A partial file is used once: of the same release, and when the user wants it.
     void PrepararContinuacion() {
-        const std::string parcial = BuscarParcial(p_.directorio);
+        const auto parcial = BuscarParcial(p_.directorio);
         if (parcial.empty()) return;
-        viejo_ = QuitarExtension(parcial) + ".tmp";
-        ReemplazarArchivo(RutaDelSistema(parcial), RutaDelSistema(viejo_));
-        const std::string texto = LeerArchivo(RutaDelSistema(viejo_), limiteDeCatalogo);
+        viejo_ = std::filesystem::path(parcial).replace_extension(".tmp");
+        ReemplazarArchivo(parcial, viejo_);
+        const std::string texto = LeerArchivo(viejo_, limiteDeCatalogo);
         const auto lineas = PartirEnLineas(texto);
         const bool deEstaVersion =
             lineas.size() >= 2 && lineas[0] == cabezaDeCatalogo && Recortar(lineas[1]) == "0 " + p_.sesion.VersionSistema;
         if (!deEstaVersion) return;
-        const std::string nombre = NombreDeRuta(parcial);
+        const std::string nombre = parcial.filename().string();
         const std::string Fecha =
             nombre.substr(0, 4) + "-" + std::string(Tramo(nombre, 5, 2)) + "-" + std::string(Tramo(nombre, 7, 2));
         const auto pregunta = Componer(p_.textos, {256, " ", Fecha, ". ", 257});
@@ -148,10 +147,10 @@ private:
     }
 
     ResultadoActualizacion Instalar() {
-        const std::string destino = AgregarBarra(p_.directorio) + "BAPI" + std::string(Recortar(p_.sesion.VersionSistema));
+        const auto destino = p_.directorio / ("BAPI" + std::string(Recortar(p_.sesion.VersionSistema)));
         try {
-            ArchivoAbierto bajado(RutaDelSistema(nuevo_));
-            ArchivoNuevo catalogo(RutaDelSistema(destino));
+            ArchivoAbierto bajado(nuevo_);
+            ArchivoNuevo catalogo(destino);
             std::vector<char> bloque(bytesPorCopia);
             while (const auto leidos = bajado.Leer(bloque.data(), bloque.size())) catalogo.Escribir({bloque.data(), leidos});
             catalogo.PonerEnSuLugar();
@@ -164,8 +163,8 @@ private:
     }
 
     const PedidoDeActualizacion& p_;
-    std::string viejo_;  // the partial file while it is read
-    std::string nuevo_;
+    std::filesystem::path viejo_;  // the partial file while it is read
+    std::filesystem::path nuevo_;
     std::optional<Continuacion> continuacion_;
     bool empezado_ = false;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,8 +27,8 @@ struct PedidoDeActualizacion {
     SesionSAP& sesion;
     const TextosIdioma& textos;
     Vista& vista;
-    std::string directorio;    // of the partial files and of the new catalogue
-    std::string& ArchivoBAPI;  // becomes the new catalogue
+    std::filesystem::path directorio;    // of the partial files and of the new catalogue
+    std::filesystem::path& ArchivoBAPI;  // becomes the new catalogue
     // Called when the questions are answered and the calls begin, and at the end.
     std::function<void(bool)> ConfigurarActualizacionEnProgreso;
     AvisoDeActualizacion aviso;

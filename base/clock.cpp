@@ -20,6 +20,12 @@ std::tm HoraActual() {
     return hora;
 }
 
+std::string FechaParaNombre(const std::tm& hora) {
+    char texto[64];
+    std::strftime(texto, sizeof texto, "%Y%m%d_%H%M%S", &hora);
+    return texto;
+}
+
 std::string FechaYHora(const std::tm& hora) {
     char texto[64];
     std::strftime(texto, sizeof texto, "%Y-%m-%d %H:%M:%S", &hora);

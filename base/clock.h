@@ -11,4 +11,7 @@ std::tm HoraActual();
 // "YYYY-MM-DD HH:MM:SS"
 std::string FechaYHora(const std::tm& hora);
 
+// "yyyymmdd_hhmmss", for names of files.
+std::string FechaParaNombre(const std::tm& hora);
+
 }  // namespace qor

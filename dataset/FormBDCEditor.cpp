@@ -55,9 +55,9 @@ std::string TextoDe(const QComboBox& lista) { return TextoDelModelo(lista.curren
 
 }  // namespace
 
-FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, const std::string& directorio, const AbrirAyuda& ayuda,
+FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::filesystem::path directorio, const AbrirAyuda& ayuda,
                              QWidget* padre)
-    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista), directorio_(RutaDelSistema(directorio)) {
+    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista), directorio_(std::move(directorio)) {
     setWindowTitle(QStringLiteral("QOR End-User"));
     auto* const orden = new QVBoxLayout(this);
     orden->addLayout(CrearArchivo());

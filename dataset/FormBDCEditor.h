@@ -23,7 +23,8 @@ class FormBDCEditor : public Dialogo {
     Q_OBJECT
 public:
     // `directorio` is where the choice of a file starts.
-    FormBDCEditor(const TextosIdioma& textos, Vista& vista, const std::string& directorio, const AbrirAyuda& ayuda, QWidget* padre);
+    FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::filesystem::path directorio, const AbrirAyuda& ayuda,
+                  QWidget* padre);
 
     // Scans a file and fills the lists with what it holds, as Browse does for the chosen one.
     void Abrir(const std::filesystem::path& ruta);

@@ -11,6 +11,11 @@ namespace qor {
 
 namespace {
 
+TipoArchivo TipoDeLinea(std::string_view primeraLinea) {
+    if (EsDefinicion(primeraLinea)) return TipoArchivo::DATAERRORS;
+    return Columnas(primeraLinea, 41, 45) == "0000M" ? TipoArchivo::BDC : TipoArchivo::UNKNOWN;
+}
+
 constexpr std::size_t maximoDefiniciones = 1001;
 constexpr std::uintmax_t lineasPorAviso = 1 << 14;
 constexpr std::size_t maximoDeLinea = std::size_t{1} << 16;  // no column that is looked at lies behind
@@ -80,11 +85,6 @@ const char* NombreDeTipo(TipoArchivo tipo) {
         case TipoArchivo::UNKNOWN: break;
     }
     return "UNKNOWN";
-}
-
-TipoArchivo TipoDeLinea(std::string_view primeraLinea) {
-    if (EsDefinicion(primeraLinea)) return TipoArchivo::DATAERRORS;
-    return Columnas(primeraLinea, 41, 45) == "0000M" ? TipoArchivo::BDC : TipoArchivo::UNKNOWN;
 }
 
 int JuegoDeDatos::DevolverAnchoMayor(std::string_view campo) const {

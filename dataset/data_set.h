@@ -25,8 +25,6 @@ enum class TipoArchivo { BDC, DATAERRORS, UNKNOWN };
 
 const char* NombreDeTipo(TipoArchivo tipo);
 
-TipoArchivo TipoDeLinea(std::string_view primeraLinea);
-
 // A field of the error table: where it stands in the data of lines with its identifier.
 struct Definicion {
     std::string nombre;

@@ -1,6 +1,7 @@
 #include "editor/add_operation.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
@@ -8,6 +9,13 @@
 namespace qor {
 
 namespace {
+
+// The place of a new operation: the first free row behind the program side, and the window in which it is shown.
+struct LugarDeOperacion {
+    int fila;
+    int primeraFila;
+    int linea;
+};
 
 // Line of the new row in a grid that isn't near its top.
 constexpr int lineaDeOperacion = 5;
@@ -25,8 +33,7 @@ void EscribirCabeza(Ventana& ventana, const LugarDeOperacion& lugar, const std::
     PonerEnCelda(ventana, {Columna::Dynpro, lugar.linea}, transaccion);
 }
 
-}  // namespace
-
+// Nothing when there is no free row; the view has shown message 515.
 std::optional<LugarDeOperacion> LugarParaOperacion(Ventana& ventana) {
     const int fila = ventana.documento.especificacion.PrimeraPosicionLibreTransaccion();
     if (fila > ultimaFila) {
@@ -36,6 +43,8 @@ std::optional<LugarDeOperacion> LugarParaOperacion(Ventana& ventana) {
     const int primera = fila < lineaDeOperacion ? 0 : std::min(fila - lineaDeOperacion, ultimaPrimeraFilaTransaccion);
     return LugarDeOperacion{fila, primera, fila - primera};
 }
+
+}  // namespace
 
 void AgregarOperacion(Ventana& ventana, const PreguntaDeOperacion& preguntar) {
     const auto lugar = LugarParaOperacion(ventana);

@@ -73,8 +73,7 @@ void Autofill(Ventana& ventana, const std::string& campo) {
     MostrarArchivoSinFocus(ventana, r >= lineasArchivo ? r - linea : ventana.archivo.PrimeraFilaArchivo);
 }
 
-}  // namespace
-
+// The text with the number at its end raised by one; a text without one gets 2.
 std::string SiguienteNombre(std::string_view texto) {
     const auto resto = texto.substr(0, texto.find_last_not_of("0123456789") + 1);
     std::string numero(texto.substr(resto.size()));
@@ -89,6 +88,8 @@ std::string SiguienteNombre(std::string_view texto) {
     }
     return std::string(resto) + numero;
 }
+
+}  // namespace
 
 bool ReglaDeDuplicados(Ventana& ventana, int linea) {
     if (ventana.DuplicadoRevisado) return true;

@@ -17,7 +17,4 @@ bool ReglaDeDuplicados(Ventana& ventana, int linea);
 // field is added to the file side where it is missing.
 bool ReglaDeValor(Ventana& ventana, int linea);
 
-// The text with the number at its end raised by one; a text without one gets 2.
-std::string SiguienteNombre(std::string_view texto);
-
 }  // namespace qor

@@ -36,8 +36,6 @@ std::optional<Importacion> ElegirYLeer(const Especificacion& especificacion, con
     return importacion;
 }
 
-}  // namespace
-
 FilaDeGrilla FilaDeCola(std::string_view fila) {
     return {"",
             CeldaDeGrilla(fila, 59, 3),
@@ -47,6 +45,8 @@ FilaDeGrilla FilaDeCola(std::string_view fila) {
             CeldaDeGrilla(fila, 53, 6),
             CeldaDeGrilla(fila, 13, 20)};
 }
+
+}  // namespace
 
 bool LlenarGrilla(FormularioImport& formulario, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista) {
     const ConPunteroOcupado puntero(vista);

@@ -28,8 +28,6 @@ struct FormularioImport {
 // Numbers of the headings of columns 1 to 6.
 constexpr std::array<int, 6> titulosGrilla = {229, 230, 231, 232, 233, 234};
 
-FilaDeGrilla FilaDeCola(std::string_view fila);
-
 // Fills the grid. False with message 415 when the system gives no list; the dialog closes then.
 bool LlenarGrilla(FormularioImport& formulario, SesionSAP& sesion, const TextosIdioma& textos, Vista& vista);
 

@@ -46,6 +46,14 @@ std::string LeerFuente(SesionSAP& sesion, const std::string& lector, const std::
     return NormalizarFuente(*filas);
 }
 
+std::string LeerFuenteA(SesionSAP& sesion, const std::string& nombre) {
+    return LeerFuente(sesion, sesion.nombres.LectorFuenteA, nombre);
+}
+
+std::string LeerFuenteB(SesionSAP& sesion, const std::string& nombre) {
+    return LeerFuente(sesion, sesion.nombres.LectorFuenteB, nombre);
+}
+
 std::string LeerFuenteBoA(SesionSAP& sesion, const std::string& nombre) {
     std::string fuente = LeerFuenteB(sesion, nombre);
     return EstaEnBlanco(fuente) ? LeerFuenteA(sesion, nombre) : fuente;
@@ -112,6 +120,52 @@ void NotarPerdida(SesionSAP& sesion) {
     sesion.Motivo = causa + "The connection to the SAP system is lost. Please log on again.";
 }
 
+bool RecuperarDatosSistema(SesionSAP& sesion) {
+    sesion.RolSistema.clear();
+    sesion.VersionSistema.clear();
+    const auto filas = EjecutarReporte(sesion, sesion.plantillas.PlantillaSistema);
+    if (!filas) return false;
+    if (!filas->empty()) sesion.RolSistema = filas->front();
+    if (filas->size() >= 3) sesion.VersionSistema = std::string(Recortar((*filas)[2]));
+    return true;
+}
+
+namespace {
+
+// Chooses ModuloRFC: the customer's own module where it exists, else the standard one. False when the customer's differs from the
+// standard one in more than comments, messages and the authority check, or when the sources can't be read.
+bool ValidarModuloRFC(SesionSAP& sesion) {
+    const auto& nombres = sesion.nombres;
+    if (nombres.ModuloRFCPropio.empty()) {
+        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
+        return true;
+    }
+    if (!SesionActiva(sesion)) return false;
+    const std::string grupo = GrupoDeFuncion(sesion, nombres.ModuloRFCPropio);
+    if (grupo.empty()) {
+        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
+        return true;
+    }
+    sesion.ModuloRFC = nombres.ModuloRFCPropio;
+    const std::string propia = LeerFuenteBoA(sesion, "L" + grupo + "U01");
+    if (propia.empty()) return false;
+    return propia == LeerFuenteBoA(sesion, nombres.IncludeEstandar);
+}
+
+// Leaves no session.
+void DesconectarSAP(SesionSAP& sesion) {
+    if (sesion.SesionRFC != nullptr) {
+        try {
+            sesion.SesionRFC->Connection().Logoff();
+        } catch (const FalloDelServicio&) {
+            // A connection that is gone needs no farewell.
+        }
+    }
+    Soltar(sesion);
+}
+
+// Creates the service and logs on, chooses the report runner, reads the system's role and release, and sets the addition of
+// OPEN DATASET by the release. False leaves no session.
 bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, Vista& vista) {
     if (!CrearYEntrar(sesion, opciones, vista)) {
         Soltar(sesion);
@@ -133,52 +187,7 @@ bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencia
     return true;
 }
 
-void DesconectarSAP(SesionSAP& sesion) {
-    if (sesion.SesionRFC != nullptr) {
-        try {
-            sesion.SesionRFC->Connection().Logoff();
-        } catch (const FalloDelServicio&) {
-            // A connection that is gone needs no farewell.
-        }
-    }
-    Soltar(sesion);
-}
-
-bool ValidarModuloRFC(SesionSAP& sesion) {
-    const auto& nombres = sesion.nombres;
-    if (nombres.ModuloRFCPropio.empty()) {
-        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
-        return true;
-    }
-    if (!SesionActiva(sesion)) return false;
-    const std::string grupo = GrupoDeFuncion(sesion, nombres.ModuloRFCPropio);
-    if (grupo.empty()) {
-        sesion.ModuloRFC = nombres.ModuloRFCEstandar;
-        return true;
-    }
-    sesion.ModuloRFC = nombres.ModuloRFCPropio;
-    const std::string propia = LeerFuenteBoA(sesion, "L" + grupo + "U01");
-    if (propia.empty()) return false;
-    return propia == LeerFuenteBoA(sesion, nombres.IncludeEstandar);
-}
-
-bool RecuperarDatosSistema(SesionSAP& sesion) {
-    sesion.RolSistema.clear();
-    sesion.VersionSistema.clear();
-    const auto filas = EjecutarReporte(sesion, sesion.plantillas.PlantillaSistema);
-    if (!filas) return false;
-    if (!filas->empty()) sesion.RolSistema = filas->front();
-    if (filas->size() >= 3) sesion.VersionSistema = std::string(Recortar((*filas)[2]));
-    return true;
-}
-
-std::string LeerFuenteA(SesionSAP& sesion, const std::string& nombre) {
-    return LeerFuente(sesion, sesion.nombres.LectorFuenteA, nombre);
-}
-
-std::string LeerFuenteB(SesionSAP& sesion, const std::string& nombre) {
-    return LeerFuente(sesion, sesion.nombres.LectorFuenteB, nombre);
-}
+}  // namespace
 
 bool Logon_Click(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, const TextosIdioma& textos,
                  Vista& vista) {

@@ -50,23 +50,8 @@ bool SesionActiva(SesionSAP& sesion);
 // Behind an operation that failed: when the connection was lost over it, there is no session any more, and `Motivo` says so.
 void NotarPerdida(SesionSAP& sesion);
 
-// Creates the service and logs on, chooses the report runner, reads the system's role and release, and sets the addition of
-// OPEN DATASET by the release. False leaves no session.
-bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, Vista& vista);
-
-// Leaves no session.
-void DesconectarSAP(SesionSAP& sesion);
-
-// Chooses ModuloRFC: the customer's own module where it exists, else the standard one. False when the customer's differs from the
-// standard one in more than comments, messages and the authority check, or when the sources can't be read.
-bool ValidarModuloRFC(SesionSAP& sesion);
-
 // Fills RolSistema and VersionSistema; false when the report could not be run.
 bool RecuperarDatosSistema(SesionSAP& sesion);
-
-// The source of a program or include without what a copy may differ in, all rows joined; empty when it can't be read.
-std::string LeerFuenteA(SesionSAP& sesion, const std::string& nombre);
-std::string LeerFuenteB(SesionSAP& sesion, const std::string& nombre);
 
 // The menu commands. `Logon_Click` replaces a connection that is there; false leaves none.
 bool Logon_Click(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencias& preferencias, const TextosIdioma& textos,

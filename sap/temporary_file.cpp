@@ -21,13 +21,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* extension = ".tmp";
 
-std::string Hora() {
-    const std::tm hora = HoraActual();
-    char texto[64];
-    std::strftime(texto, sizeof texto, "%Y%m%d_%H%M%S", &hora);
-    return texto;
-}
-
 // A directory of this user that no other may enter.
 bool EsPrivado(const fs::path& directorio) {
     constexpr mode_t permisos = 07777;
@@ -53,7 +46,7 @@ void ElegirDirectorio(SesionSAP& sesion) {
 fs::path CrearTemporal(SesionSAP& sesion) {
     try {
         if (sesion.DirectorioTemporal.empty()) ElegirDirectorio(sesion);
-        std::string nombre = (sesion.DirectorioTemporal / (Hora() + "_XXXXXX" + extension)).string();
+        std::string nombre = (sesion.DirectorioTemporal / (FechaParaNombre(HoraActual()) + "_XXXXXX" + extension)).string();
         const int descriptor = ::mkstemps(nombre.data(), static_cast<int>(std::string_view(extension).size()));
         if (descriptor < 0) return {};
         ::close(descriptor);
@@ -64,8 +57,6 @@ fs::path CrearTemporal(SesionSAP& sesion) {
         return {};
     }
 }
-
-std::string NombreTemporal(const std::string& directorio) { return AgregarBarra(directorio) + Hora() + extension; }
 
 void BorrarTemporal(const fs::path& ruta) {
     std::error_code ignorado;

@@ -13,9 +13,6 @@ namespace qor {
 // itself, and that goes with the session when it is empty. Empty when the file can't be made.
 std::filesystem::path CrearTemporal(SesionSAP& sesion);
 
-// The directory, then the present date and time as "yyyymmdd_hhmmss", then ".tmp". Makes no file.
-std::string NombreTemporal(const std::string& directorio);
-
 // Deletes a file; a failure is ignored.
 void BorrarTemporal(const std::filesystem::path& ruta);
 

@@ -13,7 +13,8 @@
 namespace qor {
 
 // Writes the file. While not connected, message 327 tells how to go on. False, and nothing is written, for a document with control
-// characters (model/control_characters.h); false with message 328 when the file can't be written, or at a scalar BAPI parameter whose type names no field; the lines written so far stay in the file.
+// characters (model/control_characters.h); false with message 328 when the file can't be written, or at a scalar BAPI parameter
+// whose type names no field; the lines written so far stay in the file.
 bool GenerarInfoCampos(const Documento& documento, const std::filesystem::path& archivo, bool conectado, const TextosIdioma& textos,
                        Vista& vista);
 

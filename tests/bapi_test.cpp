@@ -171,13 +171,13 @@ TEST_F(PruebaDeBAPI, RowsEndAtRow1000) {
 struct PruebaDeActualizacion : PruebaDeBAPI {
     std::shared_ptr<Guion> guion = std::make_shared<Guion>();
     SesionSAP sesion = SesionConectada(guion);
-    std::string ArchivoBAPI = Escribir(catalogo);
+    std::filesystem::path ArchivoBAPI = Escribir(catalogo);
     int detenerEn = -1;  // notice at which the user stops
     int avisos = 0;
 
     ResultadoActualizacion Actualizar(std::initializer_list<Respuesta> respuestas = {Respuesta::Si}) {
         prueba.vista.respuestas.assign(respuestas);
-        return ActualizarCatalogo({sesion, prueba.textos, prueba.vista, RutaDelModelo(directorio.Ruta()), ArchivoBAPI, [](bool) {},
+        return ActualizarCatalogo({sesion, prueba.textos, prueba.vista, directorio.Ruta(), ArchivoBAPI, [](bool) {},
                                    [&](int) { return avisos++ != detenerEn; }});
     }
 
@@ -197,15 +197,15 @@ TEST_F(PruebaDeActualizacion, NewCatalogueTakesThePlaceWhenComplete) {
     ResponderLista();
     for (const char* bapi : {"a1", "b1", "b2"}) guion->Responder({("3 " + std::string(bapi)).c_str(), "4 P::I:T-F", "END"});
     EXPECT_EQ(Actualizar(), ResultadoActualizacion::Hecha);
-    EXPECT_EQ(NombreDeRuta(ArchivoBAPI), "BAPI" + sesion.VersionSistema);
-    EXPECT_EQ(LeerArchivo(RutaDelSistema(ArchivoBAPI)),
+    EXPECT_EQ(ArchivoBAPI.filename(), "BAPI" + sesion.VersionSistema);
+    EXPECT_EQ(LeerArchivo(ArchivoBAPI),
               "BAPIDEFS\r\n0 46C\r\n1 A\r\n2 BAPI_A1\r\n3 a1\r\n4 P::I:T-F\r\n1 B\r\n2 BAPI_B1\r\n3 b1\r\n4 P::I:T-F\r\n"
               "2 BAPI_B2\r\n3 b2\r\n4 P::I:T-F\r\n");
     EXPECT_EQ(Archivos().size(), 2u);
 }
 
 TEST_F(PruebaDeActualizacion, StoppedRunGoesOnAtItsLastBAPI) {
-    const std::string anterior = ArchivoBAPI;
+    const auto anterior = ArchivoBAPI;
     ResponderLista();
     guion->Responder({"3 a1", "END"});
     detenerEn = 0;  // behind "2 BAPI_A1"
@@ -216,14 +216,14 @@ TEST_F(PruebaDeActualizacion, StoppedRunGoesOnAtItsLastBAPI) {
     ResponderLista();
     for (const char* bapi : {"3 a1 again", "3 b1", "3 b2"}) guion->Responder({bapi, "END"});
     EXPECT_EQ(Actualizar({Respuesta::Si, Respuesta::Si}), ResultadoActualizacion::Hecha);
-    EXPECT_EQ(LeerArchivo(RutaDelSistema(ArchivoBAPI)),
+    EXPECT_EQ(LeerArchivo(ArchivoBAPI),
               "BAPIDEFS\r\n0 " + sesion.VersionSistema +
                   "\r\n1 A\r\n2 BAPI_A1\r\n3 a1 again\r\n1 B\r\n2 BAPI_B1\r\n3 b1\r\n2 BAPI_B2\r\n3 b2\r\n");
     EXPECT_EQ(Archivos().size(), 2u);
 }
 
 TEST_F(PruebaDeActualizacion, FailuresLeaveTheCatalogueInUse) {
-    const std::string anterior = ArchivoBAPI;
+    const auto anterior = ArchivoBAPI;
     for (const int fallaEn : {0, 1, 2}) {
         guion->llamadas.clear();
         if (fallaEn > 0) ResponderLista();

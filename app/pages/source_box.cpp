@@ -59,7 +59,7 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
     nombre->setBuddy(archivo);
     auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {
         Vista& vista = entorno_.vista;
-        const auto directorio = RutaDelSistema(entorno_.programa.ajustes.DirectorioDocumentos);
+        const auto directorio = entorno_.programa.ajustes.DirectorioDocumentos;
         const auto ruta = ComoTexto(vista.ElegirParaAbrir(directorio, todosLosArchivos), vista);
         if (ruta) CambiarOpcion(entorno_.ventana, &Opciones::ArchivoFuente, *ruta);
     });

@@ -100,7 +100,7 @@ QGroupBox* PaginaDeHerramientas::NuevaImportacion(QWidget* padre) {
     auto* const grupo = Nuevo<QGroupBox>("FrameImportarTransacciones", padre);
     auto* const archivo = lazos.CajaFiltrada("ReporteTrans", grupo);
     auto* const examinar = lazos.Boton("ExaminarReporte", grupo, [this, &ventana] {
-        const auto directorio = RutaDelSistema(entorno_.programa.ajustes.DirectorioDocumentos);
+        const auto directorio = entorno_.programa.ajustes.DirectorioDocumentos;
         if (const auto ruta = entorno_.vista.ElegirParaAbrir(directorio, "*.*|*")) ventana.ReporteTrans = *ruta;
     });
     auto* const importar = lazos.Boton("ImportTrans", grupo, [&ventana] {
@@ -124,13 +124,13 @@ QGroupBox* PaginaDeHerramientas::NuevosAnchos(QWidget* padre) {
     auto* const orden = new QHBoxLayout(grupo);
     orden->addWidget(lazos.Boton("GenerarInfoCampos", grupo, [this] {
         const Programa& programa = entorno_.programa;
-        GenerarInfoCampos(entorno_.ventana.documento, RutaDelSistema(programa.ajustes.ArchivoAnchos), false, programa.textos,
+        GenerarInfoCampos(entorno_.ventana.documento, programa.ajustes.ArchivoAnchos, false, programa.textos,
                           entorno_.vista);
     }));
     orden->addWidget(Nuevo<QLabel>("then1", grupo));
     orden->addWidget(lazos.Boton("ImportInfo", grupo, [this] {
         Ventana& ventana = entorno_.ventana;
-        const auto archivo = RutaDelSistema(entorno_.programa.ajustes.ArchivoAnchos);
+        const auto archivo = entorno_.programa.ajustes.ArchivoAnchos;
         if (ImportInfo(ventana.documento, archivo, ventana.textos, ventana.vista)) MostrarAnchos(ventana);
     }));
     orden->addStretch();

@@ -63,8 +63,8 @@ public:
         qor::ButtonOnlinePublish(sesion_, e_.programa.generador.UltimoPrograma, DialogoDelNombre(), e_.programa.textos, e_.vista);
     }
     void ButtonOnlinePublishLocal() override {
-        qor::ButtonOnlinePublishLocal(sesion_, RutaDelSistema(e_.programa.ajustes.DirectorioDocumentos), DialogoDelNombre(),
-                                      e_.programa.textos, e_.vista);
+        qor::ButtonOnlinePublishLocal(sesion_, e_.programa.ajustes.DirectorioDocumentos, DialogoDelNombre(), e_.programa.textos,
+                                      e_.vista);
     }
 
     SistemaConectado* Sistema() override { return sesion_.Conectado ? &sistema_ : nullptr; }

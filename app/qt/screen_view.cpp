@@ -46,8 +46,7 @@ void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon i
     caja.setText(TextoDeMensaje(mensaje));
 }
 
-}  // namespace
-
+// A filter of the model, such as "QOR format|*.qor", in the manner of the file dialogs.
 QString FiltroQt(const std::string& filtro) {
     QStringList partes;
     for (std::string_view resto = filtro; !resto.empty();) {
@@ -59,6 +58,8 @@ QString FiltroQt(const std::string& filtro) {
     }
     return partes.join(QStringLiteral(";;"));
 }
+
+}  // namespace
 
 QWidget* VistaDePantalla::Padre() const {
     QWidget* const dialogo = QApplication::activeModalWidget();

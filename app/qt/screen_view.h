@@ -51,7 +51,4 @@ private:
     bool ocupado_ = false;
 };
 
-// A filter of the model, such as "QOR format|*.qor", in the manner of the file dialogs.
-QString FiltroQt(const std::string& filtro);
-
 }  // namespace qor

@@ -94,7 +94,7 @@ protected:
 
     VentanaDePrueba prueba;
     Preferencias preferencias;
-    std::string catalogo = datos + "/BAPI46C";
+    std::filesystem::path catalogo = datos + "/BAPI46C";
     SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
     ParametrosDeLogon parametros;
 };
@@ -327,12 +327,11 @@ protected:
 
     VentanaDePrueba prueba;
     DirectorioTemporal directorio;
-    std::string catalogo = directorio
-                               .Escribir("BAPIS",
-                                         "BAPIDEFS\r\n0 46C\r\n1 Order\r\n2 BAPI_ORDER_CREATE\r\n3 Makes <H1>an</H1>&order\r\n"
-                                         "4 HEAD::I:VBAK\r\n5 AUART\r\n5 VKORG\r\n4 NOTE:X:I:VBAK-NOTE\r\n"
-                                         "1 Item\r\n2 BAPI_ITEM_GET\r\n3 Reads an item\r\n")
-                               .string();
+    std::filesystem::path catalogo =
+        directorio.Escribir("BAPIS",
+                            "BAPIDEFS\r\n0 46C\r\n1 Order\r\n2 BAPI_ORDER_CREATE\r\n3 Makes <H1>an</H1>&order\r\n"
+                            "4 HEAD::I:VBAK\r\n5 AUART\r\n5 VKORG\r\n4 NOTE:X:I:VBAK-NOTE\r\n"
+                            "1 Item\r\n2 BAPI_ITEM_GET\r\n3 Reads an item\r\n");
 };
 
 TEST_F(Navegador, FindsByNameAndByWords) {
