@@ -10,9 +10,9 @@ namespace qor {
 
 // What outlives a run.
 struct EstadoDelGenerador {
-    std::filesystem::path UltimoPrograma;            // the last file written
-    bool ProgramaTemporal = false;                   // that file is to be deleted later
-    std::set<std::filesystem::path> rutasAceptadas;  // outside of their documents' directories, links resolved
+    std::filesystem::path UltimoPrograma;                 // the last file written
+    bool ProgramaTemporal = false;                        // that file is to be deleted later
+    std::set<std::filesystem::path> rutasAceptadas = {};  // outside of their documents' directories, links resolved
 };
 
 // False when no output file is named: message 301.

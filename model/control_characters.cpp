@@ -68,6 +68,7 @@ public:
     // `lugar` tells of the place once it is known that there is something to tell.
     template <typename Lugar>
     void Buscar(std::string_view texto, Lugar lugar) {
+        if (texto.empty()) return;
         const auto control = std::find_if(texto.begin(), texto.end(), EsControl);
         if (control == texto.end()) return;
         hallados_.push_back(lugar());
@@ -119,13 +120,13 @@ private:
 
 std::vector<CaracterDeControl> BuscarCaracteresDeControl(const Especificacion& especificacion, const Opciones& opciones) {
     Busqueda busqueda;
-    for (int r = 0; r < filasTabla; ++r) {
-        busqueda.BuscarEnFila(Tabla::Archivo, r, especificacion.TablaArchivo[r], celdasDeArchivo, "file side");
-    }
-    for (int r = 0; r < filasTabla; ++r) {
-        const auto& fila = especificacion.TablaTransaccion[r];
+    int r = 0;
+    for (const auto& fila : especificacion.TablaArchivo)
+        busqueda.BuscarEnFila(Tabla::Archivo, r++, fila, celdasDeArchivo, "file side");
+    r = 0;
+    for (const auto& fila : especificacion.TablaTransaccion) {
         busqueda.BuscarEnFila(Tabla::Transaccion, r, fila, celdasDeTransaccion, "program side");
-        busqueda.BuscarEnMarcas(r, fila.nota);
+        busqueda.BuscarEnMarcas(r++, fila.nota);
     }
     busqueda.BuscarEnNombres(especificacion.TablaCondiciones, "conditions");
     busqueda.BuscarEnNombres(especificacion.TablaBAPIs, "BAPIs");

@@ -3,13 +3,17 @@
 namespace qor {
 
 bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista) {
+    bool finArchivo = especificacion.FilaArchivoVacia(1);
+    bool finTransaccion = especificacion.FilaTransaccionVacia(1);
     for (int i = 2; i <= ultimaFila; ++i) {
-        const bool huecoArchivo = especificacion.FilaArchivoVacia(i - 1) && !especificacion.FilaArchivoVacia(i);
-        const bool huecoTransaccion = especificacion.FilaTransaccionVacia(i - 1) && !especificacion.FilaTransaccionVacia(i);
-        if (huecoArchivo || huecoTransaccion) {
+        const bool vaciaArchivo = especificacion.FilaArchivoVacia(i);
+        const bool vaciaTransaccion = especificacion.FilaTransaccionVacia(i);
+        if ((finArchivo && !vaciaArchivo) || (finTransaccion && !vaciaTransaccion)) {
             vista.Advertir(Componer(textos, {373}));
             return false;
         }
+        finArchivo = vaciaArchivo;
+        finTransaccion = vaciaTransaccion;
     }
     return true;
 }
