@@ -34,7 +34,7 @@ Documento LeerDeArchivo(const std::filesystem::path& ruta) {
 void EscribirEnArchivo(Documento& documento, const std::filesystem::path& destino,
                        const std::optional<IdentidadDeArchivo>& esperada) {
     if (Mayusculas(TextoDeRuta(destino)).ends_with(extensionDeTrabajo)) {
-        throw FalloDeArchivo("a document can't have the name of its own work file", destino);
+        throw FalloDeArchivo("A document can't have the name of its own work file", destino);
     }
     ArchivoNuevo nuevo(destino, extensionDeTrabajo, documento.Bloqueado() ? &documento.canal : nullptr);
     nuevo.Escribir(EscribirDocumento(documento.especificacion, documento.opciones));

@@ -111,7 +111,8 @@ TEST(Closing, SavesTheSettingsAndTidiesUp) {
         programa.ajustes.DirectorioDocumentos = "/docs/";
         p.ventana.documento.Cambiar();
         p.vista.respuestas = {cancela ? Respuesta::Cancelar : Respuesta::No};
-        programa.generador = {directorio.Escribir("20240131_120000.tmp", "x").string(), true};
+        programa.generador.UltimoPrograma = directorio.Escribir("20240131_120000.tmp", "x");
+        programa.generador.ProgramaTemporal = true;
         bool desconectado = false;
         EXPECT_EQ(CerrarPrograma(programa, p.ventana, [&] { desconectado = true; }), !cancela);
         EXPECT_EQ(desconectado, !cancela);

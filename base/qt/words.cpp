@@ -20,9 +20,9 @@ constexpr ParDePalabras palabras[] = {
     {"&Later", "&Más tarde"},
 
     // Copies of unsaved work
-    {"Unsaved work on %1 was left behind at %2. Restore it?", "Quedó trabajo sin grabar en %1, de %2. ¿Recuperarlo?"},
+    {"Unsaved work on %1 was left behind at %2. Restore it?", "Quedó trabajo sin guardar en %1, de %2. ¿Recuperarlo?"},
     {"a new document", "un documento nuevo"},
-    {"Unsaved work can't be copied:", "No se puede copiar el trabajo sin grabar:"},
+    {"Unsaved work can't be copied:", "No se puede copiar el trabajo sin guardar:"},
 
     // Main form: menus
     {"&Edit", "&Edición"},
