@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/failure.h"
+#include "base/text.h"
 #include "model/document_file.h"
 
 namespace qor {
@@ -13,6 +14,7 @@ std::string DeArgumento(const std::string& argumento) {
 }
 
 bool DocumentoDeComando::Abrir(const ContextoDeComando& contexto, const std::filesystem::path& ruta) {
+    if (EstaEnBlanco(ruta.string())) return false;
     if (!AbrirDocumento(documento, ruta, contexto.textos, contexto.vista)) return false;
     lineas.MostrarDocumento(documento.especificacion, contexto.textos, contexto.vista);
     return true;

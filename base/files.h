@@ -15,6 +15,7 @@ namespace qor {
 // No real file of its kind comes near these, in bytes.
 constexpr std::uintmax_t limiteDeArchivo = std::uintmax_t{64} << 20;
 constexpr std::uintmax_t limiteDeCatalogo = std::uintmax_t{1} << 30;
+constexpr std::uintmax_t limiteDeSesion = std::uintmax_t{1} << 30;
 
 // The whole content of a regular file. One that is larger than the limit is a failure.
 std::string LeerArchivo(const std::filesystem::path& ruta, std::uintmax_t limite = limiteDeArchivo);

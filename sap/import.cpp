@@ -159,12 +159,16 @@ std::optional<Importacion> LeerImportacion(const Especificacion& especificacion,
                                            const TextosIdioma& textos, Vista& vista) {
     const auto inicio = ElegirInicio(especificacion, textos, vista);
     if (!inicio) return std::nullopt;
+    if (*inicio > ultimaFila) {
+        vista.Advertir(Componer(textos, {515}));
+        return std::nullopt;
+    }
     if (EstaEnBlanco(archivo.string())) {
         vista.Advertir(Componer(textos, {332}));
         return std::nullopt;
     }
     try {
-        const std::string texto = LeerArchivo(archivo);
+        const std::string texto = LeerArchivo(archivo, limiteDeSesion);
         Importacion importacion{especificacion.TablaTransaccion, 0};
         // Row 1001 is never seen, and stays.
         if (*inicio == 0) std::fill_n(importacion.tabla.begin(), ultimaFila + 1, FilaDeTransaccion{});

@@ -34,8 +34,8 @@ struct Importacion {
 };
 
 // Reads a file of either format to its end, and changes nothing. Where rows exist, the user chooses between replacing them and
-// adding behind them. Nothing when the user backs out, without a file's name (message 332), and when the file can't be read to its
-// end (335).
+// adding behind them. Nothing when the user backs out, without a free row (message 515) or a file's name (332), and when the file
+// can't be read to its end (335).
 std::optional<Importacion> LeerImportacion(const Especificacion& especificacion, const std::filesystem::path& archivo,
                                            const TextosIdioma& textos, Vista& vista);
 
