@@ -109,7 +109,7 @@ TEST(Principal, TypedSpecificationGivesTheReportOfTheOneMadeByHand) {
     p.principal->ActivarPorPrimeraVez({false, documento});
     EXPECT_EQ(p.Control<QLineEdit>("Text4_6")->text(), "RV45A-MABNR(1)");
     p.Enfocar("Programa");
-    ProgramaDePrueba::Escribir((p.directorio / "typed.abap").string());
+    ProgramaDePrueba::Escribir("typed.abap");  // beside the document
     p.Control<QPushButton>("Generar")->click();
     EXPECT_THAT(p.vista->avisos, ElementsAre(323));
 
