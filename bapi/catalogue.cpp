@@ -63,19 +63,24 @@ RegistroBAPI LeerRegistro(std::string_view linea) {
     return {linea[0], TramoDesde(linea, 3)};
 }
 
+std::optional<CatalogoBAPI> LeerCatalogo(std::string_view texto) {
+    const auto lineas = PartirEnLineas(texto);
+    if (lineas.empty()) throw FalloDeEjecucion("the catalogue is empty");
+    if (Mayusculas(Recortar(lineas[0])) != cabezaDeCatalogo) return std::nullopt;
+    CatalogoBAPI catalogo;
+    for (std::size_t i = 1; i < lineas.size(); ++i) Agregar(catalogo, LeerRegistro(lineas[i]));
+    return catalogo;
+}
+
 std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::filesystem::path& ArchivoBAPI, const TextosIdioma& textos,
                                                 Vista& vista) {
     try {
-        const std::string texto = LeerArchivo(ArchivoBAPI, limiteDeCatalogo);
-        const auto lineas = PartirEnLineas(texto);
-        if (lineas.empty()) throw FalloDeEjecucion("the catalogue is empty");
-        if (Mayusculas(Recortar(lineas[0])) != cabezaDeCatalogo) {
+        auto catalogo = LeerCatalogo(LeerArchivo(ArchivoBAPI, limiteDeCatalogo));
+        if (catalogo) {
+            catalogo->FechaGeneracion = FechaDeArchivo(ArchivoBAPI);
+        } else {
             vista.Advertir(Componer(textos, {440}));
-            return std::nullopt;
         }
-        CatalogoBAPI catalogo;
-        for (std::size_t i = 1; i < lineas.size(); ++i) Agregar(catalogo, LeerRegistro(lineas[i]));
-        catalogo.FechaGeneracion = FechaDeArchivo(ArchivoBAPI);
         return catalogo;
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {382, " ", TextoDeRuta(ArchivoBAPI)}), fallo));

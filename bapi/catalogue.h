@@ -35,6 +35,10 @@ struct CatalogoBAPI {
     const NodoBAPI* Buscar(std::string_view nombre) const;
 };
 
+// Reads a catalogue's text, without the date. Nothing when it is none. Throws FalloDeEjecucion for an empty text, and for a record
+// in front of the one that it belongs to.
+std::optional<CatalogoBAPI> LeerCatalogo(std::string_view texto);
+
 // Loads a catalogue. Nothing when it is none (message 440) or can't be read (382 and its name).
 std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::filesystem::path& ArchivoBAPI, const TextosIdioma& textos, Vista& vista);
 

@@ -228,8 +228,7 @@ private:
     std::string Prefijo_;
 };
 
-// `indice` is the row of TablaBAPIs that gets the call text, -1 for no declarations and no call; `fila` the row of the head, -1 for
-// no rows.
+// Asks for the parameters and reads the catalogue; `indice` and `fila` are those of InsertarDeTexto.
 ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::path& ArchivoBAPI, const std::string& nombre,
                                 int indice, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos, Vista& vista) {
     bool todos = true;
@@ -242,11 +241,7 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::pat
     if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
     try {
         const std::string catalogo = LeerArchivo(ArchivoBAPI, limiteDeCatalogo);
-        documento.Cambiar();
-        Insercion(documento, nombre, indice, fila, todos, textos, vista).Leer(catalogo);
-        return ResultadoInsercion::Hecho;
-    } catch (const Parada&) {
-        return ResultadoInsercion::Detenido;
+        return InsertarDeTexto(documento, catalogo, nombre, indice, fila, todos, textos, vista);
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {382}), fallo));
         return ResultadoInsercion::Detenido;
@@ -254,6 +249,17 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::pat
 }
 
 }  // namespace
+
+ResultadoInsercion InsertarDeTexto(Documento& documento, std::string_view catalogo, const std::string& nombre, int indice, int fila,
+                                   bool todos, const TextosIdioma& textos, Vista& vista) {
+    documento.Cambiar();
+    try {
+        Insercion(documento, nombre, indice, fila, todos, textos, vista).Leer(catalogo);
+        return ResultadoInsercion::Hecho;
+    } catch (const Parada&) {
+        return ResultadoInsercion::Detenido;
+    }
+}
 
 ResultadoInsercion ElegirBAPI(Documento& documento, const std::filesystem::path& ArchivoBAPI, const std::string& nombre,
                               bool soloDefinicion, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos,

@@ -21,8 +21,8 @@ TrampaDeLlamadas& Trampa() {
 bool Falla(LlamadaDeArchivo llamada) {
     if (!Trampa()) return false;
     const int error = Trampa()(llamada);
-    if (error != 0) errno = error;
-    return error != 0;
+    if (error > 0) errno = error;
+    return error > 0;
 }
 
 template <typename Llamada>
@@ -57,7 +57,12 @@ ssize_t Escribir(int descriptor, const void* que, std::size_t cuanto) {
     return SinInterrupcion([&] { return ::write(descriptor, que, cuanto); });
 }
 
-int LlevarAlDisco(int descriptor) { return Falla(LlamadaDeArchivo::LlevarAlDisco) ? -1 : ::fsync(descriptor); }
+int LlevarAlDisco(int descriptor) {
+    const int dicho = Trampa() ? Trampa()(LlamadaDeArchivo::LlevarAlDisco) : 0;
+    if (dicho == sinDisco) return 0;
+    if (dicho != 0) errno = dicho;
+    return dicho != 0 ? -1 : ::fsync(descriptor);
+}
 
 int Mirar(int descriptor, struct stat& datos) { return Falla(LlamadaDeArchivo::Mirar) ? -1 : ::fstat(descriptor, &datos); }
 

@@ -57,7 +57,9 @@ void AnunciarLectura(int descriptor);
 }  // namespace llamadas
 
 // The hook of the tests, asked before each call: an error number makes the call fail with it, 0 lets it pass. A file is closed even
-// where its closing is told to fail. No program sets it.
+// where its closing is told to fail. A flush that is told `sinDisco` answers as if it were done, without waiting for a disk. No
+// program sets the hook.
+constexpr int sinDisco = -1;
 using TrampaDeLlamadas = std::function<int(LlamadaDeArchivo)>;
 void PonerTrampa(TrampaDeLlamadas trampa);
 

@@ -79,6 +79,13 @@ struct Reemplazo {
 std::string AjustarNuevoValor(const JuegoDeDatos& datos, std::string_view campo, const std::string& nuevo,
                               const TextosIdioma& textos, Vista& vista);
 
+// The replacement alone: reads an open data set from its beginning to its end and hands the new text on, piece by piece. The number
+// of values that were changed; nothing when it was stopped. Throws FalloDeEjecucion for a record of more than 10001 lines, and
+// where the file can't be read.
+using Salida = std::function<void(std::string_view)>;
+std::optional<long> CopiarReemplazando(ArchivoAbierto& archivo, const JuegoDeDatos& datos, const Reemplazo& reemplazo,
+                                       const Salida& salida, const Progreso& progreso = {});
+
 // Makes the replacement in a new file beside the data set, tells the number of changes, asks, and on yes puts the new file in the
 // place of the data set in one atomic step; `datos` then stands for the new file. True when the data set is as the user wants it:
 // changed, or without any change due. Whatever fails (message 328), and when the user answers no or stops, the data set stays as it

@@ -20,7 +20,10 @@ const char* BuscarFin(const char* desde, std::size_t hay) {
 }  // namespace
 
 LectorDeLineas::LectorDeLineas(ArchivoAbierto& archivo, std::size_t maximo)
-    : archivo_(archivo), maximo_(maximo), bloque_(tamanoDeBloque), tamano_(archivo.Identidad().tamano) {
+    : archivo_(archivo),
+      maximo_(maximo),
+      tamano_(archivo.Identidad().tamano),
+      bloque_(static_cast<std::size_t>(std::min<std::uintmax_t>(tamanoDeBloque, tamano_ + 1))) {
     llamadas::AnunciarLectura(archivo.Numero());
 }
 

@@ -46,11 +46,11 @@ private:
 
     ArchivoAbierto& archivo_;
     std::size_t maximo_;
+    std::uintmax_t tamano_ = 0;
     std::vector<char> bloque_;
     std::size_t ancla_ = 0;
     std::size_t lugar_ = 0;   // where the next line begins
     std::size_t llenos_ = 0;  // bytes of the block in use
-    std::uintmax_t tamano_ = 0;
     std::uintmax_t leidos_ = 0;
     bool alFinal_ = false;
     bool cortada_ = false;  // the rest of a line stands before the next one

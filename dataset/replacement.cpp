@@ -71,9 +71,9 @@ std::string AlAncho(std::string texto, std::size_t ancho) {
 // One pass over the file, group by group.
 class Pasada {
 public:
-    Pasada(LectorDeLineas& lector, ArchivoNuevo& nuevo, const JuegoDeDatos& datos, const Reemplazo& reemplazo)
+    Pasada(LectorDeLineas& lector, const Salida& salida, const JuegoDeDatos& datos, const Reemplazo& reemplazo)
         : lector_(lector),
-          nuevo_(nuevo),
+          salida_(salida),
           reemplazo_(reemplazo),
           deSesion_(datos.tipo == TipoArchivo::BDC),
           campo_(datos, reemplazo.campo),
@@ -119,13 +119,13 @@ private:
     void TerminarGrupo() {
         if (SeProcesa() && CumpleCondiciones()) AplicarConversion();
         if (cambiadas_.empty() && Intacto()) {
-            nuevo_.Escribir(lector_.DesdeAncla(finDeGrupo_));
+            salida_(lector_.DesdeAncla(finDeGrupo_));
         } else {
             auto cambiada = cambiadas_.begin();
             for (std::size_t i = 0; i < grupo_.size(); ++i) {
                 const bool esCambiada = cambiada != cambiadas_.end() && cambiada->first == i;
-                nuevo_.Escribir(esCambiada ? std::string_view(cambiada++->second) : lector_.Texto(grupo_[i]));
-                nuevo_.Escribir("\r\n");
+                salida_(esCambiada ? std::string_view(cambiada++->second) : lector_.Texto(grupo_[i]));
+                salida_("\r\n");
             }
         }
         cambiadas_.clear();
@@ -193,7 +193,7 @@ private:
     }
 
     LectorDeLineas& lector_;
-    ArchivoNuevo& nuevo_;
+    const Salida& salida_;
     const Reemplazo& reemplazo_;
     bool deSesion_;
     Campo campo_;
@@ -217,6 +217,14 @@ void InformarCambios(long cambios, const TextosIdioma& textos, Vista& vista) {
 
 }  // namespace
 
+std::optional<long> CopiarReemplazando(ArchivoAbierto& archivo, const JuegoDeDatos& datos, const Reemplazo& reemplazo,
+                                       const Salida& salida, const Progreso& progreso) {
+    LectorDeLineas lector(archivo);
+    Pasada pasada(lector, salida, datos, reemplazo);
+    if (!pasada.Correr(progreso)) return std::nullopt;
+    return pasada.Cambios();
+}
+
 bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, const Reemplazo& reemplazo,
                        const TextosIdioma& textos, Vista& vista, const Progreso& progreso) {
     if (EstaEnBlanco(reemplazo.campo)) return false;
@@ -224,15 +232,16 @@ bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, c
         if (Mayusculas(ruta.string()).ends_with(".TMP")) throw FalloDeArchivo("The name is that of the work file", ruta);
         auto archivo = ArchivoBloqueado::Abrir(ruta);
         if (archivo.Identidad() != datos.identidad) throw FalloDeArchivo(motivoCambiado, ruta);
-        LectorDeLineas lector(archivo);
         ArchivoNuevo nuevo(ruta, ".TMP", &archivo);
-        Pasada pasada(lector, nuevo, datos, reemplazo);
+        std::optional<long> cambios;
         {
             const ConPunteroOcupado puntero(vista);
-            if (!pasada.Correr(progreso)) return false;
+            cambios = CopiarReemplazando(
+                archivo, datos, reemplazo, [&nuevo](std::string_view texto) { nuevo.Escribir(texto); }, progreso);
         }
-        InformarCambios(pasada.Cambios(), textos, vista);
-        if (pasada.Cambios() == 0) return true;
+        if (!cambios) return false;
+        InformarCambios(*cambios, textos, vista);
+        if (*cambios == 0) return true;
         nuevo.LlevarAlDisco();
         if (vista.Preguntar(Componer(textos, {361}), Botones::SiNo) != Respuesta::Si) return false;
         nuevo.PonerEnSuLugar(datos.identidad);

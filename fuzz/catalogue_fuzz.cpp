@@ -1,60 +1,59 @@
-// Any bytes as a BAPI catalogue: loaded, searched, and its BAPIs inserted into a specification.
-
-#include <unistd.h>
+// Any bytes as a BAPI catalogue: read, searched, and its BAPIs inserted into a specification.
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <string>
+#include <optional>
+#include <string_view>
 
 #include "bapi/catalogue.h"
 #include "bapi/insertion.h"
 #include "bapi/search.h"
 #include "base/failure.h"
-#include "base/paths.h"
-#include "bench/silent_view.h"
+#include "fuzz/cleared_specification.h"
+#include "fuzz/indifferent_view.h"
 #include "fuzz/require.h"
 
 namespace {
 
 using namespace qor;
 
-// Refusals are expected here.
-class VistaIndiferente : public VistaSilenciosa {
-public:
-    void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override {}
-};
-
-const std::string& Archivo() {
-    static const std::string ruta = (std::filesystem::temp_directory_path() / ("qor-fuzz-" + std::to_string(::getpid()))).string();
-    return ruta;
+std::optional<CatalogoBAPI> Leer(std::string_view texto) {
+    try {
+        return LeerCatalogo(texto);
+    } catch (const FalloDeEjecucion&) {
+        return std::nullopt;
+    }
 }
 
-void Insertar(const CatalogoBAPI& catalogo, const TextosIdioma& textos, Vista& vista) {
-    Documento documento;
+// The first BAPIs, one behind the other, as the browser inserts them: those that are there already without their call.
+void Insertar(std::string_view texto, const CatalogoBAPI& catalogo) {
+    static Documento documento;
+    const TextosIdioma textos;
+    VistaIndiferente vista;
+    auto& especificacion = documento.especificacion;
+    Vaciar(especificacion);
+    documento.deshacer = {};
     int insertadas = 0;
     for (const auto& nodo : catalogo.nodos) {
         if (!nodo.esBAPI || ++insertadas > 3) continue;
-        const int fila = documento.especificacion.PrimeraPosicionLibreTransaccion();
+        const int fila = especificacion.PrimeraPosicionLibreTransaccion();
         if (fila > ultimaFila) return;
+        const int indice = insertadas == 2 ? -1 : especificacion.FilasBAPIs();
+        if (indice != -1) especificacion.TablaBAPIs[indice].nombre = nodo.texto;
         try {
-            ElegirBAPI(
-                documento, Archivo(), nodo.texto, false, fila, [] { return std::optional(true); }, textos, vista);
+            InsertarDeTexto(documento, texto, nodo.texto, indice, fila, insertadas != 3, textos, vista);
         } catch (const FalloDeEjecucion&) {
             continue;
         }
-        Exigir(documento.especificacion.TablaTransaccion[ultimaFila + 1].campo.empty(), "no row behind the last one");
+        Exigir(especificacion.TablaTransaccion[ultimaFila + 1].campo.empty(), "no row behind the last one");
     }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t cantidad) {
-    std::ofstream(Archivo(), std::ios::binary).write(reinterpret_cast<const char*>(datos), static_cast<std::streamsize>(cantidad));
-    const TextosIdioma textos;
-    VistaIndiferente vista;
-    const auto catalogo = RecuperarDatosBAPIs(Archivo(), textos, vista);
+    const std::string_view texto(reinterpret_cast<const char*>(datos), cantidad);
+    const auto catalogo = Leer(texto);
     if (!catalogo) return 0;
     for (const auto& nodo : catalogo->nodos) {
         Exigir(!nodo.esBAPI || nodo.numero < catalogo->DescripcionesBAPI.size(), "every BAPI has its documentation");
@@ -66,6 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t can
         while (busqueda.Siguiente()) ++hallazgos;
         Exigir(hallazgos <= catalogo->nodos.size(), "a search passes each node once");
     }
-    Insertar(*catalogo, textos, vista);
+    Insertar(texto, *catalogo);
     return 0;
 }

@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "base/failure.h"
+#include "fuzz/cleared_specification.h"
 #include "fuzz/require.h"
 #include "model/document_format.h"
 
@@ -13,24 +15,29 @@ namespace {
 
 using namespace qor;
 
-struct Documento {
+struct Contenido {
     Especificacion especificacion;
     Opciones opciones;
+
+    void Empezar() {
+        Vaciar(especificacion);
+        opciones = {};
+    }
 };
 
-Formato LeerAlgunFormato(std::string_view texto, Documento& documento) {
+Formato LeerAlgunFormato(std::string_view texto, Contenido& documento) {
     LectorValores lector(texto);
     if (LeerDocumento(lector, documento.especificacion, documento.opciones) == Formato::Actual) return Formato::Actual;
-    documento = {};
+    documento.Empezar();
     lector.VolverAlPrincipio();
     ImportarFormatoAntiguo(lector, documento.especificacion, documento.opciones);
     return Formato::Antiguo;
 }
 
-// The rows of two tables agree up to the first one whose columns `a` and `b` are both empty.
-template <typename Tabla>
-void ExigirMismasFilas(const Tabla& una, const Tabla& otra, std::size_t a, std::size_t b, std::size_t limite) {
-    for (std::size_t fila = 0; fila < limite && !(una[fila][a].empty() && una[fila][b].empty()); ++fila) {
+// The rows of two tables agree up to the first one without a name.
+template <typename Fila, typename SinNombre>
+void ExigirMismasFilas(const std::vector<Fila>& una, const std::vector<Fila>& otra, std::size_t limite, SinNombre sinNombre) {
+    for (std::size_t fila = 0; fila < limite && !sinNombre(una[fila]); ++fila) {
         Exigir(una[fila] == otra[fila], "a row of a table survives writing and reading");
     }
 }
@@ -39,7 +46,10 @@ void ExigirMismasFilas(const Tabla& una, const Tabla& otra, std::size_t a, std::
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t cantidad) {
     const std::string_view texto(reinterpret_cast<const char*>(datos), cantidad);
-    Documento leido;
+    static Contenido leido;
+    static Contenido otro;
+    leido.Empezar();
+    otro.Empezar();
     try {
         LeerAlgunFormato(texto, leido);
     } catch (const FalloDeEjecucion&) {
@@ -47,14 +57,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t can
     }
 
     const std::string escrito = EscribirDocumento(leido.especificacion, leido.opciones);
-    Documento otro;
     Exigir(LeerAlgunFormato(escrito, otro) == Formato::Actual, "a written document is one of the present format");
     const auto& una = leido.especificacion;
     const auto& otra = otro.especificacion;
-    ExigirMismasFilas(una.TablaArchivo, otra.TablaArchivo, 0, 0, filasTabla);
-    ExigirMismasFilas(una.TablaTransaccion, otra.TablaTransaccion, 0, 2, filasTabla);
-    ExigirMismasFilas(una.TablaCondiciones, otra.TablaCondiciones, 0, 0, ultimaFila + 1);
-    ExigirMismasFilas(una.TablaBAPIs, otra.TablaBAPIs, 0, 0, filasTablaBAPIs - 1);
+    ExigirMismasFilas(una.TablaArchivo, otra.TablaArchivo, filasTabla, [](const auto& f) { return f.campo.empty(); });
+    ExigirMismasFilas(una.TablaTransaccion, otra.TablaTransaccion, filasTabla, [](const auto& f) { return f.SinNombres(); });
+    ExigirMismasFilas(una.TablaCondiciones, otra.TablaCondiciones, ultimaFila + 1, [](const auto& f) { return f.nombre.empty(); });
+    ExigirMismasFilas(una.TablaBAPIs, otra.TablaBAPIs, filasTablaBAPIs - 1, [](const auto& f) { return f.nombre.empty(); });
     Exigir(EscribirDocumento(otra, otro.opciones) == escrito, "a document that is read and written stays the same");
     return 0;
 }

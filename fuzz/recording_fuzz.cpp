@@ -6,6 +6,7 @@
 
 #include "base/failure.h"
 #include "base/files.h"
+#include "fuzz/cleared_specification.h"
 #include "fuzz/require.h"
 #include "sap/import.h"
 #include "sap/queue_choice.h"
@@ -15,7 +16,8 @@ namespace {
 using namespace qor;
 
 void Leer(std::string_view texto, int inicio) {
-    Especificacion especificacion;
+    static Especificacion especificacion;
+    Vaciar(especificacion);
     especificacion.TablaTransaccion[0] = {"TRANS", "OLD", "", "", "note"};
     const auto antes = especificacion.TablaTransaccion[0];
     bool entera = true;

@@ -9,8 +9,10 @@
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "fuzz/cleared_specification.h"
 #include "fuzz/require.h"
 #include "model/cells.h"
+#include "model/declarations.h"
 #include "sap/publish.h"
 #include "sap/widths.h"
 
@@ -21,7 +23,8 @@ using namespace qor;
 constexpr std::size_t columnasABAP = 72;
 
 void Llenar(std::string_view texto, const std::vector<std::string_view>& lineas) {
-    Especificacion especificacion;
+    static Especificacion especificacion;
+    Vaciar(especificacion);
     auto& tabla = especificacion.TablaArchivo;
     for (std::size_t i = 0; i < lineas.size() && i < 50; ++i) {
         tabla[i].campo = Recortar(Tramo(lineas[i], 61, 30));
@@ -40,7 +43,7 @@ void Llenar(std::string_view texto, const std::vector<std::string_view>& lineas)
 void BuscarTipo(std::string_view texto) {
     try {
         const auto tipo = BuscarTipoVariable(PartirLineas(texto, 71), "A");
-        Exigir(tipo.empty() || Contiene(texto, "DATA: A LIKE "), "a type comes from a declaration");
+        Exigir(tipo.empty() || Contiene(Mayusculas(texto), "DATA: A LIKE "), "a type comes from a declaration");
     } catch (const FalloDeEjecucion&) {
         // Too many lines.
     }

@@ -211,22 +211,6 @@ TEST_F(PruebaDeDatos, WhateverFailsLeavesTheFile) {
     EXPECT_FALSE(std::filesystem::exists(directorio / "data.TMP"));
 }
 
-// A view that does something else to the file where the user is asked, and then says yes.
-struct VistaQueInterviene : VistaDePrueba {
-    std::function<void()> intervenir;
-    std::string detalles;
-
-    void Mostrar(const Mensaje& mensaje, Icono icono) override {
-        VistaDePrueba::Mostrar(mensaje, icono);
-        detalles += mensaje.detalle;
-    }
-    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
-        VistaDePrueba::Preguntar(mensaje, botones);
-        if (intervenir) intervenir();
-        return Respuesta::Si;
-    }
-};
-
 // Between the scan and the beginning of a run, and between its beginning and its end.
 TEST_F(PruebaDeDatos, AnotherProgramsFileIsNotOverwritten) {
     const auto ruta = directorio / "data.txt";
@@ -246,9 +230,10 @@ TEST_F(PruebaDeDatos, AnotherProgramsFileIsNotOverwritten) {
         for (const bool alPreguntar : {false, true}) {
             auto datos = Examinar(Escribir(dosTransacciones));
             ::usleep(10000);  // the clock of the file system goes on
-            VistaQueInterviene vista;
+            VistaDePrueba vista;
+            vista.respuestas = {Respuesta::Si};
             if (alPreguntar) {
-                vista.intervenir = caso.hacer;
+                vista.alPreguntar = caso.hacer;
             } else {
                 caso.hacer();
             }
@@ -264,16 +249,17 @@ TEST_F(PruebaDeDatos, TwoRunsAtOnceAreOneAndARefusal) {
     const auto ruta = Escribir(dosTransacciones);
     auto datos = Examinar(ruta);
     auto deOtro = Examinar(ruta);
-    VistaQueInterviene otra;
-    VistaQueInterviene vista;
-    vista.intervenir = [&] {
+    VistaDePrueba otra;
+    VistaDePrueba vista;
+    vista.respuestas = {Respuesta::Si, Respuesta::Si};
+    vista.alPreguntar = [&] {
         EXPECT_FALSE(ReemplazarValores(ruta, *deOtro, De("MATNR", "OTHER"), prueba.textos, otra));
         EXPECT_EQ(otra.TomarAvisos() + otra.detalles, "<328>The file is in use: " + ruta.string());
     };
     EXPECT_TRUE(ReemplazarValores(ruta, *datos, De("MATNR", "N"), prueba.textos, vista));
     EXPECT_EQ(LeerArchivo(ruta), Cambiar(Cambiar(dosTransacciones, "abc1", "N"), "abc2", "N"));
     // What was scanned stands for the new file.
-    vista.intervenir = {};
+    vista.alPreguntar = {};
     EXPECT_TRUE(ReemplazarValores(ruta, *datos, De("MATNR", "M"), prueba.textos, vista));
     EXPECT_EQ(vista.detalles, "");
 }
@@ -281,7 +267,7 @@ TEST_F(PruebaDeDatos, TwoRunsAtOnceAreOneAndARefusal) {
 TEST_F(PruebaDeDatos, OnlyRegularFilesAreScanned) {
     const auto tubo = directorio / "pipe";
     ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
-    VistaQueInterviene vista;
+    VistaDePrueba vista;
     for (const char* ruta : {tubo.c_str(), "/dev/zero", "/"}) {
         vista.detalles.clear();
         EXPECT_FALSE(ExaminarJuegoDeDatos(ruta, prueba.textos, vista));

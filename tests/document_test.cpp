@@ -5,11 +5,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <functional>
+#include <map>
 #include <random>
 
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
+#include "base/text.h"
 #include "editor/document_commands.h"
 #include "model/document_format.h"
 #include "tests/support/temporary_directory.h"
@@ -220,29 +223,44 @@ TEST_F(Archivos, FailedSavesKeepTheDocument) {
     EXPECT_EQ(LeerArchivo(ruta), viejo);
 }
 
-// Killed at any moment, a saving process leaves the old document or the new one, whole.
-TEST_F(Archivos, KilledSaveLeavesAWholeDocument) {
+// Where another program has changed the document since it was read, the user decides; and only over the state that was seen.
+TEST_F(Archivos, AnotherProgramsChangeIsOverwrittenOnARequestOnly) {
     const auto ruta = directorio / "doc.qor";
-    prueba.LlenarArchivo(1000);
-    ASSERT_TRUE(Grabar(ruta));
-    const auto viejo = LeerArchivo(ruta);
-    ventana.documento.opciones.Notes = std::string(100000, 'n');
-    const auto nuevo = EscribirDocumento(ventana.documento.especificacion, ventana.documento.opciones);
-    ventana.documento.canal.Cerrar();
-    for (int vuelta = 0; vuelta < 30; ++vuelta) {
-        const pid_t hijo = ::fork();
-        if (hijo == 0) {
-            for (;;) {
-                SaveOption(ventana);
-                ventana.documento.canal.Cerrar();
-            }
+    const std::string suyo = Registro(1, {"\"THEIRS\""});
+    const std::string pregunta = "Another program has changed the document " + ruta.string() + " since it was read. Overwrite it?";
+    const std::map<std::string, std::function<void()>> maneras = {
+        {"changed", [&] { directorio.Escribir("doc.qor", suyo); }},
+        {"replaced", [&] { std::filesystem::rename(directorio.Escribir("other", suyo), ruta); }},
+        {"removed", [&] { std::filesystem::remove(ruta); }}};
+    for (const auto& [manera, intervenir] : maneras) {
+        for (const auto respuesta : {Respuesta::No, Respuesta::Si}) {
+            SCOPED_TRACE(manera);
+            VentanaDePrueba p;
+            ASSERT_TRUE(Abrir(p.ventana, directorio.Escribir("doc.qor", Registro(1, {"\"A\""}))));
+            p.PonerArchivo(0, "OURS");
+            p.documento.Cambiar();
+            intervenir();
+            p.vista.respuestas = {respuesta};
+            const bool falta = manera == "removed";
+            const bool guarda = falta || respuesta == Respuesta::Si;
+            EXPECT_EQ(SaveOption(p.ventana), guarda);
+            EXPECT_EQ(p.vista.TomarAvisos(), falta ? "" : pregunta);
+            EXPECT_EQ(Contiene(LeerArchivo(ruta), "OURS"), guarda);
+            EXPECT_EQ(p.documento.HayCambios(), !guarda);
+            // What was saved is the state to compare with the next time.
+            if (guarda) EXPECT_TRUE(SaveOption(p.ventana) && p.vista.TomarAvisos().empty());
         }
-        ::usleep(static_cast<useconds_t>(vuelta * 700));
-        ::kill(hijo, SIGKILL);
-        ::waitpid(hijo, nullptr, 0);
-        const auto hay = LeerArchivo(ruta);
-        ASSERT_TRUE(hay == viejo || hay == nuevo) << hay.size();
     }
+    // It changes once more while the question stands.
+    VentanaDePrueba p;
+    ASSERT_TRUE(Abrir(p.ventana, ruta));
+    maneras.at("changed")();
+    p.vista.alPreguntar = maneras.at("replaced");
+    p.vista.respuestas = {Respuesta::Si};
+    EXPECT_FALSE(SaveOption(p.ventana));
+    EXPECT_EQ(p.vista.TomarAvisos(), pregunta + " <336>");
+    EXPECT_EQ(p.vista.detalles, "Another program has changed the file: " + ruta.string());
+    EXPECT_EQ(LeerArchivo(ruta), suyo);
 }
 
 TEST_F(Archivos, UnsavedWorkIsAskedFor) {

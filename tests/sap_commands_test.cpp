@@ -5,6 +5,7 @@
 
 #include "app/command_line.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor {
@@ -125,6 +126,34 @@ TEST(SapCommands, ImportsThatAreRefusedSaveNothing) {
         EXPECT_EQ(qorgen.Correr(caso.argumentos), caso.estado) << caso.argumentos[2];
         EXPECT_EQ(qorgen.Numeros(), caso.numeros) << caso.argumentos[2];
         EXPECT_FALSE(std::filesystem::exists(qorgen.directorio / "a.qor"));
+    }
+}
+
+// Another program writes the document between its reading and its saving.
+TEST(SapCommands, AnotherProgramsChangeIsOverwrittenWithYesOnly) {
+    for (const bool conYes : {false, true}) {
+        const DirectorioTemporal directorio;
+        const auto documento = directorio / "a.qor";
+        std::ostringstream salida;
+        std::ostringstream errores;
+        int cambios = 0;
+        const auto escribirOtro = [&] {
+            const std::string nombre(static_cast<std::size_t>(++cambios), 'X');
+            directorio.Escribir("a.qor", "1,\"" + nombre + "\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
+        };
+        escribirOtro();
+        PonerTrampa([&](LlamadaDeArchivo llamada) {
+            const bool preguntado = Contiene(errores.str(), "Another program");
+            if (llamada == LlamadaDeArchivo::Abrir && !preguntado) escribirOtro();
+            return 0;
+        });
+        std::vector<std::string> argumentos = {"import", documento.string(), grabacion, "--close-gaps"};
+        if (conYes) argumentos.push_back("--yes");
+        const int estado = EjecutarQorgen(argumentos, salida, errores);
+        PonerTrampa({});
+        EXPECT_EQ(estado, conYes ? estadoBien : estadoRechazado);
+        EXPECT_THAT(errores.str(), HasSubstr("Overwrite it? " + std::string(conYes ? "[yes]" : "[no]") + "\n"));
+        EXPECT_EQ(Contiene(LeerArchivo(documento), "MM01"), conYes);
     }
 }
 

@@ -46,10 +46,14 @@ std::string VistaDePrueba::TomarAvisos() {
     return todos;
 }
 
-void VistaDePrueba::Mostrar(const Mensaje& mensaje, Icono /*icono*/) { avisos.push_back(mensaje.texto); }
+void VistaDePrueba::Mostrar(const Mensaje& mensaje, Icono /*icono*/) {
+    avisos.push_back(mensaje.texto);
+    detalles += mensaje.detalle;
+}
 
 Respuesta VistaDePrueba::Preguntar(const Mensaje& mensaje, Botones /*botones*/) {
     avisos.push_back(mensaje.texto);
+    if (alPreguntar) alPreguntar();
     if (respuestas.empty()) return Respuesta::Cancelar;
     const Respuesta respuesta = respuestas.front();
     respuestas.pop_front();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -20,6 +21,8 @@ public:
     std::vector<std::string> focos;   // controls that got the focus
     std::deque<Respuesta> respuestas;
     std::deque<std::filesystem::path> archivos;
+    std::string detalles;               // what the system said behind the messages
+    std::function<void()> alPreguntar;  // what else happens while a question stands
 
     // The messages since the last call, joined by a blank.
     std::string TomarAvisos();
