@@ -30,9 +30,9 @@ ResultadoInsercion ElegirBAPI(Documento& documento, const std::filesystem::path&
                               bool soloDefinicion, int fila, const PreguntaDeCampos& preguntar, const TextosIdioma& textos,
                               Vista& vista);
 
-// The insertion itself, from a catalogue's text: `indice` is the row of TablaBAPIs that holds the name and gets the call text, -1 for
-// no declarations and no call; `fila` the row of the head, -1 for no rows; `todos` wants all parameters. Throws FalloDeEjecucion
-// where the specification can't take what is inserted.
+// The insertion itself, from a catalogue's text: `indice` is the row of TablaBAPIs that holds the name and gets the call text, -1
+// for no declarations and no call; `fila` the row of the head, -1 for no rows; `todos` wants all parameters. Throws
+// FalloDeEjecucion where the specification can't take what is inserted.
 ResultadoInsercion InsertarDeTexto(Documento& documento, std::string_view catalogo, const std::string& nombre, int indice, int fila,
                                    bool todos, const TextosIdioma& textos, Vista& vista);
 

@@ -29,9 +29,7 @@ struct Anchos {
     DirectorioTemporal directorio;
     std::string archivo = RutaDelModelo(directorio / "fields");
 
-    bool Generar() {
-        return GenerarInfoCampos(prueba.ventana.documento, archivo, false, prueba.textos, prueba.vista);
-    }
+    bool Generar() { return GenerarInfoCampos(prueba.ventana.documento, archivo, false, prueba.textos, prueba.vista); }
     std::vector<std::string> Lineas() const {
         const std::string texto = LeerArchivo(RutaDelSistema(archivo));
         const auto lineas = PartirEnLineas(texto);

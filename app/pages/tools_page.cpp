@@ -124,8 +124,7 @@ QGroupBox* PaginaDeHerramientas::NuevosAnchos(QWidget* padre) {
     auto* const orden = new QHBoxLayout(grupo);
     orden->addWidget(lazos.Boton("GenerarInfoCampos", grupo, [this] {
         const Programa& programa = entorno_.programa;
-        GenerarInfoCampos(entorno_.ventana.documento, programa.ajustes.ArchivoAnchos, false, programa.textos,
-                          entorno_.vista);
+        GenerarInfoCampos(entorno_.ventana.documento, programa.ajustes.ArchivoAnchos, false, programa.textos, entorno_.vista);
     }));
     orden->addWidget(Nuevo<QLabel>("then1", grupo));
     orden->addWidget(lazos.Boton("ImportInfo", grupo, [this] {
