@@ -11,7 +11,6 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
-#include "model/document_format.h"
 #include "model/operations.h"
 #include "tests/support/window_fixture.h"
 
@@ -65,32 +64,6 @@ TEST(Spread, EveryBAPIOfTheCatalogueGivesAReport) {
         ++bapis;
     }
     EXPECT_GE(bapis, 40);
-}
-
-// The example's rows, declarations and call are those of an insertion: the rows that the example fills are among the inserted ones,
-// and every variable that it passes is declared and passed as the catalogue tells.
-TEST(Catalogue, ExampleCallsTheBAPIAsInserted) {
-    const std::string texto = LeerArchivo(fuente / "examples/bapi-sales-order/orders.qor");
-    LectorValores documento(texto);
-    Especificacion ejemplo;
-    Opciones opciones;
-    LeerDocumento(documento, ejemplo, opciones);
-
-    VentanaDePrueba prueba;
-    const std::string nombre(AntesDe(ejemplo.TablaTransaccion[0].dynpro, ';'));
-    ASSERT_EQ(Insertar(prueba, nombre), ResultadoInsercion::Hecho);
-    const auto& insertada = prueba.ventana.documento.especificacion;
-    std::set<std::string> campos;
-    for (int r = 1; r < insertada.FilasTransaccion(); ++r) campos.insert(insertada.TablaTransaccion[r].campo);
-    for (int r = 1; r < ejemplo.FilasTransaccion(); ++r) {
-        EXPECT_TRUE(campos.contains(std::string(AntesDe(ejemplo.TablaTransaccion[r].campo, ';'))))
-            << ejemplo.TablaTransaccion[r].campo;
-    }
-    for (const auto linea : PartirEnLineas(ejemplo.TablaBAPIs[0].llamada)) {
-        auto pasado = Recortar(linea);
-        if (pasado.ends_with('.')) pasado.remove_suffix(1);
-        EXPECT_TRUE(Contiene(insertada.TablaBAPIs[0].llamada, pasado)) << linea;
-    }
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <map>
-#include <random>
 
 #include "base/failure.h"
 #include "base/files.h"
@@ -29,38 +28,6 @@ Especificacion Leer(const std::string& texto, Opciones& opciones) {
         ImportarFormatoAntiguo(lector, e, opciones);
     }
     return e;
-}
-
-TEST(Document, ComesBackAsItWasWritten) {
-    std::mt19937 azar(7);
-    const auto texto = [&] {
-        std::string t;
-        for (auto n = azar() % 12; n > 0; --n) t += "aZ \",;#'@!\r\n\xE1\x81"[azar() % 14];
-        return t;
-    };
-    for (int vuelta = 0; vuelta < 200; ++vuelta) {
-        Especificacion e;
-        Opciones o;
-        for (int r = 0; r < 5; ++r) {
-            e.TablaArchivo[r] = {"F" + texto(), texto(), texto(), texto()};
-            e.TablaTransaccion[r] = {texto(), texto(), "C" + texto(), texto(), texto()};
-            e.TablaCondiciones[r] = {"N" + texto(), texto()};
-            e.TablaBAPIs[r] = {"B" + texto(), texto()};
-        }
-        e.OrigenUsuario = azar() % 2;
-        e.VariablesGlobales = texto();
-        o.ClienteOp = azar() % 2;
-        o.Modo = "ANE"[azar() % 3];
-        o.HScroll1 = static_cast<int>(azar() % 101);
-        o.NombreManual = texto();
-        o.ProcesarTodoOpt = azar() % 2;
-        const std::string escrito = EscribirDocumento(e, o);
-        Opciones leidas;
-        const auto leida = Leer(escrito, leidas);
-        EXPECT_EQ(leida.TablaArchivo, e.TablaArchivo);
-        EXPECT_EQ(leida.TablaTransaccion, e.TablaTransaccion);
-        EXPECT_EQ(EscribirDocumento(leida, leidas), escrito);
-    }
 }
 
 std::string Registro(int etiqueta, std::initializer_list<const char*> campos) {

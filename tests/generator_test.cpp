@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <regex>
 
 #include "base/files.h"
 #include "base/paths.h"
@@ -201,85 +200,6 @@ TEST_F(Generador, SessionIsNamedAfterTheDocument) {
         o.CallTransaction = caso.CallTransaction;
         EXPECT_TRUE(Contiene(Generar(), "BDCNAME LIKE APQI-GROUPID VALUE '" + std::string(caso.nombre) + "',\r\n")) << caso.ruta;
     }
-}
-
-// Follows the lines of a written TABFORM_1 on paper: the positions at which `lineas` lines of the record are sent.
-std::vector<int> Posiciones(const std::string& informe, int lineas) {
-    std::vector<std::string> forma;
-    bool dentro = false;
-    for (const auto linea : PartirEnLineas(informe)) {
-        if (linea == "FORM TABFORM_1.") dentro = true;
-        if (dentro) forma.emplace_back(Recortar(linea));
-        if (linea == "ENDFORM.") dentro = false;
-    }
-    int posicion = 0;
-    int porPantalla = 0;
-    std::vector<int> enviadas;
-    const auto correr = [&](std::size_t desde, std::size_t hasta) {
-        bool salta = false;
-        for (std::size_t i = desde; i < hasta; ++i) {
-            std::smatch m;
-            if (forma[i] == "ENDIF.") salta = false;
-            if (salta) continue;
-            if (std::regex_match(forma[i], m, std::regex("POSITION = ([0-9]+)\\."))) posicion = std::stoi(m[1]);
-            if (std::regex_match(forma[i], m, std::regex("ROWSPERSCREEN = ([0-9]+)\\."))) porPantalla = std::stoi(m[1]);
-            if (forma[i] == "POSITION = POSITION + 1.") ++posicion;
-            if (forma[i].starts_with("PERFORM SL_SEND USING")) enviadas.push_back(posicion);
-            if (forma[i] == "IF POSITION > ROWSPERSCREEN.") salta = posicion <= porPantalla;
-        }
-    };
-    const auto lugar = [&](const char* comienzo) {
-        return static_cast<std::size_t>(
-            std::find_if(forma.begin(), forma.end(), [&](const auto& l) { return l.starts_with(comienzo); }) - forma.begin());
-    };
-    correr(0, lugar("LOOP AT"));
-    for (int n = 0; n < lineas; ++n) correr(lugar("LOOP AT"), lugar("ENDLOOP."));
-    return enviadas;
-}
-
-TEST_F(Generador, StepLoopLinesStandWhereTheyShould) {
-    const struct {
-        const char* modo;
-        const char* primera;
-        std::vector<int> posiciones;
-    } casos[] = {
-        {"1", "1", {1, 1, 1, 1, 1, 1, 1}},
-        {"1", "0", {1, 2, 2, 2, 2, 2, 2}},
-        {"0", "1", {1, 2, 3, 1, 2, 3, 1}},
-        {"0", "0", {1, 2, 3, 2, 3, 2, 3}},
-    };
-    for (const auto& caso : casos) {
-        e.TablaTransaccion[5].nota = "!1 1!2f!3" + std::string(caso.modo) + "!4!5" + caso.primera + "!63!7,ORDER";
-        EXPECT_EQ(Posiciones(Generar(), 7), caso.posiciones) << caso.modo << caso.primera;
-    }
-}
-
-// What the lines of the error form do in each of the four cases of a run.
-TEST_F(Generador, ErrorFormStoresAndRepeats) {
-    o.ErrorHandlingCheck = o.CallTransaction = 1;
-    o.ProgID = "12";
-    const auto informe = Generar();
-    const auto forma = informe.substr(informe.find("\nFORM INSERT_DATAERRORS."));
-    const auto tramo = [&](std::initializer_list<const char*> pasos) {
-        std::size_t p = 0;
-        for (const char* paso : pasos) {
-            p = forma.find(paso, p);
-            if (p == std::string::npos) return false;
-        }
-        return p < forma.find("ENDFORM.");
-    };
-    // A new failure: a run number once, the record's lines numbered by their place. A repeated one: old messages go, the new ones
-    // stand behind the highest number. A repeated success is marked.
-    EXPECT_TRUE(tramo({"IF NEWBATCH = 'X'.", "IF DATAERRORSFOUND = YES.", "IF ERRORCOUNTER = 1.", "SELECT MAX( BATCH )",
-                       "LOOP AT DATAERRORS.", "MOVE SY-TABIX TO ZDATAERRORS-SEQUENCE.", "INSERT ZDATAERRORS.", "ELSE.",
-                       "IF DATAERRORSFOUND = YES.", "DELETE FROM ZDATAERRORS", "AND OPERATION = ITABOPERS-OPERATION AND ID = 0.",
-                       "SELECT MAX( SEQUENCE )", "AUXSEQUENCE = AUXSEQUENCE + 1.", "INSERT ZDATAERRORS.", "ELSE.",
-                       "UPDATE ZDATAERRORS SET PROCESSED = 'X'"}));
-    // The layout rows describe both records once.
-    const auto disposicion = informe.substr(informe.find("FORM ADD_STRUCTURES"));
-    EXPECT_TRUE(Contiene(disposicion, "ZDATAERRORS-LINE = '00010 ORDER'.") &&
-                Contiene(disposicion, "ZDATAERRORS-LINE = '00006 ITEM'."));
-    EXPECT_TRUE(disposicion.ends_with("ENDFORM.    \r\n"));
 }
 
 }  // namespace

@@ -227,23 +227,6 @@ TEST(Import, AnEarlyEndLeavesNoTrace) {
 
 // ---- The choice in the connected system ----
 
-TEST(Import, TheListOfTheQueueBecomesAGrid) {
-    const auto guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
-    VentanaDePrueba prueba;
-    FormularioImport formulario;
-    guion->Responder({"MM01_REC    02112815180500000012SMITH       20001128151805100", "SHORT", "END"});
-    ASSERT_TRUE(LlenarGrilla(formulario, sesion, prueba.textos, prueba.vista));
-    EXPECT_THAT(formulario.Grilla,
-                ElementsAre(FilaDeGrilla{"", "100", "MM01_REC", "SMITH", "20001128", "151805", "02112815180500000012"},
-                            FilaDeGrilla{"", "", "SHORT", "", "", "", ""}));
-    EXPECT_EQ(guion->conversacion[2], "PROGRAM < inf005 %BDC");
-    formulario.EsGrabacion = false;
-    EXPECT_FALSE(LlenarGrilla(formulario, sesion, prueba.textos, prueba.vista));
-    EXPECT_EQ(guion->conversacion[6], "PROGRAM < inf005 BDC");
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<415>");
-}
-
 // A record as the rows of an entry.
 std::vector<std::string> Piezas(std::string registro) {
     registro.resize(309, ' ');

@@ -85,17 +85,6 @@ TEST(RemoteReports, EveryListButTheContentsOfAnEntryGivesUpItsLastRow) {
     }
 }
 
-TEST(RemoteReports, TheRecordsOfABapiGoIntoAFile) {
-    const auto guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
-    std::ostringstream archivo;
-    guion->Responder({"3 Text", "4 A::I:B-C", "END"});
-    EXPECT_TRUE(BajarBAPI(sesion, "BAPI_X", archivo));
-    EXPECT_EQ(guion->conversacion[2], "PROGRAM < inf009 BAPI_X");
-    EXPECT_FALSE(BajarBAPI(sesion, "BAPI_Y", archivo));
-    EXPECT_EQ(archivo.str(), "3 Text\r\n4 A::I:B-C\r\n");
-}
-
 // A control character could end the line that it stands in, so nothing with one is asked.
 TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
     VentanaDePrueba prueba;

@@ -89,17 +89,6 @@ TEST(Widths, LengthsFillEmptyWidthsOnly) {
     EXPECT_EQ(anchos.Avisos(), "<328>");
 }
 
-TEST(Widths, TheReportAsksForEveryLineInOrder) {
-    const std::string una = Linea("MARA", "MATNR", "MATNR", "000018");
-    EXPECT_THAT(ReporteDeAnchos({una, "", "  SHORT"}),
-                ElementsAre("REPORT QOR.", "DATA: BEGIN OF ITAB OCCURS 0,", "        TABLE(30),", "        FIELD(30),",
-                            "      END OF ITAB,", "      WIDTH LIKE DD03L-LENG.", "ITAB-TABLE = 'MARA'.", "ITAB-FIELD = 'MATNR'.",
-                            "APPEND ITAB.", "ITAB-TABLE = ''.", "ITAB-FIELD = ''.", "APPEND ITAB.", "ITAB-TABLE = 'SHORT'.",
-                            "ITAB-FIELD = ''.", "APPEND ITAB.", "LOOP AT ITAB.", "  WIDTH = 0.",
-                            "  SELECT SINGLE LENG INTO WIDTH FROM DD03L WHERE ",
-                            "  TABNAME = ITAB-TABLE AND FIELDNAME = ITAB-FIELD.", "  WRITE: / WIDTH.", "ENDLOOP."));
-}
-
 TEST(Widths, TheAnswerCompletesTheFile) {
     Anchos anchos;
     const auto guion = std::make_shared<Guion>();

@@ -31,14 +31,9 @@ TEST(CommandLine, NamesADocument) {
         bool conPresentacion;
         const char* documento;
     };
-    const Caso casos[] = {{"", true, ""},
-                          {"a b.qor", true, "a b.qor"},
-                          {"\"a b.qor\"", true, "a b.qor"},
-                          {"#$%", false, ""},
-                          {"#$%\"/d/a.qor\"", false, "/d/a.qor"},
-                          {"\"a.qor", true, "\"a.qor"},
-                          {"\"", true, "\""},
-                          {" #$%a", true, " #$%a"}};
+    const Caso casos[] = {{"", true, ""},     {"\"a b.qor\"", true, "a b.qor"},
+                          {"#$%", false, ""}, {"#$%\"/d/a.qor\"", false, "/d/a.qor"},
+                          {"\"", true, "\""}, {" #$%a", true, " #$%a"}};
     for (const auto& caso : casos) {
         const auto linea = LeerArranque(caso.linea);
         EXPECT_EQ(linea.conPresentacion, caso.conPresentacion) << caso.linea;

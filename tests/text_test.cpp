@@ -53,22 +53,6 @@ TEST(Text, PositionsCountFromOne) {
     EXPECT_FALSE(Contiene("abc", "C"));
 }
 
-TEST(Text, PiecesEndWhereTheTextEnds) {
-    EXPECT_EQ(Tramo("abcdef", 2, 3), "bcd");
-    EXPECT_EQ(Tramo("abcdef", 5, 9), "ef");
-    EXPECT_EQ(Tramo("abcdef", 7, 1), "");
-    EXPECT_EQ(Tramo("abcdef", 3, 0), "");
-    EXPECT_THROW(Tramo("abcdef", 3, -1), FalloDeEjecucion);
-    EXPECT_EQ(TramoDesde("abcdef", 6), "f");
-    EXPECT_EQ(TramoDesde("abcdef", 8), "");
-    EXPECT_EQ(AntesDe("a;b;c", ';'), "a");
-    EXPECT_EQ(DespuesDe("a;b;c", ';'), "b;c");
-    EXPECT_EQ(AntesDe("abc", ';'), "abc");
-    EXPECT_EQ(DespuesDe("abc", ';'), "");
-    EXPECT_EQ(Blancos(3), "   ");
-    EXPECT_THROW(Blancos(-1), FalloDeEjecucion);
-}
-
 TEST(Text, NumbersAreReadFromTheStart) {
     struct Caso {
         const char* texto;
@@ -77,19 +61,6 @@ TEST(Text, NumbersAreReadFromTheStart) {
     const Caso casos[] = {{"12", 12}, {"  12", 12}, {"12abc", 12}, {"1 2", 1},  {"abc", 0},     {"", 0},    {"-3", -3}, {"+4", 4},
                           {"--3", 0}, {"- 3", 0},   {"1.5", 1.5},  {".5", 0.5}, {"1.5.5", 1.5}, {"1,5", 1}, {"1e3", 1}, {"\t1", 0}};
     for (const auto& caso : casos) EXPECT_DOUBLE_EQ(Numero(caso.texto), caso.numero) << caso.texto;
-}
-
-TEST(Text, NumbersAreWrittenPlainly) {
-    const std::pair<double, const char*> casos[] = {{0, "0"},         {-0.0, "0"},
-                                                    {7, "7"},         {10, "10"},
-                                                    {-100, "-100"},   {1.5, "1.5"},
-                                                    {-0.25, "-0.25"}, {1e15, "1000000000000000"},
-                                                    {0.1, "0.1"},     {123456.75, "123456.75"}};
-    for (const auto& [numero, texto] : casos) EXPECT_EQ(TextoDeNumero(numero), texto);
-    EXPECT_EQ(ConCeros(7, 5), "00007");
-    EXPECT_EQ(ConCeros(2.5, 2), "03");
-    EXPECT_EQ(ConCeros(-7, 3), "-007");
-    EXPECT_EQ(ConCeros(123456, 5), "123456");
 }
 
 TEST(Text, CharactersAreTakenOutAndReplaced) {

@@ -46,6 +46,7 @@ namespace qor::pruebas {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
@@ -158,26 +159,14 @@ TEST(TextsToRead, SwallowKeysThatWouldChangeThem) {
     VentanaDePrueba prueba;
     FormPreview preview(prueba.textos, prueba.vista, "A\r\nB", {}, nullptr);
     const DialogoAbierto dialogo(preview);
-    struct Caso {
-        int tecla;
-        const char* texto;
-        bool avisa;
-    };
-    for (const auto& [tecla, texto, avisa] :
-         {Caso{0, "x", true}, Caso{Qt::Key_Delete, "\x7f", true}, Caso{Qt::Key_Backspace, "\b", true},
-          Caso{Qt::Key_Return, "\r", true}, Caso{Qt::Key_Down, "", false}}) {
-        dialogo.Pulsar("Preview", tecla, QString::fromLatin1(texto));
-        EXPECT_EQ(prueba.vista.TomarAvisos(), avisa ? "<362>" : "") << tecla;
-    }
+    dialogo.Pulsar("Preview", Qt::Key_Down);
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "");
+    dialogo.Teclear("Preview", "x\n");
+    for (const int tecla : {Qt::Key_Delete, Qt::Key_Backspace}) dialogo.Pulsar("Preview", tecla, QStringLiteral("\b"));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<362> <362> <362> <362>");
     EXPECT_EQ(dialogo.Texto("Preview"), "A\r\nB");
     dialogo.Pulsar("Preview", Qt::Key_Escape);
     EXPECT_FALSE(preview.isVisible());
-
-    FormMostrarTextos mostrar(prueba.textos, "TEXT", nullptr);
-    const DialogoAbierto otro(mostrar);
-    EXPECT_TRUE(otro.Control("OK")->hasFocus());
-    otro.Pulsar("Texto", 0, QStringLiteral("x"));
-    EXPECT_EQ(otro.Texto("Texto"), "TEXT");
 }
 
 // ---- Texts to write ----
@@ -225,44 +214,21 @@ TEST(TextsToWrite, PassTheFilterOnEveryWay) {
 TEST(LanguageDialogs, AnswerTheChoice) {
     VentanaDePrueba prueba;
     DirectorioTemporal directorio;
-    const auto archivo = directorio.Escribir("language.txt", "0,\"English\"\r\n1,\"A\"\r\n0,\"Deutsch\"\r\n1,\"B\"\r\n");
+    const auto archivo = directorio.Escribir("language.txt", "0,\"English\"\r\n1,\"A\"\r\n0,\"Deutsch\"\r\n1");
     FormLenguaje form(prueba.textos, prueba.vista, archivo, "ENGLISH", nullptr);
     const DialogoAbierto dialogo(form);
-    EXPECT_EQ(dialogo.Control<QComboBox>("Lenguaje")->count(), 2);
+    EXPECT_EQ(prueba.vista.TomarAvisos(), avisoFalloListaDeIdiomas);
     EXPECT_EQ(dialogo.Texto("Lenguaje"), "English");
     dialogo.Control<QComboBox>("Lenguaje")->setCurrentText(QStringLiteral("  Deutsch "));
     EXPECT_EQ(form.IdiomaElegido(), "") << "closed without OK";
     dialogo.Clic("OK");
     EXPECT_EQ(form.IdiomaElegido(), "Deutsch");
 
-    directorio.Escribir("language.txt", "0,\"English\"\r\n1");
-    FormLenguaje roto(prueba.textos, prueba.vista, archivo, "", nullptr);
-    const DialogoAbierto incompleto(roto);
-    EXPECT_EQ(prueba.vista.TomarAvisos(), avisoFalloListaDeIdiomas);
-    EXPECT_EQ(incompleto.Control<QComboBox>("Lenguaje")->count(), 1);
-
     FormSelectLanguage primera(prueba.textos, nullptr);
     const DialogoAbierto eleccion(primera);
-    EXPECT_EQ(primera.Idioma(), "English");
     eleccion.Clic("OptionSpanish");
     eleccion.Clic("BotonOK");
     EXPECT_EQ(primera.Idioma(), "Espanol");
-}
-
-TEST(About, ClosesOnItsKeysAndOnAClick) {
-    const TextosIdioma textos;
-    for (const int tecla : std::initializer_list<int>{Qt::Key_Space, Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_A, 0}) {
-        FormAbout form(textos, QStringLiteral("1.2.3"), nullptr);
-        const DialogoAbierto dialogo(form);
-        EXPECT_EQ(dialogo.Texto("Version"), "(Release 1.2.3)");
-        if (tecla == 0) {
-            QMouseEvent clic(QEvent::MouseButtonRelease, QPointF(5, 5), form.mapToGlobal(QPointF(5, 5)), Qt::LeftButton, {}, {});
-            QApplication::sendEvent(dialogo.Control("Titulo"), &clic);
-        } else {
-            dialogo.Pulsar("Titulo", tecla);
-        }
-        EXPECT_EQ(form.isVisible(), tecla == Qt::Key_A) << tecla;
-    }
 }
 
 // ---- Printers ----
@@ -270,16 +236,6 @@ TEST(About, ClosesOnItsKeysAndOnAClick) {
 TEST(Printers, ChooseAPdfFileOrNothing) {
     VentanaDePrueba prueba;
     DirectorioTemporal directorio;
-    FormPrinters cancelado(prueba.textos, prueba.vista, nullptr);
-    {
-        const DialogoAbierto dialogo(cancelado);
-        dialogo.Vaciar("Copias");
-        dialogo.Teclear("Copias", "a1b23");
-        EXPECT_EQ(dialogo.Texto("Copias"), "12");
-        dialogo.Clic("CancelButton");
-        EXPECT_TRUE(cancelado.Cancelado());
-        EXPECT_EQ(cancelado.Impresora(), nullptr);
-    }
     FormPrinters form(prueba.textos, prueba.vista, nullptr);
     const DialogoAbierto dialogo(form);
     auto* const lista = dialogo.Control<QListWidget>("PrintersList");
@@ -301,12 +257,8 @@ TEST(Operations, TransactionCodeOrBrowser) {
     const auto navegador = [&](QWidget*) { ++abierto; };
     FormTrans form(textos, navegador, nullptr);
     const DialogoAbierto dialogo(form);
-    EXPECT_FALSE(dialogo.Habilitado("OK"));
-    dialogo.Teclear("Transac", " ");
-    EXPECT_FALSE(dialogo.Habilitado("OK"));
     dialogo.Teclear("Transac", "va\"01");
     EXPECT_TRUE(dialogo.Control<QPushButton>("OK")->isDefault());
-    EXPECT_EQ(form.OperacionElegida(), "");
     dialogo.Clic("OK");
     EXPECT_EQ(form.OperacionElegida(), "VA01");
 
@@ -339,25 +291,20 @@ TEST_F(Navegador, FindsByNameAndByWords) {
     const DialogoAbierto dialogo(form);
     EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
     EXPECT_FALSE(dialogo.Habilitado("OK"));
-    struct Caso {
-        const char* opcion;
-        const char* buscado;
-        std::vector<std::string> hallazgos;  // documentation of each hit; an object has none
-    };
-    for (const auto& [opcion, buscado, hallazgos] :
-         {Caso{"SubCadenaOption", "order", {"", "\r\nMakes an\r\norder"}},
-          Caso{"PalabrasOption", "an order", {"\r\nMakes an\r\norder"}}, Caso{"PalabrasOption", "nothing", {}},
-          Caso{"SubCadenaOption", "item_", {"\r\nReads an item"}}}) {
-        SCOPED_TRACE(buscado);
+    for (const char* const opcion : {"SubCadenaOption", "PalabrasOption"}) {
+        SCOPED_TRACE(opcion);
         dialogo.Clic(opcion);
         dialogo.Vaciar("TextoBuscar");
-        dialogo.Teclear("TextoBuscar", buscado);
-        for (const auto& documentacion : hallazgos) {
+        dialogo.Teclear("TextoBuscar", "order");
+        // An object, which has no documentation, is found by its name only.
+        if (opcion == std::string("SubCadenaOption")) {
             dialogo.Clic("Buscar");
-            EXPECT_EQ(dialogo.Texto("TextoNodo"), documentacion);
-            EXPECT_EQ(dialogo.Habilitado("OK"), !documentacion.empty());
-            EXPECT_EQ(dialogo.Texto("Buscar"), "<189>");
+            EXPECT_FALSE(dialogo.Habilitado("OK"));
         }
+        dialogo.Clic("Buscar");
+        EXPECT_EQ(dialogo.Texto("TextoNodo"), "\r\nMakes an\r\norder");
+        EXPECT_TRUE(dialogo.Habilitado("OK"));
+        EXPECT_EQ(dialogo.Texto("Buscar"), "<189>");
         dialogo.Clic("Buscar");
         EXPECT_EQ(prueba.vista.TomarAvisos(), "<374>");
         EXPECT_EQ(dialogo.Texto("Buscar"), "<188>");
@@ -382,24 +329,14 @@ TEST_F(Navegador, InsertsTheChosenBAPI) {
     EXPECT_THAT(prueba.FilasTransaccion(), ElementsAre("BAPI|BAPI_ORDER_CREATE", "||HEAD-AUART|AUART", "||HEAD-VKORG|VKORG"));
 }
 
-TEST_F(Navegador, TellsOfACatalogueThatCanNotBeReadAndOfAnotherRelease) {
-    const auto guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
+TEST_F(Navegador, TellsOfAnotherRelease) {
+    SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
     sesion.VersionSistema = "470";
     auto entorno = Entorno();
     entorno.sesion = &sesion;
-    {
-        FormBAPI form(prueba.documento, prueba.textos, prueba.vista, entorno, nullptr);
-        const DialogoAbierto dialogo(form);
-        EXPECT_EQ(prueba.vista.TomarAvisos(), "<252> 46C<253> 470. <254>");
-    }
-    catalogo = "/nowhere/BAPIS";
-    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
+    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, entorno, nullptr);
     const DialogoAbierto dialogo(form);
-    EXPECT_THAT(prueba.vista.TomarAvisos(), StartsWith("<382>"));
-    dialogo.Teclear("TextoBuscar", "A");
-    dialogo.Clic("Buscar");
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<374>");
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<252> 46C<253> 470. <254>");
 }
 
 TEST_F(Navegador, UpdatesTheCatalogueAndCanBeStopped) {
@@ -432,18 +369,13 @@ TEST_F(Navegador, UpdatesTheCatalogueAndCanBeStopped) {
     EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
     EXPECT_FALSE(dialogo.Habilitado("ButtonCancelUpdate"));
     EXPECT_TRUE(dialogo.Habilitado("TextoBuscar"));
-    for (const auto& archivo : std::filesystem::directory_iterator(directorio.Ruta())) {
-        if (archivo.path().extension() == ".bap") std::filesystem::remove(archivo);
-    }
 
+    // What was stopped goes on.
     responder();
-    prueba.vista.respuestas = {Respuesta::Si};
+    prueba.vista.respuestas = {Respuesta::Si, Respuesta::Si};
     dialogo.Clic("ButtonUpdate");
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <242>");
+    EXPECT_THAT(prueba.vista.TomarAvisos(), EndsWith("<242>"));
     EXPECT_EQ(catalogo, (directorio / "BAPI46C").string());
-    dialogo.Teclear("TextoBuscar", "NEW_TWO");
-    dialogo.Clic("Buscar");
-    EXPECT_EQ(dialogo.Texto("TextoNodo"), "\r\nSecond");
 
     // Without connections it only tells how to get one.
     FormBAPI sin(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
