@@ -57,7 +57,8 @@ CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char
     connect(examinar, &QPushButton::clicked, this, [this, caja, directorio] {
         if (directorio) {
             const QString elegido = QFileDialog::getExistingDirectory(this, {}, caja->text());
-            if (const auto texto = DesdeUtf8(elegido.toStdString()); texto && !texto->empty()) caja->PonerTexto(*texto);
+            if (elegido.isEmpty()) return;
+            if (const auto texto = ComoTexto(RutaDeQt(elegido), vista_)) caja->PonerTexto(*texto);
         } else if (const auto ruta =
                        ComoTexto(vista_.ElegirParaAbrir(RutaDelSistema(DirectorioDeRuta(caja->Texto())), "*.*|*"), vista_)) {
             caja->PonerTexto(*ruta);

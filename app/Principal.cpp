@@ -27,7 +27,6 @@
 #include "app/qt/theme_icon.h"
 #include "base/failure.h"
 #include "base/failure_trap.h"
-#include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
@@ -46,9 +45,7 @@ namespace {
 constexpr int anchoDePantallaPequena = 800;
 
 // Where the window was left, in a file of its own beside the settings.
-QString RutaDeVentana(const Programa& programa) {
-    return QString::fromStdString((programa.rutaDeAjustes.parent_path() / "qor-window.ini").string());
-}
+QString RutaDeVentana(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
 
 }  // namespace
 
@@ -267,7 +264,7 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     if (plan.preguntarIdioma) PreguntarIdioma();
     if (cerrado_) return;
     CuidarTrabajo();
-    if (OfrecerTrabajo(plan.documento)) return;
+    if (OfrecerTrabajo()) return;
     if (!plan.documento.empty()) {
         bool abierto = false;
         Mandar([&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
@@ -293,10 +290,9 @@ void Principal::CuidarTrabajo() {
     reloj->start(milisegundosEntreCopias);
 }
 
-bool Principal::OfrecerTrabajo(const std::filesystem::path& documento) {
+bool Principal::OfrecerTrabajo() {
     bool restaurado = false;
     for (auto& copia : copias_.Abandonadas()) {
-        if (!documento.empty() && copia.documento.ruta != RutaAbsoluta(documento)) continue;
         const QString nombre =
             copia.documento.ruta.empty() ? Palabra(programa_.textos, "a new document") : NombreQt(copia.documento.ruta);
         const QString pregunta = Palabra(programa_.textos, "Unsaved work on %1 was left behind at %2. Restore it?")

@@ -46,7 +46,7 @@ public:
     // What follows on the first showing: opening box, language, the document named at the start, logon.
     void ActivarPorPrimeraVez(const Arranque& arranque);
 
-    // Shows the editor's state in all controls.
+    // Shows the window's state in all controls.
     void Sincronizar();
     void RefrescarIdioma();
     // A help page, in a window that belongs to the dialog that asks for it.
@@ -79,10 +79,10 @@ private:
     void AplicarConexion();
     CeldaDeRejilla* CeldaActual() const;
 
-    // Copies of unsaved work: kept up to date in the course of time, and offered at the start when they were left behind. With a
-    // document only those of its own. True when one was restored.
+    // Copies of unsaved work: kept up to date in the course of time, and offered at the start when they were left behind. True when
+    // one was restored; it then stands in the place of a document named at the start.
     void CuidarTrabajo();
-    bool OfrecerTrabajo(const std::filesystem::path& documento);
+    bool OfrecerTrabajo();
 
     // ---- PrincipalMenus.cpp ----
     void CrearMenus();

@@ -40,7 +40,12 @@ PedidoDeGeneracion Principal::Pedido() {
     return pedido;
 }
 
-void Principal::ClicGenerar() { Generar(Pedido(), programa_.generador); }
+// A run cuts the name of the error table in the options.
+void Principal::ClicGenerar() {
+    const std::string antes = abierto_.opciones.TablaZ;
+    Generar(Pedido(), programa_.generador);
+    if (abierto_.opciones.TablaZ != antes) abierto_.Cambiar();
+}
 
 void Principal::ClicImprimir() {
     ImpresionEnPapel papel(programa_.textos, *vista_, this);
@@ -105,7 +110,9 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }
                           }};
+    const auto antes = programa_.ajustes.ArchivoBAPI;
     FormBAPI(ventana_.documento, programa_.textos, *vista_, std::move(entorno), ventana).exec();
+    if (programa_.ajustes.ArchivoBAPI != antes) GuardarElecciones(programa_);
 }
 
 void Principal::ClicEditorBDC() {

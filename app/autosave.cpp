@@ -130,7 +130,8 @@ fs::path NombreLibre(const fs::path& directorio) {
 
 void CrearDirectorio(const fs::path& directorio) {
     std::error_code error;
-    if (fs::create_directories(directorio, error)) fs::permissions(directorio, fs::perms::owner_all, error);
+    fs::create_directories(directorio, error);
+    if (!error) fs::permissions(directorio, fs::perms::owner_all, error);
     if (error) throw FalloDeArchivo(error.value(), directorio);
 }
 

@@ -58,7 +58,7 @@ int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argume
     };
     qor::FormBDCEditor editor(programa.textos, vista, programa.ajustes.DirectorioDocumentos, ayuda, nullptr);
     if (!argumentos.isEmpty()) {
-        const std::filesystem::path ruta = argumentos.first().toStdString();
+        const std::filesystem::path ruta = QFile::encodeName(argumentos.first()).toStdString();
         QTimer::singleShot(0, &editor, [&editor, ruta] { editor.Abrir(ruta); });
     }
     editor.exec();

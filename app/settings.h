@@ -67,7 +67,7 @@ enum class OpcionEncoding { Ninguna, Default, NonUnicode, Additional };
 OpcionEncoding EncodingDeAdiciones(std::string_view AdicionesDataset);
 std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view EncodingAdditional);
 
-// The settings by name. Paths are texts of the model, in windows-1252.
+// The settings by name. Paths outside windows-1252 live as long as the program; the file can't hold them.
 struct AjustesDelPrograma {
     std::string IdiomaActual;  // empty until the user has chosen
     std::filesystem::path ArchivoAnchos;

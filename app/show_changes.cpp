@@ -9,9 +9,11 @@ namespace qor {
 
 void TomarImportacion(Ventana& ventana, Importacion importacion, std::string_view filas) {
     const std::string cuantas = std::to_string(importacion.filas);
-    Importar(ventana.documento, std::move(importacion));
-    MostrarTablaNueva(ventana);
-    ventana.SSTab1 = 0;
+    if (importacion.tabla != ventana.documento.especificacion.TablaTransaccion) {
+        Importar(ventana.documento, std::move(importacion));
+        MostrarTablaNueva(ventana);
+        ventana.SSTab1 = 0;
+    }
     ventana.vista.Informar(Componer(ventana.textos, {329, "\r\n", filas, ": ", cuantas, "."}));
 }
 

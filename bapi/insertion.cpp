@@ -238,9 +238,9 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::pat
         todos = *respuesta;
     }
     if (indice > ultimaFilaBAPIs) throw FalloDeEjecucion("the specification has no room for another BAPI");
-    if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
     try {
         const std::string catalogo = LeerArchivo(ArchivoBAPI, limiteDeCatalogo);
+        if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
         return InsertarDeTexto(documento, catalogo, nombre, indice, fila, todos, textos, vista);
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {382}), fallo));

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/paths.h"
 
 namespace qor {
 
@@ -134,8 +135,7 @@ bool ArchivoNuevo::AbrirSinNombre() {
 
 fs::path ArchivoNuevo::NombreDeTrabajo(int intento) const {
     if (intento == 0) {
-        const std::string ruta = objetivo_.string();
-        const fs::path dicho = ruta.substr(0, ruta.rfind('.')) + extension_;
+        const fs::path dicho = QuitarExtension(objetivo_.string()) + extension_;
         if (dicho.parent_path() == objetivo_.parent_path() && dicho != objetivo_) return dicho;
         ++intento;
     }
@@ -229,8 +229,8 @@ void ArchivoNuevo::Colocar() {
         const auto nombrar = [this](const char* nombre) { return llamadas::Nombrar(descriptor_.Valor(), nombre) == 0; };
         if (!hayDestino_) {
             if (nombrar(objetivo_.c_str())) return;
-            if (errno != EEXIST) Fallar(errno);
-            TomarDestino();  // it has come up meanwhile
+            if (errno == EEXIST) throw FalloDeArchivo(motivoCambiado, destino_);  // it has come up since it was looked for
+            Fallar(errno);
         }
         DarNombreDeTrabajo(nombrar);
     }

@@ -9,7 +9,11 @@ namespace {
 
 constexpr std::string_view separadores = "/\\";
 
-bool EsSeparador(char c) { return separadores.find(c) != std::string_view::npos; }
+// The path up to and including its last separator, or nothing.
+std::string ObtenerPath(std::string_view ruta) {
+    const auto lugar = ruta.find_last_of(separadores);
+    return lugar == std::string_view::npos ? std::string() : std::string(ruta.substr(0, lugar + 1));
+}
 
 }  // namespace
 
@@ -22,18 +26,6 @@ std::string DirectorioDeRuta(std::string_view ruta) {
     if (directorio.empty()) return directorio;
     const bool esRaiz = directorio.size() == 1 || directorio[directorio.size() - 2] == ':';
     return esRaiz ? directorio : directorio.substr(0, directorio.size() - 1);
-}
-
-std::string ObtenerPath(std::string_view ruta) {
-    const auto lugar = ruta.find_last_of(separadores);
-    return lugar == std::string_view::npos ? std::string() : std::string(ruta.substr(0, lugar + 1));
-}
-
-std::string AgregarBarra(std::string_view ruta) {
-    std::string resultado(ruta);
-    if (resultado.empty() || !EsSeparador(resultado.back()))
-        resultado += static_cast<char>(std::filesystem::path::preferred_separator);
-    return resultado;
 }
 
 std::filesystem::path RutaDelSistema(std::string_view ruta) {
@@ -53,7 +45,7 @@ std::string TextoDeRuta(const std::filesystem::path& ruta) { return DesdeUtf8Con
 std::filesystem::path RutaAbsoluta(const std::filesystem::path& ruta) {
     std::error_code error;
     const auto absoluta = std::filesystem::absolute(ruta, error);
-    if (error) throw FalloDeEjecucion("the path can't be made absolute: " + error.message());
+    if (error) throw FalloDeArchivo(error.value(), ruta);
     return absoluta.lexically_normal();
 }
 

@@ -16,19 +16,13 @@ std::string NombreDeRuta(std::string_view ruta);
 // The directory without its separator, unless it is a root such as "C:\" or "/"; empty when the path has no directory.
 std::string DirectorioDeRuta(std::string_view ruta);
 
-// The path up to and including its last separator, or nothing.
-std::string ObtenerPath(std::string_view ruta);
-
-// The path with a separator at its end.
-std::string AgregarBarra(std::string_view ruta);
-
 // A path of the model as the file system takes it, and back. `RutaDelModelo` throws FalloDeEjecucion for a name that the code
 // page can't hold; `TextoDeRuta` is for what is shown and reported, with "?" for each character that the code page lacks.
 std::filesystem::path RutaDelSistema(std::string_view ruta);
 std::string RutaDelModelo(const std::filesystem::path& ruta);
 std::string TextoDeRuta(const std::filesystem::path& ruta);
 
-// The path made absolute by its text alone: "." and ".." are resolved, links are not. Throws FalloDeEjecucion where the present
+// The path made absolute by its text alone: "." and ".." are resolved, links are not. Throws FalloDeArchivo where the present
 // directory is gone.
 std::filesystem::path RutaAbsoluta(const std::filesystem::path& ruta);
 

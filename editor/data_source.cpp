@@ -1,7 +1,5 @@
 #include "editor/data_source.h"
 
-#include <utility>
-
 namespace qor {
 
 namespace {
@@ -18,15 +16,12 @@ void ConCambios(Ventana& ventana, bool hecho) {
 
 std::optional<DialogoDeOrigen> AbrirOrigen(Ventana& ventana, const Preferencias& preferencias) {
     // The declarations are those of a report with the user's own source.
-    const bool antes = std::exchange(ventana.documento.especificacion.OrigenUsuario, true);
+    auto& documento = ventana.documento;
+    Especificacion conOrigen = documento.especificacion;
+    conOrigen.OrigenUsuario = true;
     DialogoDeOrigen dialogo;
-    try {
-        dialogo.estructuras = ImprimirEstructuras(PedidoDe(ventana, preferencias));
-    } catch (...) {
-        ventana.documento.especificacion.OrigenUsuario = antes;
-        throw;
-    }
-    ventana.documento.especificacion.OrigenUsuario = antes;
+    dialogo.estructuras = ImprimirEstructuras({conOrigen, documento.opciones, preferencias, ventana.textos, ventana.vista,
+                                               documento.RutaDocumento(), documento.NombreDocumento()});
     if (dialogo.estructuras.texto.empty()) return std::nullopt;
     dialogo.ComboItabs = dialogo.estructuras.tablas.front();
     return dialogo;

@@ -20,7 +20,6 @@ struct ValoresGeneracion {
     std::string NombreGrupo;       // session name
     std::string TextoEstructuras;  // layout rows of the Z table, as lines of ABAP
     double AnchoMayor = 0;         // width of the longest record
-    double LargoLinea = 0;         // the same as the Z table needs it
 };
 
 // The end of a run in the middle of the report: the message to show, and where to put the focus.

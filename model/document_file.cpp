@@ -90,6 +90,7 @@ bool GuardarDocumento(Documento& documento, const TextosIdioma& textos, Vista& v
 }
 
 bool GuardarDocumentoComo(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista) {
+    if (RutaAbsoluta(ruta) == documento.ruta) return GuardarDocumento(documento, textos, vista);
     if (!TablasOK(documento.especificacion, textos, vista)) return false;
     return Guardar(textos, vista, [&] {
         EscribirEnArchivo(documento, RutaAbsoluta(ruta), std::nullopt);

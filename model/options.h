@@ -4,6 +4,8 @@
 
 namespace qor {
 
+constexpr const char* tablaZDeNuevo = "ZDATAERRORS";
+
 // The option controls that belong to a specification, under the controls' names, with the values of a new specification. A check
 // box is 1 for set and 0 for clear. Of a group of radio buttons one is always on; a pair is kept as its first button.
 struct Opciones {
@@ -30,7 +32,7 @@ struct Opciones {
 
     // Error handling
     int ErrorHandlingCheck = 0;
-    std::string TablaZ = "ZDATAERRORS";
+    std::string TablaZ = tablaZDeNuevo;
     std::string ProgID;
 
     // Banner of the report
@@ -61,7 +63,5 @@ struct Opciones {
     // The input is a database table of the server, read by native SQL.
     bool EntradaDeTabla() const { return TablaCh == 1 && ServidorOp(); }
 };
-
-constexpr const char* tablaZDeNuevo = "ZDATAERRORS";
 
 }  // namespace qor

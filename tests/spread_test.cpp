@@ -17,8 +17,8 @@ namespace qor::pruebas {
 namespace {
 
 // One report for each combination of the choices that shape it most, with the other choices spread over them. They are compared
-// by their checksums with the last ones that were taken over, so that no change goes unseen, and the ABAP parser reads them. They go
-// into the directory that QOR_SPREAD names; without it into a directory of the test's own.
+// by their checksums with the last ones that were taken over, so that no change goes unseen, and the ABAP parser reads them. They
+// go into the directory that QOR_SPREAD names; without it into a directory of the test's own.
 struct Combinacion {
     int indice = 0;
 

@@ -6,6 +6,7 @@
 #include "app/pages/layout.h"
 #include "app/qt/theme_icon.h"
 #include "base/chosen_path.h"
+#include "base/code_page.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
 
@@ -23,9 +24,11 @@ FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<v
     auto* const programa = lazos.Linea("Programa", this, &Opciones::Programa);
     rotulo->setBuddy(programa);
     auto* const examinar = lazos.Boton("ExaminarPrograma", this, [&ventana = entorno.ventana, &vista = entorno.vista] {
-        if (const auto ruta = ComoTexto(vista.ElegirParaGrabar(filtroDeProgramas), vista)) {
-            CambiarOpcion(ventana, &Opciones::Programa, *ruta);
-        }
+        auto elegida = vista.ElegirParaGrabar(filtroDeProgramas);
+        // A directory that the code page can't hold needs no name where the document lies in it.
+        const bool juntoAlDocumento = elegida && elegida->parent_path() == ventana.documento.ruta.parent_path();
+        if (juntoAlDocumento && !DesdeUtf8(elegida->string())) elegida = elegida->filename();
+        if (const auto nombre = ComoTexto(elegida, vista)) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
     });
     auto* const boton = lazos.Boton("Generar", this, generar);
     boton->setIcon(IconoDeTema("generate"));

@@ -27,12 +27,10 @@ constexpr std::array<std::pair<const char*, std::string ParametrosDeLogon::*>, 9
     {"Router", &ParametrosDeLogon::ruta},
 }};
 
-QString NombreDe(const fs::path& ruta) { return QString::fromStdString(ruta.string()); }
-
 }  // namespace
 
 void RecuperarConexion(const fs::path& ruta, ParametrosDeLogon& parametros) {
-    const QSettings memoria(NombreDe(ruta), QSettings::IniFormat);
+    const QSettings memoria(NombreQt(ruta), QSettings::IniFormat);
     for (const auto& [clave, campo] : recordados) {
         // A value that the code page can't hold would come back shortened.
         parametros.*campo = DesdeUtf8(memoria.value(QLatin1String(clave)).toString().toStdString()).value_or("");
@@ -40,7 +38,7 @@ void RecuperarConexion(const fs::path& ruta, ParametrosDeLogon& parametros) {
 }
 
 void RecordarConexion(const fs::path& ruta, const ParametrosDeLogon& parametros) {
-    QSettings memoria(NombreDe(ruta), QSettings::IniFormat);
+    QSettings memoria(NombreQt(ruta), QSettings::IniFormat);
     for (const auto& [clave, campo] : recordados) memoria.setValue(QLatin1String(clave), TextoQt(parametros.*campo));
     if (TieneClave(parametros.ruta)) memoria.remove(QStringLiteral("Router"));
     memoria.sync();

@@ -26,8 +26,6 @@ public:
 
     std::size_t Lineas() const { return lineas_; }
     // Whether all lines are counted.
-    bool Completa() const { return indice_ && indice_->Completo(); }
-    std::size_t LineaActual() const { return actual_; }
     void IrALinea(std::size_t linea);
 
     // The lines on the screen.
