@@ -172,7 +172,7 @@ void Principal::Sincronizar() {
         SSTab1_->setCurrentIndex(ventana_.SSTab1);
         SSTab2_->setCurrentIndex(ventana_.SSTab2);
         // The star of a changed document stands where the place holder is.
-        setWindowTitle(TextoQt(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]"));
+        setWindowTitle(QString::fromStdString(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]"));
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });

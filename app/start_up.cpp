@@ -42,6 +42,7 @@ fs::path ConNombreDelDisco(const fs::path& documento) {
 }
 
 bool GuardarINI(Programa& programa) {
+    if (!programa.ajustesLeidos) return false;
     try {
         programa.ini.GuardarINI(programa.rutaDeAjustes);
         return true;
@@ -66,6 +67,7 @@ ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const
     try {
         programa.ini.CargarINI(programa.rutaDeAjustes);
     } catch (const FalloDeArchivo& fallo) {
+        programa.ajustesLeidos = false;
         programa.detalleDeAjustes = fallo.Detalle();
     }
     programa.ajustes = LeerAjustes(programa.ini, directorioDeDatos);

@@ -115,7 +115,7 @@ bool CerrarDocumento(Ventana& ventana) {
 
 std::string TituloDeVentana(const Documento& documento) {
     std::string titulo = tituloDelPrograma;
-    if (!documento.ruta.empty()) titulo += "  (" + documento.NombreDocumento() + ")";
+    if (!documento.ruta.empty()) titulo += "  (" + documento.ruta.filename().string() + ")";
     return titulo;
 }
 

@@ -37,7 +37,7 @@ bool SaveAsOption(Ventana& ventana);
 // the save fails.
 bool CerrarDocumento(Ventana& ventana);
 
-// The title of the window.
+// The title of the window, in UTF-8: the name of the file is the system's.
 std::string TituloDeVentana(const Documento& documento);
 
 }  // namespace qor

@@ -120,6 +120,19 @@ TEST(Closing, SavesTheSettingsAndTidiesUp) {
     }
 }
 
+// What can't be read is not replaced by the defaults, not even where it could be written by then.
+TEST(Closing, LeavesSettingsThatCouldNotBeRead) {
+    const DirectorioTemporal directorio;
+    directorio.Escribir("language.txt", "0,\"English\"\n");
+    fs::create_directory(directorio / "Tessaline.ini");
+    Programa programa;
+    CargarPrograma(programa, EntornoDe({{"tessaline_ini", directorio.Ruta().string()}}), directorio.Ruta());
+    fs::remove(directorio / "Tessaline.ini");
+    directorio.Escribir("Tessaline.ini", "FIELDSFILE=/mine\r\n");
+    EXPECT_FALSE(GuardarElecciones(programa));
+    EXPECT_EQ(LeerArchivo(directorio / "Tessaline.ini"), "FIELDSFILE=/mine\r\n");
+}
+
 TEST(FileType, IsRegisteredOnce) {
     const DirectorioTemporal directorio;
     const auto entorno = EntornoDe({{"XDG_DATA_HOME", (directorio / "data").string()}, {"HOME", "/home/ana"}});
