@@ -37,22 +37,6 @@ TEST(Text, CaseCoversTheLettersOfTheCodePage) {
     }
 }
 
-TEST(Text, PositionsCountFromOne) {
-    struct Caso {
-        const char* texto;
-        const char* buscado;
-        std::size_t desde;
-        std::size_t posicion;
-    };
-    const Caso casos[] = {{"abab", "b", 1, 2}, {"abab", "b", 3, 4}, {"abab", "b", 2, 2}, {"abab", "B", 1, 0}, {"abab", "b", 5, 0},
-                          {"abab", "", 1, 1},  {"abab", "", 3, 3},  {"", "", 1, 0},      {"", "a", 1, 0},     {"ab", "abc", 1, 0}};
-    for (const auto& caso : casos) {
-        EXPECT_EQ(Posicion(caso.texto, caso.buscado, caso.desde), caso.posicion) << caso.texto << " " << caso.buscado;
-    }
-    EXPECT_TRUE(Contiene("abc", "c"));
-    EXPECT_FALSE(Contiene("abc", "C"));
-}
-
 TEST(Text, NumbersAreReadFromTheStart) {
     struct Caso {
         const char* texto;
