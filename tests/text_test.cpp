@@ -47,6 +47,19 @@ TEST(Text, NumbersAreReadFromTheStart) {
     for (const auto& caso : casos) EXPECT_DOUBLE_EQ(Numero(caso.texto), caso.numero) << caso.texto;
 }
 
+TEST(Text, NumbersAreWrittenPlainly) {
+    const std::pair<double, const char*> casos[] = {{0, "0"},         {-0.0, "0"},
+                                                    {7, "7"},         {10, "10"},
+                                                    {-100, "-100"},   {1.5, "1.5"},
+                                                    {-0.25, "-0.25"}, {1e15, "1000000000000000"},
+                                                    {0.1, "0.1"},     {123456.75, "123456.75"}};
+    for (const auto& [numero, texto] : casos) EXPECT_EQ(TextoDeNumero(numero), texto);
+    EXPECT_EQ(ConCeros(7, 5), "00007");
+    EXPECT_EQ(ConCeros(2.5, 2), "03");
+    EXPECT_EQ(ConCeros(-7, 3), "-007");
+    EXPECT_EQ(ConCeros(123456, 5), "123456");
+}
+
 TEST(Text, CharactersAreTakenOutAndReplaced) {
     EXPECT_EQ(QuitarBlancos(" a b\tc "), "ab\tc");
     EXPECT_EQ(ReemplazarBlancos("  My load-1.qor "), "My_load_1_qor");
