@@ -1,9 +1,4 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <functional>
 #include <map>
@@ -76,22 +71,6 @@ TEST(Document, BrokenTextsFail) {
     }
 }
 
-TEST(Document, EarliestFormatIsRead) {
-    const std::string cola = "\"End of transaction specification.\",#TRUE#,1,0,\"N\"\r\n\"F\",\"T\",\"D\",\"N\"\r\n";
-    Opciones o;
-    const auto e = Leer(
-        "\"x\",\"ZPROG\"\r\n\"A code  more\",\"1\",\"note\"\r\n\"B\",2,\"\"\r\n\"End of file specification.\",\"in.txt\",\"\"\r\n"
-        "\"P\",\"100\",\"\",\"\",\"\"\r\n" +
-            cola,
-        o);
-    EXPECT_EQ(e.TablaArchivo[0], (FilaDeArchivo{"A", "1", "note", "code  more"}));
-    EXPECT_EQ(e.TablaArchivo[1].ancho, "2");
-    EXPECT_EQ(e.TablaTransaccion[0].dynpro, "ZPROG");
-    EXPECT_EQ(e.TablaTransaccion[1].programa, "P");
-    EXPECT_TRUE(o.ServidorOp() && o.CallTransaction == 1 && o.Modo == 'N' && o.FileParameterCh == 1);
-    EXPECT_EQ(o.ArchivoFuente + o.Programa + o.Notes, "in.txtZPROGN");
-}
-
 struct Archivos : testing::Test {
     DirectorioTemporal directorio;
     VentanaDePrueba prueba;
@@ -144,16 +123,6 @@ TEST_F(Archivos, SaveReplacesAndKeepsTheLock) {
     EXPECT_FALSE(std::filesystem::exists(directorio / "doc.TMP"));
     VentanaDePrueba otro;
     EXPECT_FALSE(Abrir(otro.ventana, ruta));
-    // Nor can another process have it.
-    const pid_t hijo = ::fork();
-    if (hijo == 0) {
-        VentanaDePrueba enHijo;
-        // The child's copy of the lock is this process's own; a fresh opening is refused.
-        ::_exit(Abrir(enHijo.ventana, ruta) ? 1 : 0);
-    }
-    int estado = 0;
-    ::waitpid(hijo, &estado, 0);
-    EXPECT_EQ(estado, 0);
     // Nor can it be replaced by another.
     EXPECT_FALSE(GuardarDocumentoComo(otro.documento, ruta, otro.textos, otro.vista));
     EXPECT_EQ(otro.vista.TomarAvisos(), "<335> <336>");
@@ -164,19 +133,6 @@ TEST_F(Archivos, FailedSavesKeepTheDocument) {
     ASSERT_TRUE(Abrir(ventana, ruta));
     prueba.PonerArchivo(0, "NEW|1");
     const auto viejo = LeerArchivo(ruta);
-
-    // A disk that is full in the middle of the save.
-    const pid_t hijo = ::fork();
-    if (hijo == 0) {
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limite{50, 50};
-        ::setrlimit(RLIMIT_FSIZE, &limite);
-        ::_exit(SaveOption(ventana) ? 1 : 0);
-    }
-    int estado = 0;
-    ::waitpid(hijo, &estado, 0);
-    EXPECT_EQ(estado, 0);
-    EXPECT_EQ(LeerArchivo(ruta), viejo);
 
     EXPECT_FALSE(Grabar(directorio / "doc.tmp"));
     EXPECT_FALSE(Grabar(directorio / "no" / "place.qor"));

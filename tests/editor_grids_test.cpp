@@ -17,33 +17,6 @@ using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 using Col = Columna;
 
-TEST(Grids, ShowARowAsFarDownAsTheyGo) {
-    struct Caso {
-        Tabla tabla;
-        int fila;
-        int primera;
-        const char* foco;
-    };
-    const Caso casos[] = {{Tabla::Archivo, 987, 987, "Text1_0"},
-                          {Tabla::Archivo, 988, 987, "Text1_1"},
-                          {Tabla::Transaccion, 990, 990, "Text6_0"},
-                          {Tabla::Transaccion, 1000, 990, "Text6_10"}};
-    for (const auto& caso : casos) {
-        VentanaDePrueba p;
-        p.LlenarArchivo(1000);
-        p.LlenarTransaccion(1000);
-        const bool deArchivo = caso.tabla == Tabla::Archivo;
-        deArchivo ? MostrarArchivo(p.ventana, caso.fila) : MostrarTransaccion(p.ventana, caso.fila);
-        const auto& a = p.ventana.archivo;
-        const auto& t = p.ventana.transaccion;
-        EXPECT_EQ(deArchivo ? a.PrimeraFilaArchivo : t.PrimeraFilaTransaccion, caso.primera);
-        EXPECT_EQ(deArchivo ? a.LineaArchivo : t.LineaTransaccion, caso.fila);
-        EXPECT_EQ(p.Foco(), caso.foco);
-        EXPECT_EQ(p.vista.focos.back(), caso.foco);
-        EXPECT_EQ(p.Texto({deArchivo ? Col::CampoDeArchivo : Col::Campo, 0}), "F" + std::to_string(caso.primera));
-    }
-}
-
 TEST(Grids, WindowsStopAtBothEnds) {
     VentanaDePrueba p;
     p.LlenarArchivo(1001);

@@ -34,21 +34,6 @@ TEST(Print, ExamplesAreAsExpected) {
     EXPECT_EQ(ejemplos, 8);
 }
 
-TEST(Print, TextDeviceKeepsColumns) {
-    DispositivoDeTexto d;
-    d.Tab(3);
-    d.Item("ab");
-    d.Tab(10);
-    d.Item("one\r\ntwo ");
-    d.FinDeLinea();
-    d.Item("longer than the tab");
-    d.Tab(5);
-    d.Item("x");
-    d.FinDeLinea();
-    d.FinDeLinea();
-    EXPECT_EQ(d.Texto(), "  ab     one two\r\nlonger than the tab x\r\n\r\n");
-}
-
 // A device of small pages: what is restored behind a page's head.
 struct DispositivoDePaginas : DispositivoDeTexto {
     int posicion = 0;

@@ -57,6 +57,27 @@ TEST(Publish, TheReportRebuildsEveryLine) {
     }
 }
 
+TEST(Publish, TheStatementsForALine) {
+    const std::string s61(61, 'x');
+    const std::string s36(36, 'x');
+    const std::pair<std::string, LineasABAP> casos[] = {
+        {"\r\n", {"LINE = ''."}},
+        {"WRITE 'It''s'.",
+         {"LINE = 'WRITE  It  s .'.", "LINE+6(1) = ''''.", "LINE+9(1) = ''''.", "LINE+10(1) = ''''.", "LINE+12(1) = ''''."}},
+        {s61, {"LINE = '" + s61 + "'."}},
+        {s61 + "y", {"CLEAR: LINE.", "LINE(36) = '" + s36 + "'.", "LINE+36  = '" + std::string(25, 'x') + "y'."}},
+        {std::string(71, ' ') + "''",
+         {"CLEAR: LINE.", "LINE(36) = '" + std::string(36, ' ') + "'.", "LINE+36  = '" + std::string(36, ' ') + "'.",
+          "LINE+71(1) = ''''."}},
+    };
+    for (const auto& [fuente, sentencias] : casos) {
+        LineasABAP esperado = {"REPORT QORRFC.", "DATA: BEGIN OF LINE OCCURS 0,", "        DATA(72),", "      END OF LINE."};
+        esperado.insert(esperado.end(), sentencias.begin(), sentencias.end());
+        esperado.insert(esperado.end(), {"APPEND LINE.", "INSERT REPORT 'Z''LOAD' FROM LINE.", "WRITE: / SY-SUBRC."});
+        EXPECT_EQ(ComponerPublicacion(fuente, "Z'LOAD").lineas, esperado);
+    }
+}
+
 // ---- The ways in ----
 
 struct Publicacion {

@@ -37,22 +37,6 @@ TEST(Text, CaseCoversTheLettersOfTheCodePage) {
     }
 }
 
-TEST(Text, PositionsCountFromOne) {
-    struct Caso {
-        const char* texto;
-        const char* buscado;
-        std::size_t desde;
-        std::size_t posicion;
-    };
-    const Caso casos[] = {{"abab", "b", 1, 2}, {"abab", "b", 3, 4}, {"abab", "b", 2, 2}, {"abab", "B", 1, 0}, {"abab", "b", 5, 0},
-                          {"abab", "", 1, 1},  {"abab", "", 3, 3},  {"", "", 1, 0},      {"", "a", 1, 0},     {"ab", "abc", 1, 0}};
-    for (const auto& caso : casos) {
-        EXPECT_EQ(Posicion(caso.texto, caso.buscado, caso.desde), caso.posicion) << caso.texto << " " << caso.buscado;
-    }
-    EXPECT_TRUE(Contiene("abc", "c"));
-    EXPECT_FALSE(Contiene("abc", "C"));
-}
-
 TEST(Text, NumbersAreReadFromTheStart) {
     struct Caso {
         const char* texto;
@@ -61,6 +45,19 @@ TEST(Text, NumbersAreReadFromTheStart) {
     const Caso casos[] = {{"12", 12}, {"  12", 12}, {"12abc", 12}, {"1 2", 1},  {"abc", 0},     {"", 0},    {"-3", -3}, {"+4", 4},
                           {"--3", 0}, {"- 3", 0},   {"1.5", 1.5},  {".5", 0.5}, {"1.5.5", 1.5}, {"1,5", 1}, {"1e3", 1}, {"\t1", 0}};
     for (const auto& caso : casos) EXPECT_DOUBLE_EQ(Numero(caso.texto), caso.numero) << caso.texto;
+}
+
+TEST(Text, NumbersAreWrittenPlainly) {
+    const std::pair<double, const char*> casos[] = {{0, "0"},         {-0.0, "0"},
+                                                    {7, "7"},         {10, "10"},
+                                                    {-100, "-100"},   {1.5, "1.5"},
+                                                    {-0.25, "-0.25"}, {1e15, "1000000000000000"},
+                                                    {0.1, "0.1"},     {123456.75, "123456.75"}};
+    for (const auto& [numero, texto] : casos) EXPECT_EQ(TextoDeNumero(numero), texto);
+    EXPECT_EQ(ConCeros(7, 5), "00007");
+    EXPECT_EQ(ConCeros(2.5, 2), "03");
+    EXPECT_EQ(ConCeros(-7, 3), "-007");
+    EXPECT_EQ(ConCeros(123456, 5), "123456");
 }
 
 TEST(Text, CharactersAreTakenOutAndReplaced) {
