@@ -12,6 +12,7 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "fuzz/indifferent_view.h"
 #include "fuzz/require.h"
 #include "generator/data_source_models.h"
 #include "generator/generate.h"
@@ -24,28 +25,15 @@ namespace {
 
 using namespace qor;
 
-// Says yes to everything, and counts what it is told.
-class VistaContadora : public Vista {
+// Counts what it is told.
+class VistaContadora : public VistaIndiferente {
 public:
     int avisos = 0;
 
     void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override { ++avisos; }
-    Respuesta Preguntar(const Mensaje& /*mensaje*/, Botones botones) override {
-        return botones == Botones::AceptarCancelar ? Respuesta::Aceptar : Respuesta::Si;
-    }
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                         const std::string& /*filtro*/) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
-    void PunteroOcupado(bool /*ocupado*/) override {}
     void MostrarFila(Tabla /*tabla*/, int fila) override {
         Exigir(fila >= 0 && fila < filasTabla, "a shown row is one of the table");
     }
-    void Enfocar(const std::string& /*control*/) override {}
-    void MostrarTexto(const std::string& /*texto*/) override {}
-    bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
 };
 
 // Empties a table as far as a text of `largo` bytes may have filled it, which is much faster than a new one.

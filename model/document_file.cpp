@@ -80,20 +80,16 @@ bool AbrirDocumento(Documento& documento, const std::filesystem::path& ruta, con
 }
 
 bool GuardarDocumento(Documento& documento, const TextosIdioma& textos, Vista& vista) {
-    if (!TablasOK(documento.especificacion, textos, vista)) return false;
-    return Guardar(textos, vista, [&] {
-        std::optional<IdentidadDeArchivo> presente;
-        if (!PuedeSobrescribir(documento, presente, vista)) return false;
-        EscribirEnArchivo(documento, documento.ruta, presente);
-        return true;
-    });
+    return GuardarDocumentoComo(documento, documento.ruta, textos, vista);
 }
 
 bool GuardarDocumentoComo(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista) {
-    if (RutaAbsoluta(ruta) == documento.ruta) return GuardarDocumento(documento, textos, vista);
     if (!TablasOK(documento.especificacion, textos, vista)) return false;
     return Guardar(textos, vista, [&] {
-        EscribirEnArchivo(documento, RutaAbsoluta(ruta), std::nullopt);
+        const auto destino = RutaAbsoluta(ruta);
+        std::optional<IdentidadDeArchivo> presente;
+        if (destino == documento.ruta && !PuedeSobrescribir(documento, presente, vista)) return false;
+        EscribirEnArchivo(documento, destino, presente);
         return true;
     });
 }

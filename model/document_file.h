@@ -21,7 +21,7 @@ bool AbrirDocumento(Documento& documento, const std::filesystem::path& ruta, con
 bool GuardarDocumento(Documento& documento, const TextosIdioma& textos, Vista& vista);
 
 // Writes it to another path, where it is kept and locked from then on; the lock of the old file goes. A file that is there is
-// replaced.
+// replaced; at its own path this is GuardarDocumento.
 bool GuardarDocumentoComo(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista);
 
 }  // namespace qor

@@ -156,8 +156,10 @@ TEST_F(Archivos, AnotherProgramsChangeIsOverwrittenOnARequestOnly) {
         {"replaced", [&] { std::filesystem::rename(directorio.Escribir("other", suyo), ruta); }},
         {"removed", [&] { std::filesystem::remove(ruta); }}};
     for (const auto& [manera, intervenir] : maneras) {
-        for (const auto respuesta : {Respuesta::No, Respuesta::Si}) {
-            SCOPED_TRACE(manera);
+        for (int caso = 0; caso < 4; ++caso) {
+            SCOPED_TRACE(manera + std::to_string(caso));
+            const auto respuesta = caso % 2 == 0 ? Respuesta::No : Respuesta::Si;
+            const bool comoElMismo = caso >= 2;  // "Save as" over its own path
             VentanaDePrueba p;
             ASSERT_TRUE(Abrir(p.ventana, directorio.Escribir("doc.qor", Registro(1, {"\"A\""}))));
             p.PonerArchivo(0, "OURS");
@@ -166,7 +168,8 @@ TEST_F(Archivos, AnotherProgramsChangeIsOverwrittenOnARequestOnly) {
             p.vista.respuestas = {respuesta};
             const bool falta = manera == "removed";
             const bool guarda = falta || respuesta == Respuesta::Si;
-            EXPECT_EQ(SaveOption(p.ventana), guarda);
+            if (comoElMismo) p.vista.archivos = {ruta};
+            EXPECT_EQ(comoElMismo ? SaveAsOption(p.ventana) : SaveOption(p.ventana), guarda);
             EXPECT_EQ(p.vista.TomarAvisos(), falta ? "" : pregunta);
             EXPECT_EQ(Contiene(LeerArchivo(ruta), "OURS"), guarda);
             EXPECT_EQ(p.documento.HayCambios(), !guarda);
