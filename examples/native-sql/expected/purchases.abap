@@ -69,6 +69,7 @@ START-OF-SELECTION.
 *       FORM TABLE_PROCESSING                                         *
 *---------------------------------------------------------------------*
 FORM TABLE_PROCESSING.
+  PERFORM CONVERSIONS.
   PERFORM GENERATE_BDC_ME21_1 CHANGING TCODE.
   PERFORM INSERT_DATA TABLES BDC_TAB USING TCODE.
 ENDFORM.
@@ -186,6 +187,17 @@ FORM OPEN_GROUP USING BDCNAME.
          GROUP = BDCNAME
          User = SY-UNAME
          KEEP   = 'X'.
+ENDFORM.
+
+*---------------------------------------------------------------------*
+*       FORM CONVERSIONS                                              *
+*---------------------------------------------------------------------*
+FORM CONVERSIONS.
+
+* Only the items of this order are sent:
+* forget those of the one before.
+  REFRESH ITABSL_1.
+
 ENDFORM.
 
 *---------------------------------------------------------------------*
