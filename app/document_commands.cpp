@@ -33,7 +33,7 @@ bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     auto pedido = abierto.Pedido(contexto);
     pedido.salida = argumentos.archivo;
     EstadoDelGenerador estado;
-    return Generar(pedido, estado);
+    return Generar(pedido, estado).has_value();
 }
 
 bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {

@@ -114,7 +114,7 @@ void SinCaer(Accion accion) {
 void Componer(const PedidoDeGeneracion& pedido, bool limpio, const VistaContadora& vista) {
     const auto reporte = ComponerReporte(pedido);
     Exigir(limpio || (!reporte && vista.avisos == 1), "a control character refuses the document with one message");
-    if (reporte) ExigirLineas(*reporte);
+    if (reporte) ExigirLineas(reporte->texto);
 }
 
 void Declarar(const PedidoDeGeneracion& pedido, bool limpio) {

@@ -27,6 +27,7 @@ std::string TextoDocumento(const Generacion& g) {
 }
 
 void EscribirArchivos(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ArchivoFuente"));
     const bool deTabla = g.opciones.EntradaDeTabla();
     const bool esParametro = g.opciones.FileParameterCh == 1 && g.opciones.TablaCh == 0;
     LineaDeCampo(g, deTabla ? "*   Main table        : " : "*   Main file         : ",
@@ -37,6 +38,7 @@ void EscribirArchivos(Generacion& g) {
     for (int r = 0; r < filas; ++r) {
         const std::string& marcas = g.especificacion.TablaTransaccion[r].nota;
         if (!Contiene(marcas, "!1 1")) continue;
+        g.reporte.Desde(Lugar::EnPrograma(r, 4));
         const std::string numero = std::to_string(k) + (k < 10 ? " " : "");
         LineaDeCampo(g, deTabla ? "*   Step-Loop table " + numero + ": " : "*   Step-Loop file " + numero + " : ",
                      esParametro ? "Parameter" : ValorDeMarca(marcas, 2));
@@ -48,6 +50,7 @@ void EscribirCodigos(Generacion& g) {
     const int filas = g.especificacion.FilasTransaccion();
     for (int r = 0; r < filas; ++r) {
         const auto& fila = g.especificacion.TablaTransaccion[r];
+        g.reporte.Desde(Lugar::EnPrograma(r, 1));
         if (fila.EsCabezaTransaccion()) LineaDeCampo(g, "*   Transaction code  : ", Recortar(fila.dynpro));
         if (fila.EsCabezaBAPI()) LineaDeCampo(g, "*   Bapi name         : ", Recortar(fila.dynpro));
     }
@@ -57,6 +60,7 @@ void EscribirCodigos(Generacion& g) {
 
 void EscribirTitulos(Generacion& g) {
     const auto& o = g.opciones;
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 {RULE}
 *   Qor Generator - Batch Input & BAPI-based Interface Generator      *
@@ -69,6 +73,7 @@ void EscribirTitulos(Generacion& g) {
     if (o.QORCheck == 1) LineaDeCampo(g, "*   Qor-format file   : ", TextoDocumento(g));
     if (o.ArchivosCheck == 1 && !g.especificacion.OrigenUsuario) EscribirArchivos(g);
     if (o.TCodeCheck == 1) EscribirCodigos(g);
+    g.reporte.Desde({});
     if (o.DiaCheck == 1 || o.QORCheck == 1 || o.ArchivosCheck == 1 || o.TCodeCheck == 1) g.reporte.Linea("{RULE}");
     if (o.StatusCheck == 1) {
         g.reporte.Lineas(R"(

@@ -8,7 +8,7 @@ namespace qor {
 namespace {
 
 struct LlamadaBAPI {
-    std::vector<std::string> lineas;
+    std::vector<LineaPartida> lineas;
     std::string SeccionReturn;
     std::string VariableReturn;
 };
@@ -16,7 +16,8 @@ struct LlamadaBAPI {
 LlamadaBAPI LeerLlamada(const std::string& texto) {
     LlamadaBAPI llamada;
     std::string seccion;
-    for (auto& linea : PartirLineas(texto, 69)) {
+    for (auto& partida : PartirLineasConNumero(texto, 69)) {
+        const std::string_view linea = partida.texto;
         const auto cortada = Recortar(linea);
         if (cortada.empty()) continue;
         if (cortada == "EXPORTING" || cortada == "IMPORTING" || cortada == "TABLES") seccion = cortada;
@@ -26,7 +27,7 @@ LlamadaBAPI LeerLlamada(const std::string& texto) {
             if (!variable.empty() && variable.back() == '.') variable.remove_suffix(1);
             llamada.VariableReturn = Recortar(variable);
         }
-        llamada.lineas.push_back(std::move(linea));
+        llamada.lineas.push_back(std::move(partida));
     }
     return llamada;
 }
@@ -74,7 +75,7 @@ void ProbarTabla(Generacion& g, const std::string& variable) {
 }
 
 void AvisarSinReturn(Generacion& g, const std::string& nombre) {
-    g.vista.Advertir(Componer(g.textos, {nombre, " ", 395}));
+    g.Avisar(g.reporte.LugarActual(), {nombre, " ", 395});
     const std::string estrellas = std::string(columnasABAP, '*') + "|";
     g.reporte.MPrintDelUsuario(estrellas);
     for (const int numero : {509, 510, 511, 512}) g.reporte.MPrintDelUsuario(" " + g.Texto(numero) + "|");
@@ -82,13 +83,22 @@ void AvisarSinReturn(Generacion& g, const std::string& nombre) {
 }
 
 void ImprimirLlamadaBAPI(Generacion& g, const std::string& nombre) {
+    const Lugar enCabeza = g.reporte.LugarActual();
     g.reporte.MPrint("");
     const auto& bapis = g.especificacion.TablaBAPIs;
     std::size_t fila = 0;
     while (fila < bapis.size() && Recortar(bapis[fila].nombre) != nombre) ++fila;
-    if (fila == bapis.size()) g.Detener({384, " ", nombre, " ", 385});
+    if (fila == bapis.size()) {
+        g.Detener(enCabeza, {384, " ", nombre, " ", 385});
+        return;
+    }
+    g.reporte.Desde(Lugar::EnBAPI(static_cast<int>(fila), 1));
     const LlamadaBAPI llamada = LeerLlamada(bapis[fila].llamada);
-    for (const auto& linea : llamada.lineas) g.reporte.MPrintDelUsuario("  " + linea + "|");
+    for (const auto& [linea, numero] : llamada.lineas) {
+        g.reporte.Desde(Lugar::EnBAPI(static_cast<int>(fila), 1, numero));
+        g.reporte.MPrintDelUsuario("  " + linea + "|");
+    }
+    g.reporte.Desde(enCabeza);
     g.reporte.MPrint("");
     if (!g.analisis.ManejoErrores) return;
     if (llamada.SeccionReturn == "IMPORTING") {
@@ -169,7 +179,10 @@ void EscribirFilaBAPI(Generacion& g, int fila, bool& enCadena) {
         return;
     }
     if (!celdas.programa.empty()) return;
-    if (celdas.valor.empty()) g.DetenerEnFila(Tabla::Transaccion, fila, {319});
+    if (celdas.valor.empty()) {
+        g.DetenerEnFila(Lugar::EnPrograma(fila, 3), {319});
+        return;
+    }
     if (celdas.valor.front() != '\'' && celdas.valor.front() != '@') {
         EscribirCampoDeArchivo(g, celdas, enCadena);
         return;

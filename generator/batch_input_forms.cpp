@@ -68,12 +68,14 @@ void EscribirEnvioDeLoLleno(Generacion& g) {
     g.reporte.Linea("      IF {LS}FVALUE NE SPACE.");
     const auto codigo = Recortar(g.opciones.SpaceCode);
     if (!codigo.empty()) {
+        g.reporte.Desde(Lugar::EnOpcion("SpaceCode"));
         g.reporte.Lineas(R"(
         IF {LS}FVALUE = '{codigo}'.
           {LS}FVALUE = SPACE.
         ENDIF.
 )",
                          {{"codigo", std::string(codigo)}});
+        g.reporte.Desde({});
     }
     g.reporte.Lineas(R"(
         MOVE:  {LS}NAME TO {GT}BDC_TAB-FNAM,
@@ -93,6 +95,7 @@ void EscribirEnvioDeLoLleno(Generacion& g) {
 }  // namespace
 
 void EscribirInsertData(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("CallTransaction"));
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -121,6 +124,7 @@ FORM INSERT_DATA TABLES {LT}BDC_TAB STRUCTURE {GT}BDC_TAB
 }
 
 void EscribirDynpro(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -167,6 +171,7 @@ ENDFORM.
 }
 
 void EscribirOpenGroup(Generacion& g) {
+    g.reporte.Desde({});
     // The mixed case of "User" and the three blanks behind KEEP are on purpose; ABAP takes both.
     g.reporte.Lineas(R"(
 

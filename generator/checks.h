@@ -1,20 +1,20 @@
 #pragma once
 
 #include "base/messages.h"
-#include "base/view.h"
 #include "generator/analysis.h"
+#include "generator/observation.h"
 
-// The questions that a specification must pass before a report is made of it, or its layouts are shown. Each shows its message when
-// the answer is bad.
+// The questions that a specification must pass before a report is made of it, or its layouts are shown. Each tells the listener
+// what is wrong, and ends at the first such place unless the listener lets it go on.
 namespace qor {
 
-// What is asked, and whom the answers are shown.
+// What is asked, and whom the answers are told.
 struct Chequeo {
     const Especificacion& especificacion;
     const Opciones& opciones;
     const Analisis& analisis;
     const TextosIdioma& textos;
-    Vista& vista;
+    Oyente& oyente;
 };
 
 // True when a named file row has an empty width. No message belongs to it.

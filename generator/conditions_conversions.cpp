@@ -15,17 +15,20 @@ constexpr std::size_t largoMaximoDeNombre = 997;
 
 std::ptrdiff_t ContarApostrofos(std::string_view linea) { return std::count(linea.begin(), linea.end(), '\''); }
 
-// One code line; the run ends behind it when it refers to a step-loop field.
+// One code line; the run ends behind it when it refers to a step-loop field. It comes from where the report says that it does.
 void EscribirLineaDeCodigo(Generacion& g, const char* sangria, const std::string& linea, int mensaje, const std::string& nombre) {
     const auto convertida = ConvertirTexto(linea, g.analisis.operaciones, g.nombres.GTprefijo);
     g.reporte.LineaDelUsuario(sangria + convertida.texto);
-    if (convertida.CampoDeStep) g.Detener({mensaje, " ", nombre, "."});
+    if (convertida.CampoDeStep) g.Detener(g.reporte.LugarActual(), {mensaje, " ", nombre, "."});
 }
 
-void EscribirCodigoDeCampo(Generacion& g, const FilaDeArchivo& fila) {
+void EscribirCodigoDeCampo(Generacion& g, int f) {
+    const auto& fila = g.especificacion.TablaArchivo[f];
     bool hayLineas = false;
-    for (const auto& linea : PartirLineas(fila.conversion, anchoDeCodigo)) {
+    g.reporte.Desde(Lugar::EnArchivo(f, 3));
+    for (const auto& [linea, numero] : PartirLineasConNumero(fila.conversion, anchoDeCodigo)) {
         if (TienePares(linea) || EstaEnBlanco(linea)) continue;
+        g.reporte.Desde(Lugar::EnArchivo(f, 3, numero));
         if (linea.front() == '*') {
             g.reporte.LineaDelUsuario(linea);
         } else {
@@ -39,15 +42,26 @@ void EscribirCodigoDeCampo(Generacion& g, const FilaDeArchivo& fila) {
 // The CASE over the value pairs of a field; `campo` is the component that holds the value.
 void EscribirPares(Generacion& g, int f, const std::string& campo) {
     const std::string numero = std::to_string(f);
+    g.reporte.Desde(Lugar::EnArchivo(f, 3));
     g.reporte.Linea("  CASE {campo}.", {{"campo", campo}});
-    for (const auto& linea : PartirLineas(g.especificacion.TablaArchivo[f].conversion, anchoDeCodigo)) {
+    for (const auto& [linea, numeroDeLinea] : PartirLineasConNumero(g.especificacion.TablaArchivo[f].conversion, anchoDeCodigo)) {
         if (!TienePares(linea)) continue;
+        const Lugar lugar = Lugar::EnArchivo(f, 3, numeroDeLinea);
+        g.reporte.Desde(lugar);
         const auto primero = ExtraerPrimero(linea);
-        if (primero.malEscrita) g.vista.Advertir(Componer(g.textos, {372}));
+        if (primero.malEscrita) g.Avisar(lugar, {372});
         g.reporte.Linea("    WHEN '{valor}'.", {{"valor", primero.texto}});
-        if (primero.malEscrita) throw FalloDeEjecucion("a value-pair line without exactly four apostrophes");
+        if (primero.malEscrita) {
+            if (g.oyente.Sigue()) continue;
+            throw FalloDeEjecucion("a value-pair line without exactly four apostrophes");
+        }
+        if (ContarApostrofos(linea) < 4 && g.oyente.Sigue()) {
+            g.Avisar(lugar, {326});
+            continue;
+        }
         g.reporte.Linea("      {GS}CONVERTED{R} = '{valor}'.", {{"R", numero}, {"valor", ExtraerSegundo(linea)}});
     }
+    g.reporte.Desde(Lugar::EnArchivo(f, 3));
     g.reporte.Lineas(R"(
     WHEN OTHERS.
       {GS}CONVERTED{R} = {campo}.
@@ -88,6 +102,7 @@ std::string ExtraerSegundo(std::string_view linea) {
 }
 
 void EscribirCondCheck(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -101,18 +116,25 @@ FORM COND_CHECK USING {LS}CONDITION CHANGING {LS}RESULT.
 )");
     const bool hayCondiciones = !g.especificacion.TablaCondiciones[0].nombre.empty();
     if (hayCondiciones) g.reporte.Linea("  CASE {LS}CONDITION.");
+    int condicion = 0;
     for (const auto& [nombre, texto] : g.especificacion.TablaCondiciones) {
         if (nombre.empty()) break;
+        g.reporte.Desde(Lugar::EnCondicion(condicion, 0));
         g.reporte.Linea("    WHEN '{nombre}'.", {{"nombre", nombre}});
-        for (const auto& linea : PartirLineas(texto, anchoDeCodigo)) {
-            if (!EstaEnBlanco(linea)) EscribirLineaDeCodigo(g, "      ", linea, 320, nombre);
+        for (const auto& [linea, numero] : PartirLineasConNumero(texto, anchoDeCodigo)) {
+            if (EstaEnBlanco(linea)) continue;
+            g.reporte.Desde(Lugar::EnCondicion(condicion, 1, numero));
+            EscribirLineaDeCodigo(g, "      ", linea, 320, nombre);
         }
+        ++condicion;
     }
+    g.reporte.Desde({});
     if (hayCondiciones) g.reporte.Linea("  ENDCASE.");
     g.reporte.Linea("ENDFORM.");
 }
 
 void EscribirConversions(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -123,17 +145,19 @@ FORM CONVERSIONS.
 )");
     const auto& tabla = g.especificacion.TablaArchivo;
     for (int f = 0; f <= ultimaFila; ++f) {
-        if (!EstaEnBlanco(tabla[f].conversion)) EscribirCodigoDeCampo(g, tabla[f]);
+        if (!EstaEnBlanco(tabla[f].conversion)) EscribirCodigoDeCampo(g, f);
     }
     for (int f = 0; f <= ultimaFila; ++f) {
         const auto campo = Recortar(tabla[f].campo);
         if (!TienePares(tabla[f].conversion) || g.analisis.operaciones.OperacionDeCampo(campo) != 0) continue;
         EscribirPares(g, f, g.nombres.GTprefijo + "ITAB-" + std::string(campo));
     }
+    g.reporte.Desde({});
     g.reporte.Linea("ENDFORM.");
 }
 
 void EscribirTabConversions(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -149,6 +173,7 @@ FORM TABCONVERSIONS.
         const int grupo = g.analisis.operaciones.OperacionDeCampo(campo);
         if (grupo != 0) EscribirPares(g, f, g.nombres.GTprefijo + "ITABSL_" + std::to_string(grupo) + "-" + std::string(campo));
     }
+    g.reporte.Desde({});
     g.reporte.Linea("ENDFORM.");
 }
 

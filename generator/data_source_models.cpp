@@ -54,8 +54,8 @@ ENDFORM.
 }
 
 // A run that only serves the templates of the models.
-Generacion GeneracionDeModelo(const PedidoDeGeneracion& pedido) {
-    Generacion g = NuevaGeneracion(pedido);
+Generacion GeneracionDeModelo(const PedidoDeGeneracion& pedido, Oyente& oyente) {
+    Generacion g = NuevaGeneracion(pedido, oyente);
     g.nombres = SetearConvencionesDeNombres(g.preferencias);
     DefinirNombres(g);
     return g;
@@ -91,7 +91,8 @@ TextosDeOrigen TextosDe(Especificacion& especificacion) {
 
 bool ModeloArchivo(const PedidoDeGeneracion& pedido, TextosDeOrigen textos, const std::string& itab, FuenteDeModelo fuente) {
     if (fuente == FuenteDeModelo::Ninguna) return false;
-    Generacion g = GeneracionDeModelo(pedido);
+    OyenteDeVista oyente(pedido.vista);
+    Generacion g = GeneracionDeModelo(pedido, oyente);
     const std::string nombre = NombreDeFuente(fuente);
     if (!Contiene(textos.Variables, g.reporte.Rellenar(" {GS}ERROR "))) {
         AgregarLinea(textos.Variables, g.reporte.Rellenar("DATA: {GS}ERROR TYPE C.  \"Yes/No"));

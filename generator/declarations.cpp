@@ -11,13 +11,18 @@ namespace {
 
 bool ConContador(const Generacion& g) { return g.analisis.ArchivoUnico && g.analisis.HayStepSinClave; }
 
+void AgregarLineasDeEstructura(Generacion& g, std::string_view plantilla, ValoresDePlantilla valores = {}) {
+    g.valores.TextoEstructuras.Agregar(g.reporte.LugarActual(), g.reporte.Rellenar(plantilla, valores));
+}
+
 // A layout row of the Z table: width and name of one field.
 void AgregarEstructura(Generacion& g, const std::string& linea) {
-    g.valores.TextoEstructuras += g.reporte.Rellenar("  {TablaZ}-LINE = '{t}'.\r\n", {{"t", linea}});
-    g.valores.TextoEstructuras += g.reporte.Rellenar(
-        "  {TablaZ}-LENGTH = STRLEN( {TablaZ}-LINE ).\r\n"
-        "  INSERT {TablaZ}.\r\n"
-        "  {TablaZ}-SEQUENCE = {TablaZ}-SEQUENCE + 1.\r\n");
+    AgregarLineasDeEstructura(g,
+                              "  {TablaZ}-LINE = '{t}'.\r\n"
+                              "  {TablaZ}-LENGTH = STRLEN( {TablaZ}-LINE ).\r\n"
+                              "  INSERT {TablaZ}.\r\n"
+                              "  {TablaZ}-SEQUENCE = {TablaZ}-SEQUENCE + 1.\r\n",
+                              {{"t", linea}});
 }
 
 void EscribirContador(Generacion& g) {
@@ -26,6 +31,7 @@ void EscribirContador(Generacion& g) {
 }
 
 void EscribirCampo(Generacion& g, int fila) {
+    g.reporte.Desde(Lugar::EnArchivo(fila, 0));
     const auto& [campo, ancho, nota, conversion] = g.especificacion.TablaArchivo[fila];
     g.reporte.Linea("        {campo}({anchocampo}),{_}", {{"campo", campo}, {"anchocampo", ancho}});
     AgregarEstructura(g, ConCeros(Numero(ancho), 5) + " " + campo);
@@ -34,41 +40,45 @@ void EscribirCampo(Generacion& g, int fila) {
 void EscribirRegistroPrincipal(Generacion& g) {
     g.reporte.LineaVacia();
     g.reporte.Linea("DATA: BEGIN OF {GT}ITAB OCCURS 0,");
-    g.valores.TextoEstructuras = g.reporte.Rellenar(
-        "  {TablaZ}-OPERATION = 1.\r\n"
-        "  {TablaZ}-SEQUENCE = 1.\r\n");
+    AgregarLineasDeEstructura(g,
+                              "  {TablaZ}-OPERATION = 1.\r\n"
+                              "  {TablaZ}-SEQUENCE = 1.\r\n");
     if (ConContador(g)) EscribirContador(g);
     bool hayCampos = false;
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
-        if (fila.ancho.empty()) g.DetenerEnFila(Tabla::Archivo, f, {315, " ", fila.campo});
+        if (fila.ancho.empty()) g.DetenerEnFila(Lugar::EnArchivo(f, 1), {315, " ", fila.campo});
         const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
         EscribirCampo(g, f);
         hayCampos = true;
     }
+    g.reporte.Desde({});
     if (!hayCampos) g.reporte.Linea("        DUMMY(1),");
     g.reporte.Linea("      END OF {GT}ITAB,");
 }
 
 void EscribirRegistroDeStepLoop(Generacion& g, int n, int cabeza) {
+    const Lugar enCabeza = Lugar::EnPrograma(cabeza, 4);
+    g.reporte.Desde(enCabeza);
     if (g.analisis.operaciones.ContarCamposOperacion(n) == 0) {
-        g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabeza].campo, " ", 317}));
+        g.Avisar(enCabeza, {316, " ", g.especificacion.TablaTransaccion[cabeza].campo, " ", 317});
     }
     g.reporte.Linea("      BEGIN OF {GT}ITABSL_{n} OCCURS 0,", {{"n", std::to_string(n)}});
-    g.valores.TextoEstructuras += g.reporte.Rellenar(
-        "\r\n"
-        "  {TablaZ}-OPERATION = {TablaZ}-OPERATION + 1.\r\n"
-        "  {TablaZ}-SEQUENCE = 1.\r\n");
+    AgregarLineasDeEstructura(g,
+                              "\r\n"
+                              "  {TablaZ}-OPERATION = {TablaZ}-OPERATION + 1.\r\n"
+                              "  {TablaZ}-SEQUENCE = 1.\r\n");
     if (ConContador(g)) EscribirContador(g);
     const int filas = g.especificacion.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
-        if (g.especificacion.TablaArchivo[f].ancho.empty()) g.Detener({315});
+        if (g.especificacion.TablaArchivo[f].ancho.empty()) g.Detener(Lugar::EnArchivo(f, 1), {315});
         const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, n);
         const bool claveLeida = clase == ClaseCampo::Clave && !g.opciones.EntradaDeTabla();
         if (clase == ClaseCampo::DelGrupo || claveLeida) EscribirCampo(g, f);
     }
+    g.reporte.Desde(enCabeza);
     g.reporte.Linea("      END OF {GT}ITABSL_{n},", {{"n", std::to_string(n)}});
 }
 
@@ -88,11 +98,13 @@ void EscribirBatchInput(Generacion& g) {
 DATA: END OF {GT}BDC_TAB,
       {GS}FIRST_TIME TYPE C VALUE {GC}YES,  "Yes/No
 )");
+        g.reporte.Desde(Lugar::EnOpcion("NombreManual"));
         g.valores.NombreGrupo = NombreDeSesion(g);
     }
     if (g.analisis.HayJuegoDatos) {
         g.reporte.Linea("      {GS}BDCNAME LIKE APQI-GROUPID VALUE '{NombreGrupo}',", {{"NombreGrupo", g.valores.NombreGrupo}});
     }
+    g.reporte.Desde(Lugar::EnOpcion("CallTransaction"));
     if (g.opciones.CallTransaction == 1 || (g.analisis.operaciones.HayBAPI && g.analisis.operaciones.HayTransaccion)) {
         g.reporte.Lineas(R"(
       BEGIN OF {GT}MESSTAB OCCURS 0.
@@ -106,6 +118,7 @@ void EscribirConvertidos(Generacion& g) {
     if (!g.analisis.HayConversiones && !g.analisis.HayConversionesStep) return;
     for (int f = 0; f <= ultimaFila; ++f) {
         if (!TienePares(g.especificacion.TablaArchivo[f].conversion)) continue;
+        g.reporte.Desde(Lugar::EnArchivo(f, 3));
         g.reporte.Linea("      {GS}CONVERTED{fila}(1024),", {{"fila", std::to_string(f)}});
     }
 }
@@ -118,6 +131,7 @@ void EscribirArchivosConstantes(Generacion& g) {
     g.valores.VariableArchivoStep = g.nombres.GSprefijo + g.nombres.RaizArchivoStep;
     g.reporte.Definir("ARCHIVO", g.valores.VariableArchivo);
     g.reporte.Definir("STEP", g.valores.VariableArchivoStep);
+    g.reporte.Desde(Lugar::EnOpcion("ArchivoFuente"));
     g.reporte.Linea("      {ARCHIVO}(128) VALUE '{ArchivoFuente}',");
 }
 
@@ -139,6 +153,7 @@ double CalcularAnchoMayor(const Generacion& g) {
 }
 
 void EscribirLineasComunes(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("OneFileOption"));
     double& ancho = g.valores.AnchoMayor;
     ancho = CalcularAnchoMayor(g);
     if (g.analisis.ArchivoUnico) {
@@ -151,6 +166,7 @@ void EscribirLineasComunes(Generacion& g) {
                          {{"largo", std::to_string(g.analisis.LargoIdentificador)}, {"ancho", TextoDeNumero(ancho)}});
     }
     if (!g.analisis.ManejoErrores) return;
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     if (ConContador(g)) ancho += 10;
     ancho = std::max(ancho, 256.0);
     g.reporte.Lineas(R"(
@@ -174,21 +190,26 @@ void EscribirLineasComunes(Generacion& g) {
 void EscribirModo(Generacion& g) {
     g.reporte.Definir("M", std::string(1, g.opciones.Modo));
     if (!g.ConModo() || g.opciones.ModeAsParameter != 0) return;
+    g.reporte.Desde(Lugar::EnOpcion("ModeAsParameter"));
     g.valores.VariableModo = g.nombres.GSprefijo + g.nombres.RaizModo;
     g.reporte.Definir("MODO", g.valores.VariableModo);
     g.reporte.Linea("      {MODO} LIKE CTU_PARAMS-DISMODE VALUE '{M}',");
 }
 
-void EscribirTextoDelUsuario(Generacion& g, const std::string& texto) {
+void EscribirTextoDelUsuario(Generacion& g, const std::string& texto, Lugar::Parte parte) {
+    g.reporte.Desde(Lugar::EnTexto(parte, 0));
     g.reporte.LineaVacia();
-    for (const auto& linea : PartirLineas(texto, 71)) {
-        if (!EstaEnBlanco(linea)) g.reporte.LineaDelUsuario(linea);
+    for (const auto& [linea, numero] : PartirLineasConNumero(texto, 71)) {
+        if (EstaEnBlanco(linea)) continue;
+        g.reporte.Desde(Lugar::EnTexto(parte, numero));
+        g.reporte.LineaDelUsuario(linea);
     }
 }
 
 }  // namespace
 
 void EscribirDeclaraciones(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 REPORT QOR.
 
@@ -197,7 +218,9 @@ CONSTANTS: {GC}YES TYPE C VALUE 'X',
 )");
     if (g.analisis.ManejoErrores) {
         g.reporte.LineaVacia();
+        g.reporte.Desde(Lugar::EnOpcion("TablaZ"));
         g.reporte.Linea("TABLES: {TablaZ}.");
+        g.reporte.Desde({});
     }
     EscribirRegistroPrincipal(g);
     int n = 0;
@@ -206,15 +229,21 @@ CONSTANTS: {GC}YES TYPE C VALUE 'X',
     EscribirConvertidos(g);
     EscribirArchivosConstantes(g);
     EscribirLineasComunes(g);
+    g.reporte.Desde({});
     if (ConContador(g)) g.reporte.Linea("      {GN}AUTOCOUNTER(10) TYPE N,");
     if (g.EntradaDeArchivo()) g.reporte.Linea("      {GS}ERROR TYPE C,  \"Yes/No");
     EscribirModo(g);
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
       {GS}PROCESS_FIELDS TYPE C,  "Yes/No
       {GS}TCODE LIKE SY-TCODE.
 )");
-    if (!EstaEnBlanco(g.especificacion.VariablesGlobales)) EscribirTextoDelUsuario(g, g.especificacion.VariablesGlobales);
-    if (g.especificacion.OrigenUsuario) EscribirTextoDelUsuario(g, g.especificacion.OrigenVariables);
+    if (!EstaEnBlanco(g.especificacion.VariablesGlobales)) {
+        EscribirTextoDelUsuario(g, g.especificacion.VariablesGlobales, Lugar::Parte::VariablesGlobales);
+    }
+    if (g.especificacion.OrigenUsuario) {
+        EscribirTextoDelUsuario(g, g.especificacion.OrigenVariables, Lugar::Parte::OrigenVariables);
+    }
 }
 
 }  // namespace qor

@@ -4,6 +4,7 @@
 namespace qor {
 
 void InsercionITABDataErrors(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     g.reporte.Lineas(R"(
     {GS}DATAERRORSFOUND = {GC}NO.
     REFRESH {GT}DATAERRORS.
@@ -46,6 +47,7 @@ void RecolectarMensajes(Generacion& g) {
 }
 
 void EscribirInsertDataErrors(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     // On purpose DATAERRORS-LINE has no prefix in the first STRLEN, and ITABOPERS has that of a scalar in the UPDATE: under naming
     // conventions these two lines name objects that the report doesn't declare.
     g.reporte.Lineas(R"(
@@ -124,6 +126,7 @@ ENDFORM.
 }
 
 void ImprimirElseOldBatch(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     g.reporte.Lineas(R"(
 
   ELSE.
@@ -167,6 +170,7 @@ void ImprimirElseOldBatch(Generacion& g) {
 }
 
 void ImprimirMensajesManejoErrores(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     g.reporte.Lineas(R"(
 
   IF {GN}ERRORCOUNTER > 0.
@@ -182,6 +186,7 @@ void ImprimirMensajesManejoErrores(Generacion& g) {
 }
 
 void EscribirAddStructures(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     g.reporte.Lineas(R"(
 
 {RULE}

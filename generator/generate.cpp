@@ -18,40 +18,52 @@ namespace qor {
 
 namespace {
 
-Chequeo ParaChequear(const Generacion& g) { return {g.especificacion, g.opciones, g.analisis, g.textos, g.vista}; }
+Chequeo ParaChequear(const Generacion& g) { return {g.especificacion, g.opciones, g.analisis, g.textos, g.oyente}; }
 
+// True when the run may go on all the same.
 bool RechazarEnControl(const Chequeo& c, const char* control, int mensaje) {
-    c.vista.Enfocar(control);
-    c.vista.Advertir(Componer(c.textos, {mensaje}));
-    return false;
+    c.oyente.Recibir({Componer(c.textos, {mensaje}), Lugar::EnOpcion(control), Icono::Advertencia, false, control});
+    return c.oyente.Sigue();
+}
+
+void Informar(const Chequeo& c, const char* opcion, int mensaje) {
+    c.oyente.Recibir({Componer(c.textos, {mensaje}), Lugar::EnOpcion(opcion), Icono::Informacion});
 }
 
 bool ChequearManejoDeErrores(const Chequeo& c) {
     const auto& o = c.opciones;
-    if (o.ErrorHandlingCheck == 1 && !c.analisis.ManejoErrores) c.vista.Informar(Componer(c.textos, {391}));
+    if (o.ErrorHandlingCheck == 1 && !c.analisis.ManejoErrores) Informar(c, "ErrorHandlingCheck", 391);
     if (!c.analisis.ManejoErrores) return true;
-    if (EstaEnBlanco(o.TablaZ)) return RechazarEnControl(c, "TablaZ", 392);
-    if (EstaEnBlanco(o.ProgID)) return RechazarEnControl(c, "ProgID", 402);
-    return true;
+    if (EstaEnBlanco(o.TablaZ) && !RechazarEnControl(c, "TablaZ", 392)) return false;
+    return !EstaEnBlanco(o.ProgID) || RechazarEnControl(c, "ProgID", 402);
 }
 
-// The checks that run before the pointer is busy; a failure in them is no failure of the report.
-bool ChequearForma(Generacion& g, const PedidoDeGeneracion& pedido) {
-    if (!TablasOK(g.especificacion, g.textos, g.vista)) return false;
+// What follows from the specification before anything is asked about it.
+void AnalizarForma(Generacion& g) {
     g.nombres = SetearConvencionesDeNombres(g.preferencias);
     g.analisis = Analizar(g.especificacion, g.opciones);
-    if (pedido.sistema != nullptr && FaltaAnchoCampos(g.especificacion) &&
-        g.vista.Preguntar(Componer(g.textos, {246}), Botones::SiNo) == Respuesta::Si) {
-        pedido.sistema->ObtenerAnchos();
-    }
+}
+
+bool ChequearClavesYOpciones(Generacion& g) {
     const Chequeo c = ParaChequear(g);
     if (g.analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
     AnalizarClaves(g.analisis, g.especificacion);
     if (ExistenStepsInvalidos(c) || ExistenCamposNoDefinidos(c)) return false;
     const bool mezcla = g.analisis.operaciones.HayBAPI && g.analisis.operaciones.HayTransaccion;
-    if (g.opciones.CallTransaction == 0 && mezcla) g.vista.Informar(Componer(g.textos, {390}));
-    if (g.opciones.CommitCheck == 1 && mezcla) g.vista.Informar(Componer(g.textos, {400}));
-    if (!ChequearManejoDeErrores(c)) return false;
+    if (g.opciones.CallTransaction == 0 && mezcla) Informar(c, "CallTransaction", 390);
+    if (g.opciones.CommitCheck == 1 && mezcla) Informar(c, "CommitCheck", 400);
+    return ChequearManejoDeErrores(c);
+}
+
+// The checks that run before the pointer is busy; a failure in them is no failure of the report.
+bool ChequearForma(Generacion& g, const PedidoDeGeneracion& pedido) {
+    if (!TablasOK(g.especificacion, g.textos, pedido.vista)) return false;
+    AnalizarForma(g);
+    if (pedido.sistema != nullptr && FaltaAnchoCampos(g.especificacion) &&
+        pedido.vista.Preguntar(Componer(g.textos, {246}), Botones::SiNo) == Respuesta::Si) {
+        pedido.sistema->ObtenerAnchos();
+    }
+    if (!ChequearClavesYOpciones(g)) return false;
     pedido.opciones.TablaZ = std::string(Recortar(g.opciones.TablaZ));
     return true;
 }
@@ -72,8 +84,9 @@ bool ChequearNombresDeStepLoops(const Chequeo& c) {
         const auto& fila = c.especificacion.TablaTransaccion[r];
         if (!EstaEnBlanco(ValorDeMarca(fila.nota, 2))) continue;
         const auto campo = Recortar(fila.campo);
-        c.vista.Advertir(deTabla ? Componer(c.textos, {305, " ", campo, "]."}) : Componer(c.textos, {306, " ", campo, 307}));
-        return false;
+        c.oyente.Recibir({deTabla ? Componer(c.textos, {305, " ", campo, "]."}) : Componer(c.textos, {306, " ", campo, 307}),
+                          Lugar::EnPrograma(r, 4)});
+        if (!c.oyente.Sigue()) return false;
     }
     return true;
 }
@@ -81,30 +94,54 @@ bool ChequearNombresDeStepLoops(const Chequeo& c) {
 bool ChequearContenido(const Chequeo& c) {
     const auto cabeza = Recortar(c.especificacion.TablaTransaccion[0].programa);
     if (cabeza != "TRANS" && cabeza != "BAPI") {
-        c.vista.Advertir(Componer(c.textos, {302}));
-        return false;
+        c.oyente.Recibir({Componer(c.textos, {302}), Lugar::EnPrograma(0, 0)});
+        if (!c.oyente.Sigue()) return false;
     }
     return ChequearOrigen(c) && ChequearArchivosCampos(c) && ChequearNombresDeStepLoops(c) && ChequearValores(c);
 }
 
+// Writes one section. A failure in it ends the run, unless the listener lets that go on: then it is told, with the place that was
+// being written.
+class Secciones {
+public:
+    explicit Secciones(Generacion& g) : g_(g) {}
+
+    void Escribir(void (*seccion)(Generacion&)) {
+        if (!g_.oyente.Sigue()) {
+            seccion(g_);
+            return;
+        }
+        try {
+            seccion(g_);
+        } catch (const FalloDeEjecucion& fallo) {
+            g_.reporte.OlvidarMemoria();
+            g_.oyente.Recibir({{{326}, fallo.what()}, g_.reporte.LugarActual()});
+        }
+    }
+
+private:
+    Generacion& g_;
+};
+
 // The table of contents of the report.
 void EscribirSecciones(Generacion& g) {
-    EscribirTitulos(g);
-    EscribirDeclaraciones(g);
-    EscribirPantallaDeSeleccion(g);
-    EscribirFlujoPrincipal(g);
-    if (g.analisis.operaciones.HayTransaccion) EscribirInsertData(g);
-    EscribirOperaciones(g);
-    if (g.analisis.ManejoErrores) EscribirInsertDataErrors(g);
-    if (g.analisis.operaciones.HayTransaccion) EscribirDynpro(g);
-    EscribirCondCheck(g);
-    if (g.analisis.operaciones.HayTransaccion && g.analisis.HayJuegoDatos) EscribirOpenGroup(g);
-    if (g.analisis.HayConversiones) EscribirConversions(g);
-    if (g.analisis.HayConversionesStep) EscribirTabConversions(g);
-    EscribirReadFile(g);
-    EscribirStepLoops(g);
-    if (g.especificacion.OrigenUsuario) EscribirUserForm(g);
-    if (g.analisis.ManejoErrores) EscribirAddStructures(g);
+    Secciones s(g);
+    s.Escribir(EscribirTitulos);
+    s.Escribir(EscribirDeclaraciones);
+    s.Escribir(EscribirPantallaDeSeleccion);
+    s.Escribir(EscribirFlujoPrincipal);
+    if (g.analisis.operaciones.HayTransaccion) s.Escribir(EscribirInsertData);
+    s.Escribir(EscribirOperaciones);
+    if (g.analisis.ManejoErrores) s.Escribir(EscribirInsertDataErrors);
+    if (g.analisis.operaciones.HayTransaccion) s.Escribir(EscribirDynpro);
+    s.Escribir(EscribirCondCheck);
+    if (g.analisis.operaciones.HayTransaccion && g.analisis.HayJuegoDatos) s.Escribir(EscribirOpenGroup);
+    if (g.analisis.HayConversiones) s.Escribir(EscribirConversions);
+    if (g.analisis.HayConversionesStep) s.Escribir(EscribirTabConversions);
+    s.Escribir(EscribirReadFile);
+    s.Escribir(EscribirStepLoops);
+    if (g.especificacion.OrigenUsuario) s.Escribir(EscribirUserForm);
+    if (g.analisis.ManejoErrores) s.Escribir(EscribirAddStructures);
 }
 
 void EscribirReporte(Generacion& g) {
@@ -134,45 +171,42 @@ Mensaje ConSalida(Mensaje mensaje, const PedidoDeGeneracion& pedido, const Estad
 }
 
 void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
-    g.vista.MostrarFila(Tabla::Archivo, 0);
-    g.vista.MostrarFila(Tabla::Transaccion, 0);
+    Vista& vista = pedido.vista;
+    vista.MostrarFila(Tabla::Archivo, 0);
+    vista.MostrarFila(Tabla::Transaccion, 0);
     if (g.analisis.ManejoErrores) {
-        g.vista.MostrarTexto(TextoDeTablaZ(g));
+        vista.MostrarTexto(TextoDeTablaZ(g));
     } else {
-        g.vista.Informar(ConSalida(Componer(g.textos, {323}), pedido, estado));
+        vista.Informar(ConSalida(Componer(g.textos, {323}), pedido, estado));
     }
-    if (g.vista.OfreceEditor() && g.vista.Preguntar(Componer(g.textos, {324}), Botones::SiNo) == Respuesta::Si &&
-        !g.vista.AbrirEditor(estado.UltimoPrograma)) {
-        g.vista.Advertir(ConSalida(Componer(g.textos, {325}), pedido, estado));
+    if (vista.OfreceEditor() && vista.Preguntar(Componer(g.textos, {324}), Botones::SiNo) == Respuesta::Si &&
+        !vista.AbrirEditor(estado.UltimoPrograma)) {
+        vista.Advertir(ConSalida(Componer(g.textos, {325}), pedido, estado));
     }
     if (pedido.sistema != nullptr) pedido.sistema->OfrecerPublicacion(estado.UltimoPrograma);
 }
 
 // Runs `accion` under the failure trap of the generator: message 326, or the message of a stop.
 template <typename Accion>
-bool ConTrampaDeGeneracion(const Generacion& g, Accion accion) {
+bool ConTrampaDeGeneracion(const Generacion& g, Vista& vista, Accion accion) {
     try {
-        const ConPunteroOcupado puntero(g.vista);
+        const ConPunteroOcupado puntero(vista);
         return accion();
     } catch (const ParadaDeGeneracion& parada) {
-        if (parada.lugar) {
-            g.vista.MostrarFila(parada.lugar->tabla, parada.lugar->fila);
-            if (parada.lugar->tabla == Tabla::Transaccion) g.vista.Enfocar("Text5_0");
-        }
-        g.vista.Advertir(parada.mensaje);
+        g.oyente.Recibir(parada.observacion);
     } catch (const FalloDeEjecucion& fallo) {
-        g.vista.Advertir(ConDetalle(Componer(g.textos, {326}), fallo));
+        vista.Advertir(ConDetalle(Componer(g.textos, {326}), fallo));
     }
     return false;
 }
 
 // The checks of the first part, before which comes that nothing in the specification can turn into a statement.
 bool ChequearFormaSinFallo(Generacion& g, const PedidoDeGeneracion& pedido) {
-    if (!SinCaracteresDeControl(g.especificacion, g.opciones, g.vista)) return false;
+    if (!SinCaracteresDeControl(g.especificacion, g.opciones, pedido.vista)) return false;
     try {
         return ChequearForma(g, pedido);
     } catch (const FalloDeEjecucion& fallo) {
-        g.vista.Advertir(MensajeLiteral(std::string("The specification can't be worked with: ") + fallo.what() + "."));
+        pedido.vista.Advertir(MensajeLiteral(std::string("The specification can't be worked with: ") + fallo.what() + "."));
         return false;
     }
 }
@@ -181,35 +215,48 @@ bool ChequearFormaSinFallo(Generacion& g, const PedidoDeGeneracion& pedido) {
 template <typename Accion>
 bool TrasLosChequeos(Generacion& g, const PedidoDeGeneracion& pedido, Accion accion) {
     return ChequearFormaSinFallo(g, pedido) &&
-           ConTrampaDeGeneracion(g, [&] { return ChequearContenido(ParaChequear(g)) && accion(); });
+           ConTrampaDeGeneracion(g, pedido.vista, [&] { return ChequearContenido(ParaChequear(g)) && accion(); });
 }
+
+ReporteGenerado Tomar(Reporte& reporte) { return {reporte.TomarTexto(), reporte.Origenes()}; }
 
 }  // namespace
 
-bool Generar(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) {
-    Generacion g = NuevaGeneracion(pedido);
+std::optional<ReporteGenerado> Generar(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) {
+    OyenteDeVista oyente(pedido.vista);
+    Generacion g = NuevaGeneracion(pedido, oyente);
     const bool escrito = TrasLosChequeos(g, pedido, [&] {
         if (!ElegirSalida(pedido, estado)) return false;
         EscribirArchivo(g, estado.UltimoPrograma);
         return true;
     });
-    if (escrito) MostrarExito(g, pedido, estado);
-    return escrito;
+    if (!escrito) return std::nullopt;
+    MostrarExito(g, pedido, estado);
+    return Tomar(g.reporte);
 }
 
 bool ChequearEspecificacion(const PedidoDeGeneracion& pedido) {
-    Generacion g = NuevaGeneracion(pedido);
+    OyenteDeVista oyente(pedido.vista);
+    Generacion g = NuevaGeneracion(pedido, oyente);
     return TrasLosChequeos(g, pedido, [&] { return ChequearNombreDeSalida(pedido); });
 }
 
-std::optional<std::string> ComponerReporte(const PedidoDeGeneracion& pedido) {
-    Generacion g = NuevaGeneracion(pedido);
+std::optional<ReporteGenerado> ComponerReporte(const PedidoDeGeneracion& pedido) {
+    OyenteDeVista oyente(pedido.vista);
+    Generacion g = NuevaGeneracion(pedido, oyente);
     const bool compuesto = TrasLosChequeos(g, pedido, [&] {
         EscribirReporte(g);
         return true;
     });
     if (!compuesto) return std::nullopt;
-    return g.reporte.Texto();
+    return Tomar(g.reporte);
+}
+
+void ComponerTodo(Generacion& g) {
+    AnalizarForma(g);
+    ChequearClavesYOpciones(g);
+    ChequearContenido(ParaChequear(g));
+    EscribirReporte(g);
 }
 
 }  // namespace qor

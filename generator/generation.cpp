@@ -1,6 +1,7 @@
 #include "generator/generation.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/text.h"
 
@@ -16,19 +17,35 @@ std::string EnUnaLinea(std::string texto) {
 
 }  // namespace
 
-Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido) {
-    return {pedido.especificacion,
-            pedido.opciones,
-            pedido.preferencias,
-            pedido.textos,
-            pedido.vista,
-            EnUnaLinea(pedido.RutaDocumento),
-            EnUnaLinea(pedido.NombreDocumento),
+Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido, Oyente& oyente) {
+    return NuevaGeneracion(pedido.especificacion, pedido.opciones, pedido.preferencias, pedido.textos, oyente, pedido.RutaDocumento,
+                           pedido.NombreDocumento);
+}
+
+Generacion NuevaGeneracion(const Especificacion& especificacion, const Opciones& opciones, const Preferencias& preferencias,
+                           const TextosIdioma& textos, Oyente& oyente, std::string RutaDocumento, std::string NombreDocumento) {
+    return {especificacion,
+            opciones,
+            preferencias,
+            textos,
+            oyente,
+            EnUnaLinea(std::move(RutaDocumento)),
+            EnUnaLinea(std::move(NombreDocumento)),
             {},
             {},
             {},
             {},
             {}};
+}
+
+void Generacion::Detener(const Observacion& observacion) const {
+    if (!oyente.Sigue()) throw ParadaDeGeneracion{observacion};
+    oyente.Recibir(observacion);
+}
+
+void Generacion::DetenerEnFila(const Lugar& lugar, std::initializer_list<Pieza> piezas) const {
+    const bool delPrograma = lugar.parte == Lugar::Parte::Programa;
+    Detener({Componer(textos, piezas), lugar, Icono::Advertencia, true, delPrograma ? "Text5_0" : ""});
 }
 
 void DefinirNombres(Generacion& g) {

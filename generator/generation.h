@@ -1,11 +1,11 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "generator/analysis.h"
+#include "generator/observation.h"
 #include "generator/report.h"
 #include "generator/request.h"
 
@@ -17,19 +17,14 @@ struct ValoresGeneracion {
     std::string VariableArchivo;
     std::string VariableArchivoStep;
     std::string VariableModo;
-    std::string NombreGrupo;       // session name
-    std::string TextoEstructuras;  // layout rows of the Z table, as lines of ABAP
-    double AnchoMayor = 0;         // width of the longest record
+    std::string NombreGrupo;           // session name
+    LineasConOrigen TextoEstructuras;  // layout rows of the Z table, as lines of ABAP
+    double AnchoMayor = 0;             // width of the longest record
 };
 
-// The end of a run in the middle of the report: the message to show, and where to put the focus.
+// The end of a run in the middle of the report. What it says is still to be told the listener.
 struct ParadaDeGeneracion {
-    Mensaje mensaje;
-    struct Lugar {
-        Tabla tabla;
-        int fila;
-    };
-    std::optional<Lugar> lugar = std::nullopt;
+    Observacion observacion;
 };
 
 // One run of the generator: what its sections read and write. `nombres` and `valores` are also the values of the brace names of
@@ -39,7 +34,7 @@ struct Generacion {
     const Opciones& opciones;
     const Preferencias& preferencias;
     const TextosIdioma& textos;
-    Vista& vista;
+    Oyente& oyente;
     std::string RutaDocumento;
     std::string NombreDocumento;
 
@@ -62,13 +57,21 @@ struct Generacion {
     }
     const std::string& Texto(int numero) const { return textos.Texto(numero); }
 
-    [[noreturn]] void Detener(std::initializer_list<Pieza> piezas) const { throw ParadaDeGeneracion{Componer(textos, piezas)}; }
-    [[noreturn]] void DetenerEnFila(Tabla tabla, int fila, std::initializer_list<Pieza> piezas) const {
-        throw ParadaDeGeneracion{Componer(textos, piezas), ParadaDeGeneracion::Lugar{tabla, fila}};
+    // The specification is refused in the middle of the report, which ends here unless the listener lets the run go on.
+    void Detener(const Lugar& lugar, std::initializer_list<Pieza> piezas) const { Detener({Componer(textos, piezas), lugar}); }
+    // The same; a screen shows the row.
+    void DetenerEnFila(const Lugar& lugar, std::initializer_list<Pieza> piezas) const;
+    void Detener(const Observacion& observacion) const;
+    // Something to say about a report that goes on.
+    void Avisar(const Lugar& lugar, std::initializer_list<Pieza> piezas) const {
+        oyente.Recibir({Componer(textos, piezas), lugar});
     }
 };
 
-Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido);
+Generacion NuevaGeneracion(const PedidoDeGeneracion& pedido, Oyente& oyente);
+// The same from the parts that a report is made of.
+Generacion NuevaGeneracion(const Especificacion& especificacion, const Opciones& opciones, const Preferencias& preferencias,
+                           const TextosIdioma& textos, Oyente& oyente, std::string RutaDocumento, std::string NombreDocumento);
 
 // Gives the brace names of the templates their values, and indexes the file fields. `nombres` and the run's values are known.
 void DefinirNombres(Generacion& g);

@@ -69,12 +69,15 @@ void EscribirGUI_UPLOAD(Reporte& reporte, bool anchoFijo) {
 
 void EscribirOpenDataset(Reporte& reporte, const std::string& adiciones, const std::string& mensaje) {
     reporte.Linea("  {LS}AUXERROR = {GC}NO.");
+    const Lugar antes = reporte.LugarActual();
+    reporte.Desde(Lugar::EnPreferencia("EncodingAdditional"));
     if (adiciones == "NONE") {
         reporte.Linea("  OPEN DATASET {LS}AUXFILE FOR INPUT IN TEXT MODE.");
     } else {
         // The addition brings its own closing point.
         reporte.Linea("  OPEN DATASET {LS}AUXFILE FOR INPUT IN TEXT MODE  {adiciones}", {{"adiciones", adiciones}});
     }
+    reporte.Desde(antes);
     reporte.Lineas(R"(
   IF SY-SUBRC NE 0.
     WRITE: / '{msg}',
@@ -123,6 +126,7 @@ void EscribirCuerpoDeLectura(Reporte& reporte, FuenteDeArchivo fuente, const Pre
 }
 
 void EscribirTableProcessing(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -135,11 +139,13 @@ FORM TABLE_PROCESSING.
     } else {
         Generate_Insert(g, "  ");
     }
+    g.reporte.Desde({});
     g.reporte.Linea("ENDFORM.");
 }
 
 void EscribirReadFile(Generacion& g) {
     if (!g.EntradaDeArchivo()) return;
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}

@@ -21,15 +21,17 @@ std::size_t BuscarEspacioAnterior(std::string_view linea, std::size_t ancho) {
 
 }  // namespace
 
-void ImprimirLineasCortas(std::string_view linea, std::string& salida) {
+int ImprimirLineasCortas(std::string_view linea, std::string& salida) {
+    int piezas = 1;
     if (!linea.empty() && linea.front() == '*') {
         ImprimirPieza(linea, salida);
-        return;
+        return piezas;
     }
     while (linea.size() > columnasABAP) {
         const auto corte = BuscarEspacioAnterior(linea, columnasABAP);
         if (corte == 0) break;
         ImprimirPieza(linea.substr(0, corte), salida);
+        ++piezas;
         linea = Recortar(linea.substr(corte));
         if (linea.size() < columnasABAP) {
             salida.append(columnasABAP - linea.size(), ' ');
@@ -37,6 +39,7 @@ void ImprimirLineasCortas(std::string_view linea, std::string& salida) {
         }
     }
     ImprimirPieza(linea, salida);
+    return piezas;
 }
 
 std::string CompactarTexto(std::string_view texto, int n) {

@@ -20,6 +20,7 @@ void EscribirLectura(Generacion& g, const std::string& tabla, const std::string&
 // Spreads the lines of the one file over the internal tables by their ids. Without keys each main record raises a counter, and the
 // step-loop records that follow it take its value; the component of 10 characters stands in front of the line.
 void EscribirReparto(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("Identificadores"));
     const bool conContador = g.analisis.HayStepSinClave;
     if (conContador) {
         g.reporte.Lineas(R"(
@@ -71,15 +72,17 @@ void EscribirReparto(Generacion& g) {
 }
 
 void EscribirEntradaDeArchivos(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("FileParameterCh"));
     if (g.analisis.ArchivoUnico) {
         EscribirLectura(g, "MULTITAB", g.valores.VariableArchivo);
         EscribirReparto(g);
         return;
     }
     EscribirLectura(g, "ITAB", g.valores.VariableArchivo);
-    const int grupos = ContarStepLoops(g.especificacion);
-    for (int n = 1; n <= grupos; ++n) {
-        const std::string numero = std::to_string(n);
+    int n = 0;
+    for (const int cabeza : CabezasStepLoop(g.especificacion)) {
+        const std::string numero = std::to_string(++n);
+        g.reporte.Desde(Lugar::EnPrograma(cabeza, 4));
         EscribirLectura(g, "ITABSL_" + numero, g.valores.VariableArchivoStep + numero);
     }
 }
@@ -91,12 +94,15 @@ void EscribirColumnas(Generacion& g, const std::string& plantilla) {
     for (int f = 0; f < filas; ++f) {
         const auto clase = g.analisis.operaciones.ClaseCampoEnOperacion(f, 1);
         if (clase != ClaseCampo::Ninguna && clase != ClaseCampo::Clave) continue;
+        g.reporte.Desde(Lugar::EnArchivo(f, 0));
         g.reporte.Linea(plantilla, {{"campo", g.especificacion.TablaArchivo[f].campo}, {"coma", c < total ? "," : ""}});
         ++c;
     }
+    g.reporte.Desde(Lugar::EnOpcion("ArchivoFuente"));
 }
 
 void EscribirEntradaDeTabla(Generacion& g) {
+    g.reporte.Desde(Lugar::EnOpcion("ArchivoFuente"));
     g.reporte.Lineas(R"(
 
 {s}  EXEC SQL PERFORMING TABLE_PROCESSING.
@@ -110,12 +116,14 @@ void EscribirEntradaDeTabla(Generacion& g) {
 }
 
 void EscribirBucle(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
   LOOP AT {GT}ITAB.
 )");
     if (g.analisis.ManejoErrores) InsercionITABDataErrors(g);
     Generate_Insert(g, "    ");
+    g.reporte.Desde({});
     if (g.analisis.ManejoErrores) g.reporte.Linea("    PERFORM INSERT_DATAERRORS.");
     if (g.opciones.CommitCheck == 1 && g.analisis.operaciones.HayBAPI) g.reporte.Linea("    COMMIT WORK.");
     g.reporte.Linea("  ENDLOOP.");
@@ -124,11 +132,13 @@ void EscribirBucle(Generacion& g) {
 }  // namespace
 
 void EscribirFlujoPrincipal(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 START-OF-SELECTION.
 )");
     if (g.analisis.ManejoErrores) {
+        g.reporte.Desde(Lugar::EnOpcion("ProgID"));
         g.reporte.Lineas(R"(
 
   {GN}PROGID = {ProgID}.
@@ -152,14 +162,17 @@ START-OF-SELECTION.
     if (g.analisis.ManejoErrores) ImprimirElseOldBatch(g);
     // A table that feeds a session only is worked off row by row in TABLE_PROCESSING.
     if (!deTabla || g.PorLlamada()) EscribirBucle(g);
+    g.reporte.Desde({});
     if (g.analisis.HayJuegoDatos) ImprimirMensajesBDC(g);
     if (g.analisis.ManejoErrores) ImprimirMensajesManejoErrores(g);
+    g.reporte.Desde({});
     g.reporte.LineaVacia();
     g.reporte.Linea("  WRITE: / '{mensaje}'.", {{"mensaje", g.Texto(504)}});
     if (deTabla) EscribirTableProcessing(g);
 }
 
 void Generate_Insert(Generacion& g, std::string_view sangria) {
+    g.reporte.Desde({});
     if (g.analisis.HayConversiones) g.reporte.Linea("{i}PERFORM CONVERSIONS.", {{"i", std::string(sangria)}});
     int k = 0;
     const int filas = g.especificacion.FilasTransaccion();
@@ -168,6 +181,7 @@ void Generate_Insert(Generacion& g, std::string_view sangria) {
         const bool esTransaccion = fila.programa == "TRANS";
         if (!esTransaccion && fila.programa != "BAPI") continue;
         ++k;
+        g.reporte.Desde(Lugar::EnPrograma(r, 1));
         const bool conCondicion = Contiene(fila.dynpro, ";");
         const std::string codigo(Recortar(AntesDe(fila.dynpro, ';')));
         std::string i(sangria);

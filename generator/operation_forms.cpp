@@ -15,6 +15,7 @@ public:
         // This test doesn't cut blanks, unlike all other walks.
         for (int r = 0; r <= ultimaFila && !(tabla_[r].SinNombres()); ++r) {
             const auto& fila = tabla_[r];
+            g_.reporte.Desde(Lugar::EnPrograma(r, 3));
             if (fila.EsCabezaTransaccion() || fila.EsCabezaBAPI()) {
                 EmpezarOperacion(r);
             } else if (esBAPI_) {
@@ -25,11 +26,14 @@ public:
         }
         CerrarOperacion();
         g_.reporte.ImprimirMemoria();
+        g_.reporte.Desde({});
     }
 
 private:
     void EmpezarOperacion(int r) {
         if (numero_ > 1) CerrarOperacion();
+        g_.reporte.Desde(Lugar::EnPrograma(r, 1));
+        cabeza_ = r;
         g_.reporte.MPrint("");
         codigo_ = Recortar(AntesDe(tabla_[r].dynpro, ';'));
         esBAPI_ = tabla_[r].EsCabezaBAPI();
@@ -62,6 +66,7 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
     }
 
     void CerrarOperacion() {
+        g_.reporte.Desde(Lugar::EnPrograma(cabeza_, 1));
         if (esBAPI_) CerrarBAPI(g_, codigo_);
         g_.reporte.MPrint("");
         g_.reporte.MPrint("ENDFORM.");
@@ -75,14 +80,18 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
             g_.reporte.MPrint("  PERFORM TABFORM_{n}.", {{"n", std::to_string(g_.analisis.operaciones.OperacionFila(r))}});
             enCadena_ = true;
         } else if (!fila.programa.empty()) {
-            if (fila.dynpro.empty()) g_.Detener({318});
+            g_.reporte.Desde(Lugar::EnPrograma(r, 1));
+            if (fila.dynpro.empty()) g_.Detener(Lugar::EnPrograma(r, 1), {318});
             AbrirCadena();
             g_.reporte.MPrint("       'X'   '{programa}'     '{dynpro}' '{cond}'",
                               {{"programa", fila.programa},
                                {"dynpro", std::string(AntesDe(fila.dynpro, ';'))},
                                {"cond", std::string(DespuesDe(fila.dynpro, ';'))}});
         } else {
-            if (fila.valor.empty()) g_.DetenerEnFila(Tabla::Transaccion, r, {319});
+            if (fila.valor.empty()) {
+                g_.DetenerEnFila(Lugar::EnPrograma(r, 3), {319});
+                return;
+            }
             AbrirCadena();
             g_.reporte.MPrint("       ' '   '{campo}'     {valor} '{cond}'", {{"campo", std::string(AntesDe(fila.campo, ';'))},
                                                                               {"valor", ValorDeCampo(g_, fila.valor)},
@@ -98,6 +107,7 @@ FORM GENERATE_BDC_{codigo}_{N} CHANGING {LS}TCODE.
     Generacion& g_;
     const std::vector<FilaDeTransaccion>& tabla_;
     int numero_ = 1;
+    int cabeza_ = 0;
     bool esBAPI_ = false;
     bool enCadena_ = false;
     std::string codigo_;

@@ -1,5 +1,6 @@
 #include "generator/report.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "base/failure.h"
@@ -31,7 +32,30 @@ bool TerminaEn(std::string_view texto, std::string_view finales) {
     return !texto.empty() && finales.find(texto.back()) != std::string_view::npos;
 }
 
+int ContarFines(std::string_view texto) { return static_cast<int>(std::count(texto.begin(), texto.end(), '\n')); }
+
+void Anotar(std::vector<TramoDeOrigen>& origenes, int primeraLinea, const Lugar& lugar) {
+    if (origenes.empty() || origenes.back().lugar != lugar) origenes.push_back({primeraLinea, lugar});
+}
+
 }  // namespace
+
+void LineasConOrigen::Agregar(const Lugar& lugar, std::string_view lineas) {
+    Anotar(origenes, lineas_, lugar);
+    texto.append(lineas);
+    lineas_ += ContarFines(lineas);
+}
+
+void Reporte::AnotarLineas(const Lugar& lugar, int cantidad) {
+    Anotar(origenes_, lineas_, lugar);
+    lineas_ += cantidad;
+}
+
+void Reporte::Agregar(const LineasConOrigen& lineas) {
+    for (const auto& [primera, lugar] : lineas.origenes) Anotar(origenes_, lineas_ + primera, lugar);
+    texto_.append(lineas.texto);
+    lineas_ += ContarFines(lineas.texto);
+}
 
 void Reporte::Definir(std::string_view nombre, std::string_view valor) {
     for (auto& par : nombres_) {
@@ -74,9 +98,15 @@ void Reporte::Lineas(std::string_view plantilla, ValoresDePlantilla valores) {
 
 void Reporte::Linea(std::string_view plantilla, ValoresDePlantilla valores) { LineaDelUsuario(Rellenar(plantilla, valores)); }
 
-void Reporte::LineaVacia() { texto_.append(finDeLinea); }
+void Reporte::LineaVacia() {
+    AnotarLineas(lugar_, 1);
+    texto_.append(finDeLinea);
+}
 
-void Reporte::LineaDelUsuario(std::string_view linea) { texto_.append(linea).append(finDeLinea); }
+void Reporte::LineaDelUsuario(std::string_view linea) {
+    AnotarLineas(lugar_, 1 + ContarFines(linea));
+    texto_.append(linea).append(finDeLinea);
+}
 
 void Reporte::MPrint(std::string_view plantilla, ValoresDePlantilla valores) { MPrintDelUsuario(Rellenar(plantilla, valores)); }
 
@@ -86,20 +116,20 @@ void Reporte::MPrintLineas(std::string_view plantilla, ValoresDePlantilla valore
 
 void Reporte::MPrintDelUsuario(std::string linea) {
     if (memoriaLineas_.size() >= maximoEnMemoria) throw FalloDeEjecucion("more than 5000 lines in one chain");
-    memoriaLineas_.push_back(std::move(linea));
+    memoriaLineas_.push_back({std::move(linea), lugar_});
 }
 
 void Reporte::ImprimirMemoria() {
     for (std::size_t i = 0; i < memoriaLineas_.size(); ++i) {
-        std::string& linea = memoriaLineas_[i];
+        auto& [linea, lugar] = memoriaLineas_[i];
         const auto actual = Recortar(linea);
-        const auto siguiente = i + 1 < memoriaLineas_.size() ? Recortar(memoriaLineas_[i + 1]) : std::string_view{};
+        const auto siguiente = i + 1 < memoriaLineas_.size() ? Recortar(memoriaLineas_[i + 1].texto) : std::string_view{};
         if (!actual.empty() && !TerminaEn(actual, ":*.,|")) {
             linea += !siguiente.empty() && !TerminaEn(siguiente, ":*.") ? ',' : '.';
         } else if (TerminaEn(actual, "|")) {
             linea.pop_back();
         }
-        ImprimirLineasCortas(linea, texto_);
+        AnotarLineas(lugar, ImprimirLineasCortas(linea, texto_));
     }
     memoriaLineas_.clear();
 }

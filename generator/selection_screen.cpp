@@ -27,6 +27,7 @@ void EscribirParametrosDeArchivo(Generacion& g) {
     g.reporte.Definir("STEP", g.valores.VariableArchivoStep);
     const auto archivo = Recortar(g.opciones.ArchivoFuente);
     const std::string principal = "PARAMETERS: " + g.valores.VariableArchivo;
+    g.reporte.Desde(Lugar::EnOpcion("ArchivoFuente"));
     g.reporte.LineaVacia();
     if (g.analisis.ArchivoUnico) {
         // Only here the default is in lower case, on purpose.
@@ -37,6 +38,7 @@ void EscribirParametrosDeArchivo(Generacion& g) {
     EscribirParametro(g, principal, archivo, cabezas.empty() ? "." : ",");
     for (std::size_t n = 1; n <= cabezas.size(); ++n) {
         const auto& marcas = g.especificacion.TablaTransaccion[cabezas[n - 1]].nota;
+        g.reporte.Desde(Lugar::EnPrograma(cabezas[n - 1], 4));
         EscribirParametro(g, "            " + g.valores.VariableArchivoStep + std::to_string(n), Recortar(ValorDeMarca(marcas, 2)),
                           n == cabezas.size() ? "." : ",");
     }
@@ -60,6 +62,7 @@ AT SELECTION-SCREEN ON VALUE-REQUEST FOR {parametro}.
 
 void EscribirPantallaDeSeleccion(Generacion& g) {
     const auto& o = g.opciones;
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 
@@ -69,6 +72,7 @@ PARAMETERS: {NEWB} RADIOBUTTON GROUP RADB DEFAULT 'X'.
     }
     if (g.EntradaDeArchivo() && o.FileParameterCh == 1) EscribirParametrosDeArchivo(g);
     if (g.ConModo() && o.ModeAsParameter != 0) {
+        g.reporte.Desde(Lugar::EnOpcion("ModeAsParameter"));
         g.valores.VariableModo = g.nombres.PSprefijo + g.nombres.RaizModo;
         g.reporte.Definir("MODO", g.valores.VariableModo);
         g.reporte.Lineas(R"(
@@ -76,6 +80,7 @@ PARAMETERS: {NEWB} RADIOBUTTON GROUP RADB DEFAULT 'X'.
 PARAMETERS: {MODO} LIKE CTU_PARAMS-DISMODE OBLIGATORY DEFAULT '{M}'.
 )");
     }
+    g.reporte.Desde(Lugar::EnOpcion("ErrorHandlingCheck"));
     if (g.analisis.ManejoErrores) {
         g.reporte.Lineas(R"(
 SELECTION-SCREEN SKIP 1.
@@ -84,6 +89,7 @@ PARAMETERS: {OLDB} RADIOBUTTON GROUP RADB,
 SELECTION-SCREEN END OF BLOCK PROGOPT.
 )");
     }
+    g.reporte.Desde(Lugar::EnOpcion("AddF4"));
     if (o.AddF4 == 1 && o.ClienteOp && o.FileParameterCh == 1 && !g.especificacion.OrigenUsuario) {
         EscribirAyudaF4(g, g.valores.VariableArchivo);
         if (g.analisis.ArchivoUnico) return;

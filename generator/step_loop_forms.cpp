@@ -20,6 +20,8 @@ public:
     }
 
     void Escribir() {
+        const Lugar enCabeza = Lugar::EnPrograma(filaCabeza_, 4);
+        g_.reporte.Desde(enCabeza);
         g_.reporte.Lineas(R"(
 
 {RULE}
@@ -44,6 +46,7 @@ FORM TABFORM_{n}.
         }
         EscribirInicioDePaso();
         EscribirCampos();
+        g_.reporte.Desde(enCabeza);
         if (esBAPI_) {
             g_.reporte.Linea("    APPEND {tabla}.", {{"tabla", tablaBAPI_}});
         } else {
@@ -78,7 +81,7 @@ private:
         }
         g_.reporte.Linea("  {LN}POSITION = 1.");
         ok_ = BuscarOkCode(g_.especificacion, filaCabeza_);
-        if (ok_.valor.empty()) g_.Detener({322, " ", Recortar(cabeza_.campo)});
+        if (ok_.valor.empty()) g_.Detener(g_.reporte.LugarActual(), {322, " ", Recortar(cabeza_.campo)});
     }
 
     // One line for each file field of a class, with an ending behind all but the last and another one behind the last.
@@ -144,6 +147,7 @@ private:
         for (int r = 0; r < filas; ++r) {
             const auto& fila = g_.especificacion.TablaTransaccion[r];
             if (g_.analisis.operaciones.OperacionFila(r) != n_ || !Contiene(fila.campo, "(")) continue;
+            g_.reporte.Desde(Lugar::EnPrograma(r, 3));
             const std::string valor = ValorDeLinea(fila.valor);
             const std::string campo(AntesDe(fila.campo, '('));
             if (esBAPI_) {
@@ -200,9 +204,16 @@ private:
             lineaPantalla.append(ok_.dynpro).append("' ' '.");
         }
         const double primera = Numero(ValorDeMarca(cabeza_.nota, 5));
+        const Lugar enCabeza = Lugar::EnPrograma(filaCabeza_, 4);
+        const auto escribirAmbas = [&](const char* sangria) {
+            g_.reporte.Desde(ok_.filaDeOkCode < 0 ? enCabeza : Lugar::EnPrograma(ok_.filaDeOkCode, 3));
+            g_.reporte.LineaDelUsuario(sangria + lineaOk);
+            g_.reporte.Desde(ok_.filaDePantalla < 0 ? enCabeza : Lugar::EnPrograma(ok_.filaDePantalla, 1));
+            g_.reporte.LineaDelUsuario(sangria + lineaPantalla);
+            g_.reporte.Desde(enCabeza);
+        };
         if (pantallaNueva_) {
-            g_.reporte.LineaDelUsuario("    " + lineaOk);
-            g_.reporte.LineaDelUsuario("    " + lineaPantalla);
+            escribirAmbas("    ");
             if (primera == 0) g_.reporte.Linea("    {LN}POSITION = 2.");
             return;
         }
@@ -210,8 +221,7 @@ private:
     {LN}POSITION = {LN}POSITION + 1.
     IF {LN}POSITION > {LN}ROWSPERSCREEN.
 )");
-        g_.reporte.LineaDelUsuario("      " + lineaOk);
-        g_.reporte.LineaDelUsuario("      " + lineaPantalla);
+        escribirAmbas("      ");
         g_.reporte.Linea(primera == 1 ? "      {LN}POSITION = 1." : "      {LN}POSITION = 2.");
         g_.reporte.Linea("    ENDIF.");
     }
@@ -241,6 +251,7 @@ ENDFORM.
 };
 
 void EscribirSlSend(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}

@@ -34,12 +34,12 @@ void EscribirRegistro(Generacion& g, const std::string& tabla, bool ultimo, Pert
     g.reporte.Linea("      END OF {tabla}{fin}", {{"tabla", tabla}, {"fin", ultimo ? "." : ","}});
 }
 
-bool Chequear(Generacion& g) {
-    if (!SinCaracteresDeControl(g.especificacion, g.opciones, g.vista)) return false;
-    if (!TablasOK(g.especificacion, g.textos, g.vista)) return false;
+bool Chequear(Generacion& g, Vista& vista) {
+    if (!SinCaracteresDeControl(g.especificacion, g.opciones, vista)) return false;
+    if (!TablasOK(g.especificacion, g.textos, vista)) return false;
     g.nombres = SetearConvencionesDeNombres(g.preferencias);
     g.analisis = Analizar(g.especificacion, g.opciones);
-    const Chequeo c{g.especificacion, g.opciones, g.analisis, g.textos, g.vista};
+    const Chequeo c{g.especificacion, g.opciones, g.analisis, g.textos, g.oyente};
     if (g.analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
     AnalizarClaves(g.analisis, g.especificacion);
     return !ExistenStepsInvalidos(c) && ChequearArchivosCampos(c) && ChequearValores(c);
@@ -50,8 +50,7 @@ bool ChequearAnchos(const Generacion& g) {
     for (int f = 0; f < filas; ++f) {
         const auto& fila = g.especificacion.TablaArchivo[f];
         if (!fila.ancho.empty()) continue;
-        g.vista.MostrarFila(Tabla::Archivo, f);
-        g.vista.Advertir(Componer(g.textos, {315, " ", fila.campo}));
+        g.oyente.Recibir({Componer(g.textos, {315, " ", fila.campo}), Lugar::EnArchivo(f, 1), Icono::Advertencia, true});
         return false;
     }
     return true;
@@ -60,8 +59,9 @@ bool ChequearAnchos(const Generacion& g) {
 }  // namespace
 
 Estructuras ImprimirEstructuras(const PedidoDeGeneracion& pedido) {
-    Generacion g = NuevaGeneracion(pedido);
-    if (!Chequear(g) || !ChequearAnchos(g)) return {};
+    OyenteDeVista oyente(pedido.vista);
+    Generacion g = NuevaGeneracion(pedido, oyente);
+    if (!Chequear(g, pedido.vista) || !ChequearAnchos(g)) return {};
     DefinirNombres(g);
     Estructuras estructuras;
     const auto cabezas = CabezasStepLoop(g.especificacion);
@@ -74,7 +74,7 @@ Estructuras ImprimirEstructuras(const PedidoDeGeneracion& pedido) {
     for (std::size_t i = 0; i < cabezas.size(); ++i) {
         const int n = static_cast<int>(i) + 1;
         if (g.analisis.operaciones.ContarCamposOperacion(n) == 0) {
-            g.vista.Advertir(Componer(g.textos, {316, " ", g.especificacion.TablaTransaccion[cabezas[i]].campo, " ", 317}));
+            g.Avisar(Lugar::EnPrograma(cabezas[i], 4), {316, " ", g.especificacion.TablaTransaccion[cabezas[i]].campo, " ", 317});
         }
         estructuras.tablas.push_back(g.nombres.GTprefijo + "ITABSL_" + std::to_string(n));
         EscribirRegistro(g, estructuras.tablas.back(), n == static_cast<int>(cabezas.size()), [&](int f) {

@@ -5,6 +5,7 @@
 namespace qor {
 
 void EscribirUserForm(Generacion& g) {
+    g.reporte.Desde({});
     g.reporte.Lineas(R"(
 
 {RULE}
@@ -12,12 +13,19 @@ void EscribirUserForm(Generacion& g) {
 {RULE}
 FORM USER_FORM.
 )");
-    for (const auto& linea : PartirLineas(g.especificacion.OrigenSource, 69)) {
-        if (!EstaEnBlanco(linea)) g.reporte.LineaDelUsuario("  " + linea);
+    g.reporte.Desde(Lugar::EnTexto(Lugar::Parte::OrigenSource, 0));
+    for (const auto& [linea, numero] : PartirLineasConNumero(g.especificacion.OrigenSource, 69)) {
+        if (EstaEnBlanco(linea)) continue;
+        g.reporte.Desde(Lugar::EnTexto(Lugar::Parte::OrigenSource, numero));
+        g.reporte.LineaDelUsuario("  " + linea);
     }
+    g.reporte.Desde({});
     g.reporte.Linea("ENDFORM.");
-    for (const auto& linea : PartirLineas(g.especificacion.OrigenForms, 71)) {
-        if (!EstaEnBlanco(linea)) g.reporte.LineaDelUsuario(linea);
+    g.reporte.Desde(Lugar::EnTexto(Lugar::Parte::OrigenForms, 0));
+    for (const auto& [linea, numero] : PartirLineasConNumero(g.especificacion.OrigenForms, 71)) {
+        if (EstaEnBlanco(linea)) continue;
+        g.reporte.Desde(Lugar::EnTexto(Lugar::Parte::OrigenForms, numero));
+        g.reporte.LineaDelUsuario(linea);
     }
 }
 

@@ -35,11 +35,12 @@ bool EsVariable(std::string_view celda) { return !celda.empty() && celda.front()
 
 bool TienePares(std::string_view conversion) { return Contiene(conversion, "@ "); }
 
-std::vector<std::string> PartirLineas(std::string_view texto, int ancho) {
-    std::vector<std::string> lineas;
+std::vector<LineaPartida> PartirLineasConNumero(std::string_view texto, int ancho) {
+    std::vector<LineaPartida> lineas;
+    int numero = 1;
     const auto agregar = [&](std::string_view linea) {
         if (lineas.size() == maximoLineasTexto) throw FalloDeEjecucion("a text of more than 501 lines");
-        lineas.emplace_back(linea);
+        lineas.push_back({std::string(linea), numero});
     };
     std::size_t inicio = 1;
     std::size_t blanco = 1;
@@ -48,6 +49,7 @@ std::vector<std::string> PartirLineas(std::string_view texto, int ancho) {
         if (texto[i - 1] == ' ') blanco = i;
         if (texto[i - 1] == '\r') {
             agregar(Tramo(texto, inicio, static_cast<std::ptrdiff_t>(i - inicio)));
+            ++numero;
             ++i;  // the line feed behind it
             inicio = blanco = i + 1;
             cuenta = 0;
@@ -59,6 +61,12 @@ std::vector<std::string> PartirLineas(std::string_view texto, int ancho) {
         }
     }
     agregar(TramoDesde(texto, inicio));
+    return lineas;
+}
+
+std::vector<std::string> PartirLineas(std::string_view texto, int ancho) {
+    std::vector<std::string> lineas;
+    for (auto& linea : PartirLineasConNumero(texto, ancho)) lineas.push_back(std::move(linea.texto));
     return lineas;
 }
 

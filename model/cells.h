@@ -29,4 +29,11 @@ bool TienePares(std::string_view conversion);
 // loses its first character. Throws FalloDeEjecucion for more than 501 lines.
 std::vector<std::string> PartirLineas(std::string_view texto, int ancho);
 
+// The same, each with the number of the text's line, from 1, that it was broken from.
+struct LineaPartida {
+    std::string texto;
+    int numero;
+};
+std::vector<LineaPartida> PartirLineasConNumero(std::string_view texto, int ancho);
+
 }  // namespace qor

@@ -77,9 +77,13 @@ public:
 
     template <typename Fila, typename Celdas>
     void BuscarEnFila(Tabla tabla, int numero, const Fila& fila, const Celdas& celdas, const char* lado) {
+        int columna = -1;
         for (const auto& celda : celdas) {
+            ++columna;
             Buscar(fila.*celda.texto, [&]() -> CaracterDeControl {
-                return {tabla, numero, celda.control, EnFila(std::string("the cell \"") + celda.nombre + '"', numero, lado)};
+                const bool delArchivo = tabla == Tabla::Archivo;
+                return {delArchivo ? Lugar::EnArchivo(numero, columna) : Lugar::EnPrograma(numero, columna), tabla, numero,
+                        celda.control, EnFila(std::string("the cell \"") + celda.nombre + '"', numero, lado)};
             });
         }
     }
@@ -91,7 +95,7 @@ public:
             if (!EsCabezaStepLoop(nota)) return;
             for (const auto& marca : marcasDeTexto) {
                 Buscar(ValorDeMarca(nota, marca.numero), [&]() -> CaracterDeControl {
-                    return {Tabla::Transaccion, numero, "",
+                    return {Lugar::EnPrograma(numero, 4), Tabla::Transaccion, numero, "",
                             EnFila(std::string("the step-loop's ") + marca.nombre, numero, "program side")};
                 });
             }
@@ -101,11 +105,11 @@ public:
     }
 
     template <typename Fila>
-    void BuscarEnNombres(const std::vector<Fila>& tabla, const char* lado) {
+    void BuscarEnNombres(const std::vector<Fila>& tabla, Lugar::Parte parte, const char* lado) {
         for (std::size_t r = 0; r < tabla.size(); ++r) {
             const int fila = static_cast<int>(r);
             Buscar(tabla[r].nombre, [&]() -> CaracterDeControl {
-                return {std::nullopt, fila, "", EnFila("the name", fila, lado)};
+                return {Lugar::De(parte, fila, 0), std::nullopt, fila, "", EnFila("the name", fila, lado)};
             });
         }
     }
@@ -128,11 +132,11 @@ std::vector<CaracterDeControl> BuscarCaracteresDeControl(const Especificacion& e
         busqueda.BuscarEnFila(Tabla::Transaccion, r, fila, celdasDeTransaccion, "program side");
         busqueda.BuscarEnMarcas(r++, fila.nota);
     }
-    busqueda.BuscarEnNombres(especificacion.TablaCondiciones, "conditions");
-    busqueda.BuscarEnNombres(especificacion.TablaBAPIs, "BAPIs");
+    busqueda.BuscarEnNombres(especificacion.TablaCondiciones, Lugar::Parte::Condiciones, "conditions");
+    busqueda.BuscarEnNombres(especificacion.TablaBAPIs, Lugar::Parte::BAPIs, "BAPIs");
     for (const auto& [opcion, nombre] : opcionesDeUnaLinea) {
         busqueda.Buscar(opciones.*opcion, [control = nombre]() -> CaracterDeControl {
-            return {std::nullopt, 0, control, std::string("the option ") + control};
+            return {Lugar::EnOpcion(control), std::nullopt, 0, control, std::string("the option ") + control};
         });
     }
     return busqueda.Hallados();

@@ -7,6 +7,7 @@
 #include "base/messages.h"
 #include "base/view.h"
 #include "model/options.h"
+#include "model/place.h"
 #include "model/specification.h"
 
 // Control characters (0x00 to 0x1F and 0x7F) where no text box lets one in. In a report or a query, a line break in a cell would
@@ -17,6 +18,7 @@
 namespace qor {
 
 struct CaracterDeControl {
+    Lugar sitio;
     std::optional<Tabla> tabla;  // the side; nothing for what stands in neither
     int fila = 0;                // from 0, as the labels of the rows count; of its side, or of the conditions or BAPIs
     std::string control;         // the control of the main form that shows it, or its option's; empty when there is none

@@ -2,20 +2,36 @@
 
 namespace qor {
 
-bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista) {
-    bool finArchivo = especificacion.FilaArchivoVacia(1);
-    bool finTransaccion = especificacion.FilaTransaccionVacia(1);
-    for (int i = 2; i <= ultimaFila; ++i) {
-        const bool vaciaArchivo = especificacion.FilaArchivoVacia(i);
-        const bool vaciaTransaccion = especificacion.FilaTransaccionVacia(i);
-        if ((finArchivo && !vaciaArchivo) || (finTransaccion && !vaciaTransaccion)) {
-            vista.Advertir(Componer(textos, {373}));
-            return false;
+namespace {
+
+// `vacia` answers for a row; `lugar` is the place of one.
+template <typename Vacia, typename LugarDeFila>
+void BuscarEnTabla(Vacia vacia, LugarDeFila lugar, std::vector<Lugar>& huecos) {
+    int primeraVacia = -1;
+    for (int r = 1; r <= ultimaFila; ++r) {
+        if (vacia(r)) {
+            if (primeraVacia < 0) primeraVacia = r;
+        } else if (primeraVacia >= 0) {
+            huecos.push_back(lugar(primeraVacia));
+            primeraVacia = -1;
         }
-        finArchivo = vaciaArchivo;
-        finTransaccion = vaciaTransaccion;
     }
-    return true;
+}
+
+}  // namespace
+
+std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion) {
+    std::vector<Lugar> huecos;
+    BuscarEnTabla([&](int r) { return especificacion.FilaArchivoVacia(r); }, [](int r) { return Lugar::EnArchivo(r, 0); }, huecos);
+    BuscarEnTabla([&](int r) { return especificacion.FilaTransaccionVacia(r); }, [](int r) { return Lugar::EnPrograma(r, 0); },
+                  huecos);
+    return huecos;
+}
+
+bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista) {
+    if (BuscarHuecos(especificacion).empty()) return true;
+    vista.Advertir(Componer(textos, {373}));
+    return false;
 }
 
 std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion) {

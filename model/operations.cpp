@@ -175,11 +175,13 @@ OkCode BuscarOkCode(const Especificacion& especificacion, int fila) {
     const auto& tabla = especificacion.TablaTransaccion;
     OkCode ok;
     const auto tomarPantalla = [&](int r) {
+        ok.filaDePantalla = r;
         ok.programa = tabla[r].programa;
         ok.dynpro = tabla[r].dynpro;
     };
     const auto tomarCodigo = [&](int r) {
         if (!Contiene(tabla[r].campo, "BDC_OKCODE")) return false;
+        ok.filaDeOkCode = r;
         ok.valor = tabla[r].valor;
         if (Contiene(tabla[r].campo, ";")) ok.CondicionOkCode = DespuesDe(tabla[r].campo, ';');
         return true;

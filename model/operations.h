@@ -86,6 +86,8 @@ struct OkCode {
     std::string dynpro;  // with ";" and a condition behind it where it has one
     std::string valor;   // the value cell, empty when the screen has no OK code
     std::string CondicionOkCode;
+    int filaDePantalla = -1;  // the rows that these come from; -1 for none
+    int filaDeOkCode = -1;
 };
 
 OkCode BuscarOkCode(const Especificacion& especificacion, int fila);

@@ -232,17 +232,18 @@ bool ConAvisoDeFallo(Vista& vista, Accion accion) {
 
 bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& elegir) {
     const Analisis analisis = Analizar(pedido.especificacion, pedido.opciones);
-    const Chequeo c{pedido.especificacion, pedido.opciones, analisis, pedido.textos, pedido.vista};
+    OyenteDeVista oyente(pedido.vista);
+    const Chequeo c{pedido.especificacion, pedido.opciones, analisis, pedido.textos, oyente};
     if (analisis.ArchivoUnico && !ChequearIdentificadores(c)) return false;
-    if (!ChequearArchivosCampos(c) || !TablasOK(c.especificacion, c.textos, c.vista)) return false;
-    return ConAvisoDeFallo(c.vista, [&] {
+    if (!ChequearArchivosCampos(c) || !TablasOK(c.especificacion, c.textos, pedido.vista)) return false;
+    return ConAvisoDeFallo(pedido.vista, [&] {
         Dispositivo* const dispositivo = elegir();
         if (dispositivo == nullptr) return false;
         {
-            const ConPunteroOcupado puntero(c.vista);
+            const ConPunteroOcupado puntero(pedido.vista);
             Impresion(pedido, analisis, *dispositivo).Imprimir();
         }
-        c.vista.Informar(Componer(c.textos, {919}));
+        pedido.vista.Informar(Componer(c.textos, {919}));
         return true;
     });
 }

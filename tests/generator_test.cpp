@@ -43,7 +43,8 @@ struct Generador : testing::Test {
         prueba.vista.TomarAvisos();
         std::error_code ignorado;
         std::filesystem::remove(RutaDelSistema(o.Programa), ignorado);
-        bien = qor::Generar({e, o, preferencias, prueba.textos, prueba.vista, RutaDocumento, NombreDeRuta(RutaDocumento)}, estado);
+        bien = qor::Generar({e, o, preferencias, prueba.textos, prueba.vista, RutaDocumento, NombreDeRuta(RutaDocumento)}, estado)
+                   .has_value();
         return std::filesystem::exists(RutaDelSistema(o.Programa)) ? LeerArchivo(RutaDelSistema(o.Programa)) : std::string();
     }
 };

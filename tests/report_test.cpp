@@ -65,8 +65,8 @@ struct Informe {
     }
 
     bool Generar(SistemaConectado* sistema = nullptr) {
-        return qor::Generar({e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema},
-                            estado);
+        return qor::Generar({e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema}, estado)
+            .has_value();
     }
     std::string Texto() { return Generar() ? LeerArchivo(RutaDelSistema(o.Programa)) : "refused: " + vista.diario; }
 };
@@ -256,7 +256,7 @@ TEST(Report, TheDesktopKeepsReportsBesideTheirDocuments) {
         informe.vista.diario.clear();
         PedidoDeGeneracion pedido{informe.e, informe.o, informe.preferencias, informe.prueba.textos, informe.vista, "", ""};
         pedido.directorioDelDocumento = raiz / "docs";
-        return Generar(pedido, informe.estado);
+        return Generar(pedido, informe.estado).has_value();
     };
     const auto preguntado = [&] {
         return Contiene(informe.vista.diario, "outside of the document's directory:\r\n" + raiz.string());
