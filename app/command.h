@@ -29,6 +29,7 @@ struct ContextoDeComando {
     std::filesystem::path directorioDeDatos;
     VistaDeConsola& vista;
     std::ostream& salida;
+    std::ostream& errores;
 };
 
 // Answers whether it did its work; the view has shown why not.

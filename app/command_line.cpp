@@ -95,7 +95,8 @@ int TerminarSalida(std::ostream& salida, std::ostream& errores, int estado) {
 }
 
 // Runs the command in the setting that the common options tell.
-bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeConsola& vista, std::ostream& salida) {
+bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeConsola& vista, std::ostream& salida,
+              std::ostream& errores) {
     const auto datos = comunes.data ? std::filesystem::path(*comunes.data) : DirectorioDeDatos();
     ArchivoINI ini;
     if (!CargarAjustes(comunes, ini, vista)) return false;
@@ -110,7 +111,7 @@ bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeCon
         case ResultadoIdioma::Fallo: vista.Advertir(MensajeLiteral("An error has occurred")); break;
         case ResultadoIdioma::Bien: break;
     }
-    return comando({textos, ajustes, datos, vista, salida});
+    return comando({textos, ajustes, datos, vista, salida, errores});
 }
 
 int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
@@ -126,7 +127,7 @@ int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std
     }
     VistaDeConsola vista(salida, errores, linea.comunes.yes);
     try {
-        return Ejecutar(linea.comunes, linea.comando, vista, salida) ? estadoBien : estadoRechazado;
+        return Ejecutar(linea.comunes, linea.comando, vista, salida, errores) ? estadoBien : estadoRechazado;
     } catch (const MalUso& error) {
         errores << error.what() << '\n' << linea.Ayuda();
         return estadoMalUso;

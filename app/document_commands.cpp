@@ -5,6 +5,7 @@
 #include <optional>
 #include <ostream>
 
+#include "app/check_command.h"
 #include "app/command.h"
 #include "app/console_view.h"
 #include "base/new_file.h"
@@ -34,11 +35,6 @@ bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     pedido.salida = argumentos.archivo;
     EstadoDelGenerador estado;
     return Generar(pedido, estado).has_value();
-}
-
-bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    DocumentoDeComando abierto;
-    return abierto.Abrir(contexto, argumentos.documento) && ChequearEspecificacion(abierto.Pedido(contexto));
 }
 
 bool Convert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
@@ -150,8 +146,7 @@ void AgregarComandosDeDocumento(Ordenes ordenes) {
         ordenes, "generate", "Write the ABAP report of a document",
         "The report goes to the document's own output file, or to FILE. A file that exists is replaced only\nwith --yes.", Generate)
         .ConSalida("FILE", "Output file, in the place of the document's own");
-    OrdenDeDocumento(ordenes, "check", "Check a document as generate does, and write nothing",
-                     "Exit status 0 means that generate would open its output file.", Check);
+    AgregarComandoCheck(ordenes);
     OrdenDeDocumento(ordenes, "convert", "Save a document of either format under another name",
                      "NEW is written in the present format. A document of that name is replaced.", Convert)
         .ConSalida("NEW", "The new document")

@@ -96,6 +96,14 @@ Valor LectorValores::Leer() {
     return valor;
 }
 
+int LectorValores::Linea() {
+    for (; contado_ < lugar_; ++contado_) {
+        const bool segundoDelPar = contado_ > 0 && texto_[contado_ - 1] == '\r' && texto_[contado_] == '\n';
+        if (texto_[contado_] == '\r' || (texto_[contado_] == '\n' && !segundoDelPar)) ++linea_;
+    }
+    return linea_;
+}
+
 int LectorValores::LeerEtiqueta() {
     const Valor valor = Leer();
     return valor.clase == Valor::Clase::Numero ? Entero16(valor.texto) : 0;

@@ -29,7 +29,10 @@ public:
     explicit LectorValores(std::string_view texto) : texto_(texto) {}
 
     bool AlFinal() const { return lugar_ >= texto_.size(); }
-    void VolverAlPrincipio() { lugar_ = 0; }
+    void VolverAlPrincipio() { lugar_ = contado_ = 0, linea_ = 1; }
+
+    // The line of the text at which the next value begins, from 1. Lines end with CR LF, LF or CR, inside strings too.
+    int Linea();
 
     // The next value. Throws FalloDeEjecucion when the read starts at the end of the text.
     Valor Leer();
@@ -43,6 +46,8 @@ private:
 
     std::string_view texto_;
     std::size_t lugar_ = 0;
+    std::size_t contado_ = 0;  // the line ends in front of it are counted in linea_
+    int linea_ = 1;
 };
 
 // The writing side. A record is one line.

@@ -6,6 +6,7 @@
 #include "base/values.h"
 #include "bench/large_specification.h"
 #include "bench/silent_view.h"
+#include "findings/finding.h"
 #include "generator/checks.h"
 #include "generator/generate.h"
 #include "model/document_file.h"
@@ -74,6 +75,16 @@ void BM_Generar(benchmark::State& state) {
     Complejidad(state);
 }
 
+// All findings, as the desktop looks for them while the specification is edited.
+void BM_Hallazgos(benchmark::State& state) {
+    Prueba prueba(state);
+    const Preferencias preferencias;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(BuscarHallazgos({prueba.especificacion, prueba.opciones, preferencias, prueba.textos, "", ""}));
+    }
+    Complejidad(state);
+}
+
 // The disk's flush is part of a save.
 void BM_Grabar(benchmark::State& state) {
     Prueba prueba(state);
@@ -96,6 +107,7 @@ void Tamanos(benchmark::internal::Benchmark* b) {
 BENCHMARK(BM_Abrir)->Apply(Tamanos);
 BENCHMARK(BM_Chequear)->Apply(Tamanos);
 BENCHMARK(BM_Generar)->Apply(Tamanos);
+BENCHMARK(BM_Hallazgos)->Apply(Tamanos);
 BENCHMARK(BM_Grabar)->Apply(Tamanos);
 
 }  // namespace

@@ -17,18 +17,30 @@ namespace {
 
 constexpr std::string_view extensionDeTrabajo = ".TMP";
 
-Documento LeerDeArchivo(const std::filesystem::path& ruta) {
+Documento LeerDeArchivo(const std::filesystem::path& ruta, LineasDeDocumento* lineas) {
     Documento leido;
     leido.ruta = RutaAbsoluta(ruta);
     leido.canal = ArchivoBloqueado::Abrir(leido.ruta);
     leido.identidad = leido.canal.Identidad();
     const std::string texto = leido.canal.LeerTodo();
     LectorValores lector(texto);
-    if (LeerDocumento(lector, leido.especificacion, leido.opciones) == Formato::Antiguo) {
+    if (LeerDocumento(lector, leido.especificacion, leido.opciones, lineas) == Formato::Antiguo) {
+        if (lineas != nullptr) *lineas = {};
         lector.VolverAlPrincipio();
         ImportarFormatoAntiguo(lector, leido.especificacion, leido.opciones);
     }
     return leido;
+}
+
+// Answers why it could not be done.
+std::optional<Mensaje> Abrir(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos,
+                             LineasDeDocumento* lineas) {
+    try {
+        documento = LeerDeArchivo(ruta, lineas);
+        return std::nullopt;
+    } catch (const FalloDeEjecucion& fallo) {
+        return ConDetalle(Componer(textos, {335}), fallo);
+    }
 }
 
 void EscribirEnArchivo(Documento& documento, const std::filesystem::path& destino,
@@ -70,13 +82,14 @@ bool PuedeSobrescribir(const Documento& documento, std::optional<IdentidadDeArch
 }  // namespace
 
 bool AbrirDocumento(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos, Vista& vista) {
-    try {
-        documento = LeerDeArchivo(ruta);
-        return true;
-    } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {335}), fallo));
-        return false;
-    }
+    const auto motivo = Abrir(documento, ruta, textos, nullptr);
+    if (motivo) vista.Advertir(*motivo);
+    return !motivo;
+}
+
+std::optional<Mensaje> AbrirDocumento(Documento& documento, const std::filesystem::path& ruta, const TextosIdioma& textos,
+                                      LineasDeDocumento& lineas) {
+    return Abrir(documento, ruta, textos, &lineas);
 }
 
 bool GuardarDocumento(Documento& documento, const TextosIdioma& textos, Vista& vista) {

@@ -97,16 +97,25 @@ std::string CampoLetra(char letra) { return CampoTexto(std::string(1, letra)); }
 
 }  // namespace
 
-Formato LeerDocumento(LectorValores& lector, Especificacion& especificacion, Opciones& opciones) {
+Formato LeerDocumento(LectorValores& lector, Especificacion& especificacion, Opciones& opciones, LineasDeDocumento* lineas) {
+    LineasDeDocumento::Registro comienzos{};
+    const auto anotar = [&](std::size_t campo) {
+        if (lineas != nullptr) comienzos[campo] = lector.Linea();
+    };
     int etiqueta = 999;
     int filasArchivo = 0;
     int filasTransaccion = 0;
     int filasCondiciones = 0;
     int filasBAPIs = 0;
     while (!lector.AlFinal() && etiqueta != 0) {
+        anotar(0);
         etiqueta = lector.LeerEtiqueta();
         Campos campos;
-        for (std::size_t c = 1; c < campos.size(); ++c) campos[c] = lector.Leer();
+        for (std::size_t c = 1; c < campos.size(); ++c) {
+            anotar(c);
+            campos[c] = lector.Leer();
+        }
+        if (lineas != nullptr) lineas->Anotar(etiqueta, comienzos);
         switch (etiqueta) {
             case 1: AgregarFila(especificacion.TablaArchivo, filasArchivo, columnasDeArchivo, campos); break;
             case 2: AgregarFila(especificacion.TablaTransaccion, filasTransaccion, columnasDeTransaccion, campos); break;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/values.h"
+#include "model/document_lines.h"
 #include "model/options.h"
 #include "model/specification.h"
 
@@ -18,8 +19,9 @@ enum class Formato { Actual, Antiguo };
 
 // Fills a new specification and new options from the records. Answers Formato::Antiguo when the text doesn't begin with a record
 // of this format. Throws FalloDeEjecucion at the end of the text inside a record, at a full table, and at a value that is not of
-// its field's kind; what was stored until then stays in the arguments.
-Formato LeerDocumento(LectorValores& lector, Especificacion& especificacion, Opciones& opciones);
+// its field's kind; what was stored until then stays in the arguments. `lineas` is told where each record stands.
+Formato LeerDocumento(LectorValores& lector, Especificacion& especificacion, Opciones& opciones,
+                      LineasDeDocumento* lineas = nullptr);
 
 // The earliest format, which has no tags: a run of values in a fixed order with two sentinel lines. Same failures.
 void ImportarFormatoAntiguo(LectorValores& lector, Especificacion& especificacion, Opciones& opciones);

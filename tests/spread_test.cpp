@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "generator/generate.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/parser_findings.h"
 #include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
@@ -166,8 +167,10 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
         std::filesystem::remove(RutaDelSistema(o.Programa));
         EstadoDelGenerador estado;
         const std::string documento = "/a/" + std::string(n % 7 == 0 ? 50 : 1, 'x') + "/orders.qor";
-        ASSERT_TRUE(Generar({e, o, preferencias, prueba.textos, prueba.vista, documento, "orders.qor"}, estado))
-            << n << prueba.vista.TomarAvisos();
+        const auto generado = Generar({e, o, preferencias, prueba.textos, prueba.vista, documento, "orders.qor"}, estado);
+        ASSERT_TRUE(generado) << n << prueba.vista.TomarAvisos();
+        GuardarParaElParser(directorio, "spread" + std::to_string(n), *generado,
+                            BuscarHallazgos({e, o, preferencias, prueba.textos, documento, "orders.qor"}));
         const std::string reporte = LeerArchivo(RutaDelSistema(o.Programa));
         RevisarForma(reporte, n);
         sumas += std::to_string(n) + " " + Suma(reporte) + "\n";

@@ -1,12 +1,21 @@
-// Parses ABAP reports and fails on every line that the parser does not take.
+// Checks ABAP reports and fails on every line that a compiler would refuse.
 //
-//   node check.mjs [--qorgen PROGRAM] [DIRECTORY...]
+//   node check.mjs [--qorgen PROGRAM] [--json] [DIRECTORY...]
 //
 // Looks at the expected reports of the examples, at every *.abap file below each DIRECTORY, and, given the program, at the
-// reports that it generates from the examples' documents now. Reports are bytes in windows-1252; the syntax is that of release
-// 7.02 with everything obsolete allowed. Only syntax is asked for: names of tables, programs and function modules stay unknown.
+// reports that it generates from the examples' documents now. Reports are bytes in windows-1252. Besides the syntax it asks for
+// names: data objects, components, forms, and what dictionary.mjs knows of a system. With --json it prints
 //
-// Exit status: 0 all reports parse, 1 some do not, 2 nothing to check or wrong arguments.
+//   [{"report": path, "faults": [{"row": 1, "message": "...", "text": the line}]}]
+//
+// and nothing else.
+//
+// Beside a report there may be what the program itself finds: X.findings has a line for each finding of X.abap that says that the
+// report does not compile, "Q306 112 113", with its lines. Then both are held against each other: the report has a fault at a line of
+// each finding, and no fault at any other line. Behind an open literal, or a declaration that is refused, other lines are not looked at:
+// what they say is not meant.
+//
+// Exit status: 0 no report has a fault, 1 some have, 2 nothing to check or wrong arguments.
 
 import { spawnSync } from "node:child_process";
 import { existsSync, mkdtempSync, readdirSync, readFileSync, rmSync, statSync } from "node:fs";
@@ -14,22 +23,9 @@ import { tmpdir } from "node:os";
 import { basename, dirname, join, relative, resolve } from "node:path";
 import { fileURLToPath } from "node:url";
 
-import abaplint from "@abaplint/core";
-
-// Lines that reports hold on purpose although no parser takes them. `report` is matched against the path, `line` against the text
-// of the line at which the parser stops.
-const intendedSlips = [
-  // { report: /$/, line: /^$/, slip: "what the line does in the system, and why it stays" },
-];
+import { faultsOf } from "./faults.mjs";
 
 const root = resolve(dirname(fileURLToPath(import.meta.url)), "..", "..");
-const config = new abaplint.Config(
-  JSON.stringify({
-    global: { files: "/**/*.*" },
-    syntax: { version: "v702", errorNamespace: "." },
-    rules: { parser_error: true },
-  }),
-);
 
 function filesBelow(directory, extension) {
   return readdirSync(directory)
@@ -70,35 +66,23 @@ function generate(qorgen, directory) {
   return filesBelow(directory, ".abap");
 }
 
-// The places at which the parser stops, as { row, text, message }.
-function faultsOf(path) {
-  const source = new TextDecoder("windows-1252").decode(readFileSync(path));
-  const lines = source.split(/\r\n|\n|\r/);
-  const registry = new abaplint.Registry(config);
-  registry.addFile(new abaplint.MemoryFile("zreport.prog.abap", source));
-  return registry
-    .parse()
-    .findIssues()
-    .map((issue) => {
-      const row = issue.getStart().getRow();
-      return { row, text: lines[row - 1] ?? "", message: issue.getMessage() };
-    });
-}
-
 function parseArguments(words) {
   const directories = [];
   let qorgen;
+  let json = false;
   for (let i = 0; i < words.length; i++) {
     if (words[i] === "--qorgen") {
       qorgen = words[++i];
       if (qorgen === undefined || !existsSync(qorgen)) fail(`no program: ${qorgen}`);
+    } else if (words[i] === "--json") {
+      json = true;
     } else if (existsSync(words[i]) && statSync(words[i]).isDirectory()) {
       directories.push(words[i]);
     } else {
       fail(`no directory: ${words[i]}`);
     }
   }
-  return { qorgen, directories };
+  return { qorgen, json, directories };
 }
 
 function fail(message) {
@@ -106,7 +90,7 @@ function fail(message) {
   process.exit(2);
 }
 
-const { qorgen, directories } = parseArguments(process.argv.slice(2));
+const { qorgen, json, directories } = parseArguments(process.argv.slice(2));
 const temporary = mkdtempSync(join(tmpdir(), "qor-abap-"));
 process.on("exit", () => rmSync(temporary, { recursive: true, force: true }));
 
@@ -117,18 +101,49 @@ const reports = [
 ];
 if (reports.length === 0) fail("no report to check");
 
-let faults = 0;
-let allowed = 0;
-for (const report of reports) {
-  const name = report.startsWith(temporary) ? `generated ${basename(report)}` : relative(root, report);
-  for (const { row, text, message } of faultsOf(report)) {
-    if (intendedSlips.some((slip) => slip.report.test(report) && slip.line.test(text))) {
-      allowed++;
-    } else {
-      faults++;
-      console.log(`${name}:${row}: ${message}\n    ${text}`);
-    }
-  }
+// The findings of the program beside a report, as { code, rows }; undefined where there is no such file.
+function findingsOf(report) {
+  const path = report.replace(/\.abap$/, ".findings");
+  if (!existsSync(path)) return undefined;
+  return readFileSync(path, "utf8")
+    .split("\n")
+    .filter((line) => line !== "")
+    .map((line) => line.split(" "))
+    .map(([code, ...rows]) => ({ code, rows: new Set(rows.map(Number)) }));
 }
-console.log(`${reports.length} reports, ${faults} faults, ${allowed} intended slips`);
+
+// What a report and the program's findings don't agree on.
+function* differences(faults, findings, lines) {
+  // The package puts a fault of a part of a chain to the row of the chain.
+  const meets = (row, fault) =>
+    fault.row === row ||
+    (fault.row < row && lines.slice(fault.row - 1, row - 1).every((line) => !line.trimEnd().endsWith(".")));
+  const fits = (finding, fault) => [...finding.rows].some((row) => meets(row, fault));
+  const told = (fault) => findings.some((finding) => fits(finding, fault));
+  for (const finding of findings) {
+    const { code, rows } = finding;
+    if (!faults.some((fault) => fits(finding, fault))) yield { row: Math.min(...rows), message: `${code}: nothing wrong there`, text: "" };
+  }
+  const code = lines.findIndex((line) => /^(START-OF-SELECTION|FORM )/.test(line)) + 1;
+  const unread = faults.some((fault) => told(fault) && (fault.row < code || fault.message === "literal not closed"));
+  if (!unread) yield* faults.filter((fault) => !told(fault));
+}
+
+const results = reports.map((report) => {
+  const source = new TextDecoder("windows-1252").decode(readFileSync(report));
+  const findings = findingsOf(report);
+  const faults = faultsOf(source);
+  return { report, faults: findings ? [...differences(faults, findings, source.split(/\r\n|\n|\r/))] : faults };
+});
+const faults = results.reduce((sum, result) => sum + result.faults.length, 0);
+
+if (json) {
+  console.log(JSON.stringify(results, null, 1));
+} else {
+  for (const { report, faults } of results) {
+    const name = report.startsWith(temporary) ? `generated ${basename(report)}` : relative(root, report);
+    for (const { row, message, text } of faults) console.log(`${name}:${row}: ${message}\n    ${text}`);
+  }
+  console.log(`${reports.length} reports, ${faults} faults`);
+}
 process.exitCode = faults === 0 ? 0 : 1;

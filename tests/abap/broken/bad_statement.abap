@@ -3,4 +3,5 @@ DATA: BEGIN OF ITAB OCCURS 0,
         NAME(10),
       END OF ITAB.
 WRITE: / 'Año'.
+*<< Statement does not exist
 CALL FUNCTION 'BDC_INSERT' EXPORTNG TCODE = ITAB-NAME.

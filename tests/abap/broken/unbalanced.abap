@@ -1,4 +1,8 @@
 REPORT ZBROKEN.
-IF SY-SUBRC = 0.
-  WRITE: / 'Año'.
+FORM A.
+*<< IF without its ENDIF
+  IF SY-SUBRC = 0.
+    WRITE: / 'Año'.
 ENDFORM.
+*<< FORM without its ENDFORM
+FORM B.

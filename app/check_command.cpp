@@ -1,0 +1,95 @@
+#include "app/check_command.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/finding_formats.h"
+#include "base/text.h"
+#include "findings/finding.h"
+#include "generator/generate.h"
+#include "model/document_file.h"
+
+namespace qor {
+
+namespace {
+
+struct Argumentos {
+    std::string documento;
+    std::vector<std::string> otros;
+    bool todos = false;
+    std::string formato = "text";
+    bool avisosComoErrores = false;
+};
+
+const std::map<std::string, std::string (*)(const DocumentosRevisados&)> formatos = {
+    {"text", HallazgosComoTexto}, {"json", HallazgosComoJSON}, {"sarif", HallazgosComoSARIF}, {"github", HallazgosParaGitHub}};
+
+bool Check(const ContextoDeComando& contexto, const std::string& documento) {
+    DocumentoDeComando abierto;
+    return abierto.Abrir(contexto, documento) && ChequearEspecificacion(abierto.Pedido(contexto));
+}
+
+// Opens a document and finds what is wrong with it. Answers why it could not be done.
+std::optional<Mensaje> Revisar(const ContextoDeComando& contexto, DocumentoRevisado& revisado) {
+    if (EstaEnBlanco(revisado.ruta)) return MensajeLiteral("The name of a document is blank.");
+    try {
+        DocumentoDeComando abierto;
+        auto& documento = abierto.documento;
+        if (auto motivo = AbrirDocumento(documento, revisado.ruta, contexto.textos, revisado.lineas)) return motivo;
+        abierto.lineas.MostrarDocumento(documento.especificacion, contexto.textos, contexto.vista);
+        revisado.hallazgos = BuscarHallazgos({documento.especificacion, documento.opciones, contexto.ajustes.preferencias,
+                                              contexto.textos, documento.RutaDocumento(), documento.NombreDocumento()});
+        return std::nullopt;
+    } catch (const std::exception& fallo) {
+        // The other documents are still checked.
+        return ConDetalle(MensajeLiteral(std::string("The check failed: ") + fallo.what() + "."), fallo);
+    }
+}
+
+bool CheckAll(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    DocumentosRevisados revisados;
+    bool bien = true;
+    const auto revisar = [&](const std::string& documento) {
+        auto& revisado = revisados.emplace_back();
+        revisado.ruta = documento;
+        revisado.motivo = Revisar(contexto, revisado);
+        if (revisado.motivo) contexto.vista.Advertir(*revisado.motivo);
+        if (argumentos.avisosComoErrores) TomarAvisosPorErrores(revisado.hallazgos);
+        bien = bien && !revisado.motivo && ContarHallazgos(revisado.hallazgos.lista).errores == 0;
+    };
+    revisar(argumentos.documento);
+    for (const auto& otro : argumentos.otros) revisar(otro);
+    contexto.salida << formatos.at(argumentos.formato)(revisados);
+    if (argumentos.formato == "text") contexto.errores << ResumenDeHallazgos(revisados);
+    return bien;
+}
+
+}  // namespace
+
+void AgregarComandoCheck(Ordenes ordenes) {
+    const auto argumentos = std::make_shared<Argumentos>();
+    CLI::App* const orden = ordenes.programa.add_subcommand("check", "Check a document as generate does, and write nothing");
+    orden->footer("Exit status 0 means that generate would open its output file; with --all, that there are no errors.");
+    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
+    orden->add_option("OTHERS", argumentos->otros, "With --all, more documents");
+    auto* const todos = orden->add_flag("--all", argumentos->todos, "Tell all findings with their places, on the standard output");
+    orden->add_option("--format", argumentos->formato, "Form of the findings: text, json, sarif or github; by default text")
+        ->needs(todos)
+        ->check(CLI::IsMember(formatos))
+        ->type_name("FORM");
+    orden->add_flag("--warnings-as-errors", argumentos->avisosComoErrores, "Take warnings for errors")->needs(todos);
+    orden->callback([argumentos, &comando = ordenes.comando] {
+        if (!argumentos->todos && !argumentos->otros.empty()) throw CLI::ExtrasError(argumentos->otros);
+        comando = [argumentos](const ContextoDeComando& contexto) {
+            return argumentos->todos ? CheckAll(contexto, *argumentos) : Check(contexto, argumentos->documento);
+        };
+    });
+}
+
+}  // namespace qor

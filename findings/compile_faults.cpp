@@ -1,0 +1,48 @@
+#include "findings/compile_faults.h"
+
+#include "base/text.h"
+#include "findings/consequences.h"
+#include "findings/diagnosis.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t columnasDePublicacion = 72;
+constexpr int codigoDeLineaLarga = 322;
+
+void AgregarLineasLargas(const Caso& caso, const LineasDelReporte& reporte, std::vector<Hallazgo>& lista) {
+    for (int linea = 1; linea <= reporte.Cantidad(); ++linea) {
+        const auto texto = reporte.Texto(linea);
+        if (texto.size() <= columnasDePublicacion || texto.front() == '*') continue;
+        if (EstaEnBlanco(texto.substr(columnasDePublicacion))) continue;
+        const Lugar lugar = reporte.LugarDe(linea);
+        const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, lugar);
+        lista.push_back(NuevoHallazgo(caso.textos, codigoDeLineaLarga, lugar, celda, {Recortar(texto)}));
+    }
+}
+
+}  // namespace
+
+void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std::vector<Hallazgo>& lista) {
+    const LineasDelReporte lineas(reporte);
+    const auto faltas = abap::RevisarReporte(reporte.Texto());
+    const Consecuencias consecuencias(caso.especificacion, faltas, lineas, lista);
+    for (const auto& falta : faltas) {
+        if (consecuencias.EsDeUnLiteral(falta)) continue;
+        const auto [codigo, lugar] = Diagnosticar(falta, caso, lineas);
+        const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, lugar);
+        Hallazgo hallazgo = NuevoHallazgo(caso.textos, codigo, lugar, celda, {falta.nombre.empty() ? celda : falta.nombre});
+        const int sentencia = falta.sentencia > 0 ? falta.sentencia : falta.linea;
+        hallazgo.lineas = {falta.linea, sentencia};
+        if (const auto otro = consecuencias.Causa(hallazgo, lineas.LugarDe(sentencia), falta)) {
+            auto& suyas = lista[*otro].lineas;
+            suyas.insert(suyas.end(), hallazgo.lineas.begin(), hallazgo.lineas.end());
+        } else {
+            lista.push_back(std::move(hallazgo));
+        }
+    }
+    AgregarLineasLargas(caso, lineas, lista);
+}
+
+}  // namespace qor

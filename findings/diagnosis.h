@@ -1,0 +1,17 @@
+#pragma once
+
+#include "abap/check.h"
+#include "findings/report_lines.h"
+#include "findings/rules.h"
+
+namespace qor {
+
+// What a fault of the report is a fault of, in the specification.
+struct Veredicto {
+    int codigo;
+    Lugar lugar;
+};
+
+Veredicto Diagnosticar(const abap::Falta& falta, const Caso& caso, const LineasDelReporte& reporte);
+
+}  // namespace qor

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "findings/catalogue.h"
+#include "generator/generation.h"
+
+// The rules that make findings, one unit for each kind of source. Each reads the whole case and adds what it finds, in any order.
+namespace qor {
+
+// What the rules read. `generacion` has been composed as far as it came: analysis, names and values are those of the report.
+struct Caso {
+    const Especificacion& especificacion;
+    const Opciones& opciones;
+    const Preferencias& preferencias;
+    const TextosIdioma& textos;
+    const Analisis& analisis;
+    const ConvencionesDeNombres& nombres;
+    const Generacion& generacion;
+};
+
+// Adds findings to the list, with the cell's text taken from the place. Both outlive it.
+class Libreta {
+public:
+    Libreta(const Caso& caso, std::vector<Hallazgo>& lista) : caso_(caso), lista_(lista) {}
+    // `variante` tells which of a kind's sentences it is.
+    Hallazgo& Agregar(int codigo, const Lugar& lugar, std::initializer_list<std::string_view> valores = {}, int variante = 0);
+
+private:
+    const Caso& caso_;
+    std::vector<Hallazgo>& lista_;
+};
+
+// The text that stands at a place: a cell, one line of a text, an option that is a text; empty for a choice.
+std::string TextoEnLugar(const Especificacion& especificacion, const Opciones& opciones, const Preferencias& preferencias,
+                         const Lugar& lugar);
+
+void ReglasDeNombres(const Caso& caso, Libreta& libreta);         // names.cpp: fields, codes, screens, literals, reserved words
+void ReglasDeTextos(const Caso& caso, Libreta& libreta);          // texts.cpp: lines that the wrapping breaks
+void ReglasDeComportamiento(const Caso& caso, Libreta& libreta);  // behaviour.cpp: a report that runs, but not as meant
+void ReglasDeUso(const Caso& caso, Libreta& libreta);             // usage.cpp: what nothing uses
+
+}  // namespace qor
