@@ -16,6 +16,7 @@
 
 #include "app/pages/captions.h"
 #include "app/pages/documentation_page.h"
+#include "app/pages/findings_pane.h"
 #include "app/pages/grids_page.h"
 #include "app/pages/options_page.h"
 #include "app/pages/output_row.h"
@@ -119,7 +120,7 @@ void Principal::CrearPaginas() {
     orden->setContentsMargins(6, 6, 6, 2);
     orden->addWidget(SSTab1_, 1);
     orden->addWidget(salida_);
-    setCentralWidget(centro);
+    setCentralWidget(ConPanelDeHallazgos(centro));
 }
 
 // The status bar.
@@ -176,6 +177,7 @@ void Principal::Sincronizar() {
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
+    VigilarHallazgos();
 }
 
 void Principal::AplicarReglas() {
@@ -211,7 +213,10 @@ void Principal::RefrescarIdioma() {
         PonerRotulos(controles_, programa_.textos);
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
+    hallazgos_->RefrescarIdioma();
     Sincronizar();
+    // Sentences are in the language in which they were made.
+    if (!vigia_.Lista().empty()) MirarHallazgos();
 }
 
 // Shows the control's page of the tabs and gives the control the focus.
@@ -240,14 +245,19 @@ void Principal::MostrarAyuda(int mensaje, QWidget* ventana) {
         propia->MostrarPagina(mensaje);
         return;
     }
+    VentanaPropiaDeAyuda().MostrarPagina(mensaje);
+}
+
+VentanaDeAyuda& Principal::VentanaPropiaDeAyuda() {
     if (ayuda_ == nullptr) {
         ayuda_ = new VentanaDeAyuda(programa_.textos, programa_.directorioDeDatos, this);
         ayuda_->setAttribute(Qt::WA_QuitOnClose, false);
     }
-    ayuda_->MostrarPagina(mensaje);
+    return *ayuda_;
 }
 
 void Principal::AyudaDelControl() {
+    if (hallazgos_->isAncestorOf(focusWidget())) return AyudaDelHallazgo();
     QByteArray nombre;
     for (QWidget* control = focusWidget(); control != nullptr && control != this; control = control->parentWidget()) {
         nombre = control->objectName().toLatin1();
@@ -344,6 +354,7 @@ void Principal::changeEvent(QEvent* evento) {
 
 void Principal::RestaurarVentana() {
     const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
+    division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     const QRect pantalla = screen()->availableGeometry();
     if (pantalla.width() <= anchoDePantallaPequena) {
@@ -364,6 +375,7 @@ void Principal::RestaurarVentana() {
 void Principal::GuardarVentana() const {
     QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    if (division_->Alto() > 0) ajustes.setValue(QStringLiteral("findings/height"), division_->Alto());
 }
 
 }  // namespace qor

@@ -8,6 +8,7 @@
 
 #include "app/autosave.h"
 #include "app/connection_actions.h"
+#include "app/findings_watch.h"
 #include "app/pages/controls.h"
 #include "app/pages/page.h"
 #include "app/qt/screen_view.h"
@@ -20,14 +21,17 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QTimer;
 
 namespace qor {
 
 class CeldaDeRejilla;
+class DivisionConPanel;
 class FilaDeSalida;
 class PaginaDeHerramientas;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
+class PanelDeHallazgos;
 class Pestanas;
 class VentanaDeAyuda;
 
@@ -74,6 +78,7 @@ private:
     // Saves the settings that the user has just chosen; tells once where that fails, until it succeeds again.
     void GuardarAjustes();
     void EnfocarControl(const std::string& nombre);
+    VentanaDeAyuda& VentanaPropiaDeAyuda();
     void AyudaDelControl();
     void AplicarReglas();
     void AplicarConexion();
@@ -99,14 +104,15 @@ private:
 
     // ---- PrincipalDialogos.cpp ----
     AbrirAyuda Ayuda();
-    PedidoDeGeneracion Pedido();
+    PedidoDeGeneracion Pedido(Vista& vista);
     void ClicGenerar();
     void ClicImprimir();
     void ClicNotas(FilaDeTabla fila);
-    void ClicCodigo(int fila);
-    void ClicCondiciones();
-    void ClicDefiniciones();
-    void ClicOrigen();
+    // A dialog opens at the place that a finding leads to, where there is one.
+    void ClicCodigo(int fila, const Destino* destino = nullptr);
+    void ClicCondiciones(const Destino* destino = nullptr);
+    void ClicDefiniciones(const Destino* destino = nullptr);
+    void ClicOrigen(const Destino* destino = nullptr);
     void ClicPreview();
     void MostrarEstructuras(const std::string& texto, QWidget* ventana);
     void ClicAgregarOperacion();
@@ -117,6 +123,23 @@ private:
     void MostrarPresentacion();
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
+
+    // ---- PrincipalHallazgos.cpp: the pane of findings ----
+    QWidget* ConPanelDeHallazgos(QWidget* paginas);
+    void CrearMenuDeHallazgos(QMenu* menu);
+    // Called behind everything that may have changed the document: begins the pause behind which the document is analysed.
+    void VigilarHallazgos();
+    // The pause is over. While something is open that must not be disturbed, another one begins.
+    void MirarTrasLaPausa();
+    void MirarHallazgos();
+    MateriaDeHallazgos MateriaDeLaVentana() const;
+    void MostrarHallazgos();
+    void EncenderHallazgos(bool encendido);
+    void HallazgosTrasGenerar(const FinDeGeneracion& fin);
+    void IrAVecino(int paso);
+    void IrAHallazgo(int hallazgo);
+    void IrA(const Destino& destino);
+    void AyudaDelHallazgo();
 
     Programa& programa_;
     std::unique_ptr<VistaDePantalla> vista_;
@@ -140,6 +163,11 @@ private:
     QLabel* ConnectionStatus_ = nullptr;
     int imagenDeDefiniciones_ = -1;
     VentanaDeAyuda* ayuda_ = nullptr;
+
+    VigiaDeHallazgos vigia_;
+    QTimer* pausa_ = nullptr;
+    PanelDeHallazgos* hallazgos_ = nullptr;
+    DivisionConPanel* division_ = nullptr;
 };
 
 }  // namespace qor

@@ -8,6 +8,7 @@
 #include "app/FormLenguaje.h"
 #include "app/FormSelectLanguage.h"
 #include "app/Principal.h"
+#include "app/refusal_view.h"
 #include "bapi/FormBAPI.h"
 #include "bapi/FormTrans.h"
 #include "base/paths.h"
@@ -33,9 +34,9 @@ AbrirAyuda Principal::Ayuda() {
     return [this](int mensaje, QWidget* ventana) { MostrarAyuda(mensaje, ventana); };
 }
 
-PedidoDeGeneracion Principal::Pedido() {
+PedidoDeGeneracion Principal::Pedido(Vista& vista) {
     auto pedido =
-        PedidoDeGeneracion::De(ventana_.documento, programa_.ajustes.preferencias, programa_.textos, *vista_, conexion_->Sistema());
+        PedidoDeGeneracion::De(ventana_.documento, programa_.ajustes.preferencias, programa_.textos, vista, conexion_->Sistema());
     pedido.directorioDelDocumento = ventana_.documento.ruta.parent_path();
     return pedido;
 }
@@ -43,13 +44,15 @@ PedidoDeGeneracion Principal::Pedido() {
 // A run cuts the name of the error table in the options.
 void Principal::ClicGenerar() {
     const std::string antes = abierto_.opciones.TablaZ;
-    Generar(Pedido(), programa_.generador);
+    VistaDeRechazo vista(*vista_);
+    const bool escrito = Generar(Pedido(vista), programa_.generador).has_value();
     if (abierto_.opciones.TablaZ != antes) abierto_.Cambiar();
+    HallazgosTrasGenerar(vista.Fin(escrito));
 }
 
 void Principal::ClicImprimir() {
     ImpresionEnPapel papel(programa_.textos, *vista_, this);
-    PrintOption(Pedido(), [&] { return papel.Elegir(); });
+    PrintOption(Pedido(*vista_), [&] { return papel.Elegir(); });
 }
 
 void Principal::ClicNotas(FilaDeTabla fila) {
@@ -57,26 +60,34 @@ void Principal::ClicNotas(FilaDeTabla fila) {
     ColorearFila(ventana_, fila);
 }
 
-void Principal::ClicCodigo(int fila) {
-    FormABAPWindow(ventana_, fila, programa_.directorioDeDatos, Ayuda(), this).exec();
+void Principal::ClicCodigo(int fila, const Destino* destino) {
+    FormABAPWindow dialogo(ventana_, fila, programa_.directorioDeDatos, Ayuda(), this);
+    if (destino != nullptr) dialogo.IrA(destino->linea);
+    dialogo.exec();
     ColorearFila(ventana_, {Tabla::Archivo, fila});
 }
 
-void Principal::ClicCondiciones() { FormConditions(ventana_, Ayuda(), this).exec(); }
-
-void Principal::ClicDefiniciones() {
-    FormNuevasVariables(
-        ventana_, [this](QWidget* ventana) { NavegarBAPIs(ventana, true, -1); }, Ayuda(), this)
-        .exec();
+void Principal::ClicCondiciones(const Destino* destino) {
+    FormConditions dialogo(ventana_, Ayuda(), this);
+    if (destino != nullptr) dialogo.IrA(destino->fila, destino->linea);
+    dialogo.exec();
 }
 
-void Principal::ClicOrigen() {
+void Principal::ClicDefiniciones(const Destino* destino) {
+    FormNuevasVariables dialogo(
+        ventana_, [this](QWidget* ventana) { NavegarBAPIs(ventana, true, -1); }, Ayuda(), this);
+    if (destino != nullptr) dialogo.IrA(destino->fila, destino->linea);
+    dialogo.exec();
+}
+
+void Principal::ClicOrigen(const Destino* destino) {
     auto estado = AbrirOrigen(ventana_, programa_.ajustes.preferencias);
     if (!estado) return;
-    FormDataSource(
+    FormDataSource dialogo(
         ventana_, programa_.ajustes.preferencias, std::move(*estado),
-        [this](const std::string& texto, QWidget* ventana) { MostrarEstructuras(texto, ventana); }, Ayuda(), this)
-        .exec();
+        [this](const std::string& texto, QWidget* ventana) { MostrarEstructuras(texto, ventana); }, Ayuda(), this);
+    if (destino != nullptr) dialogo.IrA(destino->control, destino->linea);
+    dialogo.exec();
 }
 
 void Principal::ClicPreview() {

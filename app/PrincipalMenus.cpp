@@ -118,6 +118,8 @@ void Principal::CrearMenuDeEdicion() {
     auto* const estructuras = NuevaAccion("PreviewOption", edicion, [this] { ClicPreview(); });
     edicion->addSeparator();
     auto* const buscar = NuevaAccion("FindOption", edicion, [this] { EnfocarControl("TextoBuscado"); });
+    edicion->addSeparator();
+    CrearMenuDeHallazgos(edicion);
     deshacer->setShortcut(QKeySequence::Undo);
     subir->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Up));
     bajar->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Down));

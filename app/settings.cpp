@@ -204,6 +204,7 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const fs::path& directorio
     ajustes.LogonAlInicio = SiSalvoNo(ini, "Logon at startup");
     ajustes.ChequearErroresLogon = SiSalvoNo(ini, "Check Logon Errors");
     ajustes.ImportarSHDBLogon = SiSalvoNo(ini, "Import SHDB after Logon");
+    ajustes.MostrarHallazgos = SiSalvoNo(ini, "Show Findings");
 
     auto& preferencias = ajustes.preferencias;
     preferencias.OptionWS_UPLOAD = ini.LeerClave("Upload function") == "WS_UPLOAD";
@@ -240,6 +241,7 @@ void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes) {
     ini.EscribirClave("Logon at startup", SiONo(ajustes.LogonAlInicio));
     ini.EscribirClave("Check Logon Errors", SiONo(ajustes.ChequearErroresLogon));
     ini.EscribirClave("Import SHDB after Logon", SiONo(ajustes.ImportarSHDBLogon));
+    ini.EscribirClave("Show Findings", SiONo(ajustes.MostrarHallazgos));
 }
 
 }  // namespace qor

@@ -77,6 +77,7 @@ struct AjustesDelPrograma {
     bool LogonAlInicio = true;
     bool ChequearErroresLogon = true;
     bool ImportarSHDBLogon = true;
+    bool MostrarHallazgos = true;  // the pane of findings follows the specification
     Preferencias preferencias;
     // Read only: they are set by editing the file.
     NombresRFC nombresRFC;

@@ -22,6 +22,7 @@ struct Programa {
     AjustesDelPrograma ajustes;
     TextosIdioma textos;
     EstadoDelGenerador generador;
+    int erroresDelReporte = 0;  // findings of the report that was generated last
     bool ajustesLeidos = true;  // else nothing is saved over them: what is in them isn't known
     // What the system said where the settings or the language file could not be read, or the settings not be saved.
     std::string detalleDeAjustes;

@@ -31,6 +31,8 @@ FormABAPWindow::FormABAPWindow(Ventana& ventana, int fila, const std::filesystem
     ABAPText_->setFocus();
 }
 
+void FormABAPWindow::IrA(int linea) { ABAPText_->IrALinea(linea); }
+
 void FormABAPWindow::CrearControles(const AbrirAyuda& ayuda) {
     ABAPText_ = new CajaDeTexto(this);
     ABAPText_->setObjectName(QStringLiteral("ABAPText"));

@@ -19,6 +19,9 @@ public:
     FormABAPWindow(Ventana& ventana, int fila, const std::filesystem::path& directorioDeDatos, const AbrirAyuda& ayuda,
                    QWidget* padre);
 
+    // The cursor goes to a line of the code.
+    void IrA(int linea);
+
 protected:
     bool PuedeCerrar() override;
 

@@ -32,6 +32,12 @@ FormConditions::FormConditions(Ventana& ventana, const AbrirAyuda& ayuda, QWidge
     Nuevo_->setFocus();
 }
 
+void FormConditions::IrA(int condicion, int linea) {
+    if (condicion >= ListaCondiciones_->count()) return;
+    ListaCondiciones_->setCurrentRow(condicion);
+    linea > 0 ? Condicional_->IrALinea(linea) : ListaCondiciones_->setFocus();
+}
+
 void FormConditions::CrearControles(const AbrirAyuda& ayuda) {
     Nuevo_ = new CajaDeLinea(this);
     Nuevo_->setObjectName(QStringLiteral("Nuevo"));

@@ -17,6 +17,9 @@ class FormConditions : public Dialogo {
 public:
     FormConditions(Ventana& ventana, const AbrirAyuda& ayuda, QWidget* padre);
 
+    // Selects a condition; where a line is named, the cursor goes to that line of its text.
+    void IrA(int condicion, int linea);
+
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 

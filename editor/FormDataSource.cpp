@@ -58,6 +58,10 @@ FormDataSource::FormDataSource(Ventana& ventana, const Preferencias& preferencia
     PonerTamano(125, 42);
 }
 
+void FormDataSource::IrA(const std::string& texto, int linea) {
+    if (auto* const caja = findChild<CajaDeTexto*>(QString::fromStdString(texto))) caja->IrALinea(linea);
+}
+
 void FormDataSource::CrearTextos() {
     struct Descripcion {
         const char* nombre;

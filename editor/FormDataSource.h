@@ -23,6 +23,9 @@ public:
     FormDataSource(Ventana& ventana, const Preferencias& preferencias, DialogoDeOrigen estado, MostrarPreview preview,
                    const AbrirAyuda& ayuda, QWidget* padre);
 
+    // The cursor goes to a line of one of the texts: Variables, Forms or Source.
+    void IrA(const std::string& texto, int linea);
+
 private:
     struct CajaDeOrigen {
         std::string Especificacion::*texto;

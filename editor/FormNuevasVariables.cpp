@@ -30,6 +30,12 @@ FormNuevasVariables::FormNuevasVariables(Ventana& ventana, NavegadorDeBAPIs nave
     Vars_->setFocus();
 }
 
+void FormNuevasVariables::IrA(int definicion, int linea) {
+    if (definicion >= ListaDefiniciones_->count()) return;
+    ListaDefiniciones_->setCurrentRow(definicion);
+    Vars_->IrALinea(linea);
+}
+
 void FormNuevasVariables::CrearControles(const AbrirAyuda& ayuda) {
     ListaDefiniciones_ = new QListWidget(this);
     ListaDefiniciones_->setObjectName(QStringLiteral("ListaDefiniciones"));

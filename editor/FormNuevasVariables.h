@@ -18,6 +18,9 @@ public:
 
     FormNuevasVariables(Ventana& ventana, NavegadorDeBAPIs navegador, const AbrirAyuda& ayuda, QWidget* padre);
 
+    // Selects an entry of the list, with the cursor at a line of its text where one is named.
+    void IrA(int definicion, int linea);
+
 private:
     void CrearControles(const AbrirAyuda& ayuda);
     void Mostrar();

@@ -19,6 +19,8 @@ struct Preferencias {
     std::string GCprefijo = "GC_";
     std::string PSprefijo = "PS_";
     std::string PNprefijo = "PN_";
+
+    bool operator==(const Preferencias&) const = default;
 };
 
 // Prefixes and names of the report's own data objects: empty prefixes while the conventions are off.

@@ -216,6 +216,7 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     ajustes.IdiomaActual = "Espanol";
     ajustes.DirectorioDocumentos = "/home/ana/cargas";
     ajustes.ImportarSHDBLogon = false;
+    ajustes.MostrarHallazgos = false;
     ajustes.preferencias.OptionWS_UPLOAD = true;
     ajustes.preferencias.AdicionesDataset = "NONE";
     ajustes.preferencias.CheckActivateNamingConventions = 1;
@@ -228,7 +229,7 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
               "UPLOAD FUNCTION=WS_UPLOAD\r\nDATASET ADDITIONS=NONE\r\nACTIVATE NAMING CONVENTIONS=Yes\r\n"
               "GS PREFIX=GS_\r\nGN PREFIX=GN_\r\nGT PREFIX=GT_\r\nLS PREFIX=LS_\r\nLN PREFIX=LN_\r\nLT PREFIX=TL_\r\n"
               "GC PREFIX=GC_\r\nPS PREFIX=PS_\r\nPN PREFIX=PN_\r\n"
-              "LOGON AT STARTUP=Yes\r\nCHECK LOGON ERRORS=Yes\r\nIMPORT SHDB AFTER LOGON=No\r\n");
+              "LOGON AT STARTUP=Yes\r\nCHECK LOGON ERRORS=Yes\r\nIMPORT SHDB AFTER LOGON=No\r\nSHOW FINDINGS=No\r\n");
 
     auto otra = IniDe(texto);
     GuardarAjustes(otra, LeerAjustes(otra, "/elsewhere"));

@@ -42,16 +42,20 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
         entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.ventana, primera - entorno_.ventana.archivo.PrimeraFilaArchivo); });
     });
 
+    signos_ = new MargenDeSignos("SignosArchivo", this);
+    signos_->PonerCeldas(CeldasPorLinea(celdas_, lineasArchivo));
+
     auto* const orden = new QGridLayout(this);
     orden->setContentsMargins(0, 0, 0, 0);
     orden->setHorizontalSpacing(3);
-    orden->addWidget(titulo, 0, 0);
+    orden->addWidget(titulo, 0, 0, 1, 2);
     orden->setRowMinimumHeight(0, AltoDeTitulo(*this));
-    orden->addWidget(rotulo, 0, 1);
-    orden->addWidget(linea_, 0, 2, 1, 2);
-    orden->addWidget(marco, 1, 0, 1, 3);
-    orden->addWidget(barra_, 1, 3);
-    orden->setColumnStretch(0, 1);
+    orden->addWidget(rotulo, 0, 2);
+    orden->addWidget(linea_, 0, 3, 1, 2);
+    orden->addWidget(signos_, 1, 0);
+    orden->addWidget(marco, 1, 1, 1, 3);
+    orden->addWidget(barra_, 1, 4);
+    orden->setColumnStretch(1, 1);
     orden->setRowStretch(1, 1);
 }
 
@@ -86,6 +90,7 @@ void PanelDeArchivo::MostrarLineas() {
     }
     linea_->setText(QString::number(ventana.archivo.LineaArchivo));
     barra_->setValue(ventana.archivo.PrimeraFilaArchivo);
+    signos_->MostrarDesde(ventana.archivo.PrimeraFilaArchivo);
 }
 
 }  // namespace qor

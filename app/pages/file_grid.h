@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/pages/grid_parts.h"
+#include "app/pages/grid_signs.h"
 
 class QToolButton;
 
@@ -18,6 +19,7 @@ public:
 
     // Shows the lines of the grid as the editor has them.
     void MostrarLineas();
+    MargenDeSignos& Signos() { return *signos_; }
 
 private:
     QToolButton* NuevoBotonDeCodigo(int linea, QWidget* padre);
@@ -28,6 +30,7 @@ private:
     std::array<QToolButton*, lineasArchivo> ABAP_{};
     QLabel* linea_;
     QScrollBar* barra_;
+    MargenDeSignos* signos_;
 };
 
 }  // namespace qor

@@ -71,6 +71,12 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     return celda;
 }
 
+std::vector<std::vector<QWidget*>> CeldasPorLinea(const std::vector<CeldaDeRejilla*>& celdas, int lineas) {
+    std::vector<std::vector<QWidget*>> porLinea(static_cast<std::size_t>(lineas));
+    for (auto* const celda : celdas) porLinea[static_cast<std::size_t>(celda->Lugar().linea)].push_back(celda);
+    return porLinea;
+}
+
 MarcoDeRejilla::MarcoDeRejilla(QWidget* padre, std::function<void(int)> desplazar)
     : QFrame(padre), desplazar_(std::move(desplazar)), orden_(new QGridLayout(this)) {
     setAutoFillBackground(true);

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <functional>
+#include <vector>
 
 #include "app/pages/page.h"
 #include "app/qt/grid_cell.h"
@@ -22,6 +23,9 @@ struct AccionesDeRejilla {
 // A cell that passes its events to the core.
 CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre,
                            const std::function<void(FilaDeTabla)>& notas);
+
+// The cells of a grid, which were made line by line, by their lines.
+std::vector<std::vector<QWidget*>> CeldasPorLinea(const std::vector<CeldaDeRejilla*>& celdas, int lineas);
 
 // A frame whose ground shows between the cells as the lines of a grid. The wheel moves rows over it: `desplazar` is told how many,
 // down for positive ones.

@@ -1,6 +1,7 @@
 #include "app/pages/grids_page.h"
 
 #include <QVBoxLayout>
+#include <utility>
 
 #include "app/pages/file_grid.h"
 #include "app/pages/program_grid.h"
@@ -27,6 +28,11 @@ PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Accione
 void PaginaDeRejillas::MostrarRejillas() {
     archivo_->MostrarLineas();
     programa_->MostrarLineas();
+}
+
+void PaginaDeRejillas::PonerSignos(SignosDeFilas archivo, SignosDeFilas programa) {
+    archivo_->Signos().PonerSignos(std::move(archivo));
+    programa_->Signos().PonerSignos(std::move(programa));
 }
 
 }  // namespace qor

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "app/findings_watch.h"
 #include "app/pages/edit_box.h"
 #include "app/pages/grid_parts.h"
 
@@ -24,6 +25,8 @@ public:
 
     // Shows the lines of both grids; the options keep what they show.
     void MostrarRejillas();
+    // The signs of rows with findings.
+    void PonerSignos(SignosDeFilas archivo, SignosDeFilas programa);
     // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda() { edicion_->RepetirBusqueda(); }
 

@@ -54,16 +54,20 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
             [&] { DesplazarTransaccion(entorno_.ventana, primera - entorno_.ventana.transaccion.PrimeraFilaTransaccion); });
     });
 
+    signos_ = new MargenDeSignos("SignosTransaccion", this);
+    signos_->PonerCeldas(CeldasPorLinea(celdas_, lineasTransaccion));
+
     auto* const orden = new QGridLayout(this);
     orden->setContentsMargins(0, 0, 0, 0);
     orden->setHorizontalSpacing(3);
-    orden->addWidget(titulo, 0, 0);
-    orden->addWidget(expandir_, 0, 1);
-    orden->addWidget(rotulo, 0, 2);
-    orden->addWidget(linea_, 0, 3, 1, 2);
-    orden->addWidget(marco, 1, 0, 1, 4);
-    orden->addWidget(barra_, 1, 4);
-    orden->setColumnStretch(0, 1);
+    orden->addWidget(titulo, 0, 0, 1, 2);
+    orden->addWidget(expandir_, 0, 2);
+    orden->addWidget(rotulo, 0, 3);
+    orden->addWidget(linea_, 0, 4, 1, 2);
+    orden->addWidget(signos_, 1, 0);
+    orden->addWidget(marco, 1, 1, 1, 4);
+    orden->addWidget(barra_, 1, 5);
+    orden->setColumnStretch(1, 1);
     orden->setRowStretch(1, 1);
 }
 
@@ -72,6 +76,7 @@ void PanelDePrograma::MostrarLineas() {
     for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(ventana, celda->Lugar()));
     linea_->setText(QString::number(ventana.transaccion.LineaTransaccion));
     barra_->setValue(ventana.transaccion.PrimeraFilaTransaccion);
+    signos_->MostrarDesde(ventana.transaccion.PrimeraFilaTransaccion);
     if (expandido_ != static_cast<int>(ventana.ExpandirCampo)) RepartirColumnas();
 }
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/pages/grid_parts.h"
+#include "app/pages/grid_signs.h"
 
 class QGridLayout;
 class QPushButton;
@@ -18,6 +19,7 @@ public:
 
     // Shows the lines of the grid as the editor has them.
     void MostrarLineas();
+    MargenDeSignos& Signos() { return *signos_; }
 
 private:
     void RepartirColumnas();
@@ -28,6 +30,7 @@ private:
     QPushButton* expandir_;
     QLabel* linea_;
     QScrollBar* barra_;
+    MargenDeSignos* signos_;
     int expandido_ = -1;  // state for which the columns were laid out
 };
 

@@ -77,6 +77,20 @@ void VentanaDeAyuda::MostrarPagina(int mensaje) {
     } else {
         navegador_->setPlainText(Palabra(textos_, "This page is not installed:") + ' ' + nombre);
     }
+    Traer();
+}
+
+void VentanaDeAyuda::MostrarPagina(const std::string& nombre) {
+    const QString contenido =
+        QString::fromStdString(directorioDeDatos_.string()) + '/' + TextoQt(textos_.Texto(mensajeDeContenido));
+    const QUrl pagina = QUrl::fromLocalFile(contenido).resolved(QUrl(QString::fromStdString(nombre)));
+    if (!QFileInfo(pagina.toLocalFile()).isFile()) return MostrarPagina(mensajeDeContenido);
+    navegador_->setSource(pagina);
+    Traer();
+}
+
+// In front of all windows.
+void VentanaDeAyuda::Traer() {
     show();
     raise();
     activateWindow();

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <filesystem>
+#include <string>
 
 #include "base/messages.h"
 
@@ -18,6 +19,8 @@ public:
 
     // The page of a message, in front of all windows. A page that is not there is named in its place.
     void MostrarPagina(int mensaje);
+    // A page of the loaded language by its name, with the place in it behind "#". The contents where the page is not there.
+    void MostrarPagina(const std::string& nombre);
 
     // The captions in the loaded language.
     void RefrescarIdioma();
@@ -26,6 +29,8 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
+    void Traer();
+
     const TextosIdioma& textos_;
     std::filesystem::path directorioDeDatos_;
     QTextBrowser* navegador_;

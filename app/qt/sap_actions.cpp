@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "app/findings_watch.h"
+#include "app/publish_question.h"
 #include "app/qt/connection_memory.h"
 #include "app/sap_connection.h"
 #include "app/show_changes.h"
@@ -29,8 +31,10 @@ public:
           sesion_(NuevaSesionSAP(e_.programa.ajustes, e_.programa.directorioDeDatos,
                                  [this](ParametrosDeLogon& parametros) { return PedirLogon(parametros); })),
           sistema_(
-              e_.ventana.documento, sesion_, DialogoDelNombre(), [this] { MostrarAnchos(e_.ventana); }, e_.programa.textos,
-              e_.vista) {}
+              e_.ventana.documento, sesion_, TrasPreguntar([this] {
+                  return ContarErrores({e_.ventana.documento, e_.programa.ajustes.preferencias, e_.programa.textos, true});
+              }),
+              [this] { MostrarAnchos(e_.ventana); }, e_.programa.textos, e_.vista) {}
 
     bool Disponible() const override {
         try {
@@ -60,7 +64,8 @@ public:
         if (qor::ButtonOnlineAnchos(e_.ventana.documento, sesion_, e_.programa.textos, e_.vista)) MostrarAnchos(e_.ventana);
     }
     void ButtonOnlinePublish() override {
-        qor::ButtonOnlinePublish(sesion_, e_.programa.generador.UltimoPrograma, DialogoDelNombre(), e_.programa.textos, e_.vista);
+        qor::ButtonOnlinePublish(sesion_, e_.programa.generador.UltimoPrograma,
+                                 TrasPreguntar([this] { return e_.programa.erroresDelReporte; }), e_.programa.textos, e_.vista);
     }
     void ButtonOnlinePublishLocal() override {
         qor::ButtonOnlinePublishLocal(sesion_, e_.programa.ajustes.DirectorioDocumentos, DialogoDelNombre(), e_.programa.textos,
@@ -91,6 +96,11 @@ private:
             dialogo.exec();
             return dialogo.NombreElegido();
         };
+    }
+
+    // For a report of this program's own making.
+    DialogoABAP TrasPreguntar(std::function<int()> errores) {
+        return TrasPreguntarPorErrores(DialogoDelNombre(), std::move(errores), e_.programa.textos, e_.vista);
     }
 
     DialogoImport DialogoDeColas() {

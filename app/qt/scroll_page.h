@@ -18,6 +18,14 @@ public:
 
     // All of the page.
     QSize sizeHint() const override { return widget()->sizeHint(); }
+
+protected:
+    // What has the keyboard stays in sight when the room gets less.
+    void resizeEvent(QResizeEvent* evento) override {
+        QScrollArea::resizeEvent(evento);
+        auto* const control = window()->focusWidget();
+        if (control != nullptr && widget()->isAncestorOf(control)) ensureWidgetVisible(control, 0, 0);
+    }
 };
 
 }  // namespace qor

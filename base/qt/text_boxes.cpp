@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTextBlock>
+#include <QTimer>
 #include <memory>
 
 #include "base/qt/abap_highlighter.h"
@@ -122,6 +124,28 @@ std::string CajaDeTexto::Texto() const { return LineasDelModelo(toPlainText()); 
 void CajaDeTexto::PonerTexto(std::string_view texto) {
     const QString nuevo = LineasQt(texto);
     if (toPlainText() != nuevo) setPlainText(nuevo);
+}
+
+void CajaDeTexto::IrALinea(int linea) {
+    setFocus(Qt::OtherFocusReason);
+    const QTextBlock bloque = document()->findBlockByNumber(linea - 1);
+    if (linea < 1 || !bloque.isValid()) return;
+    setTextCursor(QTextCursor(bloque));
+    // Once the box has its size, and its text the colours.
+    QTimer::singleShot(0, this, &CajaDeTexto::SenalarLinea);
+}
+
+void CajaDeTexto::SenalarLinea() {
+    centerCursor();
+    QColor color = palette().color(QPalette::Highlight);
+    color.setAlphaF(0.25F);
+    QTextEdit::ExtraSelection marca;
+    marca.cursor = textCursor();
+    marca.format.setBackground(color);
+    marca.format.setProperty(QTextFormat::FullWidthSelection, true);
+    setExtraSelections({marca});
+    connect(
+        this, &QPlainTextEdit::textChanged, this, [this] { setExtraSelections({}); }, Qt::SingleShotConnection);
 }
 
 std::string CajaDeTexto::Filtrar(const QString& texto) const { return PasarFiltro(filtro_, LineasDelModelo(texto)); }

@@ -51,6 +51,9 @@ public:
 
     std::string Texto() const;
     void PonerTexto(std::string_view texto);
+    // Takes the focus, with the cursor at a line, counted from 1, which is set off until the text changes. Without a line, or with
+    // one that isn't there, the box takes the focus alone.
+    void IrALinea(int linea);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
@@ -58,6 +61,7 @@ protected:
 
 private:
     std::string Filtrar(const QString& texto) const;
+    void SenalarLinea();
 
     FiltroDeTexto filtro_;
 };

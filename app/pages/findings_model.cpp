@@ -1,0 +1,87 @@
+#include "app/pages/findings_model.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "app/qt/theme_icon.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "base/text.h"
+#include "findings/catalogue.h"
+
+namespace qor {
+
+namespace {
+
+QString PalabraSiHay(const TextosIdioma& textos, std::string_view ingles) {
+    return ingles.empty() ? QString() : Palabra(textos, ingles);
+}
+
+}  // namespace
+
+IconosDeGravedad::IconosDeGravedad()
+    : iconos_{IconoDeTema("finding-error"), IconoDeTema("finding-warning"), IconoDeTema("finding-note")} {}
+
+QString PalabraDe(const TextosIdioma& textos, Gravedad gravedad) {
+    switch (gravedad) {
+        case Gravedad::Error: return Palabra(textos, "Error");
+        case Gravedad::Aviso: return Palabra(textos, "Warning");
+        case Gravedad::Nota: break;
+    }
+    return Palabra(textos, "Note");
+}
+
+QString LugarEnPalabras(const TextosIdioma& textos, const Lugar& lugar) {
+    QStringList partes;
+    partes << Palabra(textos, lugar.parte == Lugar::Parte::Ninguna ? "specification" : LadoDeLugar(lugar));
+    if (lugar.opcion != nullptr) {
+        const auto rotulo = RotuloDeOpcion(lugar, IgualesSinCaja(textos.Texto(0), "Espanol"));
+        partes.last() +=
+            QLatin1Char(' ') + (rotulo.empty() ? QString::fromLatin1(lugar.opcion)
+                                               : QString::fromUtf8(rotulo.data(), static_cast<qsizetype>(rotulo.size())));
+    }
+    if (lugar.fila >= 0) partes << Palabra(textos, "row %1").arg(lugar.fila);
+    partes << PalabraSiHay(textos, ColumnaDeLugar(lugar));
+    if (lugar.linea > 0) partes << Palabra(textos, "line %1").arg(lugar.linea);
+    partes.removeAll(QString());
+    return partes.join(QStringLiteral(", "));
+}
+
+QString ComoConsejo(const QString& texto) {
+    QString html = texto.toHtmlEscaped();
+    html.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    return QStringLiteral("<qt>") + html + QStringLiteral("</qt>");
+}
+
+void ModeloDeHallazgos::Poner(std::vector<Hallazgo> lista) {
+    beginResetModel();
+    lista_ = std::move(lista);
+    endResetModel();
+}
+
+QVariant ModeloDeHallazgos::data(const QModelIndex& lugar, int papel) const {
+    if (!lugar.isValid()) return {};
+    const Hallazgo& hallazgo = lista_.at(static_cast<std::size_t>(lugar.row()));
+    if (papel == Qt::ToolTipRole) return ComoConsejo(TextoQt(hallazgo.texto));
+    if (papel == Qt::DecorationRole && lugar.column() == Severidad) return iconos_.De(hallazgo.gravedad);
+    if (papel != Qt::DisplayRole) return {};
+    switch (lugar.column()) {
+        case Severidad: return PalabraDe(textos_, hallazgo.gravedad);
+        case Codigo: return QString::fromStdString(CodigoDeHallazgo(hallazgo.codigo));
+        case Sitio: return LugarEnPalabras(textos_, hallazgo.lugar);
+        default: return TextoQt(hallazgo.texto).simplified();
+    }
+}
+
+QVariant ModeloDeHallazgos::headerData(int columna, Qt::Orientation orientacion, int papel) const {
+    if (orientacion != Qt::Horizontal || papel != Qt::DisplayRole) return {};
+    switch (columna) {
+        case Severidad: return Palabra(textos_, "Severity");
+        case Codigo: return Palabra(textos_, "Code");
+        case Sitio: return Palabra(textos_, "Place");
+        default: return Palabra(textos_, "Text");
+    }
+}
+
+}  // namespace qor

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QPointer>
+#include <QSplitter>
+#include <QTreeView>
+#include <QWidget>
+
+#include "app/findings_watch.h"
+#include "app/pages/findings_model.h"
+
+class QLabel;
+class QToolButton;
+
+namespace qor {
+
+// The list of the pane. Enter and a double click activate a finding; Esc leaves the list.
+class ListaDeHallazgos : public QTreeView {
+    Q_OBJECT
+public:
+    explicit ListaDeHallazgos(QWidget* padre);
+
+signals:
+    void Abandonada();
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+};
+
+// The pane "Findings": how many there are of each severity, the list of them, and the whole sentence of the selected one. It shows
+// what it is given and tells what a user does with it.
+class PanelDeHallazgos : public QWidget {
+    Q_OBJECT
+public:
+    PanelDeHallazgos(const TextosIdioma& textos, QWidget* padre);
+
+    // The finding that was selected stays so where it is still there, and so does what is seen of the list.
+    void Mostrar(const VigiaDeHallazgos& vigia);
+    void RefrescarIdioma();
+
+    // The finding that is selected; -1 for none.
+    int Elegido() const;
+    void Elegir(int hallazgo);
+    // Gives the focus to the control that had it before the pane.
+    void DevolverFoco();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    void Activado(int hallazgo);
+    void Cerrado();
+
+private:
+    int AltoDeLista(int lineas) const;
+    int AltoCon(int lineas) const;
+    void PonerTitulo();
+    void AjustarColumnas();
+    void MostrarElegido();
+
+    const TextosIdioma& textos_;
+    CuentaDeHallazgos cuenta_;
+    bool completo_ = true;
+    ModeloDeHallazgos* modelo_;
+    QLabel* titulo_;
+    QToolButton* cerrar_;
+    ListaDeHallazgos* lista_;
+    QLabel* elegido_;
+    QPointer<QWidget> antes_;  // what had the focus before the pane
+};
+
+// The main form's pages with the pane below them, which has at most a third of the window and keeps the height that a user gives
+// it.
+class DivisionConPanel : public QSplitter {
+    Q_OBJECT
+public:
+    DivisionConPanel(QWidget* paginas, QWidget* panel, QWidget* padre);
+
+    void MostrarPanel(bool visible);
+    // Of the pane, as the user has left it; 0 for its own.
+    int Alto() const { return alto_; }
+    void PonerAlto(int alto) { alto_ = alto; }
+
+protected:
+    void resizeEvent(QResizeEvent* evento) override;
+
+private:
+    void Limitar();
+    void Repartir();
+
+    QWidget* panel_;
+    int alto_ = 0;
+};
+
+}  // namespace qor
