@@ -37,6 +37,9 @@ public:
 
     Veredicto De(const Falta& falta) const {
         const Lugar lugar = reporte_.LugarDe(falta.linea);
+        // A statement of the user's that runs on into the lines behind it.
+        const Lugar inicio = reporte_.LugarDe(falta.sentencia);
+        if (falta.sentencia > 0 && EsTextoDelUsuario(inicio) && !EsTextoDelUsuario(lugar)) return {codigoSinRegla, inicio};
         if (falta.clase == Clase::NombreSinDeclarar) {
             if (const auto veredicto = DeNombreSinPrefijo(falta.nombre, lugar)) return *veredicto;
         }

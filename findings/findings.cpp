@@ -167,13 +167,16 @@ void QuitarTrasErrores(std::vector<Hallazgo>& lista) {
     std::erase_if(lista, sobra);
 }
 
-// These tell of options that don't go together, whatever name shows it.
-bool EsDeOpciones(int codigo) { return codigo == 301 || codigo == 302 || codigo == 325; }
+// These tell of options that don't go together, or of lines of the report that stand for no text, whatever word shows it.
+bool BastaUno(const Hallazgo& hallazgo) {
+    const bool deOpciones = hallazgo.codigo == 301 || hallazgo.codigo == 302 || hallazgo.codigo == 325;
+    return deOpciones || (hallazgo.codigo == 399 && hallazgo.lugar.linea == 0);
+}
 
 // In the order of the specification, each sentence once at a place.
 void Ordenar(std::vector<Hallazgo>& lista) {
     const auto clave = [](const Hallazgo& h) {
-        return std::tuple(h.lugar, h.codigo, EsDeOpciones(h.codigo) ? std::string_view() : std::string_view(h.texto));
+        return std::tuple(h.lugar, h.codigo, BastaUno(h) ? std::string_view() : std::string_view(h.texto));
     };
     std::stable_sort(lista.begin(), lista.end(), [&](const Hallazgo& a, const Hallazgo& b) { return clave(a) < clave(b); });
     std::vector<Hallazgo> unicos;
