@@ -43,10 +43,12 @@ constexpr TipoDeHallazgo tipos[] = {
     {117, G::Error, "", ""},
     {118, G::Error, "", ""},
     {119, G::Error,
-     "The settings of a step-loop can't be read from the note of this row: its marks stand in the wrong order. Empty the note, and "
-     "enter the settings anew.",
-     "Los ajustes de un step-loop no pueden leerse de la nota de esta fila: sus marcas están en un orden equivocado. Vacíe la "
-     "nota, e indique de nuevo los ajustes."},
+     "The settings of a step-loop can't be read from the note of this row: its marks (!1 to !7) stand in the wrong order. Keep "
+     "what "
+     "you have written in front of them, empty the note, and enter text and settings anew.",
+     "Los ajustes de un step-loop no pueden leerse de la nota de esta fila: sus marcas (!1 a !7) están en un orden equivocado. "
+     "Conserve "
+     "lo que haya escrito delante de ellas, vacíe la nota, e indique de nuevo el texto y los ajustes."},
     {120, G::Error,
      "The report can't be written beyond this place: a text does not fit into its line, or there are too many lines. Shorten the "
      "text that stands here.",
@@ -99,10 +101,12 @@ constexpr TipoDeHallazgo tipos[] = {
     {307, G::Error,
      "The code '{1}' becomes part of a FORM's name, in which the character {2} is not allowed. Correct the code; for a transaction "
      "whose code has this character, create a transaction with a plain code in SAP.\n"
-     "The code '{1}' becomes part of a FORM's name, in which no blank is allowed. Remove the blank.",
+     "The code '{1}' becomes part of a FORM's name, in which no blank is allowed. Remove the blank.\n"
+     "The name '{1}' becomes part of a FORM's name, in which the character {2} is not allowed. Correct the name of the BAPI.",
      "El código '{1}' pasa a formar parte del nombre de un FORM, que no admite el carácter {2}. Corrija el código; para una "
      "transacción cuyo código tiene este carácter, cree en SAP una transacción con un código sencillo.\n"
-     "El código '{1}' pasa a formar parte del nombre de un FORM, que no admite blancos. Quite el blanco."},
+     "El código '{1}' pasa a formar parte del nombre de un FORM, que no admite blancos. Quite el blanco.\n"
+     "El nombre '{1}' pasa a formar parte del nombre de un FORM, que no admite el carácter {2}. Corrija el nombre de la BAPI."},
     {308, G::Error,
      "This line is longer than {1} characters and is broken inside a text between apostrophes, in front of: {2}. Break the line "
      "yourself at another place.\n"
@@ -175,9 +179,13 @@ constexpr TipoDeHallazgo tipos[] = {
      "El report numera los registros del archivo único en un campo propio '{1}', de modo que habría dos. Dé otro nombre a este "
      "campo."},
     {315, G::Error,
-     "'{1}' is no field of the record that this place works with. Name a field of that record, spelled as on the file side.",
-     "'{1}' no es un campo del registro con el que trabaja este lugar. Nombre un campo de ese registro, escrito como en el lado "
-     "del archivo."},
+     "'{1}' names no field of its record: code and conditions work with the fields of the main record, rows of a step-loop with "
+     "those of "
+     "the step-loop. Correct the name as it stands on the file side, or send the field in a row of that record.",
+     "'{1}' no nombra ningún campo de su registro: el código y las condiciones trabajan con los campos del registro principal, las "
+     "filas de "
+     "un step-loop con los del step-loop. Corrija el nombre como está en el lado del archivo, o envíe el campo en una fila de ese "
+     "registro."},
     {316, G::Error,
      "The statement that reads the lines of this step-loop lacks its fields or its condition. Select key fields that are fields of "
      "the main record, and give the screen one step-loop only, whose rows send file fields.\n"
@@ -196,10 +204,10 @@ constexpr TipoDeHallazgo tipos[] = {
      "'{1}' reaches beyond the end of the field. Correct the position or the length in the code, or make the field wider.",
      "'{1}' llega más allá del final del campo. Corrija la posición o la longitud en el código, o dé más ancho al campo."},
     {318, G::Error,
-     "'{1}' is nothing that the report knows: no variable and no FORM of this name is declared. Correct the name, or declare it in "
-     "the global definitions.",
-     "'{1}' no es nada que el report conozca: no hay declarada ninguna variable ni ningún FORM con este nombre. Corrija el nombre, "
-     "o declárelo en las definiciones globales."},
+     "'{1}' is nothing that the report knows: no variable and no FORM of this name is declared. Correct the name (where naming "
+     "conventions are in use, with its prefix), or declare it in the global definitions.",
+     "'{1}' no es nada que el report conozca: no hay declarada ninguna variable ni ningún FORM con este nombre. Corrija el nombre "
+     "(si se usan convenciones de nombres, con su prefijo), o declárelo en las definiciones globales."},
     {320, G::Error,
      "The name '{1}' is declared twice: the report has one of its own, or it stands in the definitions before. Use another name.",
      "El nombre '{1}' se declara dos veces: el report tiene uno propio, o ya figura antes en las definiciones. Use otro nombre."},

@@ -22,6 +22,14 @@ void AgregarLineasLargas(const Caso& caso, const LineasDelReporte& reporte, std:
     }
 }
 
+// A field of the main record is written with "#" in code and conditions.
+std::string NombreComoSeEscribe(const Caso& caso, const Lugar& lugar, const std::string& nombre) {
+    const bool conMarca = lugar.parte == Lugar::Parte::Condiciones || (lugar.parte == Lugar::Parte::Archivo && lugar.columna == 3);
+    const std::string registro = caso.nombres.GTprefijo + "ITAB-";
+    if (!conMarca || !Mayusculas(nombre).starts_with(Mayusculas(registro))) return nombre;
+    return "#" + nombre.substr(registro.size());
+}
+
 }  // namespace
 
 void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std::vector<Hallazgo>& lista) {
@@ -32,7 +40,8 @@ void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std
         if (consecuencias.EsDeUnLiteral(falta)) continue;
         const auto [codigo, lugar] = Diagnosticar(falta, caso, lineas);
         const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, lugar);
-        Hallazgo hallazgo = NuevoHallazgo(caso.textos, codigo, lugar, celda, {falta.nombre.empty() ? celda : falta.nombre});
+        Hallazgo hallazgo = NuevoHallazgo(caso.textos, codigo, lugar, celda,
+                                          {falta.nombre.empty() ? celda : NombreComoSeEscribe(caso, lugar, falta.nombre)});
         const int sentencia = falta.sentencia > 0 ? falta.sentencia : falta.linea;
         hallazgo.lineas = {falta.linea, sentencia};
         if (const auto otro = consecuencias.Causa(hallazgo, lineas.LugarDe(sentencia), falta)) {

@@ -181,7 +181,7 @@ void BuscarEnCabeza(const Caso& c, Libreta& libreta, int r, const FilaLeida& lei
     const auto enForma = leida.esBAPI ? codigo.substr(0, largoFormaBAPI) : codigo;
     const auto malo = PrimeroQueNo(enForma, [&](char caracter) { return ValeEnForma(caracter) || (cierra && caracter == '\''); });
     const std::string numero = std::to_string(leida.operacion);
-    if (!malo.empty()) libreta.Agregar(307, lugar, {codigo, malo}, malo == " " ? 1 : 0);
+    if (!malo.empty()) libreta.Agregar(307, lugar, {codigo, malo}, malo == " " ? 1 : leida.esBAPI ? 2 : 0);
     if (leida.esBAPI) return;
     const std::string nombre = std::string(forma) + std::string(codigo) + "_" + numero;
     if (nombre.size() <= largoDeNombre) return;
@@ -389,7 +389,10 @@ void DeOpciones::BuscarAdiciones() {
     for (auto palabras = sentencias[0]; !palabras.empty();) {
         const auto largo = LargoDeAdicion(palabras);
         if (largo == 0) {
-            libreta_.Agregar(310, lugar, {texto, palabras.front().texto}, 1);
+            const bool empiezaBien =
+                EsUnaDe(palabras.front().texto, {"ENCODING", "IGNORING", "SKIPPING", "WITH", "REPLACEMENT", "CODE"});
+            const auto mala = empiezaBien && palabras.size() > 1 ? palabras[1].texto : palabras.front().texto;
+            libreta_.Agregar(310, lugar, {texto, mala}, 1);
             return;
         }
         palabras = palabras.subspan(largo);
