@@ -49,7 +49,8 @@ int main(int argc, char** argv) {
     const QApplication aplicacion(argc, argv);
     qor::Programa programa;
     // No settings: whatever the user has is neither read nor written.
-    const auto entorno = [](const char*) { return std::string(); };
+    const std::string ajustes = (std::filesystem::temp_directory_path() / "qor_desktop_timing").string();
+    const auto entorno = [&](const char* nombre) { return std::string(nombre) == "XDG_CONFIG_HOME" ? ajustes : std::string(); };
     qor::CargarPrograma(programa, entorno, qor::DirectorioDeDatos());
     qor::ElegirIdioma(programa, "English");
     qor::Principal principal(programa, std::make_unique<qor::VistaDePantalla>(programa.textos));
