@@ -40,6 +40,15 @@ int LeerLargo(Frase& f, const Palabra& palabra, const Declarado& d) {
     return 0;
 }
 
+// The length in brackets behind a declared name, if there is one; `largo` is 0 where it isn't known.
+bool LeerLargoDeDato(Frase& f, const Palabra& palabra, const Declarado& d, Dato& dato, int& largo) {
+    if (!d.tieneLargo) return true;
+    if (!d.cerrado) return f.Falla(Clase::LargoInvalido, palabra);
+    largo = LeerLargo(f, palabra, d);
+    dato.largo = largo == 0 ? largoDesconocido : largo;
+    return true;
+}
+
 // What a variable or a type that is declared here says of another one that is like it.
 void Copiar(Dato& dato, const Dato& otro) {
     dato.tipo = otro.tipo;
@@ -294,13 +303,7 @@ bool LeerDatos(Frase& f) {
     Dato dato = NuevoDato(palabra, d.nombre);
     dato.constante = sentencia == "CONSTANTS"_c;
     int largo = 0;
-    bool bien = true;
-    if (d.tieneLargo && d.cerrado) {
-        largo = LeerLargo(f, palabra, d);
-        dato.largo = largo == 0 ? largoDesconocido : largo;
-    } else if (d.tieneLargo) {
-        bien = f.Falla(Clase::LargoInvalido, palabra);
-    }
+    bool bien = LeerLargoDeDato(f, palabra, d, dato, largo);
     bien = bien && LeerClausulas(f, dato, palabra, largo);
     if (!bien) Abrir(dato);
     if (contexto.enObra.empty()) {
@@ -365,13 +368,7 @@ bool LeerPARAMETERS(Frase& f) {
     RevisarNombreNuevo(f, palabra, d.nombre, maximoDeParametro);
     Dato dato = NuevoDato(palabra, d.nombre);
     int largo = 0;
-    bool bien = true;
-    if (d.tieneLargo && d.cerrado) {
-        largo = LeerLargo(f, palabra, d);
-        dato.largo = largo == 0 ? largoDesconocido : largo;
-    } else if (d.tieneLargo) {
-        bien = f.Falla(Clase::LargoInvalido, palabra);
-    }
+    bool bien = LeerLargoDeDato(f, palabra, d, dato, largo);
     while (bien && f.Hay()) bien = LeerClausulaDeParametro(f, dato, largo);
     if (!bien) Abrir(dato);
     if (const Dato* primero = contexto.datos.AgregarGlobal(dato)) {

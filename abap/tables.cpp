@@ -237,8 +237,10 @@ bool LeerUPDATE(Frase& f) {
     return f.Fin();
 }
 
-bool LeerMODIFY(Frase& f) {
-    if (f.EsAlguna({"SCREEN"_c, "LINE"_c, "CURRENT"_c}) && (f.Hay(1) || f.Es("SCREEN"_c))) return f.Resto();
+namespace {
+
+// Lines of an internal table, or rows of the database where FROM stands behind a name that the report does not declare.
+bool LeerCambioDeTabla(Frase& f) {
     if (f.Es("TABLE"_c) && f.Hay(1)) f.Avanzar();
     if (!f.Hay()) return f.Falla(Clase::OperandoAusente);
     if (f.Actual().texto.front() == '(') return f.Resto();
@@ -248,6 +250,13 @@ bool LeerMODIFY(Frase& f) {
     f.Toma("CLIENT"_c, "SPECIFIED"_c);
     if (f.Toma("FROM"_c, "TABLE"_c)) return f.Variable() && f.Fin();
     return LeerClausulasDeTabla(f, linea);
+}
+
+}  // namespace
+
+bool LeerMODIFY(Frase& f) {
+    if (f.EsAlguna({"SCREEN"_c, "LINE"_c, "CURRENT"_c}) && (f.Hay(1) || f.Es("SCREEN"_c))) return f.Resto();
+    return LeerCambioDeTabla(f);
 }
 
 bool LeerDELETE(Frase& f) {
@@ -264,15 +273,7 @@ bool LeerDELETE(Frase& f) {
         if (!(f.Exige("DUPLICATES"_c, "FROM"_c) && LeerTabla(f, linea))) return false;
         return LeerClausulasDeTabla(f, linea);
     }
-    if (f.Es("TABLE"_c) && f.Hay(1)) f.Avanzar();
-    if (!f.Hay()) return f.Falla(Clase::OperandoAusente);
-    if (f.Actual().texto.front() == '(') return f.Resto();
-    const bool deBase = f.EsAlguna({"FROM"_c, "CLIENT"_c}, 1) && f.Entorno().datos.Buscar(f.Actual().base) == nullptr;
-    const Dato* linea = nullptr;
-    if (!(deBase ? f.Algo() : LeerTabla(f, linea))) return false;
-    f.Toma("CLIENT"_c, "SPECIFIED"_c);
-    if (f.Toma("FROM"_c, "TABLE"_c)) return f.Variable() && f.Fin();
-    return LeerClausulasDeTabla(f, linea);
+    return LeerCambioDeTabla(f);
 }
 
 }  // namespace qor::abap

@@ -5,6 +5,7 @@
 #include "app/console_view.h"
 #include "base/text.h"
 #include "findings/catalogue.h"
+#include "findings/place_words.h"
 
 namespace qor {
 

@@ -4,6 +4,7 @@
 #include "app/finding_formats.h"
 #include "base/code_page.h"
 #include "findings/catalogue.h"
+#include "findings/place_words.h"
 
 namespace qor {
 

@@ -3,12 +3,12 @@
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 
 #include "app/console_view.h"
 #include "app/finding_formats.h"
 #include "base/text.h"
 #include "findings/catalogue.h"
+#include "findings/place_words.h"
 
 namespace qor {
 
@@ -55,13 +55,6 @@ std::map<int, const Hallazgo*> EjemplosDeTipos(const DocumentosRevisados& docume
         for (const auto& hallazgo : documento.hallazgos.lista) ejemplos.emplace(hallazgo.codigo, &hallazgo);
     }
     return ejemplos;
-}
-
-const TipoDeHallazgo& TipoDe(int codigo) {
-    const auto tipos = TiposDeHallazgo();
-    const auto tipo = std::find_if(tipos.begin(), tipos.end(), [&](const TipoDeHallazgo& uno) { return uno.codigo == codigo; });
-    if (tipo == tipos.end()) throw std::logic_error("no finding has the code " + std::to_string(codigo));
-    return *tipo;
 }
 
 // What is said of all findings of a kind. A message of Generate has its sentence in the language file only, so that of a finding

@@ -56,14 +56,14 @@ private:
 // The rules, with the rows read once for all of them.
 class DeComportamiento {
 public:
-    DeComportamiento(const Caso& caso, Libreta& libreta)
-        : c_(caso),
-          e_(caso.especificacion),
-          o_(caso.opciones),
-          a_(caso.analisis),
+    DeComportamiento(const Generacion& g, Libreta& libreta)
+        : c_(g),
+          e_(g.especificacion),
+          o_(g.opciones),
+          a_(g.analisis),
           libreta_(libreta),
-          filas_(LeerFilas(caso.especificacion)),
-          stepLoops_(LeerStepLoops(caso.especificacion, filas_)) {
+          filas_(LeerFilas(g.especificacion)),
+          stepLoops_(LeerStepLoops(g.especificacion, filas_)) {
         const int cantidad = e_.FilasArchivo();
         for (int f = 0; f < cantidad; ++f) campos_.try_emplace(e_.TablaArchivo[f].campo, f);
     }
@@ -164,8 +164,9 @@ private:
         BuscarCabezasFueraDeLugar();
         for (const auto& stepLoop : stepLoops_) {
             if (stepLoop.leida.esBAPI || stepLoop.leida.operacion == 0) continue;
-            const int okCode = FilaDeOkCode(e_, filas_, stepLoop.fila);
-            if (okCode < 0) continue;
+            const auto ok = BuscarOkCode(e_, stepLoop.fila);
+            if (ok.valor.empty()) continue;
+            const int okCode = ok.filaDeOkCode;
             const auto lugar = Lugar::EnPrograma(stepLoop.fila, 4);
             const bool conCondicion = Contiene(Fila(static_cast<std::size_t>(okCode)).campo, ";");
             if (conCondicion && !a_.operaciones.FilaEnStepLoop(okCode)) {
@@ -314,7 +315,7 @@ private:
     }
 
     void BuscarOpciones() {
-        const bool deServidor = c_.generacion.EntradaDeArchivo() && o_.ServidorOp();
+        const bool deServidor = c_.EntradaDeArchivo() && o_.ServidorOp();
         if (deServidor && o_.DelimTab() && e_.FilasArchivo() > 1) libreta_.Agregar(408, Lugar::EnOpcion("DelimTab"));
         if (a_.ManejoErrores && a_.HayJuegoDatos) libreta_.Agregar(411, Lugar::EnOpcion("SafeCallTransactionCheck"));
         BuscarNombreDeSesion();
@@ -329,7 +330,7 @@ private:
     void BuscarNombreDeSesion() {
         if (!a_.HayJuegoDatos) return;
         const bool propio = o_.GeneracionManual() && !EstaEnBlanco(o_.NombreManual);
-        const auto nombre = std::string_view(propio ? o_.NombreManual : c_.generacion.valores.NombreGrupo).substr(0, largoDeSesion);
+        const auto nombre = std::string_view(propio ? o_.NombreManual : c_.valores.NombreGrupo).substr(0, largoDeSesion);
         if (Mayusculas(nombre) != nombre) libreta_.Agregar(414, Lugar::EnOpcion("NombreManual"), {nombre, Mayusculas(nombre)});
     }
 
@@ -455,7 +456,7 @@ private:
 
     void BuscarSalidas();
 
-    const Caso& c_;
+    const Generacion& c_;
     const Especificacion& e_;
     const Opciones& o_;
     const Analisis& a_;
@@ -528,6 +529,6 @@ void DeComportamiento::BuscarSalidas() {
 
 }  // namespace
 
-void ReglasDeComportamiento(const Caso& caso, Libreta& libreta) { DeComportamiento(caso, libreta).Buscar(); }
+void ReglasDeComportamiento(const Generacion& g, Libreta& libreta) { DeComportamiento(g, libreta).Buscar(); }
 
 }  // namespace qor

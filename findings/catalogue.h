@@ -20,6 +20,8 @@ struct TipoDeHallazgo {
 };
 
 std::span<const TipoDeHallazgo> TiposDeHallazgo();
+// Throws std::logic_error for a code that is not in the catalogue.
+const TipoDeHallazgo& TipoDe(int codigo);
 
 // A finding of a kind. Throws std::logic_error for a code or a variant that is not in the catalogue.
 Hallazgo NuevoHallazgo(const TextosIdioma& textos, int codigo, const Lugar& lugar, std::string_view celda,
@@ -28,14 +30,5 @@ Hallazgo NuevoHallazgo(const TextosIdioma& textos, int codigo, const Lugar& luga
 std::string CodigoDeHallazgo(int codigo);               // "Q203"
 std::string PaginaDeAyuda(int codigo);                  // "findings.html#Q203", of the help in any language
 std::string_view PalabraDeGravedad(Gravedad gravedad);  // "error", "warning", "note"
-
-// The place in words: "program side, row 12, value", "option TablaZ (Error table)", "conditions, row 3, text, line 2". In
-// English.
-std::string TextoDeLugar(const Lugar& lugar);
-// The words of it one by one, for formats that keep them apart; empty where the place has none.
-std::string_view LadoDeLugar(const Lugar& lugar);     // "program side", "option"
-std::string_view ColumnaDeLugar(const Lugar& lugar);  // "value"
-// What the screen calls the option or setting, in UTF-8; empty where the place is none.
-std::string_view RotuloDeOpcion(const Lugar& lugar, bool enEspanol);
 
 }  // namespace qor

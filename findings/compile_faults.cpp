@@ -11,37 +11,37 @@ namespace {
 constexpr std::size_t columnasDePublicacion = 72;
 constexpr int codigoDeLineaLarga = 322;
 
-void AgregarLineasLargas(const Caso& caso, const LineasDelReporte& reporte, std::vector<Hallazgo>& lista) {
+void AgregarLineasLargas(const Generacion& g, const LineasDelReporte& reporte, std::vector<Hallazgo>& lista) {
     for (int linea = 1; linea <= reporte.Cantidad(); ++linea) {
         const auto texto = reporte.Texto(linea);
         if (texto.size() <= columnasDePublicacion || texto.front() == '*') continue;
         if (EstaEnBlanco(texto.substr(columnasDePublicacion))) continue;
         const Lugar lugar = reporte.LugarDe(linea);
-        const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, lugar);
-        lista.push_back(NuevoHallazgo(caso.textos, codigoDeLineaLarga, lugar, celda, {Recortar(texto)}));
+        const auto celda = TextoEnLugar(g.especificacion, g.opciones, g.preferencias, lugar);
+        lista.push_back(NuevoHallazgo(g.textos, codigoDeLineaLarga, lugar, celda, {Recortar(texto)}));
     }
 }
 
 // A field of the main record is written with "#" in code and conditions.
-std::string NombreComoSeEscribe(const Caso& caso, const Lugar& lugar, const std::string& nombre) {
+std::string NombreComoSeEscribe(const Generacion& g, const Lugar& lugar, const std::string& nombre) {
     const bool conMarca = lugar.parte == Lugar::Parte::Condiciones || (lugar.parte == Lugar::Parte::Archivo && lugar.columna == 3);
-    const std::string registro = caso.nombres.GTprefijo + "ITAB-";
+    const std::string registro = g.nombres.GTprefijo + "ITAB-";
     if (!conMarca || !Mayusculas(nombre).starts_with(Mayusculas(registro))) return nombre;
     return "#" + nombre.substr(registro.size());
 }
 
 }  // namespace
 
-void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std::vector<Hallazgo>& lista) {
-    const LineasDelReporte lineas(reporte);
-    const auto faltas = abap::RevisarReporte(reporte.Texto());
-    const Consecuencias consecuencias(caso.especificacion, faltas, lineas, lista);
+void HallazgosDelReporteSinRepetir(const Generacion& g, std::vector<Hallazgo>& lista) {
+    const LineasDelReporte lineas(g.reporte);
+    const auto faltas = abap::RevisarReporte(g.reporte.Texto());
+    const Consecuencias consecuencias(g.especificacion, faltas, lineas, lista);
     for (const auto& falta : faltas) {
         if (consecuencias.EsDeUnLiteral(falta)) continue;
-        const auto [codigo, lugar] = Diagnosticar(falta, caso, lineas);
-        const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, lugar);
-        Hallazgo hallazgo = NuevoHallazgo(caso.textos, codigo, lugar, celda,
-                                          {falta.nombre.empty() ? celda : NombreComoSeEscribe(caso, lugar, falta.nombre)});
+        const auto [codigo, lugar] = Diagnosticar(falta, g, lineas);
+        const auto celda = TextoEnLugar(g.especificacion, g.opciones, g.preferencias, lugar);
+        Hallazgo hallazgo = NuevoHallazgo(g.textos, codigo, lugar, celda,
+                                          {falta.nombre.empty() ? celda : NombreComoSeEscribe(g, lugar, falta.nombre)});
         const int sentencia = falta.sentencia > 0 ? falta.sentencia : falta.linea;
         hallazgo.lineas = {falta.linea, sentencia};
         if (const auto otro = consecuencias.Causa(hallazgo, lineas.LugarDe(sentencia), falta)) {
@@ -51,7 +51,7 @@ void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std
             lista.push_back(std::move(hallazgo));
         }
     }
-    AgregarLineasLargas(caso, lineas, lista);
+    AgregarLineasLargas(g, lineas, lista);
 }
 
 }  // namespace qor

@@ -8,6 +8,6 @@ namespace qor {
 
 // Adds one for each fault, and a warning for each line that is longer than what publishing takes. What follows from a finding that
 // is in the list already is left out: a row that is known to be wrong makes lines that are wrong.
-void HallazgosDelReporteSinRepetir(const Caso& caso, const Reporte& reporte, std::vector<Hallazgo>& lista);
+void HallazgosDelReporteSinRepetir(const Generacion& g, std::vector<Hallazgo>& lista);
 
 }  // namespace qor

@@ -33,7 +33,7 @@ bool EsTextoDelUsuario(const Lugar& lugar) {
 // Decides what a fault of the report means for the specification.
 class Diagnostico {
 public:
-    Diagnostico(const Caso& caso, const LineasDelReporte& reporte) : caso_(caso), reporte_(reporte) {}
+    Diagnostico(const Generacion& g, const LineasDelReporte& reporte) : g_(g), reporte_(reporte) {}
 
     Veredicto De(const Falta& falta) const {
         const Lugar lugar = reporte_.LugarDe(falta.linea);
@@ -68,7 +68,7 @@ public:
 private:
     // Under naming conventions some lines name objects without their prefix, or with that of another kind.
     std::optional<Veredicto> DeNombreSinPrefijo(std::string_view nombre, const Lugar& lugar) const {
-        const auto& n = caso_.nombres;
+        const auto& n = g_.nombres;
         const auto es = [&](const std::string& prefijo, std::string_view raiz) {
             return IgualesSinCaja(nombre, prefijo + std::string(raiz));
         };
@@ -83,8 +83,8 @@ private:
         if (deIds && Mayusculas(nombre).starts_with("ITABSL_")) {
             return Veredicto{325, Lugar::EnPreferencia("CheckActivateNamingConventions")};
         }
-        const std::string& step = caso_.generacion.valores.VariableArchivoStep;
-        const bool deArchivo = caso_.generacion.EntradaDeArchivo() && !step.empty();
+        const std::string& step = g_.valores.VariableArchivoStep;
+        const bool deArchivo = g_.EntradaDeArchivo() && !step.empty();
         if (deArchivo && lugar.parte == Parte::Programa && lugar.columna == 4 && Mayusculas(nombre).starts_with(Mayusculas(step))) {
             return Veredicto{302, lugar};
         }
@@ -93,7 +93,7 @@ private:
 
     // A prefix of the settings that makes no name.
     std::optional<Veredicto> DePrefijo(std::string_view nombre) const {
-        const auto& n = caso_.nombres;
+        const auto& n = g_.nombres;
         const std::pair<std::string_view, const char*> prefijos[] = {
             {n.GSprefijo, "GSprefijo"}, {n.GNprefijo, "GNprefijo"}, {n.GTprefijo, "GTprefijo"},
             {n.LSprefijo, "LSprefijo"}, {n.LNprefijo, "LNprefijo"}, {n.LTprefijo, "LTprefijo"},
@@ -159,7 +159,7 @@ private:
 
     // The head of a step-loop: its clauses, its rows per screen.
     Veredicto DeCabezaDeGrupo(const Falta& falta, const Lugar& lugar) const {
-        const auto& fila = caso_.especificacion.TablaTransaccion[lugar.fila];
+        const auto& fila = g_.especificacion.TablaTransaccion[lugar.fila];
         const auto filasPorPantalla = Recortar(ValorDeMarca(fila.nota, 6));
         switch (falta.clase) {
             case Clase::ComponenteAjeno: return {315, lugar};
@@ -173,7 +173,7 @@ private:
     }
 
     Veredicto DeFila(const Falta& falta, const Lugar& lugar) const {
-        const auto& fila = caso_.especificacion.TablaTransaccion[lugar.fila];
+        const auto& fila = g_.especificacion.TablaTransaccion[lugar.fila];
         const auto en = [&](int columna) { return Lugar::EnPrograma(lugar.fila, columna); };
         if (falta.clase == Clase::LiteralAbierto) {
             for (const int columna : {0, 1, 2}) {
@@ -192,7 +192,7 @@ private:
     }
 
     bool EsDeBAPI(int fila) const {
-        const auto& tabla = caso_.especificacion.TablaTransaccion;
+        const auto& tabla = g_.especificacion.TablaTransaccion;
         while (fila > 0 && !tabla[fila].EsCabezaBAPI() && !tabla[fila].EsCabezaTransaccion()) --fila;
         return tabla[fila].EsCabezaBAPI();
     }
@@ -208,18 +208,18 @@ private:
 
     // A wrong number of commas in the reading of the main table is a step-loop's doing.
     Lugar PrimeraCabeza(const Lugar& lugar) const {
-        const auto cabezas = CabezasStepLoop(caso_.especificacion);
+        const auto cabezas = CabezasStepLoop(g_.especificacion);
         return cabezas.empty() ? lugar : Lugar::EnPrograma(cabezas.front(), 4);
     }
 
-    const Caso& caso_;
+    const Generacion& g_;
     const LineasDelReporte& reporte_;
 };
 
 }  // namespace
 
-Veredicto Diagnosticar(const Falta& falta, const Caso& caso, const LineasDelReporte& reporte) {
-    return Diagnostico(caso, reporte).De(falta);
+Veredicto Diagnosticar(const Falta& falta, const Generacion& g, const LineasDelReporte& reporte) {
+    return Diagnostico(g, reporte).De(falta);
 }
 
 }  // namespace qor

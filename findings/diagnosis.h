@@ -12,6 +12,6 @@ struct Veredicto {
     Lugar lugar;
 };
 
-Veredicto Diagnosticar(const abap::Falta& falta, const Caso& caso, const LineasDelReporte& reporte);
+Veredicto Diagnosticar(const abap::Falta& falta, const Generacion& g, const LineasDelReporte& reporte);
 
 }  // namespace qor

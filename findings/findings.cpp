@@ -58,25 +58,24 @@ public:
         Recolector recolector;
         Generacion g = NuevaGeneracion(especificacion, opciones_, pedido_.preferencias, pedido_.textos, recolector,
                                        pedido_.RutaDocumento, pedido_.NombreDocumento);
-        const Caso caso = CasoDe(g);
         try {
             ComponerTodo(g);
         } catch (const FalloDeEjecucion& fallo) {
-            Libreta(caso, lista_).Agregar(120, {}, {fallo.what()});
+            Libreta(g, lista_).Agregar(120, {}, {fallo.what()});
             return false;
         }
-        HallazgosDeObservaciones(caso, recolector.observaciones, lista_);
-        Libreta libreta(caso, lista_);
+        HallazgosDeObservaciones(g, recolector.observaciones, lista_);
+        Libreta libreta(g, lista_);
         if (EstaEnBlanco(opciones_.Programa)) AgregarSinSalida(libreta);
-        ReglasDeNombres(caso, libreta);
-        ReglasDeTextos(caso, libreta);
-        ReglasDeComportamiento(caso, libreta);
-        ReglasDeUso(caso, libreta);
+        ReglasDeNombres(g, libreta);
+        ReglasDeTextos(g, libreta);
+        ReglasDeComportamiento(g, libreta);
+        ReglasDeUso(g, libreta);
         if (std::any_of(lista_.begin(), lista_.end(), DejaSinForma)) {
             std::erase_if(lista_, SigueDeLaForma);
             return false;
         }
-        RevisarReporte(especificacion, caso, g.reporte);
+        RevisarReporte(g);
         return true;
     }
 
@@ -94,24 +93,20 @@ public:
                            [](const Observacion& observacion) { return observacion.mensaje.Numero() == 326; });
     }
 
-    Caso CasoDe(const Generacion& g) const {
-        return {g.especificacion, g.opciones, g.preferencias, g.textos, g.analisis, g.nombres, g};
-    }
-
 private:
     // A name that is no table's has been told; the lines that it stands in are read as if it were one.
-    void RevisarReporte(const Especificacion& especificacion, const Caso& caso, const Reporte& reporte) {
-        if (!caso.analisis.ManejoErrores || EsNombreLlano(opciones_.TablaZ)) {
-            HallazgosDelReporteSinRepetir(caso, reporte, lista_);
+    void RevisarReporte(const Generacion& g) {
+        if (!g.analisis.ManejoErrores || EsNombreLlano(opciones_.TablaZ)) {
+            HallazgosDelReporteSinRepetir(g, lista_);
             return;
         }
         Opciones conTabla = opciones_;
         conTabla.TablaZ = tablaZDeNuevo;
         Recolector nadie;
-        Generacion g = NuevaGeneracion(especificacion, conTabla, pedido_.preferencias, pedido_.textos, nadie, pedido_.RutaDocumento,
-                                       pedido_.NombreDocumento);
-        ComponerTodo(g);
-        HallazgosDelReporteSinRepetir(CasoDe(g), g.reporte, lista_);
+        Generacion otra = NuevaGeneracion(g.especificacion, conTabla, pedido_.preferencias, pedido_.textos, nadie,
+                                          pedido_.RutaDocumento, pedido_.NombreDocumento);
+        ComponerTodo(otra);
+        HallazgosDelReporteSinRepetir(otra, lista_);
     }
 
     void AgregarSinSalida(Libreta& libreta) {
@@ -213,13 +208,12 @@ Hallazgos BuscarHallazgos(const PedidoDeHallazgos& pedido) {
 
     Recolector nadie;
     const Generacion vacia = NuevaGeneracion(pedido.especificacion, opciones, pedido.preferencias, pedido.textos, nadie, {}, {});
-    const Caso sinComponer = analizador.CasoDe(vacia);
-    HallazgosDeForma(sinComponer, resultado.lista);
+    HallazgosDeForma(vacia, resultado.lista);
     const auto ilegibles = FilasConMarcasIlegibles(pedido.especificacion);
     if (ilegibles.empty() || !analizador.FallaPorMarcas()) {
         resultado.completo = analizador.Analizar(pedido.especificacion);
     } else {
-        Libreta libreta(sinComponer, resultado.lista);
+        Libreta libreta(vacia, resultado.lista);
         for (const int fila : ilegibles) {
             libreta.Agregar(119, Lugar::EnPrograma(fila, 4), {pedido.especificacion.TablaTransaccion[fila].nota});
         }

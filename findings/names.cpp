@@ -63,13 +63,13 @@ bool CierraLiteral(std::string_view texto) {
 }
 
 // The input is read by native SQL: main records, and those of step-loops.
-bool LeeTabla(const Caso& c) { return !c.generacion.EntradaDeArchivo() && !c.especificacion.OrigenUsuario; }
-bool LeeTablasDeSteps(const Caso& c) { return c.opciones.EntradaDeTabla(); }
+bool LeeTabla(const Generacion& c) { return !c.EntradaDeArchivo() && !c.especificacion.OrigenUsuario; }
+bool LeeTablasDeSteps(const Generacion& c) { return c.opciones.EntradaDeTabla(); }
 
 class DeCampos {
 public:
-    DeCampos(const Caso& caso, Libreta& libreta, const std::vector<StepLoop>& stepLoops)
-        : c_(caso), libreta_(libreta), stepLoops_(stepLoops), campos_(caso.especificacion.FilasArchivo()) {}
+    DeCampos(const Generacion& g, Libreta& libreta, const std::vector<StepLoop>& stepLoops)
+        : c_(g), libreta_(libreta), stepLoops_(stepLoops), campos_(g.especificacion.FilasArchivo()) {}
 
     void Buscar() {
         std::unordered_map<std::string, int> primeros;
@@ -146,14 +146,14 @@ private:
         }
     }
 
-    const Caso& c_;
+    const Generacion& c_;
     Libreta& libreta_;
     const std::vector<StepLoop>& stepLoops_;
     int campos_;
 };
 
 // Step-loops that read columns of their own table.
-void BuscarColumnasDeSteps(const Caso& c, Libreta& libreta, const std::vector<StepLoop>& stepLoops) {
+void BuscarColumnasDeSteps(const Generacion& c, Libreta& libreta, const std::vector<StepLoop>& stepLoops) {
     if (!LeeTablasDeSteps(c) || stepLoops.empty()) return;
     const int campos = c.especificacion.FilasArchivo();
     for (int f = 0; f < campos; ++f) {
@@ -171,7 +171,7 @@ void BuscarColumnasDeSteps(const Caso& c, Libreta& libreta, const std::vector<St
 }
 
 // The code of an operation in the name of its form, and as the text that is called.
-void BuscarEnCabeza(const Caso& c, Libreta& libreta, int r, const FilaLeida& leida) {
+void BuscarEnCabeza(const Generacion& c, Libreta& libreta, int r, const FilaLeida& leida) {
     const auto lugar = Lugar::EnPrograma(r, 1);
     const std::string& celda = c.especificacion.TablaTransaccion[r].dynpro;
     const auto codigo = Recortar(AntesDe(celda, ';'));
@@ -191,7 +191,7 @@ void BuscarEnCabeza(const Caso& c, Libreta& libreta, int r, const FilaLeida& lei
 
 bool EsConstanteOVariable(std::string_view valor) { return !valor.empty() && (valor.front() == '\'' || valor.front() == '@'); }
 
-void BuscarEnCampo(const Caso& c, Libreta& libreta, int r, const FilaLeida& leida) {
+void BuscarEnCampo(const Generacion& c, Libreta& libreta, int r, const FilaLeida& leida) {
     const auto& fila = c.especificacion.TablaTransaccion[r];
     const auto lugar = Lugar::EnPrograma(r, 2);
     const bool enStep = c.analisis.operaciones.FilaEnStepLoop(r);
@@ -212,7 +212,7 @@ void BuscarEnCampo(const Caso& c, Libreta& libreta, int r, const FilaLeida& leid
 }
 
 // A variable whose name is a clause of the statement that it is put into.
-void BuscarVariable(const Caso& c, Libreta& libreta, int r, const FilaLeida& leida) {
+void BuscarVariable(const Generacion& c, Libreta& libreta, int r, const FilaLeida& leida) {
     const std::string& valor = c.especificacion.TablaTransaccion[r].valor;
     if (!EsVariable(valor)) return;
     const auto nombre = std::string_view(valor).substr(1);
@@ -220,7 +220,7 @@ void BuscarVariable(const Caso& c, Libreta& libreta, int r, const FilaLeida& lei
     if (choca) libreta.Agregar(323, Lugar::EnPrograma(r, 3), {nombre}, 3);
 }
 
-void BuscarEnPrograma(const Caso& c, Libreta& libreta, const std::vector<FilaLeida>& filas) {
+void BuscarEnPrograma(const Generacion& c, Libreta& libreta, const std::vector<FilaLeida>& filas) {
     for (std::size_t i = 0; i < filas.size(); ++i) {
         const int r = static_cast<int>(i);
         const auto& fila = c.especificacion.TablaTransaccion[r];
@@ -258,8 +258,8 @@ void BuscarDeclaraciones(Libreta& libreta, Lugar::Parte parte, const std::string
 // Options in literals of the report, and in its code.
 class DeOpciones {
 public:
-    DeOpciones(const Caso& caso, Libreta& libreta, const std::vector<StepLoop>& stepLoops)
-        : c_(caso), o_(caso.opciones), libreta_(libreta), stepLoops_(stepLoops) {}
+    DeOpciones(const Generacion& g, Libreta& libreta, const std::vector<StepLoop>& stepLoops)
+        : c_(g), o_(g.opciones), libreta_(libreta), stepLoops_(stepLoops) {}
 
     void Buscar() {
         BuscarSesion();
@@ -271,7 +271,7 @@ public:
             BuscarTablaZ(Recortar(o_.TablaZ));
             if (std::count(o_.ProgID.begin(), o_.ProgID.end(), '\'') % 2 != 0) Cierra(Lugar::EnOpcion("ProgID"), o_.ProgID);
         }
-        if (c_.generacion.EntradaDeArchivo() && o_.ServidorOp()) BuscarAdiciones();
+        if (c_.EntradaDeArchivo() && o_.ServidorOp()) BuscarAdiciones();
         const bool sinPrefijo = c_.analisis.ArchivoUnico && !c_.analisis.HayStepSinClave && !c_.nombres.GTprefijo.empty();
         if (sinPrefijo)
             libreta_.Agregar(325, Lugar::EnPreferencia("CheckActivateNamingConventions"), {c_.nombres.GTprefijo + "ITABSL_1"});
@@ -283,13 +283,13 @@ private:
     void BuscarSesion() {
         if (!c_.analisis.HayJuegoDatos) return;
         const bool propio = o_.GeneracionManual() && !EstaEnBlanco(o_.NombreManual);
-        const std::string& nombre = propio ? o_.NombreManual : c_.generacion.valores.NombreGrupo;
+        const std::string& nombre = propio ? o_.NombreManual : c_.valores.NombreGrupo;
         if (CierraLiteral(nombre)) Cierra(Lugar::EnOpcion("NombreManual"), nombre, propio ? 0 : 1);
     }
 
     void BuscarArchivos() {
         const auto fuente = Recortar(o_.ArchivoFuente);
-        const bool deArchivo = c_.generacion.EntradaDeArchivo();
+        const bool deArchivo = c_.EntradaDeArchivo();
         const bool enLiteral = deArchivo && (o_.FileParameterCh == 0 || o_.FileParameterCh == 1) && CierraLiteral(fuente);
         if (enLiteral) Cierra(Lugar::EnOpcion("ArchivoFuente"), fuente);
         if (LeeTabla(c_)) BuscarTabla(fuente, Lugar::EnOpcion("ArchivoFuente"));
@@ -339,7 +339,7 @@ private:
 
     void BuscarAdiciones();
 
-    const Caso& c_;
+    const Generacion& c_;
     const Opciones& o_;
     Libreta& libreta_;
     const std::vector<StepLoop>& stepLoops_;
@@ -439,7 +439,7 @@ void BuscarEnOpciones(DeCaracteres& busqueda, const Registro& registro,
     }
 }
 
-void BuscarCaracteres(const Caso& c, Libreta& libreta) {
+void BuscarCaracteres(const Generacion& c, Libreta& libreta) {
     using Parte = Lugar::Parte;
     DeCaracteres busqueda(libreta);
     const auto& e = c.especificacion;
@@ -481,18 +481,18 @@ void BuscarCaracteres(const Caso& c, Libreta& libreta) {
 
 }  // namespace
 
-void ReglasDeNombres(const Caso& caso, Libreta& libreta) {
-    const auto filas = LeerFilas(caso.especificacion);
-    const auto stepLoops = LeerStepLoops(caso.especificacion, filas);
-    DeCampos(caso, libreta, stepLoops).Buscar();
-    BuscarColumnasDeSteps(caso, libreta, stepLoops);
-    BuscarEnPrograma(caso, libreta, filas);
-    BuscarDeclaraciones(libreta, Lugar::Parte::VariablesGlobales, caso.especificacion.VariablesGlobales);
-    if (caso.especificacion.OrigenUsuario) {
-        BuscarDeclaraciones(libreta, Lugar::Parte::OrigenVariables, caso.especificacion.OrigenVariables);
+void ReglasDeNombres(const Generacion& g, Libreta& libreta) {
+    const auto filas = LeerFilas(g.especificacion);
+    const auto stepLoops = LeerStepLoops(g.especificacion, filas);
+    DeCampos(g, libreta, stepLoops).Buscar();
+    BuscarColumnasDeSteps(g, libreta, stepLoops);
+    BuscarEnPrograma(g, libreta, filas);
+    BuscarDeclaraciones(libreta, Lugar::Parte::VariablesGlobales, g.especificacion.VariablesGlobales);
+    if (g.especificacion.OrigenUsuario) {
+        BuscarDeclaraciones(libreta, Lugar::Parte::OrigenVariables, g.especificacion.OrigenVariables);
     }
-    DeOpciones(caso, libreta, stepLoops).Buscar();
-    BuscarCaracteres(caso, libreta);
+    DeOpciones(g, libreta, stepLoops).Buscar();
+    BuscarCaracteres(g, libreta);
 }
 
 }  // namespace qor

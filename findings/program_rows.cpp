@@ -52,21 +52,4 @@ std::vector<StepLoop> LeerStepLoops(const Especificacion& especificacion, const 
     return stepLoops;
 }
 
-int FilaDeOkCode(const Especificacion& especificacion, const std::vector<FilaLeida>& filas, int cabeza) {
-    const auto& tabla = especificacion.TablaTransaccion;
-    const auto esOkCode = [&](int r) { return Contiene(tabla[r].campo, "BDC_OKCODE"); };
-    if (esOkCode(cabeza)) return cabeza;
-    // Of those in front of the head the first one on the screen counts.
-    int hallada = -1;
-    for (int r = cabeza - 1; r >= 0 && filas[static_cast<std::size_t>(r)].clase == FilaLeida::Clase::Campo; --r) {
-        if (esOkCode(r)) hallada = r;
-    }
-    if (hallada >= 0 && !tabla[hallada].valor.empty()) return hallada;
-    for (std::size_t r = static_cast<std::size_t>(cabeza) + 1; r < filas.size() && filas[r].clase == FilaLeida::Clase::Campo; ++r) {
-        const int fila = static_cast<int>(r);
-        if (esOkCode(fila) && !tabla[fila].valor.empty()) return fila;
-    }
-    return -1;
-}
-
 }  // namespace qor

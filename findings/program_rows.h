@@ -38,7 +38,4 @@ struct StepLoop {
 // Those whose marks can be read, in order.
 std::vector<StepLoop> LeerStepLoops(const Especificacion& especificacion, const std::vector<FilaLeida>& filas);
 
-// The row whose OK code the form of a step-loop sends; -1 when there is none.
-int FilaDeOkCode(const Especificacion& especificacion, const std::vector<FilaLeida>& filas, int cabeza);
-
 }  // namespace qor

@@ -58,11 +58,11 @@ bool EstaAnulada(const Observacion& observacion, const std::vector<Observacion>&
     });
 }
 
-bool RegistroVacio(const Caso& caso, int cabeza) {
-    const auto cabezas = CabezasStepLoop(caso.especificacion);
+bool RegistroVacio(const Generacion& g, int cabeza) {
+    const auto cabezas = CabezasStepLoop(g.especificacion);
     const auto n = std::find(cabezas.begin(), cabezas.end(), cabeza) - cabezas.begin() + 1;
-    const bool contador = caso.analisis.ArchivoUnico && caso.analisis.HayStepSinClave;
-    const bool claves = !caso.opciones.EntradaDeTabla() && caso.analisis.operaciones.ContarCamposClave(static_cast<int>(n)) > 0;
+    const bool contador = g.analisis.ArchivoUnico && g.analisis.HayStepSinClave;
+    const bool claves = !g.opciones.EntradaDeTabla() && g.analisis.operaciones.ContarCamposClave(static_cast<int>(n)) > 0;
     return !contador && !claves;
 }
 
@@ -85,30 +85,30 @@ bool MarcasLegibles(const Especificacion& especificacion, int fila, int filas) {
 
 }  // namespace
 
-void HallazgosDeObservaciones(const Caso& caso, const std::vector<Observacion>& observaciones, std::vector<Hallazgo>& lista) {
+void HallazgosDeObservaciones(const Generacion& g, const std::vector<Observacion>& observaciones, std::vector<Hallazgo>& lista) {
     for (const auto& observacion : observaciones) {
         const int codigo = CodigoDe(observacion);
-        const auto celda = TextoEnLugar(caso.especificacion, caso.opciones, caso.preferencias, observacion.lugar);
+        const auto celda = TextoEnLugar(g.especificacion, g.opciones, g.preferencias, observacion.lugar);
         const int mensaje = observacion.mensaje.Numero();
         const bool deMensaje = codigo != codigoDeTextoQueNoCabe && codigo != codigoSinIdentificadores;
-        Hallazgo hallazgo = NuevoHallazgo(caso.textos, codigo, observacion.lugar, celda, {observacion.mensaje.texto});
+        Hallazgo hallazgo = NuevoHallazgo(g.textos, codigo, observacion.lugar, celda, {observacion.mensaje.texto});
         hallazgo.mensaje = mensaje;
-        if (deMensaje) hallazgo.texto = mensaje == 326 ? caso.textos.Texto(372) : EnUnaLinea(observacion.mensaje.texto);
-        if (codigo == 121 && !RegistroVacio(caso, observacion.lugar.fila)) hallazgo.gravedad = Gravedad::Aviso;
-        if (EstaAnulada(observacion, observaciones, caso.especificacion)) hallazgo.gravedad = Gravedad::Aviso;
+        if (deMensaje) hallazgo.texto = mensaje == 326 ? g.textos.Texto(372) : EnUnaLinea(observacion.mensaje.texto);
+        if (codigo == 121 && !RegistroVacio(g, observacion.lugar.fila)) hallazgo.gravedad = Gravedad::Aviso;
+        if (EstaAnulada(observacion, observaciones, g.especificacion)) hallazgo.gravedad = Gravedad::Aviso;
         lista.push_back(std::move(hallazgo));
     }
 }
 
-void HallazgosDeForma(const Caso& caso, std::vector<Hallazgo>& lista) {
-    Libreta libreta(caso, lista);
-    for (const auto& caracter : BuscarCaracteresDeControl(caso.especificacion, caso.opciones)) {
+void HallazgosDeForma(const Generacion& g, std::vector<Hallazgo>& lista) {
+    Libreta libreta(g, lista);
+    for (const auto& caracter : BuscarCaracteresDeControl(g.especificacion, g.opciones)) {
         libreta.Agregar(101, caracter.sitio, {MensajeDe(caracter).texto});
     }
-    for (const auto& hueco : BuscarHuecos(caso.especificacion)) {
+    for (const auto& hueco : BuscarHuecos(g.especificacion)) {
         libreta.Agregar(103, hueco);
         lista.back().mensaje = 373;
-        lista.back().texto = caso.textos.Texto(373);
+        lista.back().texto = g.textos.Texto(373);
     }
 }
 

@@ -8,10 +8,10 @@
 namespace qor {
 
 // Adds one for each observation. Those that have no code of their own are told as what the report's form does not hold.
-void HallazgosDeObservaciones(const Caso& caso, const std::vector<Observacion>& observaciones, std::vector<Hallazgo>& lista);
+void HallazgosDeObservaciones(const Generacion& g, const std::vector<Observacion>& observaciones, std::vector<Hallazgo>& lista);
 
 // Control characters and blank rows.
-void HallazgosDeForma(const Caso& caso, std::vector<Hallazgo>& lista);
+void HallazgosDeForma(const Generacion& g, std::vector<Hallazgo>& lista);
 
 // The rows of the program side with a mark that can't be read, whether or not a report of this specification asks for it.
 std::vector<int> FilasConMarcasIlegibles(const Especificacion& especificacion);

@@ -81,8 +81,8 @@ std::string_view TextoEntero(const Especificacion& e, const Lugar& lugar) {
 }  // namespace
 
 Hallazgo& Libreta::Agregar(int codigo, const Lugar& lugar, std::initializer_list<std::string_view> valores, int variante) {
-    const auto celda = TextoEnLugar(caso_.especificacion, caso_.opciones, caso_.preferencias, lugar);
-    return lista_.emplace_back(NuevoHallazgo(caso_.textos, codigo, lugar, celda, valores, variante));
+    const auto celda = TextoEnLugar(g_.especificacion, g_.opciones, g_.preferencias, lugar);
+    return lista_.emplace_back(NuevoHallazgo(g_.textos, codigo, lugar, celda, valores, variante));
 }
 
 std::string TextoEnLugar(const Especificacion& especificacion, const Opciones& opciones, const Preferencias& preferencias,

@@ -6,29 +6,19 @@
 #include "findings/catalogue.h"
 #include "generator/generation.h"
 
-// The rules that make findings, one unit for each kind of source. Each reads the whole case and adds what it finds, in any order.
+// The rules that make findings, one unit for each kind of source. Each reads a run that has been composed as far as it came, so
+// that analysis, names and values are those of the report, and adds what it finds, in any order.
 namespace qor {
-
-// What the rules read. `generacion` has been composed as far as it came: analysis, names and values are those of the report.
-struct Caso {
-    const Especificacion& especificacion;
-    const Opciones& opciones;
-    const Preferencias& preferencias;
-    const TextosIdioma& textos;
-    const Analisis& analisis;
-    const ConvencionesDeNombres& nombres;
-    const Generacion& generacion;
-};
 
 // Adds findings to the list, with the cell's text taken from the place. Both outlive it.
 class Libreta {
 public:
-    Libreta(const Caso& caso, std::vector<Hallazgo>& lista) : caso_(caso), lista_(lista) {}
+    Libreta(const Generacion& g, std::vector<Hallazgo>& lista) : g_(g), lista_(lista) {}
     // `variante` tells which of a kind's sentences it is.
     Hallazgo& Agregar(int codigo, const Lugar& lugar, std::initializer_list<std::string_view> valores = {}, int variante = 0);
 
 private:
-    const Caso& caso_;
+    const Generacion& g_;
     std::vector<Hallazgo>& lista_;
 };
 
@@ -36,9 +26,9 @@ private:
 std::string TextoEnLugar(const Especificacion& especificacion, const Opciones& opciones, const Preferencias& preferencias,
                          const Lugar& lugar);
 
-void ReglasDeNombres(const Caso& caso, Libreta& libreta);         // names.cpp: fields, codes, screens, literals, reserved words
-void ReglasDeTextos(const Caso& caso, Libreta& libreta);          // texts.cpp: lines that the wrapping breaks
-void ReglasDeComportamiento(const Caso& caso, Libreta& libreta);  // behaviour.cpp: a report that runs, but not as meant
-void ReglasDeUso(const Caso& caso, Libreta& libreta);             // usage.cpp: what nothing uses
+void ReglasDeNombres(const Generacion& g, Libreta& libreta);         // names.cpp: fields, codes, screens, literals, reserved words
+void ReglasDeTextos(const Generacion& g, Libreta& libreta);          // texts.cpp: lines that the wrapping breaks
+void ReglasDeComportamiento(const Generacion& g, Libreta& libreta);  // behaviour.cpp: a report that runs, but not as meant
+void ReglasDeUso(const Generacion& g, Libreta& libreta);             // usage.cpp: what nothing uses
 
 }  // namespace qor

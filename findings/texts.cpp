@@ -75,7 +75,7 @@ Estado EstadoEn(std::string_view linea, std::size_t lugar) {
 
 class DeTextos {
 public:
-    DeTextos(const Caso& caso, Libreta& libreta) : c_(caso), libreta_(libreta) {}
+    DeTextos(const Generacion& g, Libreta& libreta) : c_(g), libreta_(libreta) {}
 
     void Buscar() {
         const auto& e = c_.especificacion;
@@ -206,12 +206,12 @@ private:
         return {};
     }
 
-    const Caso& c_;
+    const Generacion& c_;
     Libreta& libreta_;
 };
 
 }  // namespace
 
-void ReglasDeTextos(const Caso& caso, Libreta& libreta) { DeTextos(caso, libreta).Buscar(); }
+void ReglasDeTextos(const Generacion& g, Libreta& libreta) { DeTextos(g, libreta).Buscar(); }
 
 }  // namespace qor

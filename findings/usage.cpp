@@ -47,8 +47,8 @@ void PorCadaNombre(std::string_view texto, Funcion funcion) {
 
 class DeUso {
 public:
-    DeUso(const Caso& caso, Libreta& libreta)
-        : c_(caso), e_(caso.especificacion), libreta_(libreta), usos_(static_cast<std::size_t>(e_.FilasArchivo())) {}
+    DeUso(const Generacion& g, Libreta& libreta)
+        : c_(g), e_(g.especificacion), libreta_(libreta), usos_(static_cast<std::size_t>(e_.FilasArchivo())) {}
 
     void Buscar() {
         IndexarCampos();
@@ -209,7 +209,7 @@ private:
         }
     }
 
-    const Caso& c_;
+    const Generacion& c_;
     const Especificacion& e_;
     Libreta& libreta_;
     std::vector<Uso> usos_;                                               // by row of the file side
@@ -221,6 +221,6 @@ private:
 
 }  // namespace
 
-void ReglasDeUso(const Caso& caso, Libreta& libreta) { DeUso(caso, libreta).Buscar(); }
+void ReglasDeUso(const Generacion& g, Libreta& libreta) { DeUso(g, libreta).Buscar(); }
 
 }  // namespace qor

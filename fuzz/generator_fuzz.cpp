@@ -12,6 +12,7 @@
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "findings/finding.h"
 #include "fuzz/indifferent_view.h"
 #include "fuzz/require.h"
 #include "generator/data_source_models.h"
@@ -115,6 +116,12 @@ void Componer(const PedidoDeGeneracion& pedido, bool limpio, const VistaContador
     const auto reporte = ComponerReporte(pedido);
     Exigir(limpio || (!reporte && vista.avisos == 1), "a control character refuses the document with one message");
     if (reporte) ExigirLineas(reporte->texto);
+    const auto hallazgos = BuscarHallazgos(
+        {pedido.especificacion, pedido.opciones, pedido.preferencias, pedido.textos, pedido.RutaDocumento, pedido.NombreDocumento});
+    // The name of the output file is no matter of a report without one.
+    const bool conError = std::any_of(hallazgos.lista.begin(), hallazgos.lista.end(),
+                                      [](const Hallazgo& h) { return h.gravedad == Gravedad::Error && h.mensaje != 301; });
+    Exigir(reporte || conError, "what is refused has a finding that is an error");
 }
 
 void Declarar(const PedidoDeGeneracion& pedido, bool limpio) {

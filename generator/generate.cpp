@@ -102,46 +102,34 @@ bool ChequearContenido(const Chequeo& c) {
 
 // Writes one section. A failure in it ends the run, unless the listener lets that go on: then it is told, with the place that was
 // being written.
-class Secciones {
-public:
-    explicit Secciones(Generacion& g) : g_(g) {}
-
-    void Escribir(void (*seccion)(Generacion&)) {
-        if (!g_.oyente.Sigue()) {
-            seccion(g_);
-            return;
-        }
-        try {
-            seccion(g_);
-        } catch (const FalloDeEjecucion& fallo) {
-            g_.reporte.OlvidarMemoria();
-            g_.oyente.Recibir({{{326}, fallo.what()}, g_.reporte.LugarActual()});
-        }
+void EscribirSeccion(Generacion& g, void (*seccion)(Generacion&)) {
+    try {
+        seccion(g);
+    } catch (const FalloDeEjecucion& fallo) {
+        if (!g.oyente.Sigue()) throw;
+        g.reporte.OlvidarMemoria();
+        g.oyente.Recibir({{{326}, fallo.what()}, g.reporte.LugarActual()});
     }
-
-private:
-    Generacion& g_;
-};
+}
 
 // The table of contents of the report.
 void EscribirSecciones(Generacion& g) {
-    Secciones s(g);
-    s.Escribir(EscribirTitulos);
-    s.Escribir(EscribirDeclaraciones);
-    s.Escribir(EscribirPantallaDeSeleccion);
-    s.Escribir(EscribirFlujoPrincipal);
-    if (g.analisis.operaciones.HayTransaccion) s.Escribir(EscribirInsertData);
-    s.Escribir(EscribirOperaciones);
-    if (g.analisis.ManejoErrores) s.Escribir(EscribirInsertDataErrors);
-    if (g.analisis.operaciones.HayTransaccion) s.Escribir(EscribirDynpro);
-    s.Escribir(EscribirCondCheck);
-    if (g.analisis.operaciones.HayTransaccion && g.analisis.HayJuegoDatos) s.Escribir(EscribirOpenGroup);
-    if (g.analisis.HayConversiones) s.Escribir(EscribirConversions);
-    if (g.analisis.HayConversionesStep) s.Escribir(EscribirTabConversions);
-    s.Escribir(EscribirReadFile);
-    s.Escribir(EscribirStepLoops);
-    if (g.especificacion.OrigenUsuario) s.Escribir(EscribirUserForm);
-    if (g.analisis.ManejoErrores) s.Escribir(EscribirAddStructures);
+    EscribirSeccion(g, EscribirTitulos);
+    EscribirSeccion(g, EscribirDeclaraciones);
+    EscribirSeccion(g, EscribirPantallaDeSeleccion);
+    EscribirSeccion(g, EscribirFlujoPrincipal);
+    if (g.analisis.operaciones.HayTransaccion) EscribirSeccion(g, EscribirInsertData);
+    EscribirSeccion(g, EscribirOperaciones);
+    if (g.analisis.ManejoErrores) EscribirSeccion(g, EscribirInsertDataErrors);
+    if (g.analisis.operaciones.HayTransaccion) EscribirSeccion(g, EscribirDynpro);
+    EscribirSeccion(g, EscribirCondCheck);
+    if (g.analisis.operaciones.HayTransaccion && g.analisis.HayJuegoDatos) EscribirSeccion(g, EscribirOpenGroup);
+    if (g.analisis.HayConversiones) EscribirSeccion(g, EscribirConversions);
+    if (g.analisis.HayConversionesStep) EscribirSeccion(g, EscribirTabConversions);
+    EscribirSeccion(g, EscribirReadFile);
+    EscribirSeccion(g, EscribirStepLoops);
+    if (g.especificacion.OrigenUsuario) EscribirSeccion(g, EscribirUserForm);
+    if (g.analisis.ManejoErrores) EscribirSeccion(g, EscribirAddStructures);
 }
 
 void EscribirReporte(Generacion& g) {

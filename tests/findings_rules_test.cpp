@@ -6,6 +6,7 @@
 #include "base/code_page.h"
 #include "base/failure.h"
 #include "base/text.h"
+#include "findings/place_words.h"
 #include "findings/rules.h"
 #include "generator/generate.h"
 #include "tests/support/window_fixture.h"
@@ -106,10 +107,9 @@ struct Reglas : testing::Test {
             ComponerTodo(g);
         } catch (const FalloDeEjecucion&) {
         }
-        const Caso caso{e, o, preferencias, textos, g.analisis, g.nombres, g};
         hallazgos.clear();
-        Libreta libreta(caso, hallazgos);
-        for (const auto regla : {ReglasDeNombres, ReglasDeTextos, ReglasDeComportamiento, ReglasDeUso}) regla(caso, libreta);
+        Libreta libreta(g, hallazgos);
+        for (const auto regla : {ReglasDeNombres, ReglasDeTextos, ReglasDeComportamiento, ReglasDeUso}) regla(g, libreta);
         std::string texto;
         for (const auto& h : hallazgos) {
             texto += (texto.empty() ? "" : "; ") + CodigoDeHallazgo(h.codigo) + " " + SinRotulo(TextoDeLugar(h.lugar));

@@ -9,6 +9,7 @@
 #include "base/qt/words.h"
 #include "base/text.h"
 #include "findings/catalogue.h"
+#include "findings/place_words.h"
 
 namespace qor {
 
