@@ -23,9 +23,9 @@ struct Palabra {
     bool abreLinea = false;  // nothing stands in front of it on its line
 
     // Without characters in front.
-    void Acortar(std::size_t caracteres) {
-        texto.remove_prefix(caracteres);
-        columna += static_cast<int>(caracteres);
+    void Acortar(std::size_t cuantos) {
+        texto.remove_prefix(cuantos);
+        columna += static_cast<int>(cuantos);
     }
 
     bool EsLiteral() const { return tipo == Tipo::Literal || tipo == Tipo::LiteralAbierto; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "abap/check.h"
+#include "abap/check/check.h"
 #include "findings/rules.h"
 
 // What a compiler would say to the report, as findings of the specification that it was made from.

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "abap/check.h"
+#include "abap/check/check.h"
 #include "findings/finding.h"
 #include "findings/report_lines.h"
 

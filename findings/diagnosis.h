@@ -1,6 +1,6 @@
 #pragma once
 
-#include "abap/check.h"
+#include "abap/check/check.h"
 #include "findings/report_lines.h"
 #include "findings/rules.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "abap/check.h"
+#include "abap/check/check.h"
 #include "fuzz/require.h"
 
 namespace {
