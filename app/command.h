@@ -30,6 +30,7 @@ struct ContextoDeComando {
     VistaDeConsola& vista;
     std::ostream& salida;
     std::ostream& errores;
+    std::filesystem::path directorioDeAjustes;
 };
 
 // Answers whether it did its work; the view has shown why not.

@@ -11,6 +11,8 @@
 #include "app/console_view.h"
 #include "app/data_directory.h"
 #include "app/language.h"
+#include "app/run_command.h"
+#include "app/system_command.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
@@ -42,6 +44,8 @@ public:
         AgregarComandosDeBAPI(ordenes);
         AgregarComandosDeDatos(ordenes);
         AgregarComandosDeSAP(ordenes);
+        AgregarComandoSystem(ordenes);
+        AgregarComandoRun(ordenes);
     }
 
     void Leer(const std::vector<std::string>& argumentos) {
@@ -111,7 +115,9 @@ bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeCon
         case ResultadoIdioma::Fallo: vista.Advertir(MensajeLiteral("An error has occurred")); break;
         case ResultadoIdioma::Bien: break;
     }
-    return comando({textos, ajustes, datos, vista, salida, errores});
+    const auto directorioDeAjustes =
+        comunes.settings ? std::filesystem::path(*comunes.settings) : RutaDeAjustes(EntornoDelProceso()).parent_path();
+    return comando({textos, ajustes, datos, vista, salida, errores, directorioDeAjustes});
 }
 
 int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {

@@ -1,0 +1,353 @@
+#include "app/system_command.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <ostream>
+
+#include "app/data_directory.h"
+#include "app/practice_file.h"
+#include "app/run_view.h"
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "practice/csv.h"
+#include "practice/dictionary.h"
+#include "practice/queue.h"
+#include "practice/recordings.h"
+#include "practice/session_processing.h"
+#include "practice/session_transfer.h"
+#include "practice/system.h"
+#include "practice/system_tables.h"
+#include "practice/table_load.h"
+#include "practice/table_transfer.h"
+
+namespace qor {
+
+namespace {
+
+constexpr const char* usuarioDePractica = "PRACTICE";
+
+struct Argumentos {
+    std::optional<std::string> sistema;
+    std::string nombre;  // of a table, or the id of a queue entry
+    std::string archivo;
+    std::optional<std::string> diario;
+};
+
+using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
+
+std::filesystem::path RutaDeSistema(const Argumentos& argumentos) {
+    if (!argumentos.sistema) return RutaDePracticaConDirectorio(EntornoDelProceso());
+    if (argumentos.sistema->empty()) throw MalUso("--system: the name of a file is missing");
+    return *argumentos.sistema;
+}
+
+// The practice system with all that its tables show.
+struct Sistema {
+    Sistema(const ContextoDeComando& contexto, const Argumentos& argumentos, Acceso acceso)
+        : ruta(RutaDeSistema(argumentos)),
+          base(ruta, acceso),
+          cola(base, MomentoActual()),
+          diccionario(base, TextoDeCatalogo(contexto)),
+          tablas(base, diccionario) {
+        diccionario.AgregarArchivo(contexto.directorioDeDatos / nombreDeDiccionario, true);
+        diccionario.AgregarArchivo(contexto.directorioDeAjustes / nombreDeDiccionario, false);
+    }
+
+    // One that can't be read leaves its tables empty.
+    static std::string TextoDeCatalogo(const ContextoDeComando& contexto) {
+        try {
+            return LeerArchivo(contexto.ajustes.ArchivoBAPI, limiteDeCatalogo);
+        } catch (const FalloDeArchivo&) {
+            return {};
+        }
+    }
+
+    std::filesystem::path ruta;
+    BaseDePractica base;
+    ColaDePractica cola;
+    DiccionarioDePractica diccionario;
+    TablasDelSistema tablas;
+};
+
+bool Rechazar(const ContextoDeComando& contexto, const std::string& motivo) {
+    contexto.vista.Advertir(MensajeLiteral(motivo + "."));
+    return false;
+}
+
+bool Rechazar(const ContextoDeComando& contexto, const std::string& motivo, const FalloDeArchivo& fallo) {
+    contexto.vista.Advertir(ConDetalle(MensajeLiteral(motivo + "."), fallo));
+    return false;
+}
+
+void Informar(const ContextoDeComando& contexto, const std::string& texto) { contexto.vista.Informar(MensajeLiteral(texto + ".")); }
+
+std::string Cuantos(std::int64_t cuantos, const char* uno, const char* muchos) {
+    return std::to_string(cuantos) + " " + (cuantos == 1 ? uno : muchos);
+}
+
+// A line of comma-separated values on the terminal.
+void Imprimir(const ContextoDeComando& contexto, std::initializer_list<std::string_view> valores) {
+    const char* separador = "";
+    for (const auto valor : valores) {
+        contexto.salida << separador << TextoDeTerminal(CampoCsv(valor));
+        separador = ",";
+    }
+    contexto.salida << '\n';
+}
+
+std::string NombreDeTabla(const Argumentos& argumentos) { return Mayusculas(DeArgumento(argumentos.nombre)); }
+
+// ---- Tables ----
+
+bool Load(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto nombre = NombreDeTabla(argumentos);
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    try {
+        const auto cargada = CargarTablaDeArchivo(sistema.base, nombre, argumentos.archivo);
+        std::string texto = nombre + ": " + Cuantos(cargada.filas, "row", "rows") + " loaded";
+        if (cargada.deOtroCliente > 0) {
+            texto += "; " + std::to_string(cargada.deOtroCliente) + " of them of other clients than " + sistema.base.Cliente() +
+                     ", which Open SQL does not see";
+        }
+        Informar(contexto, texto);
+        return true;
+    } catch (const FalloDeArchivo& fallo) {
+        return Rechazar(contexto, "The table " + nombre + " can't be loaded", fallo);
+    }
+}
+
+const char* ClaseDeTabla(DefinicionDeTabla::Clase clase) {
+    switch (clase) {
+        case DefinicionDeTabla::Clase::Cargada: return "loaded";
+        case DefinicionDeTabla::Clase::DeErrores: return "errors";
+        case DefinicionDeTabla::Clase::DeDiccionario: break;
+    }
+    return "dictionary";
+}
+
+bool Tables(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    Imprimir(contexto, {"TABLE", "KIND", "ROWS"});
+    for (const auto& tabla : sistema.base.Tablas()) {
+        Imprimir(contexto, {tabla.nombre, ClaseDeTabla(tabla.clase), std::to_string(tabla.filas)});
+    }
+    return true;
+}
+
+// The rows of a session as they were sent, behind the number and the code of their transaction.
+void EscribirSesion(ColaDePractica& cola, const EntradaDeCola& entrada, std::ostream& salida) {
+    salida << "NUMBER,TCODE,PROGRAM,DYNPRO,DYNBEGIN,FNAM,FVAL\n";
+    int numero = 0;
+    cola.CadaTransaccion(entrada.numero, [&](const TransaccionDeCola& transaccion) {
+        ++numero;
+        for (const auto& fila : transaccion.filas) {
+            salida << numero;
+            for (const std::string_view parte : {std::string_view(transaccion.transaccion), fila.programa, fila.dynpro,
+                                                 std::string_view(fila.abre ? "X" : ""), fila.campo, fila.valor}) {
+                salida << ',' << AUtf8(CampoCsv(parte));
+            }
+            salida << '\n';
+        }
+        return true;
+    });
+}
+
+bool Show(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    if (const auto entrada = sistema.cola.Buscar(DeArgumento(argumentos.nombre))) {
+        EscribirSesion(sistema.cola, *entrada, contexto.salida);
+        return true;
+    }
+    EscribirTabla(sistema.base, NombreDeTabla(argumentos), [&](std::string_view linea) { contexto.salida << AUtf8(linea); });
+    return true;
+}
+
+bool Download(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto nombre = NombreDeTabla(argumentos);
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    const auto bajadas = BajarTabla(sistema.base, nombre, argumentos.archivo);
+    Informar(contexto, nombre + ": " + Cuantos(bajadas.definiciones + bajadas.filas, "row", "rows") + " written");
+    if (bajadas.definiciones == 0) {
+        return Rechazar(contexto,
+                        "The table " + nombre + " has no rows that define fields; the data-set editor does not know the file");
+    }
+    return true;
+}
+
+bool Upload(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto nombre = NombreDeTabla(argumentos);
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    try {
+        const auto subidas = SubirTabla(sistema.base, nombre, argumentos.archivo);
+        Informar(contexto, nombre + ": " + Cuantos(subidas.cambiadas, "row", "rows") + " replaced, " +
+                               std::to_string(subidas.nuevas) + " added");
+        return true;
+    } catch (const FalloDeArchivo& fallo) {
+        return Rechazar(contexto, "The file can't be taken into the table " + nombre, fallo);
+    }
+}
+
+// ---- The queue ----
+
+bool Queue(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    Imprimir(contexto, {"QID", "GROUP", "CLIENT", "CREATOR", "DATE", "TIME", "STATE", "TRANSACTIONS"});
+    for (const auto& entrada : sistema.cola.Entradas()) {
+        Imprimir(contexto, {entrada.qid, entrada.grupo, entrada.cliente, entrada.creador, entrada.fecha, entrada.hora,
+                            entrada.estado, std::to_string(entrada.transacciones)});
+    }
+    return true;
+}
+
+bool Export(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    const auto entrada = sistema.cola.Buscar(DeArgumento(argumentos.nombre));
+    if (!entrada) return Rechazar(contexto, "The queue has no entry " + DeArgumento(argumentos.nombre));
+    ExportarSesion(sistema.cola, *entrada, argumentos.archivo);
+    Informar(contexto, entrada->grupo + ": " + Cuantos(entrada->transacciones, "transaction", "transactions") + " written");
+    return true;
+}
+
+bool ImportSession(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    try {
+        const auto qid = ImportarSesion(sistema.base, sistema.cola, usuarioDePractica, argumentos.archivo);
+        contexto.salida << qid << '\n';
+        return true;
+    } catch (const FalloDeArchivo& fallo) {
+        return Rechazar(contexto, "The session can't be put into the queue", fallo);
+    }
+}
+
+bool Process(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    OpcionesDeSistema opciones;
+    opciones.archivo = RutaDeSistema(argumentos);
+    opciones.valores = opciones.archivo.parent_path() / "values";
+    opciones.diccionario = contexto.directorioDeDatos / nombreDeDiccionario;
+    opciones.diccionariosPropios = {contexto.directorioDeAjustes / nombreDeDiccionario};
+    opciones.anchos = contexto.ajustes.ArchivoAnchos;
+    opciones.catalogo = contexto.ajustes.ArchivoBAPI;
+    Explicaciones explicaciones(nullptr, nullptr, opciones.valores.string());
+    VistaDeTerminal vista(contexto.salida, contexto.errores, explicaciones);
+    Curso curso(vista, {}, {});
+    SistemaDePractica sistema(opciones, curso, curso);
+    const std::string qid = DeArgumento(argumentos.nombre);
+    const auto entrada = sistema.Cola().Buscar(qid);
+    if (!entrada) return Rechazar(contexto, "The queue has no entry " + qid);
+    std::optional<Diario> diario;
+    if (argumentos.diario) {
+        diario.emplace(*argumentos.diario);
+        curso.PonerDiario(&*diario);
+        diario->Inicio(entrada->grupo, {{"QID", abap::CampoDe(qid)}});
+    }
+    const bool bien = ProcesarSesion(sistema, curso, *entrada);
+    const auto& cuenta = curso.Cuenta();
+    if (diario) {
+        diario->Final(cuenta.registros, cuenta.Contabilizados(), cuenta.fallados);
+        diario->Terminar();
+    }
+    vista.Resumen(cuenta);
+    return bien;
+}
+
+// ---- Recordings, programs, all of it ----
+
+bool Record(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const std::filesystem::path archivo = argumentos.archivo;
+    const std::string texto = LeerArchivo(archivo, limiteDeSesion);
+    Grabaciones grabaciones;
+    int transacciones = 0;
+    try {
+        transacciones = grabaciones.Agregar(texto);
+    } catch (const FalloDeArchivo&) {
+        throw;
+    } catch (const FalloDeEjecucion& fallo) {
+        return Rechazar(contexto, "The recording can't be read", FalloDeArchivo(fallo.what(), archivo));
+    }
+    if (transacciones == 0) {
+        return Rechazar(contexto, "Nothing was recorded", FalloDeArchivo("It holds no recording and no session", archivo));
+    }
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    GrabacionesDePractica(sistema.base).Poner({DesdeUtf8ConFaltas(archivo.filename().string()), texto});
+    sistema.base.TerminarUnidad();
+    Informar(contexto, Cuantos(transacciones, "transaction", "transactions") + " recorded");
+    return true;
+}
+
+bool Programs(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    Imprimir(contexto, {"PROGRAM", "CREATOR", "DATE", "TIME"});
+    for (const auto& programa : ProgramasDePractica(sistema.base).Programas()) {
+        Imprimir(contexto, {programa.nombre, programa.creador, programa.fecha, programa.hora});
+    }
+    return true;
+}
+
+bool Reset(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    const auto pregunta = MensajeLiteral("All tables, sessions, programs and recordings of the practice system " +
+                                         DesdeUtf8ConFaltas(sistema.ruta.string()) + " are deleted. Go on?");
+    if (contexto.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return false;
+    sistema.base.Vaciar();
+    return true;
+}
+
+using Accion = bool (*)(const ContextoDeComando&, const Argumentos&);
+
+CLI::App* AgregarOrden(CLI::App* system, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
+                       const char* descripcion, Accion accion) {
+    auto* const orden = system->add_subcommand(nombre, descripcion);
+    orden->callback([argumentos, accion, &comando = ordenes.comando] {
+        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
+    });
+    return orden;
+}
+
+}  // namespace
+
+void AgregarComandoSystem(Ordenes ordenes) {
+    auto argumentos = std::make_shared<Argumentos>();
+    auto* const system =
+        ordenes.programa.add_subcommand("system", "Look into the practice system, and bring things into it and out of it");
+    system->require_subcommand(1);
+    system->fallthrough();
+    system->add_option("--system", argumentos->sistema, "File of the practice system, in the place of the user's own")
+        ->type_name("FILE");
+    const auto agregar = [&](const char* nombre, const char* descripcion, Accion accion) {
+        return AgregarOrden(system, ordenes, argumentos, nombre, descripcion, accion);
+    };
+    const auto conTabla = [&](CLI::App* orden) {
+        orden->add_option("TABLE", argumentos->nombre, "Name of a table")->required();
+        return orden;
+    };
+    const auto conArchivo = [&](CLI::App* orden, const char* nombre, const char* descripcion) {
+        orden->add_option(nombre, argumentos->archivo, descripcion)->required();
+    };
+    const auto conEntrada = [&](CLI::App* orden) {
+        orden->add_option("QID", argumentos->nombre, "Id of an entry of the queue")->required();
+        return orden;
+    };
+    conArchivo(conTabla(agregar("load", "Make a table from comma-separated values", Load)), "CSV",
+               "File whose first line names the columns");
+    agregar("tables", "Print the tables as comma-separated values", Tables);
+    conTabla(agregar("show", "Print the rows of a table or of a session as comma-separated values", Show));
+    conArchivo(conTabla(agregar("download", "Write an error table in the form that dataset opens", Download)), "FILE",
+               "File to write");
+    conArchivo(conTabla(agregar("upload", "Take a corrected download back", Upload)), "FILE", "A download of the table");
+    agregar("queue", "Print the batch-input queue as comma-separated values", Queue);
+    conArchivo(conEntrada(agregar("export", "Write a session in the form that dataset and import open", Export)), "FILE",
+               "File to write");
+    conEntrada(agregar("process", "Try the transactions of a session", Process))
+        ->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")
+        ->type_name("FILE");
+    conArchivo(agregar("import-session", "Put a session file into the queue and print its id", ImportSession), "FILE",
+               "A file of session records");
+    conArchivo(agregar("record", "Keep a recording, which tells the screens of its transactions", Record), "RECORDING",
+               "The program made of a recording, or a file of session records");
+    agregar("programs", "Print the programs as comma-separated values", Programs);
+    agregar("reset", "Delete all that the practice system holds; asks first", Reset);
+}
+
+}  // namespace qor

@@ -1,0 +1,393 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "abap/values/conversion.h"
+#include "app/command_line.h"
+#include "base/failure.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "practice/journal.h"
+#include "tests/support/failing_calls.h"
+#include "tests/support/temporary_directory.h"
+
+namespace qor {
+namespace {
+
+using abap::Tipo;
+using pruebas::DirectorioTemporal;
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+// ---- The journal ----
+
+abap::Estructura Linea() {
+    abap::Estructura linea;
+    linea.nombre = "ZTAB";
+    linea.Agregar("MANDT", {Tipo::C, 3});
+    linea.Agregar("NUM", {Tipo::N, 5});
+    linea.Agregar("TEXT", {Tipo::C, 10});
+    linea.Agregar("COUNT", {Tipo::I, 4});
+    linea.Agregar("AMOUNT", {Tipo::P, 5, 2});
+    linea.Agregar("DAY", {Tipo::D, 8});
+    linea.Agregar("RAW", {Tipo::X, 2});
+    linea.Cerrar();
+    return linea;
+}
+
+// A table of one line with values, and one of an initial line.
+abap::TablaInterna Tabla(const abap::Estructura& linea) {
+    abap::TablaInterna tabla({Tipo::Estructura, linea.largo, 0, &linea});
+    for (int i = 0; i < 2; ++i) {
+        tabla.Agregar();
+        abap::PonerInicial(tabla.CampoDeFila(static_cast<std::size_t>(i)), &linea);
+    }
+    const auto poner = [&](const char* nombre, std::string_view texto) {
+        abap::PonerTexto(texto, abap::CampoDeComponente(*linea.Buscar(nombre), tabla.Fila(0)));
+    };
+    poner("NUM", "42");
+    poner("TEXT", "a\"\\\t\xe4\x80");
+    poner("COUNT", "-7");
+    poner("AMOUNT", "-12.5");
+    poner("RAW", "0A");
+    return tabla;
+}
+
+TEST(Journal, Events) {
+    const auto linea = Linea();
+    const auto tabla = Tabla(linea);
+    const MensajeDicho bien{'S', "00", "355", "Transaction was processed"};
+    const FilaDeBDC filas[] = {
+        {"SAPLMGMM", "0060", true, "", ""}, {"", "", false, "RMMG1-MATNR", "A1"}, {"SAPLMGMM", "0070", true, "", ""}};
+    const FilaDeBDC sinPantalla[] = {{"", "", false, "F", "v"}};
+    abap::LlamadaAFuncion bapi;
+    bapi.nombre = "BAPI_X";
+    bapi.exporta = {{"HEAD", tabla.CampoDeFila(0), &linea, nullptr}, {"TEST", abap::CampoDe("  "), nullptr, nullptr}};
+    auto deTabla = Tabla(linea);
+    bapi.tablas = {{"RETURN", {}, &linea, &deTabla}};
+    const std::vector<abap::ValorDeBase> fila = {"000", "00000", "x", std::int64_t{3}, "-12.50", "20260102", std::int64_t{10}};
+    const std::string valores = R"({"NUM":"00042","TEXT":"a\"\\\u0009)"
+                                "\xc3\xa4\xe2\x82\xac"
+                                R"(","COUNT":-7,"AMOUNT":-12.50,"RAW":"0A00"})";
+
+    const struct {
+        std::function<void(Diario&)> hecho;
+        std::string linea;
+    } casos[] = {
+        {[&](Diario& d) {
+             d.Transaccion(3, {"MM01", 'N', 'S', filas, 0, {&bien, 1}, {}});
+         },
+         R"({"event":"transaction","record":3,"tcode":"MM01","mode":"N","update":"S","screens":[{"program":"SAPLMGMM","dynpro":"0060",)"
+         R"("fields":[["RMMG1-MATNR","A1"]]},{"program":"SAPLMGMM","dynpro":"0070","fields":[]}],"subrc":0,)"
+         R"("messages":[{"type":"S","id":"00","number":"355","text":"Transaction was processed"}]})"},
+        {[&](Diario& d) {
+             d.InsertaEnSesion(1, {"MM01", ' ', ' ', sinPantalla, 1001, {&bien, 1}, {}});
+         },
+         R"({"event":"session-insert","record":1,"tcode":"MM01","screens":[{"program":"","dynpro":"","fields":[["F","v"]]}],"subrc":1001,)"
+         R"("messages":[{"type":"S","id":"00","number":"355","text":"Transaction was processed"}]})"},
+        {[&](Diario& d) {
+             d.InsertaEnSesion(1, {"MM01", ' ', ' ', {}, 1001, {&bien, 1}, {}});
+         },
+         R"({"event":"session-insert","record":1,"tcode":"MM01","screens":[],"subrc":1001,)"
+         R"("messages":[{"type":"S","id":"00","number":"355","text":"Transaction was processed"}]})"},
+        {[&](Diario& d) {
+             d.AbreSesion(1, {"LOAD01", "PRACTICE", "X"});
+         },
+         R"({"event":"session-open","record":1,"group":"LOAD01","user":"PRACTICE","keep":"X"})"},
+        {[&](Diario& d) { d.CierraSesion(0, "LOAD01", 12); },
+         R"({"event":"session-close","record":0,"group":"LOAD01","transactions":12})"},
+        {[&](Diario& d) {
+             d.Bapi(2, {bapi, 0, false, {}});
+         },
+         R"({"event":"bapi","record":2,"function":"BAPI_X","exports":{"HEAD":)" + valores + R"(,"TEST":""},"tables":{"RETURN":[)" +
+             valores + R"(,{}]},"subrc":0})"},
+        {[&](Diario& d) { d.Confirma(2); }, R"({"event":"commit","record":2})"},
+        {[&](Diario& d) { d.Deshace(2); }, R"({"event":"rollback","record":2})"},
+        {[&](Diario& d) { d.Inserta(2, linea, fila); },
+         R"({"event":"insert","record":2,"table":"ZTAB","row":{"MANDT":"000","TEXT":"x","COUNT":3,"AMOUNT":-12.50,"DAY":"20260102","RAW":"000A"}})"},
+        {[&](Diario& d) { d.Actualiza(2, "ZTAB", 0); }, R"({"event":"update","record":2,"table":"ZTAB","rows":0})"},
+        {[&](Diario& d) { d.Borra(2, "ZTAB", 3); }, R"({"event":"delete","record":2,"table":"ZTAB","rows":3})"},
+        {[&](Diario& d) { d.Mensaje(0, 'I', "Hello"); }, R"({"event":"message","record":0,"type":"I","text":"Hello"})"},
+        {[&](Diario& d) {
+             d.Volcado(4, {"CONVT_NO_NUMBER", "no", 212}, {"program", 17, 4});
+         },
+         R"({"event":"dump","record":4,"error":"CONVT_NO_NUMBER","line":212,"table":"program","row":17,"column":4,"text":"no"})"},
+        {[&](Diario& d) {
+             d.Volcado(4, {"CONVT_NO_NUMBER", "no", 212}, {});
+         },
+         R"({"event":"dump","record":4,"error":"CONVT_NO_NUMBER","line":212,"text":"no"})"},
+        {[&](Diario& d) { d.Final(12, 11, 1); }, R"({"event":"end","records":12,"posted":11,"failed":1})"},
+    };
+    const DirectorioTemporal directorio;
+    Diario diario(directorio / "j");
+    casos[0].hecho(diario);  // before the start, as INITIALIZATION can do it
+    diario.Inicio("ZLOAD", {{"FILE", abap::CampoDe("c:\\data  "), nullptr}, {"OLD", abap::CampoDe(" "), nullptr}});
+    for (const auto& caso : casos) {
+        if (&caso != casos) caso.hecho(diario);
+    }
+    diario.Terminar();
+    const auto texto = LeerArchivo(directorio / "j");
+    auto lineas = PartirEnLineas(texto);
+    ASSERT_EQ(lineas.size(), std::size(casos) + 1);
+    EXPECT_EQ(lineas[0], R"({"event":"start","report":"ZLOAD","parameters":{"FILE":"c:\\data","OLD":""}})");
+    for (std::size_t i = 0; i < std::size(casos); ++i) EXPECT_EQ(lineas[i + 1], casos[i].linea);
+}
+
+TEST(Journal, EndsWithAWholeLineWhereTheDiskIsFull) {
+    const DirectorioTemporal directorio;
+    Diario diario(directorio / "j");
+    diario.Inicio("Z", {});
+    const auto escribir = [&diario] {
+        for (int i = 0; i < 50'000; ++i) diario.Confirma(static_cast<std::size_t>(i));
+    };
+    const pruebas::FalloProvocado fallo(LlamadaDeArchivo::Escribir, 2, ENOSPC);
+    try {
+        escribir();
+        FAIL();
+    } catch (const FalloDeArchivo& sinSitio) {
+        EXPECT_EQ(sinSitio.Detalle(), "No space left on device: " + (directorio / "j").string());
+    }
+    EXPECT_THAT(LeerArchivo(directorio / "j"), AllOf(StartsWith(R"({"event":"start")"), EndsWith("}\n")));
+}
+
+// ---- The command ----
+
+// Runs qorgen run in a directory of its own. "D/" in an argument stands for that directory.
+struct CorridaDePrueba {
+    DirectorioTemporal directorio;
+    std::string salida;
+    std::string errores;
+
+    int Correr(std::vector<std::string> argumentos) {
+        for (auto& argumento : argumentos) {
+            if (const auto lugar = argumento.find("D/"); lugar != std::string::npos) {
+                argumento.replace(lugar, 2, directorio.Ruta().string() + "/");
+            }
+        }
+        argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string(), "run"});
+        std::ostringstream enSalida;
+        std::ostringstream enErrores;
+        const int estado = EjecutarQorgen(argumentos, enSalida, enErrores);
+        salida = enSalida.str();
+        errores = enErrores.str();
+        return estado;
+    }
+    std::string Diario() const { return LeerArchivo(directorio / "j"); }
+};
+
+constexpr const char* comienzo =
+    "REPORT ZLOAD.\r\n"
+    "DATA: BEGIN OF ITAB OCCURS 0, MATNR(5), END OF ITAB.\r\n"
+    "DATA: BEGIN OF BDC_TAB OCCURS 0.\r\n"
+    "  INCLUDE STRUCTURE BDCDATA.\r\n"
+    "DATA: END OF BDC_TAB.\r\n"
+    "DATA N TYPE I.\r\n"
+    "PARAMETERS FILE(128) DEFAULT 'c:\\x.txt' OBLIGATORY LOWER CASE.\r\n";
+constexpr const char* lectura =
+    "START-OF-SELECTION.\r\n"
+    "  CALL FUNCTION 'WS_UPLOAD' EXPORTING FILENAME = FILE TABLES DATA_TAB = ITAB EXCEPTIONS OTHERS = 1.\r\n";
+constexpr const char* bucle =
+    "  LOOP AT ITAB.\r\n"
+    "    REFRESH BDC_TAB. CLEAR BDC_TAB.\r\n"
+    "    BDC_TAB-PROGRAM = 'SAPX'. BDC_TAB-DYNPRO = '0100'. BDC_TAB-DYNBEGIN = 'X'. APPEND BDC_TAB. CLEAR BDC_TAB.\r\n"
+    "    BDC_TAB-FNAM = 'RM-MATNR'. BDC_TAB-FVAL = ITAB-MATNR. APPEND BDC_TAB.\r\n"
+    "    CALL TRANSACTION 'MM01' USING BDC_TAB MODE 'N' UPDATE 'S'.\r\n"
+    "    WRITE: / ITAB-MATNR, SY-SUBRC.\r\n"
+    "  ENDLOOP.\r\n";
+
+std::string Informe(const char* declaracion, const char* cuerpo) {
+    return std::string(comienzo) + declaracion + "\r\n" + lectura + bucle + cuerpo + "\r\n";
+}
+
+TEST(Run, StatusListAndFailures) {
+    const struct {
+        const char* que;
+        std::string reporte;
+        std::vector<std::string> argumentos;
+        int estado;
+        std::string salida;   // its beginning
+        std::string errores;  // all of it; "*" stands for any
+    } casos[] = {
+        {"all posted",
+         Informe("", ""),
+         {"--file", "FILE=D/in.txt"},
+         0,
+         "A1             0\nB2             0\n2 records, 2 posted, 0 failed, 2 transactions called, 0 put into 0 sessions, 0 BAPI "
+         "calls\n",
+         ""},
+        {"by the path", Informe("", ""), {"--file", "c:\\x.txt=D/in.txt"}, 0, "A1             0\n", ""},
+        {"some records",
+         Informe("", ""),
+         {"--file", "FILE=D/in.txt", "--records", "2-9"},
+         0,
+         "B2             0\n1 records, 1 posted",
+         ""},
+        {"one fails",
+         Informe("", ""),
+         {"--file", "FILE=D/in.txt", "--fail", "2=No  way"},
+         1,
+         "A1             0\nB2         1.001\n2 records, 1 posted, 1 failed",
+         "record 2, MM01, SAPX 0100: QP 001 No way\n"},
+        {"a value list",
+         Informe("", ""),
+         {"--file", "FILE=D/in.txt", "--values", "D/v"},
+         1,
+         "A1             0\nB2         1.001\n2 records, 1 posted, 1 failed",
+         "record 2, MM01, SAPX 0100, RM-MATNR: 00 058 Entry B2 does not exist\n"
+         "  value \"B2\"\n  correct the value where it comes from, or add it to the value list of RM-MATNR in D/v\n"},
+        {"no record", Informe("", ""), {"--file", "FILE=D/in.txt", "--records", "3-4"}, 1, "0 records, 0 posted, 0 failed", ""},
+        {"no file",
+         Informe("", ""),
+         {"--file", "FILE=D/none"},
+         1,
+         "0 records",
+         "file c:\\x.txt: No such file or directory: D/none\n"},
+        {"a dump",
+         Informe("", "  N = 'abc'."),
+         {"--file", "FILE=D/in.txt"},
+         1,
+         "A1             0\nB2             0\n2 records, 2 posted, 0 failed",
+         "record 0, line 18: CONVT_NO_NUMBER \"abc\" is not a number\n"},
+        {"a message",
+         Informe("", "  MESSAGE E001(ZZ) WITH 'a'."),
+         {"--file", "FILE=D/in.txt"},
+         1,
+         "A1",
+         "record 0, message E: ZZ 001 a\n"},
+        {"a fault",
+         Informe("FOO BAR.", "  NOPE = 1."),
+         {"--file", "FILE=D/in.txt"},
+         1,
+         "",
+         "line 8, column 1: *\nline 18, column 3: *\n"},
+        {"an obligatory parameter", Informe("PARAMETERS P(3) OBLIGATORY.", ""), {}, 1, "", "0: The parameter P is obligatory *\n"},
+        {"an unknown parameter", Informe("", ""), {"--param", "Q=1"}, 2, "", "--param: the report has no parameter Q\n*"},
+        {"no value", Informe("", ""), {"--param", "FILE"}, 2, "", "--param: *"},
+        {"records the other way", Informe("", ""), {"--records", "3-2"}, 2, "", "--records: *"},
+        {"a record that is none", Informe("", ""), {"--fail", "x=1"}, 2, "", "--fail: *"},
+        {"a recording that is none",
+         Informe("", ""),
+         {"--recording", "D/in.txt"},
+         1,
+         "",
+         "*No recording and no session: D/in.txt\n"},
+        {"a journal over the input", Informe("", ""), {"--file", "FILE=D/j"}, 2, "", "--journal: *"},
+        {"statements without end",
+         Informe("", "  DO. N = 1. ENDDO."),
+         {"--file", "FILE=D/in.txt", "--limit", "100000"},
+         1,
+         "A1",
+         "record 0, line 18: TIME_OUT *\n"},
+    };
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(caso.que);
+        CorridaDePrueba qorgen;
+        qorgen.directorio.Escribir("r.abap", caso.reporte);
+        qorgen.directorio.Escribir("in.txt", "A1\r\nB2\r\n");
+        qorgen.directorio.Escribir("v/RM-MATNR.txt", "A1\r\n");
+        qorgen.directorio.Escribir("j", "mine");
+        auto argumentos = caso.argumentos;
+        argumentos.insert(argumentos.end(), {"--report", "D/r.abap", "--journal", "D/j"});
+        EXPECT_EQ(qorgen.Correr(argumentos), caso.estado);
+        EXPECT_THAT(qorgen.salida, caso.salida.empty() ? testing::Matcher<std::string>(IsEmpty()) : StartsWith(caso.salida));
+        std::string errores;
+        for (const char c : ReemplazarTodo(caso.errores, "D/", qorgen.directorio.Ruta().string() + "/")) {
+            if (c == '*')
+                errores += "(.|\n)*";
+            else if (std::string_view("\\.+()[]{}|?^$").find(c) != std::string_view::npos)
+                errores.append("\\").append(1, c);
+            else
+                errores += c;
+        }
+        EXPECT_THAT(qorgen.errores, testing::MatchesRegex(errores));
+        // Without a list there was no run, and no journal.
+        if (caso.salida.empty())
+            EXPECT_EQ(qorgen.Diario(), "mine");
+        else
+            EXPECT_THAT(qorgen.Diario(), StartsWith(R"({"event":"start")"));
+    }
+}
+
+TEST(Run, Parameters) {
+    const struct {
+        const char* declaracion;
+        std::vector<std::string> argumentos;
+        const char* parametros;  // behind FILE
+    } casos[] = {
+        {"PARAMETERS: A(3) DEFAULT 'xyz', B(3) LOWER CASE DEFAULT 'xyz'.", {}, R"("A":"XYZ","B":"xyz")"},
+        {"PARAMETERS: PS_A(3), B(3) LOWER CASE.", {"--param", "a=abcd", "--param", "B=abcd"}, R"("PS_A":"ABC","B":"abc")"},
+        {"PARAMETERS: NU(4) TYPE N, I TYPE I, D TYPE D, C AS CHECKBOX.",
+         {"--param", "NU=7", "--param", "I=-7", "--param", "D=31.12.2026", "--param", "C=x"},
+         R"("NU":"0007","I":-7,"D":"20261231","C":"X")"},
+        {"PARAMETERS: NEWB RADIOBUTTON GROUP G DEFAULT 'X', OLDB RADIOBUTTON GROUP G.",
+         {"--param", "OLDB=x"},
+         R"("NEWB":"","OLDB":"X")"},
+        {"PARAMETERS: FILE_1(20) LOWER CASE.", {"--file", "file_1=Some/where"}, R"("FILE_1":"Some/where")"},
+        {"PARAMETERS: FILE_1(20) LOWER CASE DEFAULT 'c:\\y'.", {"--file", "FILE_1=Some/where"}, R"("FILE_1":"c:\\y")"},
+        {"PARAMETERS: A(3) DEFAULT 'A'.\r\nINITIALIZATION.\r\n  A = 'I'.\r\nAT SELECTION-SCREEN.\r\n  A = 'S'.", {}, R"("A":"I")"},
+    };
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(caso.declaracion);
+        CorridaDePrueba qorgen;
+        qorgen.directorio.Escribir("r.abap", Informe(caso.declaracion, ""));
+        qorgen.directorio.Escribir("in.txt", "A1\r\n");
+        auto argumentos = caso.argumentos;
+        argumentos.insert(argumentos.end(), {"--report", "D/r.abap", "--journal", "D/j", "--file", "FILE=D/in.txt"});
+        EXPECT_EQ(qorgen.Correr(argumentos), 0) << qorgen.errores;
+        EXPECT_THAT(qorgen.Diario(),
+                    StartsWith(std::string(R"({"event":"start","report":"ZLOAD","parameters":{"FILE":"c:\\x.txt",)") +
+                               caso.parametros + "}}\n"));
+    }
+}
+
+// Which value, from which column of the file, and what is to be done.
+TEST(Run, AFailedValueIsExplainedFromTheSpecification) {
+    const std::string ejemplos = std::string(QOR_TEST_SOURCE_DIR) + "/examples/";
+    CorridaDePrueba qorgen;
+    qorgen.directorio.Escribir("v/MTART.txt", "HAWA\n");
+    EXPECT_EQ(qorgen.Correr({ejemplos + "mm01/materials.qor", "--file", "FILE=" + ejemplos + "mm01/materials.txt", "--values",
+                             "D/v", "--records", "2-3"}),
+              1);
+    EXPECT_THAT(qorgen.errores, HasSubstr("record 3, MM01, SAPLMGMM 0060, RMMG1-MTART: 00 058 Entry ROH does not exist\n"
+                                          "  value \"ROH\": field MTART, columns 20 to 23 of line 3 of the file " +
+                                          ejemplos +
+                                          "mm01/materials.txt (program side, row 4; file side, row 2)\n"
+                                          "  correct the value in the file, or add it to the value list of "));
+    qorgen.directorio.Escribir("w/KUNNR.txt", "1\n");
+    qorgen.directorio.Escribir("w/MABNR.txt", "1\n");
+    const std::string pedidos = ejemplos + "va01-one-file/orders.txt";
+    EXPECT_EQ(qorgen.Correr({ejemplos + "va01-one-file/orders.qor", "--file", "FILE=" + pedidos, "--values", "D/w", "--records",
+                             "2-2", "--system", "D/s"}),
+              1);
+    EXPECT_THAT(qorgen.errores, HasSubstr("field KUNNR, columns 34 to 43 of line 4 of the file " + pedidos));
+    EXPECT_THAT(qorgen.errores, HasSubstr("in ZDATAERRORS as run 1. "));
+    const std::string bapi = ejemplos + "bapi-sales-order/";
+    qorgen.directorio.Escribir("b/MATERIAL.txt", "PUMP-0100\n");
+    EXPECT_EQ(
+        qorgen.Correr({bapi + "orders.qor", "--file", "FILE=" + bapi + "orders.txt", "--file", "SLOOP_1=" + bapi + "items.txt",
+                       "--file", "SLOOP_2=" + bapi + "partners.txt", "--values", "D/b", "--records", "1-1"}),
+        1);
+    EXPECT_THAT(qorgen.errores,
+                HasSubstr("record 1, BAPI_SALESORDER_CREATEFROMDAT2: QP 001 Entry SEAL-DN50 does not exist\n"
+                          "  value \"SEAL-DN50\" of ORDER_ITEMS_IN-MATERIAL: field MATERIAL, columns 21 to 38 of line 2 of "));
+    for (const char* ejemplo : {"va01-one-file", "va01"}) {
+        const bool unico = ejemplo == std::string_view("va01-one-file");
+        const std::string carpeta = ejemplos + ejemplo + "/";
+        qorgen.directorio.Escribir("x/MABNR.txt", "PUMP-0100\n");
+        EXPECT_EQ(qorgen.Correr({carpeta + "orders.qor", "--file", "FILE=" + carpeta + "orders.txt", "--file",
+                                 "SLOOP_1=" + carpeta + "items.txt", "--values", "D/x", "--records", "1-1"}),
+                  1);
+        EXPECT_THAT(qorgen.errores, HasSubstr(unico ? "(2): 00 058 Entry SEAL-DN50 does not exist\n  value \"SEAL-DN50\": field "
+                                                      "MATNR, columns 2 to 19 of line 3 of the file "
+                                                    : "(2): 00 058 Entry SEAL-DN50 does not exist\n  value \"SEAL-DN50\": field "
+                                                      "MATNR, columns 21 to 38 of line 2 of the file "));
+    }
+}
+
+}  // namespace
+}  // namespace qor
