@@ -30,7 +30,7 @@ const fieldsOfErrorTable =
   "USERNAME CHAR 12, ID NUMC 3, LENGTH INT2 5, LINE LCHR 32000";
 const keyOfErrorTable = 5;
 
-function tableFile(name, fields, keys) {
+export function tableFile(name, fields, keys) {
   const rows = fields.split(", ").map((field, i) => {
     const [fieldName, type, length] = field.split(" ");
     const key = i < keys ? "<KEYFLAG>X</KEYFLAG>" : "";
