@@ -1,5 +1,6 @@
 #include "app/practice_file.h"
 
+#include "app/command.h"
 #include "base/failure.h"
 
 namespace qor {
@@ -23,6 +24,14 @@ std::filesystem::path RutaDePracticaConDirectorio(const Entorno& entorno) {
     std::filesystem::create_directories(ruta.parent_path(), error);
     if (error) throw FalloDeArchivo(error.value(), ruta.parent_path());
     return ruta;
+}
+
+void ChequearSalida(const std::string& que, const std::filesystem::path& salida, const std::vector<std::filesystem::path>& leidos,
+                    const char* porque) {
+    for (const auto& leido : leidos) {
+        std::error_code ignorado;
+        if (std::filesystem::equivalent(leido, salida, ignorado)) throw MalUso(que + ": " + salida.string() + " " + porque);
+    }
 }
 
 }  // namespace qor

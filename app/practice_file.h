@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "app/settings.h"
 
@@ -12,6 +14,11 @@ std::filesystem::path RutaDePractica(const Entorno& entorno);
 
 // The same, with its directory made where it is missing. Throws FalloDeArchivo.
 std::filesystem::path RutaDePracticaConDirectorio(const Entorno& entorno);
+
+// An output of the command line that would take the place of what is read, or of the system itself. Throws MalUso with `que` and
+// `porque` around the path.
+void ChequearSalida(const std::string& que, const std::filesystem::path& salida, const std::vector<std::filesystem::path>& leidos,
+                    const char* porque);
 
 // The name of a dictionary file of the user's own, beside the settings or beside a document.
 constexpr const char* nombreDeDiccionario = "dictionary.txt";

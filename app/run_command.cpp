@@ -123,14 +123,13 @@ void ChequearDiario(const Argumentos& argumentos, const OpcionesDeSistema& opcio
     std::vector<fs::path> leidos(argumentos.grabaciones.begin(), argumentos.grabaciones.end());
     for (const auto& archivo : opciones.archivos) leidos.push_back(archivo.ruta);
     for (const auto& [nombre, archivo] : opciones.tablas) leidos.push_back(archivo);
-    for (const auto& archivo : {argumentos.documento, argumentos.reporte, argumentos.sistema}) {
+    for (const auto& archivo : {argumentos.documento, argumentos.reporte}) {
         if (archivo) leidos.emplace_back(*archivo);
     }
-    for (const auto& leido : leidos) {
-        std::error_code ignorado;
-        if (fs::equivalent(leido, *argumentos.diario, ignorado))
-            throw MalUso("--journal: " + *argumentos.diario + " is read by the run");
+    if (argumentos.sistema) {
+        for (auto& archivo : ArchivosDeSistema(*argumentos.sistema)) leidos.push_back(std::move(archivo));
     }
+    ChequearSalida("--journal", *argumentos.diario, leidos, "is read by the run");
 }
 
 fs::path CarpetaDe(const fs::path& archivo) {

@@ -24,7 +24,7 @@ void AlInterrumpir(int /*senal*/) { hayInterrupcion = 1; }
 // A line as a terminal takes it: UTF-8, with "#" for what is no character to be seen.
 std::string LineaDeTerminal(std::string_view texto) {
     std::string visible(texto);
-    std::replace_if(visible.begin(), visible.end(), EsControl, '#');
+    std::replace_if(visible.begin(), visible.end(), EsInvisible, '#');
     return AUtf8(visible);
 }
 

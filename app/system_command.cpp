@@ -136,6 +136,10 @@ bool Tables(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return true;
 }
 
+void ChequearQueNoEsElSistema(const char* que, const std::filesystem::path& salida, const Argumentos& argumentos) {
+    ChequearSalida(que, salida, ArchivosDeSistema(RutaDeSistema(argumentos)), "is the practice system itself");
+}
+
 // The rows of a session as they were sent, behind the number and the code of their transaction.
 void EscribirSesion(ColaDePractica& cola, const EntradaDeCola& entrada, std::ostream& salida) {
     salida << "NUMBER,TCODE,PROGRAM,DYNPRO,DYNBEGIN,FNAM,FVAL\n";
@@ -165,6 +169,7 @@ bool Show(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 }
 
 bool Download(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    ChequearQueNoEsElSistema("FILE", argumentos.archivo, argumentos);
     const auto nombre = NombreDeTabla(argumentos);
     Sistema sistema(contexto, argumentos, Acceso::Leer);
     const auto bajadas = BajarTabla(sistema.base, nombre, argumentos.archivo);
@@ -202,6 +207,7 @@ bool Queue(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 }
 
 bool Export(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    ChequearQueNoEsElSistema("FILE", argumentos.archivo, argumentos);
     Sistema sistema(contexto, argumentos, Acceso::Leer);
     const auto entrada = sistema.cola.Buscar(DeArgumento(argumentos.nombre));
     if (!entrada) return Rechazar(contexto, "The queue has no entry " + DeArgumento(argumentos.nombre));
@@ -222,6 +228,7 @@ bool ImportSession(const ContextoDeComando& contexto, const Argumentos& argument
 }
 
 bool Process(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    if (argumentos.diario) ChequearQueNoEsElSistema("--journal", *argumentos.diario, argumentos);
     OpcionesDeSistema opciones;
     opciones.archivo = RutaDeSistema(argumentos);
     opciones.valores = opciones.archivo.parent_path() / "values";

@@ -60,6 +60,11 @@ std::string AUtf8(std::string_view texto) {
     return salida;
 }
 
+bool EsInvisible(char caracter) {
+    const auto byte = static_cast<unsigned char>(caracter);
+    return byte < 0x20 || byte == 0x7F || (byte >= 0x80 && byte < 0xA0 && altos[byte - 0x80] == byte);
+}
+
 namespace {
 
 // The byte of a character, or nothing.

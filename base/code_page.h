@@ -11,6 +11,9 @@ namespace qor {
 // the same number and so survive the way back.
 std::string AUtf8(std::string_view texto);
 
+// Whether the byte has no character to be seen: the control characters, and the bytes that the code page leaves open.
+bool EsInvisible(char caracter);
+
 // The text in windows-1252, or nothing when it isn't UTF-8 or holds a character that the code page lacks.
 std::optional<std::string> DesdeUtf8(std::string_view texto);
 

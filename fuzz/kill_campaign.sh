@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Kills every command of qorgen that writes a file, at random moments, and looks what is left: the old file or the new one must be
+# Kills the commands of qorgen that replace a file, at random moments, and looks what is left: the old file or the new one must be
 # there, whole, and no other file be touched.
 #   fuzz/kill_campaign.sh [QORGEN] [KILLS] [FILE...]
 # With FILEs only the commands that write one of these: out.txt, a.qor, b.qor, narrow.qor, session.txt.

@@ -34,7 +34,6 @@ CREATE TABLE _qor_transactions (entry INTEGER NOT NULL, number INTEGER NOT NULL,
 CREATE TABLE _qor_programs (name TEXT PRIMARY KEY, creator TEXT NOT NULL, date TEXT NOT NULL, time TEXT NOT NULL,
     source BLOB NOT NULL) WITHOUT ROWID;
 CREATE TABLE _qor_recordings (name TEXT PRIMARY KEY, source BLOB NOT NULL) WITHOUT ROWID;
-CREATE TABLE _qor_widths (tab TEXT NOT NULL, field TEXT NOT NULL, length INTEGER NOT NULL, PRIMARY KEY (tab, field)) WITHOUT ROWID;
 )";
 
 enum class PapelDeColumna { Ninguno, Cliente, Larga };
@@ -66,6 +65,12 @@ std::unique_ptr<Conexion> AbrirParaLeer(const std::filesystem::path& ruta) {
 }  // namespace
 
 // ---- The file ----
+
+std::vector<std::filesystem::path> ArchivosDeSistema(const std::filesystem::path& archivo) {
+    std::vector<std::filesystem::path> archivos;
+    for (const char* const final : {"", "-wal", "-shm", "-journal"}) archivos.emplace_back(archivo.string() + final);
+    return archivos;
+}
 
 BaseDePractica::BaseDePractica(const std::filesystem::path& ruta, Acceso acceso) {
     Abrir(ruta, acceso);
@@ -337,8 +342,7 @@ void BaseDePractica::Vaciar() {
         std::vector<std::string> nombres;
         for (const auto& [nombre, entrada] : tablas_) nombres.push_back(nombre);
         for (const auto& nombre : nombres) BorrarTabla(nombre);
-        for (const char* const tabla :
-             {"_qor_transactions", "_qor_shapes", "_qor_queue", "_qor_programs", "_qor_recordings", "_qor_widths"}) {
+        for (const char* const tabla : {"_qor_transactions", "_qor_shapes", "_qor_queue", "_qor_programs", "_qor_recordings"}) {
             conexion_->Ejecutar(std::string("DELETE FROM main.") + tabla);
         }
         TerminarUnidad();

@@ -41,6 +41,9 @@ public:
     virtual std::optional<TablaProvista> Proveer(std::string_view nombre) = 0;
 };
 
+// A system file and what the database keeps beside it while it works.
+std::vector<std::filesystem::path> ArchivosDeSistema(const std::filesystem::path& archivo);
+
 class BaseDePractica : public abap::BaseDeDatos {
 public:
     // Opens a file, which is made where there is none; an empty path keeps all in memory. Throws FalloDeArchivo for a file that is

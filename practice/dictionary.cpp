@@ -25,10 +25,7 @@ std::string EnMayusculas(std::string_view texto) { return Mayusculas(Recortar(te
 }  // namespace
 
 DiccionarioDePractica::DiccionarioDePractica(BaseDePractica& base, std::string catalogo, Aviso aviso)
-    : base_(base), catalogo_(std::move(catalogo)), aviso_(std::move(aviso)) {
-    const auto leer = base_.LaConexion().Preparar("SELECT tab, field, length FROM _qor_widths");
-    while (leer->Paso()) anchos_[leer->Texto(0)][leer->Texto(1)] = static_cast<std::uint32_t>(leer->Entero(2));
-}
+    : base_(base), catalogo_(std::move(catalogo)), aviso_(std::move(aviso)) {}
 
 void DiccionarioDePractica::AgregarArchivo(const std::filesystem::path& archivo, bool obligatorio) {
     if (!obligatorio && !Existe(archivo)) return;

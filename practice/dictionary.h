@@ -16,7 +16,7 @@
 #include "practice/dictionary_file.h"
 
 // The types of names, looked for in this order: tables of the practice system; dictionary files, of which the later one wins; width
-// files and the lengths that the system has kept; the structures of the catalogue, whose fields are known, but no lengths. What
+// files; the structures of the catalogue, whose fields are known, but no lengths. What
 // nobody knows is C of 255, and is told once for each name that was asked for.
 namespace qor {
 

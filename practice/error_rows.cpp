@@ -55,9 +55,9 @@ std::optional<abap::ValorDeBase> Leer(const abap::TipoDeCampo& tipo, std::string
 
 }  // namespace
 
-FilaLeida LeerFila(const DefinicionDeTabla& tabla, std::span<const std::string> columnas, std::span<const std::string> textos,
-                   const std::string& cliente) {
-    FilaLeida fila;
+FilaDeTextos LeerFila(const DefinicionDeTabla& tabla, std::span<const std::string> columnas, std::span<const std::string> textos,
+                      const std::string& cliente) {
+    FilaDeTextos fila;
     const auto& componentes = tabla.estructura.componentes;
     fila.valores.resize(componentes.size());
     for (std::size_t i = 0; i < columnas.size(); ++i) {

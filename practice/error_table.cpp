@@ -89,7 +89,7 @@ void BaseDePractica::AdoptarTablaDeErrores(const DefinicionDeTabla& vieja, Defin
     const auto ancha = vieja.estructura.Buscar("LINE")->tipo.largo;
     if (ancha > linea) nueva = DefinirTablaDeErrores(nombre, ancha);
 
-    std::vector<FilaLeida> filas;
+    std::vector<FilaDeTextos> filas;
     const auto leer = conexion_->Preparar("SELECT * FROM main." + Entrecomillado(nombre) + " ORDER BY rowid");
     std::vector<std::string> textos(columnas.size());
     while (leer->Paso()) {

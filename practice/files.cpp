@@ -61,7 +61,7 @@ bool ArchivosDePractica::Abrir(std::string_view nombre, Modo modo, bool texto) {
         if (modo == Modo::Leer) {
             const auto ruta = nombres_.ParaLeer(nombre);
             if (!ruta) return false;
-            abierto.entrada = std::make_unique<LectorDeLineas>(ArchivoAbierto(*ruta));
+            abierto.entrada = std::make_unique<LectorPorTrozos>(ArchivoAbierto(*ruta));
         } else {
             const auto ruta = nombres_.ParaEscribir(nombre);
             if (!ruta) return false;

@@ -6,7 +6,7 @@
 
 #include "abap/surroundings.h"
 #include "practice/file_names.h"
-#include "practice/line_reader.h"
+#include "practice/piecewise_reader.h"
 #include "practice/value_lists.h"
 
 namespace qor {
@@ -29,7 +29,7 @@ private:
     struct Salida;
     struct Abierto {
         bool texto = true;
-        std::unique_ptr<LectorDeLineas> entrada;
+        std::unique_ptr<LectorPorTrozos> entrada;
         std::unique_ptr<Salida> salida;
     };
 

@@ -26,8 +26,7 @@ Escritura EscrituraDe(unsigned char caracter) {
         std::memcpy(escritura.bytes.data(), texto.data(), texto.size());
     };
     const std::string utf8 = AUtf8(std::string(1, static_cast<char>(caracter)));
-    const bool deControl = caracter < 0x20 || caracter == 0x7F || (utf8.size() == 2 && utf8[0] == '\xC2' && utf8[1] < '\xA0');
-    if (deControl) {
+    if (EsInvisible(static_cast<char>(caracter))) {
         poner(std::string("\\u00") + digitos[caracter >> 4] + digitos[caracter & 15]);
     } else if (caracter == '"' || caracter == '\\') {
         poner(std::string("\\") + static_cast<char>(caracter));

@@ -21,12 +21,8 @@ std::string EnJson(const std::vector<ValorDeBase>& valores) {
     std::string texto = "[";
     for (const auto& valor : valores) {
         if (texto.size() > 1) texto += ',';
-        if (const auto* const numero = std::get_if<std::int64_t>(&valor)) {
-            texto += std::to_string(*numero);
-            continue;
-        }
-        if (const auto* const flotante = std::get_if<double>(&valor)) {
-            texto += std::to_string(*flotante);
+        if (std::holds_alternative<std::int64_t>(valor) || std::holds_alternative<double>(valor)) {
+            texto += TextoDeValor(valor);
             continue;
         }
         texto += '"';

@@ -6,10 +6,8 @@ namespace qor {
 
 bool ProcesarSesion(SistemaDePractica& sistema, Curso& curso, const EntradaDeCola& entrada) {
     std::size_t numero = 0;
-    bool parado = false;
     sistema.Cola().CadaTransaccion(entrada.numero, [&](const TransaccionDeCola& transaccion) {
-        parado = curso.Detener();
-        if (parado || !curso.Registro(++numero)) return !parado;
+        if (!curso.Registro(++numero)) return !curso.Parado();
         const auto& resultado = sistema.Probador().Probar(transaccion.transaccion, transaccion.filas, curso.Pedido());
         const std::array mensajes = {resultado.Mensaje()};
         curso.Transaccion({transaccion.transaccion, 'N', 'S', transaccion.filas, resultado.Subrc(), mensajes, resultado.lugar});
@@ -17,7 +15,7 @@ bool ProcesarSesion(SistemaDePractica& sistema, Curso& curso, const EntradaDeCol
     });
     curso.FinDeRegistros();
     const auto& cuenta = curso.Cuenta();
-    if (parado) return false;
+    if (curso.Parado()) return false;
     if (cuenta.fallados == 0 && !entrada.conservar) {
         sistema.Cola().Borrar(entrada.numero);
     } else {

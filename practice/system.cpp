@@ -18,7 +18,9 @@ namespace {
 
 LugaresDeArchivos LugaresDe(const OpcionesDeSistema& opciones) {
     LugaresDeArchivos lugares{opciones.archivos, opciones.carpeta, opciones.valores, opciones.ajenos};
-    if (!opciones.archivo.empty()) lugares.ajenos.push_back(opciones.archivo);
+    if (!opciones.archivo.empty()) {
+        for (auto& archivo : ArchivosDeSistema(opciones.archivo)) lugares.ajenos.push_back(std::move(archivo));
+    }
     return lugares;
 }
 

@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "practice/batch_rows.h"
 #include "practice/function_parameters.h"
-#include "practice/line_reader.h"
+#include "practice/piecewise_reader.h"
 
 namespace qor {
 
@@ -91,14 +91,14 @@ private:
     std::vector<Hoja> hojas_;
 };
 
-std::uint64_t LlenarTabla(LectorDeLineas& lector, abap::TablaInterna& tabla, Forma forma) {
+std::uint64_t LlenarTabla(LectorPorTrozos& lector, abap::TablaInterna& tabla, Forma forma) {
     LlenadorDeTabla llenador(tabla);
     const bool cadena = tabla.Linea().tipo == abap::Tipo::Cadena;
     std::string_view linea;
     if (forma == Forma::Tabuladores) {
         while (lector.Linea(linea)) llenador.AgregarPartes(linea);
     } else if (forma == Forma::Lineas || cadena) {
-        const auto maximo = cadena ? LectorDeLineas::todo : tabla.Linea().largo;
+        const auto maximo = cadena ? LectorPorTrozos::todo : tabla.Linea().largo;
         while (lector.Linea(linea, maximo)) llenador.AgregarLinea(linea);
     } else {
         std::string bytes;
@@ -112,7 +112,7 @@ std::string Subir(const abap::LlamadaAFuncion& llamada, NombresDeArchivos& nombr
     const std::string nombre = TextoExportado(llamada, "FILENAME");
     const auto ruta = nombres.ParaLeer(nombre);
     if (!ruta) return "FILE_OPEN_ERROR";
-    std::optional<LectorDeLineas> lector;
+    std::optional<LectorPorTrozos> lector;
     try {
         lector.emplace(ArchivoAbierto(*ruta));
     } catch (const FalloDeArchivo& fallo) {

@@ -61,6 +61,14 @@ TEST(AbapLanguage, ParametersAreReferencesAndShadowGlobalNames) {
          {"two", "one"}},
         {"PERFORM F. PERFORM F.\nFORM F. STATICS N TYPE I. DATA L TYPE I. ADD 1 TO: N, L. WRITE: / N, L. ENDFORM.",
          {"         1           1", "         2           1"}},
+        {"DATA: BEGIN OF S, A(10), B(10), END OF S. DATA T LIKE S OCCURS 0.\nPERFORM F USING T.\nFORM F USING P STRUCTURE S. WRITE "
+         "P-B. ENDFORM.",
+         {"PERFORM_PARAMETER_TOO_SHORT in line 3"}},
+        {"FIELD-SYMBOLS <G>.\nPERFORM F USING 'HELLO'.\nWRITE <G>.\nFORM F USING VALUE(P). ASSIGN P TO <G>. ENDFORM.",
+         {"GETWA_NOT_ASSIGNED in line 4"}},
+        {"DATA S TYPE STRING.\nS = 'abcdef'. PERFORM F USING S+2(3).\nFORM F USING P. CLEAR S. S = 'a much longer text than it was "
+         "before'. WRITE / P. ENDFORM.",
+         {"cde"}},
         {"WRITE / 'before'.\nPERFORM NOWHERE.", {"before", "PERFORM_NOT_FOUND in line 3"}},
     });
 }
@@ -78,6 +86,12 @@ TEST(AbapLanguage, FieldsAreTheirBytes) {
         {"DATA C(8) VALUE 'abcdefgh'. DATA O TYPE I VALUE 6.\nWRITE: / C+2(3), C+O. C+1(2) = 'X'. WRITE / C. O = 9.\nWRITE / C+O.",
          {"cde gh", "aX defgh", "STRING_OFFSET_TOO_LARGE in line 4"}},
         {"DATA I TYPE I.\nI = 7 / 2 * 2. WRITE / I. I = 'seven'.", {"         8", "CONVT_NO_NUMBER in line 3"}},
+        {"CONSTANTS K TYPE STRING VALUE 'abc'. DATA D TYPE STRING VALUE K.\nWRITE / D.", {"abc"}},
+        {"DATA S(2).\nIF 'ab' CS 'b'. ENDIF. SY-FDPOS = 7. REPLACE 'zz' WITH 'y' INTO S. WRITE / SY-FDPOS.", {"         7"}},
+        {"DATA: BEGIN OF R4, SIGN, OPTION(2), LOW(3), HIGH(3), END OF R4, T(20) OCCURS 0 WITH HEADER LINE.\nT = 'IEQabc'. APPEND "
+         "T. PERFORM F TABLES T.\n"
+         "FORM F TABLES R STRUCTURE R4.\nIF 'abc' IN R. ENDIF.\nENDFORM.",
+         {"SAPSQL_IN_ITAB_ILLEGAL_SIGN in line 5"}},
         {"WRITE: / 'text'(001), 'it''s'.", {"text it's"}},
     });
 }
@@ -103,8 +117,26 @@ TEST(AbapLanguage, FaultsStandInTheirLines) {
         {"IF 1 = NIX.\nWRITE / 'a'.\nENDIF.", {"2,8: NIX is not declared"}},
         {"PERFORM F USING NIX.\nFORM F USING A B. ENDFORM.", {"2,17: NIX is not declared"}},
         {"PERFORM F USING 'a'.\nFORM F USING A B. ENDFORM.", {"2,9: the FORM F has 0 tables and 2 parameters"}},
+        {"DATA S TYPE STRING.\nRANGES R FOR S.", {"3,1: ranges of STRING are not known here"}},
+        {"FORM F USING A TABLES T. ENDFORM.", {"2,16: TABLES comes in front of all other parameters"}},
         {"DATA I TYPE I VALUE 'abc'.", {"2,1: \"abc\" is not a number"}},
     });
+}
+
+// What has no end in a text has one in the reading of it.
+TEST(AbapLanguage, DepthsHaveABound) {
+    const auto veces = [](const char* texto) {
+        std::string todo;
+        for (int i = 0; i < 100'000; ++i) todo += texto;
+        return todo;
+    };
+    for (const auto& sentencia : {"IF " + veces("NOT ") + "I = 1. ENDIF.", "LOOP AT T WHERE " + veces("NOT ") + "A = 1. ENDLOOP.",
+                                  "I = 1" + veces(" + 1") + ".", "I = 1" + veces(" ** 1") + ".", "I = " + veces("( ") + "1."}) {
+        EXPECT_EQ(Correr("DATA: I TYPE I, BEGIN OF T OCCURS 0, A, END OF T.\n" + sentencia).size(), 1U) << sentencia.substr(0, 40);
+    }
+    std::string terminos = "IF ( I + 1 ) > 0";
+    for (int i = 0; i < 300; ++i) terminos += " AND ( I + 1 ) > 0";
+    EXPECT_THAT(Correr("DATA I TYPE I.\n" + terminos + ". WRITE / 'true'. ENDIF."), ElementsAreArray({"true"}));
 }
 
 }  // namespace

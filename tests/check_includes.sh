@@ -29,7 +29,9 @@ BEGIN {
     here = from[1]
     there = to[1]
     includes++
-    if (!(there in column)) {
+    if (here == "practice" && there !~ /^(base|abap|model|sap|bapi|practice)$/) {
+        problem("practice knows base, abap, model, sap and bapi alone")
+    } else if (!(there in column)) {
         problem("no room of that name")
     } else if (here != there && column[there] >= column[here]) {
         arrow = here ">" there

@@ -54,11 +54,6 @@ public:
         }
         return *nombres;
     }
-    std::string Leido(const std::filesystem::path& ruta) {
-        std::ostringstream texto;
-        texto << std::ifstream(ruta, std::ios::binary).rdbuf();
-        return texto.str();
-    }
 
     pruebas::DirectorioTemporal raiz;
     LugaresDeArchivos lugares;
@@ -135,9 +130,9 @@ TEST(PracticeFiles, AreWrittenInTheFolderOfTheDocumentOnly) {
         EXPECT_THROW(archivos.Escribir("good.txt", "x"), abap::Volcado);
         EXPECT_THROW(archivos.Escribir("sub/deep.txt", "x"), abap::Volcado);
     }
-    EXPECT_EQ(carpeta.Leido(raiz / "doc/sub/new.txt"), "a\n\nb");
-    EXPECT_EQ(carpeta.Leido(raiz / "doc/in.txt"), "");
-    EXPECT_EQ(carpeta.Leido(raiz / "doc/load.qor") + carpeta.Leido(raiz / "out.txt"), "the documentoutside\n");
+    EXPECT_EQ(LeerArchivo(raiz / "doc/sub/new.txt"), "a\n\nb");
+    EXPECT_EQ(LeerArchivo(raiz / "doc/in.txt"), "");
+    EXPECT_EQ(LeerArchivo(raiz / "doc/load.qor") + LeerArchivo(raiz / "out.txt"), "the documentoutside\n");
     EXPECT_FALSE(std::filesystem::exists(raiz / "new.txt") || std::filesystem::exists(raiz / "x.txt"));
     ArchivosDePractica archivos(carpeta.Nombres());
     EXPECT_TRUE(archivos.Borrar("sub/new.txt"));

@@ -2,16 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <sstream>
 
 #include "abap/values/conversion.h"
-#include "app/command_line.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "practice/journal.h"
 #include "tests/support/failing_calls.h"
-#include "tests/support/temporary_directory.h"
+#include "tests/support/qorgen_run.h"
 
 namespace qor {
 namespace {
@@ -96,22 +94,13 @@ TEST(Journal, Events) {
          R"({"event":"session-insert","record":1,"tcode":"MM01","screens":[],"subrc":1001,)"
          R"("messages":[{"type":"S","id":"00","number":"355","text":"Transaction was processed"}]})"},
         {[&](Diario& d) {
-             d.AbreSesion(1, {"LOAD01", "PRACTICE", "X"});
-         },
-         R"({"event":"session-open","record":1,"group":"LOAD01","user":"PRACTICE","keep":"X"})"},
-        {[&](Diario& d) { d.CierraSesion(0, "LOAD01", 12); },
-         R"({"event":"session-close","record":0,"group":"LOAD01","transactions":12})"},
-        {[&](Diario& d) {
              d.Bapi(2, {bapi, 0, false, {}});
          },
          R"({"event":"bapi","record":2,"function":"BAPI_X","exports":{"HEAD":)" + valores + R"(,"TEST":""},"tables":{"RETURN":[)" +
              valores + R"(,{}]},"subrc":0})"},
-        {[&](Diario& d) { d.Confirma(2); }, R"({"event":"commit","record":2})"},
-        {[&](Diario& d) { d.Deshace(2); }, R"({"event":"rollback","record":2})"},
         {[&](Diario& d) { d.Inserta(2, linea, fila); },
          R"({"event":"insert","record":2,"table":"ZTAB","row":{"MANDT":"000","TEXT":"x","COUNT":3,"AMOUNT":-12.50,"DAY":"20260102","RAW":"000A"}})"},
         {[&](Diario& d) { d.Actualiza(2, "ZTAB", 0); }, R"({"event":"update","record":2,"table":"ZTAB","rows":0})"},
-        {[&](Diario& d) { d.Borra(2, "ZTAB", 3); }, R"({"event":"delete","record":2,"table":"ZTAB","rows":3})"},
         {[&](Diario& d) { d.Mensaje(0, 'I', "Hello"); }, R"({"event":"message","record":0,"type":"I","text":"Hello"})"},
         {[&](Diario& d) {
              d.Volcado(4, {"CONVT_NO_NUMBER", "no", 212}, {"program", 17, 4});
@@ -121,7 +110,6 @@ TEST(Journal, Events) {
              d.Volcado(4, {"CONVT_NO_NUMBER", "no", 212}, {});
          },
          R"({"event":"dump","record":4,"error":"CONVT_NO_NUMBER","line":212,"text":"no"})"},
-        {[&](Diario& d) { d.Final(12, 11, 1); }, R"({"event":"end","records":12,"posted":11,"failed":1})"},
     };
     const DirectorioTemporal directorio;
     Diario diario(directorio / "j");
@@ -157,25 +145,14 @@ TEST(Journal, EndsWithAWholeLineWhereTheDiskIsFull) {
 
 // ---- The command ----
 
-// Runs qorgen run in a directory of its own. "D/" in an argument stands for that directory.
-struct CorridaDePrueba {
-    DirectorioTemporal directorio;
-    std::string salida;
-    std::string errores;
-
+struct CorridaDePrueba : pruebas::QorgenDePrueba {
     int Correr(std::vector<std::string> argumentos) {
-        for (auto& argumento : argumentos) {
-            if (const auto lugar = argumento.find("D/"); lugar != std::string::npos) {
-                argumento.replace(lugar, 2, directorio.Ruta().string() + "/");
-            }
-        }
-        argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string(), "run"});
-        std::ostringstream enSalida;
-        std::ostringstream enErrores;
-        const int estado = EjecutarQorgen(argumentos, enSalida, enErrores);
-        salida = enSalida.str();
-        errores = enErrores.str();
-        return estado;
+        argumentos.insert(argumentos.begin(), "run");
+        return QorgenDePrueba::Correr(std::move(argumentos));
+    }
+    int Sistema(std::vector<std::string> argumentos) {
+        argumentos.insert(argumentos.begin(), {"system", "--system", "D/s"});
+        return QorgenDePrueba::Correr(std::move(argumentos));
     }
     std::string Diario() const { return LeerArchivo(directorio / "j"); }
 };
@@ -349,15 +326,6 @@ TEST(Run, Parameters) {
 TEST(Run, AFailedValueIsExplainedFromTheSpecification) {
     const std::string ejemplos = std::string(QOR_TEST_SOURCE_DIR) + "/examples/";
     CorridaDePrueba qorgen;
-    qorgen.directorio.Escribir("v/MTART.txt", "HAWA\n");
-    EXPECT_EQ(qorgen.Correr({ejemplos + "mm01/materials.qor", "--file", "FILE=" + ejemplos + "mm01/materials.txt", "--values",
-                             "D/v", "--records", "2-3"}),
-              1);
-    EXPECT_THAT(qorgen.errores, HasSubstr("record 3, MM01, SAPLMGMM 0060, RMMG1-MTART: 00 058 Entry ROH does not exist\n"
-                                          "  value \"ROH\": field MTART, columns 20 to 23 of line 3 of the file " +
-                                          ejemplos +
-                                          "mm01/materials.txt (program side, row 4; file side, row 2)\n"
-                                          "  correct the value in the file, or add it to the value list of "));
     qorgen.directorio.Escribir("w/KUNNR.txt", "1\n");
     qorgen.directorio.Escribir("w/MABNR.txt", "1\n");
     const std::string pedidos = ejemplos + "va01-one-file/orders.txt";
@@ -387,6 +355,98 @@ TEST(Run, AFailedValueIsExplainedFromTheSpecification) {
                                                     : "(2): 00 058 Entry SEAL-DN50 does not exist\n  value \"SEAL-DN50\": field "
                                                       "MATNR, columns 21 to 38 of line 2 of the file "));
     }
+}
+
+// A fault of the report and a short dump lead back to the cell that their line came from.
+TEST(Run, FaultsAndDumpsNameTheirCell) {
+    const std::string ejemplo = std::string(QOR_TEST_SOURCE_DIR) + "/examples/mm01/";
+    const std::string documento = LeerArchivo(ejemplo + "materials.qor");
+    const std::string codigo = "TRANSLATE #MAKTX TO UPPER CASE.";
+    ASSERT_NE(documento.find(codigo), std::string::npos);
+    CorridaDePrueba qorgen;
+    const auto correr = [&](const char* otro) {
+        qorgen.directorio.Escribir("m.qor", ReemplazarTodo(documento, codigo, otro));
+        return qorgen.Correr({"D/m.qor", "--file", "FILE=" + ejemplo + "materials.txt", "--journal", "D/j"});
+    };
+    EXPECT_EQ(correr("NOPE = 1."), 1);
+    EXPECT_THAT(qorgen.errores, HasSubstr(", file side, row 3, conversion, line 1: NOPE is not declared\n"));
+    EXPECT_EQ(qorgen.salida, "");
+    EXPECT_EQ(correr("SY-INDEX = #MAKTX."), 1);
+    EXPECT_THAT(qorgen.errores, HasSubstr(", file side, row 3, conversion, line 1: CONVT_NO_NUMBER "));
+    EXPECT_THAT(qorgen.errores, StartsWith("MARA-SPART: "));
+    EXPECT_THAT(qorgen.Diario(), HasSubstr(R"("error":"CONVT_NO_NUMBER","line":)"));
+    EXPECT_THAT(qorgen.Diario(), HasSubstr(R"("table":"file","row":3,"column":3,"text":)"));
+    EXPECT_THAT(qorgen.salida, StartsWith("1 records, 0 posted, 1 failed"));
+}
+
+// A report writes into its folder, but neither over what the run reads nor outside of it.
+TEST(Run, KeepsItsOwnFilesFromTheReport) {
+    CorridaDePrueba qorgen;
+    std::string reporte =
+        "REPORT Z.\r\nDATA: BEGIN OF ITAB OCCURS 0, A(1), END OF ITAB.\r\nSTART-OF-SELECTION.\r\nAPPEND ITAB. LOOP AT ITAB. "
+        "ENDLOOP.\r\n";
+    for (const char* archivo : {"r.abap", "j", "s", "s-wal", "s-shm", "../x", "new"}) {
+        reporte += "OPEN DATASET '" + std::string(archivo) + "' FOR OUTPUT IN TEXT MODE. WRITE: / SY-SUBRC.\r\n";
+    }
+    qorgen.directorio.Escribir("r.abap", reporte);
+    EXPECT_EQ(qorgen.Correr({"--report", "D/r.abap", "--system", "D/s", "--journal", "D/j"}), 1);
+    EXPECT_THAT(qorgen.salida,
+                StartsWith("         8\n         8\n         8\n         8\n         8\n         8\n         0\n1 records"));
+    EXPECT_THAT(qorgen.errores, HasSubstr("../x"));
+}
+
+// --limit counts from each record on, and a MESSAGE of type A takes back what type E leaves.
+TEST(Run, ProgressAndTheEndByAMessage) {
+    CorridaDePrueba qorgen;
+    const std::string tabla =
+        "REPORT Z.\r\nDATA: BEGIN OF ITAB OCCURS 0, A TYPE I, END OF ITAB. TABLES ZONE.\r\nSTART-OF-SELECTION.\r\n"
+        "DO 50 TIMES. APPEND ITAB. ENDDO.\r\nLOOP AT ITAB. DO 40 TIMES. ENDDO. ENDLOOP.\r\n";
+    qorgen.directorio.Escribir("zone.csv", "KEY1\n1\n");
+    for (const auto& [final, filas] :
+         {std::pair{"", "KEY1\n1\n2\n"}, {"MESSAGE A001(00).", "KEY1\n1\n"}, {"MESSAGE E001(00).", "KEY1\n1\n2\n"}}) {
+        SCOPED_TRACE(final);
+        EXPECT_EQ(qorgen.Sistema({"load", "ZONE", "D/zone.csv"}), 0) << qorgen.errores;
+        qorgen.directorio.Escribir("r.abap", tabla + "ZONE-KEY1 = '2'. INSERT ZONE.\r\n" + final + "\r\n");
+        EXPECT_EQ(qorgen.Correr({"--report", "D/r.abap", "--system", "D/s", "--limit", "200"}), *final == 0 ? 0 : 1)
+            << qorgen.errores;
+        EXPECT_THAT(qorgen.salida, HasSubstr("50 records, 50 posted"));
+        EXPECT_EQ(qorgen.Sistema({"show", "ZONE"}), 0);
+        EXPECT_EQ(qorgen.salida, filas);
+    }
+}
+
+// A session from its run to its end, by the commands of the practice system.
+TEST(System, SessionsAreTriedExportedAndTakenBack) {
+    const std::string ejemplo = std::string(QOR_TEST_SOURCE_DIR) + "/examples/mm01/";
+    CorridaDePrueba qorgen;
+    ASSERT_EQ(qorgen.Correr({ejemplo + "materials.qor", "--file", "FILE=" + ejemplo + "materials.txt", "--system", "D/s"}), 0);
+    const auto cola = [&qorgen] {
+        EXPECT_EQ(qorgen.Sistema({"queue"}), 0);
+        const auto fin = qorgen.salida.rfind('\n', qorgen.salida.size() - 2);
+        return qorgen.salida.substr(fin + 1);
+    };
+    const std::string id = cola().substr(0, 20);
+    EXPECT_THAT(cola(), EndsWith(",,4\n"));
+    EXPECT_EQ(qorgen.Sistema({"show", id}), 0);
+    EXPECT_THAT(qorgen.salida, HasSubstr("\n1,MM01,,0000,,RMMG1-MATNR,PUMP-0100\n"));
+    EXPECT_EQ(qorgen.Sistema({"process", id, "--journal", "D/s"}), 2);
+    EXPECT_EQ(qorgen.Sistema({"export", id, "D/s"}), 2);
+    EXPECT_EQ(qorgen.Sistema({"process", id}), 0);
+    EXPECT_THAT(cola(), EndsWith(",F,4\n"));
+    qorgen.directorio.Escribir("values/MTART.txt", "HAWA\r\n");
+    EXPECT_EQ(qorgen.Sistema({"process", id, "--journal", "D/j"}), 1);
+    EXPECT_THAT(qorgen.salida, StartsWith("4 records, 2 posted, 2 failed, 4 transactions called"));
+    EXPECT_THAT(qorgen.Diario(), EndsWith("{\"event\":\"end\",\"records\":4,\"posted\":2,\"failed\":2}\n"));
+    EXPECT_THAT(cola(), EndsWith(",E,4\n"));
+    EXPECT_EQ(qorgen.Sistema({"export", id, "D/session.txt"}), 0);
+    EXPECT_EQ(qorgen.Sistema({"import-session", "D/session.txt"}), 0);
+    const std::string otro = cola().substr(0, 20);
+    EXPECT_NE(otro, id);
+    EXPECT_EQ(qorgen.Sistema({"export", otro, "D/again.txt"}), 0);
+    EXPECT_EQ(LeerArchivo(qorgen.directorio / "again.txt"), LeerArchivo(qorgen.directorio / "session.txt"));
+    EXPECT_EQ(qorgen.Sistema({"reset"}), 1);
+    EXPECT_EQ(qorgen.QorgenDePrueba::Correr({"--yes", "system", "--system", "D/s", "reset"}), 0);
+    EXPECT_THAT(cola(), StartsWith("QID,"));
 }
 
 }  // namespace

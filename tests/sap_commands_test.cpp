@@ -6,7 +6,7 @@
 #include "app/command_line.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "tests/support/temporary_directory.h"
+#include "tests/support/qorgen_run.h"
 
 namespace qor {
 namespace {
@@ -18,25 +18,7 @@ using testing::HasSubstr;
 const std::string grabacion = std::string(QOR_TEST_SOURCE_DIR) + "/examples/recording/zmmrec.txt";
 constexpr const char* pantalla = "bdc_dynpro 'P' '0100'\nbdc_field 'A-B'\n'v'\n";
 
-// Runs qorgen in a directory of its own. "D/" in an argument stands for that directory.
-struct Ejecucion {
-    DirectorioTemporal directorio;
-    std::string salida;
-    std::string errores;
-
-    int Correr(std::vector<std::string> argumentos) {
-        for (auto& argumento : argumentos) {
-            if (argumento.starts_with("D/")) argumento = (directorio / argumento.substr(2)).string();
-        }
-        argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string()});
-        std::ostringstream enSalida;
-        std::ostringstream enErrores;
-        const int estado = EjecutarQorgen(argumentos, enSalida, enErrores);
-        salida = enSalida.str();
-        errores = enErrores.str();
-        return estado;
-    }
-
+struct Ejecucion : pruebas::QorgenDePrueba {
     // The numbers of the messages, each with the answer to its question. What the system said stands below them.
     std::vector<std::string> Numeros() const {
         std::vector<std::string> numeros;

@@ -24,8 +24,7 @@ struct Nombrado {
     std::string nombre;
     std::optional<Operando> campo;         // a field, a structure, or the header line of a table
     std::optional<OperandoDeTabla> tabla;  // an internal table
-    bool formal = false;
-    bool simbolo = false;  // a field-symbol
+    bool simbolo = false;                  // a field-symbol
 };
 
 // A type with a name.
@@ -51,10 +50,9 @@ struct BloqueAbierto {
     bool conRama = false;                  // of CASE: behind the first WHEN
     bool conOtros = false;                 // of CASE: behind WHEN OTHERS; of IF: behind ELSE
     std::shared_ptr<Recorrido> recorrido;  // of LOOP AT: for AT NEW and its kin
-    std::uint32_t nivel = 0;               // of a loop
 };
 
-// Compiles a report. Functions that read one kind of statements are in the files compile_*.cpp; each reads its statement from the
+// Compiles a report. Functions that read one kind of statements are in files of their own; each reads its statement from the
 // word behind its first one to the end, and emits instructions. A statement that can't be read throws FallaDeSentencia.
 class Compilador : public Conocidos {
 public:
@@ -75,14 +73,30 @@ public:
         return ella;
     }
     void Emitir(std::unique_ptr<Instruccion> instruccion);
+    // A statement that does its work and goes on with the next one: `hacer` is called with the machine.
+    template <class Hacer>
+    void EmitirAccion(Hacer hacer) {
+        class Accion : public Instruccion {
+        public:
+            explicit Accion(Hacer suyo) : hacer_(std::move(suyo)) {}
+            std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
+                hacer_(maquina);
+                return siguiente;
+            }
+
+        private:
+            Hacer hacer_;
+        };
+        Emitir(std::make_unique<Accion>(std::move(hacer)));
+    }
+    void EmitirVaciado(OperandoDeTabla tabla);             // all rows go
+    void EmitirLimpieza(Operando campo);                   // its initial value
     std::size_t Aqui() { return Actual().codigo.size(); }  // the number of the next instruction
     Rutina& Actual() {
         if (rutina_ == nullptr) throw FallaDeSentencia{palabraDeSentencia_, "the statement stands outside of FORMs and events"};
         return *rutina_;
     }
-    bool EnForma() const { return enForma_; }
     bool EnInicio() const { return rutina_ == programa_->inicio; }
-    int LineaDeSentencia() const { return lineaDeSentencia_; }
 
     // ---- Operands ----
 
@@ -92,6 +106,7 @@ public:
     // The operand of a word; nothing where it is none or stands for a table without header line.
     std::optional<Operando> BuscarOperando(const Palabra& palabra);
     OperandoDeTabla LeerTabla(Lectura& l);
+    OperandoDeTabla LeerRango(Lectura& l);  // a RANGES table or SELECT-OPTIONS
     std::optional<OperandoDeTabla> BuscarTabla(const Palabra& palabra);
     std::unique_ptr<Expresion> LeerExpresion(Lectura& l);
     std::unique_ptr<Condicion> LeerCondicion(Lectura& l);
@@ -101,7 +116,6 @@ public:
     Operando Numero(std::string_view digitos);  // I, or P where it does not fit
     Operando Espacio() { return Literal(" "); }
     // A component, for WHERE and its kin. `linea` must be a structure, or the word TABLE_LINE is asked for.
-    Componente LeerComponente(Lectura& l, const TipoDeCampo& linea);
     Componente ComponenteDe(const Palabra& palabra, const TipoDeCampo& linea);
     Operando ComponenteDe(const Operando& estructura, const Componente& componente);
 
@@ -124,7 +138,7 @@ public:
     Rutina& PedirForma(const Palabra& nombre);
     // A loop: `siguiente` is the instruction that begins each pass, `salida` its jump behind the loop.
     BloqueAbierto& AbrirBucle(const Palabra& palabra, Clave final, std::size_t siguiente, std::size_t* salida,
-                              std::unique_ptr<Instruccion> ultima, std::uint32_t nivel);
+                              std::unique_ptr<Instruccion> ultima);
     std::uint32_t NuevoNivel();  // of a loop's state
     BloqueAbierto& AbrirBloque(const Palabra& palabra, Clave final, std::size_t* siNo);
     BloqueAbierto* BucleActual();
@@ -154,7 +168,7 @@ private:
     Rutina& NuevaRutina(std::string nombre);
     std::vector<FaltaDePrograma> TomarFaltas();
 
-    // compile_declarations.cpp
+    // declarations.cpp
     void LeerDatos(Lectura& l);  // DATA, CONSTANTS, STATICS, TYPES
     void LeerCuerpoDeDato(Lectura& l, Clave sentencia, const Palabra& palabra);
     TipoConNombre LeerTipoDeDato(Lectura& l, const Declarado& declarado, bool& conCabecera);
@@ -166,13 +180,13 @@ private:
     void LeerTABLES(Lectura& l);
     void LeerRANGES(Lectura& l);
     void LeerFIELD_SYMBOLS(Lectura& l);
-    // compile_screen.cpp
+    // screen.cpp
     void LeerPARAMETERS(Lectura& l);
     void LeerSELECT_OPTIONS(Lectura& l);
     void MarcarBotones();
     void PonerDEFAULT(Lectura& l, const ParametroCompilado& parametro);
     OperandoDeTabla NuevoRango(std::string_view nombre, const TipoDeCampo& tipo, bool global);
-    // compile_control.cpp
+    // control.cpp
     void LeerIF(Lectura& l);
     void LeerELSEIF(Lectura& l);
     void LeerELSE(Lectura& l);
@@ -185,13 +199,13 @@ private:
     void LeerCONTINUE(Lectura& l);
     void LeerSTOP(Lectura& l);
     void LeerLEAVE(Lectura& l);
-    // compile_forms.cpp
+    // forms.cpp
     void LeerFORM(Lectura& l);
     void LeerFormal(Lectura& l, Rutina& rutina, bool tabla, bool cambia);
     void LeerPERFORM(Lectura& l);
     void LeerLOCAL(Lectura& l);
     void LeerAT(Lectura& l);
-    // compile_assignments.cpp
+    // assignments.cpp
     void LeerAsignacion(Lectura& l);
     void LeerMOVE(Lectura& l);
     void LeerCuenta(Lectura& l, char operador, Clave enlace);

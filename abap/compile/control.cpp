@@ -134,12 +134,11 @@ std::uint32_t Compilador::NuevoNivel() {
 }
 
 BloqueAbierto& Compilador::AbrirBucle(const Palabra& palabra, Clave final, std::size_t siguiente, std::size_t* salida,
-                                      std::unique_ptr<Instruccion> ultima, std::uint32_t nivel) {
+                                      std::unique_ptr<Instruccion> ultima) {
     BloqueAbierto& bloque = AbrirBloque(palabra, final, nullptr);
     bloque.bucle = true;
     bloque.siguiente = siguiente;
     bloque.ultima = std::move(ultima);
-    bloque.nivel = nivel;
     if (salida != nullptr) bloque.alFinal.push_back(salida);
     return bloque;
 }
@@ -251,7 +250,7 @@ void Compilador::LeerDO(Lectura& l) {
     Emitir<PrincipioDeCuenta>(nivel, std::move(veces));
     const std::size_t siguiente = Aqui();
     auto& pase = Emitir<PaseDeCuenta>(nivel, nullptr);
-    AbrirBucle(l.Primera(), "ENDDO"_c, siguiente, &pase.destino, std::make_unique<FinDeCuenta>(nivel), nivel);
+    AbrirBucle(l.Primera(), "ENDDO"_c, siguiente, &pase.destino, std::make_unique<FinDeCuenta>(nivel));
 }
 
 void Compilador::LeerWHILE(Lectura& l) {
@@ -261,7 +260,7 @@ void Compilador::LeerWHILE(Lectura& l) {
     Emitir<PrincipioDeCuenta>(nivel, nullptr);
     const std::size_t siguiente = Aqui();
     auto& pase = Emitir<PaseDeCuenta>(nivel, std::move(condicion));
-    AbrirBucle(l.Primera(), "ENDWHILE"_c, siguiente, &pase.destino, std::make_unique<FinDeCuenta>(nivel), nivel);
+    AbrirBucle(l.Primera(), "ENDWHILE"_c, siguiente, &pase.destino, std::make_unique<FinDeCuenta>(nivel));
 }
 
 // ---- What leaves a loop, a routine, the report ----

@@ -3,9 +3,9 @@
 #include <cstring>
 
 #include "abap/compile/table_loop.h"
-#include "abap/compile/table_rows.h"
 #include "abap/values/conversion.h"
 #include "abap/values/number.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 

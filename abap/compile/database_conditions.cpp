@@ -63,15 +63,18 @@ private:
     }
 
     Donde Una() {
-        if (l_.Toma("NOT"_c)) return Negar(Una());
-        if (l_.Toma("("_c)) {
-            if (++hondura_ > honduraMaxima) l_.Fallar("too many brackets within one another");
-            Donde donde = Leer();
+        if (++hondura_ > honduraMaxima) l_.Fallar("too many brackets within one another");
+        Donde donde;
+        if (l_.Toma("NOT"_c)) {
+            donde = Negar(Una());
+        } else if (l_.Toma("("_c)) {
+            donde = Leer();
             l_.Exige(")"_c, ")");
-            --hondura_;
-            return donde;
+        } else {
+            donde = LeerRelacion();
         }
-        return LeerRelacion();
+        --hondura_;
+        return donde;
     }
 
     Donde LeerRelacion() {
@@ -199,28 +202,22 @@ std::string PatronDe(std::string_view patron) {
 // The lines of a table of ranges.
 class LectorDeRango {
 public:
-    LectorDeRango(const ColumnaDeBase& columna, const TablaInterna& tabla) : columna_(columna), tabla_(tabla) {
-        constexpr std::array nombres = {"SIGN", "OPTION", "LOW", "HIGH"};
-        const auto* linea = tabla.Linea().estructura;
-        for (std::size_t i = 0; i < nombres.size(); ++i) {
-            partes_[i] = linea == nullptr ? nullptr : linea->Buscar(nombres[i]);
-            if (partes_[i] == nullptr) throw Volcado("SAPSQL_IN_ITAB_ILLEGAL_SIGN", "The table behind IN is no table of ranges");
-        }
-    }
+    LectorDeRango(const ColumnaDeBase& columna, const TablaInterna& tabla) : columna_(columna), tabla_(tabla), partes_(tabla) {}
 
     CondicionDeBase Leer() const {
         auto incluidas = Hacer(CondicionDeBase::Clase::O);
         auto iguales = Hacer(CondicionDeBase::Clase::En, columna_.nombre);
         auto todas = Hacer(CondicionDeBase::Clase::Y);
         for (std::size_t i = 0; i < tabla_.Filas(); ++i) {
-            const auto signo = Texto(i, 0);
-            const auto opcion = Texto(i, 1);
+            std::uint8_t* const fila = tabla_.Fila(i);
+            const auto signo = TextoPlano(partes_.Signo(fila));
+            const auto opcion = TextoPlano(partes_.Opcion(fila));
             if (signo == "I" && opcion == "EQ") {
-                iguales.valores.push_back(Valor(i, 2));
+                iguales.valores.push_back(Valor(partes_.Bajo(fila)));
             } else if (signo == "I") {
-                incluidas.partes.push_back(Linea(i, opcion));
+                incluidas.partes.push_back(Linea(fila, opcion));
             } else if (signo == "E") {
-                todas.partes.push_back(NoVale(Linea(i, opcion)));
+                todas.partes.push_back(NoVale(Linea(fila, opcion)));
             } else {
                 throw Volcado("SAPSQL_IN_ITAB_ILLEGAL_SIGN", "A line of ranges has the sign \"" + signo + "\"");
             }
@@ -231,25 +228,23 @@ public:
     }
 
 private:
-    Campo Parte(std::size_t fila, std::size_t parte) const { return CampoDeComponente(*partes_[parte], tabla_.Fila(fila)); }
-    std::string Texto(std::size_t fila, std::size_t parte) const { return TextoPlano(Parte(fila, parte)); }
-    ValorDeBase Valor(std::size_t fila, std::size_t parte) const { return ValorParaColumna(Parte(fila, parte), columna_.tipo); }
+    ValorDeBase Valor(const Campo& parte) const { return ValorParaColumna(parte, columna_.tipo); }
 
-    CondicionDeBase Linea(std::size_t fila, const std::string& opcion) const {
+    CondicionDeBase Linea(std::uint8_t* fila, const std::string& opcion) const {
         static constexpr std::array<std::pair<std::string_view, const char*>, 6> operadores = {
             {{"EQ", "="}, {"NE", "<>"}, {"LT", "<"}, {"LE", "<="}, {"GT", ">"}, {"GE", ">="}}};
         for (const auto& [nombre, operador] : operadores) {
-            if (opcion == nombre) return Comparar(columna_.nombre, operador, Valor(fila, 2));
+            if (opcion == nombre) return Comparar(columna_.nombre, operador, Valor(partes_.Bajo(fila)));
         }
         if (opcion == "BT" || opcion == "NB") {
             auto entre = Hacer(CondicionDeBase::Clase::Entre, columna_.nombre);
-            entre.valores.push_back(Valor(fila, 2));
-            entre.valores.push_back(Valor(fila, 3));
+            entre.valores.push_back(Valor(partes_.Bajo(fila)));
+            entre.valores.push_back(Valor(partes_.Alto(fila)));
             return opcion == "NB" ? NoVale(std::move(entre)) : entre;
         }
         if (opcion == "CP" || opcion == "NP") {
             auto como = Hacer(CondicionDeBase::Clase::Como, columna_.nombre);
-            como.valores.emplace_back(PatronDe(Texto(fila, 2)));
+            como.valores.emplace_back(PatronDe(TextoPlano(partes_.Bajo(fila))));
             como.escape = escapeDeRango;
             return opcion == "NP" ? NoVale(std::move(como)) : como;
         }
@@ -258,7 +253,7 @@ private:
 
     const ColumnaDeBase& columna_;
     const TablaInterna& tabla_;
-    std::array<const Componente*, 4> partes_{};
+    PartesDeRango partes_;
 };
 
 Campo CampoDe(Maquina& maquina, const ValorDeDonde& valor, const std::uint8_t* entrada) {

@@ -30,7 +30,6 @@ std::optional<ColumnaDeBase> BuscarColumna(Compilador& c, const TablaDeBase& tab
 ColumnaDeBase ExigirColumna(Compilador& c, const TablaDeBase& tabla, const Palabra& palabra);
 
 // A word whose text is another one at the same place.
-Palabra ConTexto(const Palabra& palabra, std::string_view texto);
 // An operand that is one word.
 Operando LeerPalabra(Compilador& c, const Palabra& palabra);
 Operando LeerDestinoDe(Compilador& c, const Palabra& palabra);

@@ -10,18 +10,6 @@ ColumnaDeBase HacerColumna(const Componente& componente) { return {componente.no
 
 }  // namespace
 
-Palabra ConTexto(const Palabra& palabra, std::string_view texto) {
-    Palabra otra = palabra;
-    otra.columna += static_cast<int>(texto.data() - palabra.texto.data());
-    otra.texto = texto;
-    if (palabra.EsLiteral()) return otra;
-    otra.clave = ClaveDe(texto);
-    const auto base = texto.substr(0, texto.find_first_of("-+(["));
-    otra.base = ClaveDe(base);
-    otra.largoBase = static_cast<std::uint32_t>(base.size());
-    return otra;
-}
-
 Operando LeerPalabra(Compilador& c, const Palabra& palabra) {
     Lectura una({&palabra, 1});
     Operando operando = c.LeerOperando(una);

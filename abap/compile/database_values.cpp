@@ -47,23 +47,15 @@ private:
     Campo campo_;
 };
 
-TipoDeCampo TipoDe(Tipo tipo, std::uint32_t largo, std::uint8_t decimales = 0) {
-    TipoDeCampo suyo;
-    suyo.tipo = tipo;
-    suyo.largo = largo;
-    suyo.decimales = decimales;
-    return suyo;
-}
-
 void PonerBytes(std::int64_t valor, std::uint32_t largo, const Campo& destino) {
-    const Paso paso(TipoDe(Tipo::X, largo));
+    const Paso paso(TipoDeCampo{Tipo::X, largo});
     auto resto = static_cast<std::uint64_t>(valor);
     for (std::uint32_t i = largo; i-- > 0; resto >>= 8) paso.Suyo().datos[i] = static_cast<std::uint8_t>(resto & 0xFF);
     Mover(paso.Suyo(), destino);
 }
 
 void PonerFlotante(double valor, const Campo& destino) {
-    const Paso paso(TipoDe(Tipo::F, sizeof valor));
+    const Paso paso(TipoDeCampo{Tipo::F, sizeof valor});
     std::memcpy(paso.Suyo().datos, &valor, sizeof valor);
     Mover(paso.Suyo(), destino);
 }
@@ -83,7 +75,8 @@ void PonerTextoDe(std::string_view texto, const TipoDeCampo& columna, const Camp
             // Numbers are taken from a text at once; all else gets them in the way of the column.
             if (destino.tipo != Tipo::P && destino.tipo != Tipo::I && destino.tipo != Tipo::F) {
                 const bool empaquetado = columna.tipo == Tipo::P;
-                const Paso paso(empaquetado ? TipoDe(Tipo::P, std::max(columna.largo, bytesDeSuma), columna.decimales) : columna);
+                const Paso paso(empaquetado ? TipoDeCampo{Tipo::P, std::max(columna.largo, bytesDeSuma), columna.decimales}
+                                            : columna);
                 Mover(origen, paso.Suyo());
                 return Mover(paso.Suyo(), destino);
             }

@@ -113,8 +113,13 @@ void Compilador::PonerValorInicial(const Operando& campo, const Operando& valor)
     else
         destino.datos = marco.datos.data() + campo.lugar;
     Campo origen = valor.campo;
-    if (valor.base == Base::Global) origen.datos = programa_->global.datos.data() + valor.lugar;  // a constant
-    if (valor.base == Base::Local) origen.datos = rutina_->marco.datos.data() + valor.lugar;
+    if (valor.base != Base::Literal) {  // a constant
+        DisenoDeMarco& suyo = valor.base == Base::Global ? programa_->global : rutina_->marco;
+        if (origen.tipo == Tipo::Cadena)
+            origen.cadena = &suyo.cadenas[valor.lugar];
+        else
+            origen.datos = suyo.datos.data() + valor.lugar;
+    }
     Mover(origen, destino);
 }
 
@@ -258,7 +263,7 @@ void Compilador::LeerCuerpoDeDato(Lectura& l, Clave sentencia, const Palabra& pa
             valor = LeerOperando(l);
     }
     l.Fin();
-    if (valor && !valor->constante) throw FallaDeSentencia{palabra, "VALUE wants a literal or a constant"};
+    if (valor && (!valor->constante || valor->trozo)) throw FallaDeSentencia{palabra, "VALUE wants a literal or a constant"};
     if (!conValor && sentencia == "CONSTANTS"_c) throw FallaDeSentencia{palabra, "a constant needs a VALUE"};
     if (!registros_.empty()) {
         auto& registro = registros_.back();

@@ -20,7 +20,8 @@ public:
     }
 
 private:
-    static std::unique_ptr<Expresion> Operacion(char operador, std::unique_ptr<Expresion> a, std::unique_ptr<Expresion> b) {
+    std::unique_ptr<Expresion> Operacion(char operador, std::unique_ptr<Expresion> a, std::unique_ptr<Expresion> b) {
+        if (++operaciones_ > operacionesMaximas) l_.Fallar("the calculation is too long");
         auto expresion = std::make_unique<Expresion>();
         expresion->clase = Expresion::Clase::Operacion;
         expresion->operador = operador;
@@ -44,7 +45,10 @@ private:
     std::unique_ptr<Expresion> Potencia() {
         auto a = Primario();
         if (!l_.Toma("**"_c)) return a;
-        return Operacion('^', std::move(a), Potencia());
+        if (++hondura_ > honduraMaxima) l_.Fallar("too many brackets");
+        auto b = Potencia();
+        --hondura_;
+        return Operacion('^', std::move(a), std::move(b));
     }
 
     std::unique_ptr<Expresion> Primario() {
@@ -102,10 +106,12 @@ private:
     }
 
     static constexpr int honduraMaxima = 200;
+    static constexpr int operacionesMaximas = 1000;  // their tree is walked by recursion
 
     Compilador& compilador_;
     Lectura& l_;
     int hondura_ = 0;
+    int operaciones_ = 0;
 };
 
 // ---- Conditions ----
@@ -117,8 +123,9 @@ public:
     bool Vale(Maquina& maquina) const override {
         const Campo a = maquina.Resolver(a_);
         const Campo b = maquina.Resolver(b_);
-        const bool vale = abap::Vale(relacion_, a, b, maquina.Fdpos());
-        if (relacion_ > Relacion::GE) maquina.PonerFdpos();
+        std::int32_t fdpos = maquina.Fdpos();
+        const bool vale = abap::Vale(relacion_, a, b, fdpos);
+        if (relacion_ > Relacion::GE) maquina.PonerFdpos(fdpos);
         return vale;
     }
 
@@ -256,6 +263,7 @@ private:
         if (l_.Es("("_c)) {
             // A condition in brackets, or an expression that begins with a bracket.
             const std::size_t aqui = l_.Lugar();
+            const int hondura = hondura_;
             try {
                 l_.Avanzar();
                 auto condicion = Leer();
@@ -263,6 +271,7 @@ private:
                 return condicion;
             } catch (const FallaDeSentencia&) {
                 l_.Volver(aqui);
+                hondura_ = hondura;
                 return Comparado();
             }
         }
@@ -296,11 +305,7 @@ private:
             return Segun(no, std::make_unique<Entre>(Campo(*a), std::move(bajo), compilador_.LeerOperando(l_)));
         }
         if (l_.Toma("IN"_c)) {
-            const Palabra palabra = l_.Actual();
-            auto rango = compilador_.LeerTabla(l_);
-            if (rango.linea.estructura == nullptr || rango.linea.estructura->componentes.size() != 4) {
-                throw FallaDeSentencia{palabra, std::string(palabra.texto) + " is no RANGES table"};
-            }
+            auto rango = compilador_.LeerRango(l_);
             return Segun(no, std::make_unique<EnRango>(Campo(*a), std::move(rango)));
         }
         const auto relacion = compilador_.TomarRelacion(l_);
@@ -335,6 +340,14 @@ private:
 std::unique_ptr<Expresion> Compilador::LeerExpresion(Lectura& l) { return LectorDeExpresion(*this, l).Suma(); }
 
 std::unique_ptr<Condicion> Compilador::LeerCondicion(Lectura& l) { return LectorDeCondicion(*this, l).Leer(); }
+
+OperandoDeTabla Compilador::LeerRango(Lectura& l) {
+    const Palabra& palabra = l.Actual();
+    OperandoDeTabla rango = LeerTabla(l);
+    if (rango.linea.estructura == nullptr || rango.linea.estructura->componentes.size() != 4)
+        throw FallaDeSentencia{palabra, std::string(palabra.texto) + " is no RANGES table"};
+    return rango;
+}
 
 std::optional<Relacion> Compilador::TomarRelacion(Lectura& l) {
     if (!l.Hay()) return {};

@@ -95,7 +95,9 @@ void Compilador::LeerFORM(Lectura& l) {
     suya->formales.clear();
     enum class Parte { Ninguna, Tablas, Usando, Cambiando } parte = Parte::Ninguna;
     while (l.Hay()) {
-        if (l.Toma("TABLES"_c)) {
+        if (l.Es("TABLES"_c)) {
+            if (parte != Parte::Ninguna) l.Fallar("TABLES comes in front of all other parameters");
+            l.Avanzar();
             parte = Parte::Tablas;
             continue;
         }
@@ -131,7 +133,6 @@ void Compilador::LeerFormal(Lectura& l, Rutina& rutina, bool tabla, bool cambia)
             tipo = LeerTipo(l, como);
     }
     Nombrado& nombrado = Declarar(palabra, nombre);
-    nombrado.formal = true;
     formal.nombre = nombrado.nombre;
     Operando operando;
     operando.base = Base::EnlaceLocal;
@@ -143,7 +144,6 @@ void Compilador::LeerFormal(Lectura& l, Rutina& rutina, bool tabla, bool cambia)
         operando.campo.tipo = Tipo::Estructura;
         operando.campo.largo = tipo->tipo.largo;
         operando.estructura = tipo->tipo.estructura;
-        formal.estructura = tipo->tipo.estructura;
         formal.minimo = tipo->tipo.largo;
     }
     if (tabla || (tipo && tipo->tabla)) {
@@ -185,10 +185,9 @@ void Compilador::LeerPERFORM(Lectura& l) {
         while (l.Hay() && !EmpiezaParametros(l)) {
             Argumento argumento;
             argumento.operando = BuscarOperando(l.Actual());
-            if (argumento.operando)
-                l.Avanzar();
-            else
-                argumento.tabla = BuscarTabla(l.Actual()) ? LeerTabla(l) : (LeerOperando(l), OperandoDeTabla{});
+            if (!argumento.operando) argumento.tabla = BuscarTabla(l.Actual());
+            if (!argumento.operando && !argumento.tabla) LeerOperando(l);  // tells why it is none
+            l.Avanzar();
             argumentos.push_back(std::move(argumento));
         }
     }

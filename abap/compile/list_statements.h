@@ -6,9 +6,9 @@
 // The statements on the list and MESSAGE, each read from behind its first word.
 namespace qor::abap {
 
-void CompilarWRITE(Compilador& c, Lectura& l);    // compile_write.cpp
-void CompilarULINE(Compilador& c, Lectura& l);    // compile_write.cpp
-void CompilarMESSAGE(Compilador& c, Lectura& l);  // compile_message.cpp
+void CompilarWRITE(Compilador& c, Lectura& l);    // write.cpp
+void CompilarULINE(Compilador& c, Lectura& l);    // write.cpp
+void CompilarMESSAGE(Compilador& c, Lectura& l);  // message.cpp
 
 // An addition that is about looks alone: read and passed over. False where none stands there.
 bool TomarApariencia(Compilador& c, Lectura& l);

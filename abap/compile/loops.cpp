@@ -3,8 +3,8 @@
 #include <limits>
 
 #include "abap/compile/table_loop.h"
-#include "abap/compile/table_rows.h"
 #include "abap/values/conversion.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 
@@ -131,8 +131,7 @@ void CompilarLOOP(Compilador& c, Lectura& l) {
     c.Emitir<PrincipioDeRecorrido>(recorrido);
     const std::size_t siguiente = c.Aqui();
     auto& pase = c.Emitir<PaseDeRecorrido>(recorrido);
-    auto& bloque = c.AbrirBucle(l.Primera(), "ENDLOOP"_c, siguiente, &pase.destino, std::make_unique<FinDeRecorrido>(recorrido),
-                                recorrido->nivel);
+    auto& bloque = c.AbrirBucle(l.Primera(), "ENDLOOP"_c, siguiente, &pase.destino, std::make_unique<FinDeRecorrido>(recorrido));
     bloque.recorrido = recorrido;
     bloque.principal = recorrido->principal;
 }

@@ -212,7 +212,7 @@ void EmitirSeleccion(Compilador& c, const Palabra& palabra, Seleccion seleccion)
         c.Emitir<AbrirBucleDeSelect>(hecha, nivel);
         const auto siguiente = c.Aqui();
         auto& paso = c.Emitir<PasarBucleDeSelect>(hecha, nivel);
-        c.AbrirBucle(palabra, "ENDSELECT"_c, siguiente, &paso.salida, std::make_unique<CerrarBucleDeSelect>(nivel), nivel);
+        c.AbrirBucle(palabra, "ENDSELECT"_c, siguiente, &paso.salida, std::make_unique<CerrarBucleDeSelect>(nivel));
     }
 }
 

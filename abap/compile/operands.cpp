@@ -106,8 +106,6 @@ Componente Compilador::ComponenteDe(const Palabra& palabra, const TipoDeCampo& l
     }
 }
 
-Componente Compilador::LeerComponente(Lectura& l, const TipoDeCampo& linea) { return ComponenteDe(l.Tomada(), linea); }
-
 std::optional<Operando> Compilador::BuscarOperando(const Palabra& palabra) {
     if (palabra.EsLiteral()) return Literal(TextoDeLiteral(palabra.texto));
     if (EsNumero(palabra.texto)) return Numero(palabra.texto);
@@ -127,12 +125,7 @@ std::optional<Operando> Compilador::BuscarOperando(const Palabra& palabra) {
     if (!referencia->tieneDesplazamiento && !referencia->tieneLargo) return operando;
     if (!operando.dinamico && !SePuedeCortar(operando.campo.tipo)) throw FallaDeSentencia{palabra, "a number has no sub-fields"};
     const auto parte = [&](std::string_view texto) {
-        Palabra nombre = palabra;
-        nombre.texto = texto;
-        nombre.clave = nombre.base = ClaveDe(texto);
-        nombre.largoBase = static_cast<std::uint32_t>(std::min(texto.find('-'), texto.size()));
-        nombre.base = ClaveDe(texto.substr(0, nombre.largoBase));
-        auto valor = BuscarOperando(nombre);
+        auto valor = BuscarOperando(ConTexto(palabra, texto));
         if (!valor) throw FallaDeSentencia{palabra, std::string(texto) + " is not declared"};
         return *valor;
     };

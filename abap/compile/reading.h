@@ -14,6 +14,19 @@ struct FallaDeSentencia {
     std::string texto;
 };
 
+// A part of a word as a word of its own.
+inline Palabra ConTexto(const Palabra& palabra, std::string_view texto) {
+    Palabra otra = palabra;
+    otra.columna += static_cast<int>(texto.data() - palabra.texto.data());
+    otra.texto = texto;
+    if (palabra.EsLiteral()) return otra;
+    otra.clave = ClaveDe(texto);
+    const auto base = texto.substr(0, texto.find_first_of("-+(["));
+    otra.base = ClaveDe(base);
+    otra.largoBase = static_cast<std::uint32_t>(base.size());
+    return otra;
+}
+
 // A statement that is read word by word.
 class Lectura {
 public:

@@ -2,11 +2,17 @@
 
 #include <algorithm>
 
-#include "abap/compile/table_rows.h"
 #include "abap/compile/table_statements.h"
 #include "abap/values/conversion.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
+
+namespace {
+
+constexpr int honduraMaxima = 200;
+
+}  // namespace
 
 std::unique_ptr<CondicionDeFilas> CondicionDeFilas::Leer(Compilador& c, Lectura& l, const OperandoDeTabla& tabla) {
     auto condicion = std::make_unique<CondicionDeFilas>();
@@ -40,15 +46,18 @@ CondicionDeFilas::Nodo CondicionDeFilas::LeerY(Compilador& c, Lectura& l) {
 }
 
 CondicionDeFilas::Nodo CondicionDeFilas::LeerNo(Compilador& c, Lectura& l) {
+    if (++hondura_ > honduraMaxima) l.Fallar("too many brackets within one another");
+    Nodo nodo;
     if (l.Toma("NOT"_c)) {
-        Nodo nodo;
         nodo.clase = Nodo::Clase::No;
         nodo.partes.push_back(LeerNo(c, l));
-        return nodo;
+    } else if (l.Toma("("_c)) {
+        nodo = LeerO(c, l);
+        l.Exige(")"_c, ")");
+    } else {
+        nodo = LeerComparacion(c, l);
     }
-    if (!l.Toma("("_c)) return LeerComparacion(c, l);
-    Nodo nodo = LeerO(c, l);
-    l.Exige(")"_c, ")");
+    --hondura_;
     return nodo;
 }
 
@@ -73,11 +82,7 @@ CondicionDeFilas::Nodo CondicionDeFilas::LeerComparacion(Compilador& c, Lectura&
         } else if (l.Toma("IN"_c)) {
             nodo.clase = Nodo::Clase::EnRango;
             nodo.lugar = rangos_.size();
-            const Palabra palabra = l.Actual();
-            rangos_.push_back(c.LeerTabla(l));
-            const auto* estructura = rangos_.back().linea.estructura;
-            if (estructura == nullptr || estructura->componentes.size() != 4)
-                throw FallaDeSentencia{palabra, std::string(palabra.texto) + " is no RANGES table"};
+            rangos_.push_back(c.LeerRango(l));
         } else {
             const auto relacion = c.TomarRelacion(l);
             if (no || !relacion) l.Fallar("a comparison was expected");

@@ -53,6 +53,7 @@ private:
     static bool Cumple(const Nodo& nodo, const TablaInterna& tabla, const ValoresDeCondicion& valores, std::size_t fila);
 
     OperandoDeTabla tabla_;
+    int hondura_ = 0;     // while it is read
     Nodo raiz_;           // what is left of it without the equalities
     bool resto_ = false;  // something is
     std::vector<Nodo> igualdades_;

@@ -16,7 +16,7 @@ constexpr std::size_t largoDeNombre = 8;
 // The default as the screen would take it: upper case where it has to be, and cut.
 void Compilador::PonerDEFAULT(Lectura& l, const ParametroCompilado& parametro) {
     const Operando valor = LeerOperando(l);
-    if (!valor.constante) {
+    if (!valor.constante || valor.trozo) {
         // A field, such as SY-DATUM: it is moved when the report starts.
         programa_->defectos.emplace_back(parametro.operando, valor);
         return;
@@ -84,6 +84,7 @@ void Compilador::LeerPARAMETERS(Lectura& l) {
 }
 
 OperandoDeTabla Compilador::NuevoRango(std::string_view nombre, const TipoDeCampo& tipo, bool global) {
+    if (tipo.tipo == Tipo::Cadena) throw FallaDeSentencia{palabraDeSentencia_, "ranges of STRING are not known here"};
     Estructura& linea = NuevaEstructura(std::string(nombre));
     linea.Agregar("SIGN", {Tipo::C, 1});
     linea.Agregar("OPTION", {Tipo::C, 2});

@@ -8,14 +8,6 @@ namespace qor::abap {
 
 namespace {
 
-TipoDeCampo TipoDe(Tipo tipo, std::uint32_t largo, std::uint8_t decimales = 0) {
-    TipoDeCampo suyo;
-    suyo.tipo = tipo;
-    suyo.largo = largo;
-    suyo.decimales = decimales;
-    return suyo;
-}
-
 class LectorDeSelect {
 public:
     LectorDeSelect(Compilador& c, Lectura& l) : c_(c), l_(l) {}
@@ -191,7 +183,7 @@ private:
             columna.nombre = escrita.alias;
             if (escrita.funcion == "COUNT" && escrita.palabra.clave == "*"_c && !escrita.distinta) {
                 columna.pedida.columna = "*";
-                columna.tipo = TipoDe(Tipo::I, 4);
+                columna.tipo = TipoDeCampo{Tipo::I, 4};
             } else {
                 const auto suya = ExigirColumna(c_, s_.tabla, escrita.palabra);
                 columna.pedida.columna = suya.nombre;
@@ -204,9 +196,9 @@ private:
     }
 
     static TipoDeCampo TipoDeFuncion(const std::string& funcion, const TipoDeCampo& tipo) {
-        if (funcion == "COUNT") return TipoDe(Tipo::I, 4);
-        if (funcion == "AVG") return TipoDe(Tipo::F, 8);
-        if (funcion == "SUM" && tipo.tipo == Tipo::P) return TipoDe(Tipo::P, 16, tipo.decimales);
+        if (funcion == "COUNT") return TipoDeCampo{Tipo::I, 4};
+        if (funcion == "AVG") return TipoDeCampo{Tipo::F, 8};
+        if (funcion == "SUM" && tipo.tipo == Tipo::P) return TipoDeCampo{Tipo::P, 16, tipo.decimales};
         return tipo;
     }
 

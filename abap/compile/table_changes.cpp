@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "abap/compile/row_condition.h"
-#include "abap/compile/table_rows.h"
 #include "abap/compile/table_statements.h"
 #include "abap/values/conversion.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 
@@ -84,7 +84,7 @@ public:
         auto& tabla = maquina.Tabla(tabla_);
         std::size_t fila = 0;
         const bool hallada = BuscarIndice(maquina, tabla, indice_, fila);
-        if (hallada) BorrarFila(tabla, fila);
+        if (hallada) tabla.Borrar(fila);
         maquina.PonerSubrc(hallada ? 0 : 4);
         return siguiente;
     }
@@ -143,7 +143,7 @@ public:
             fila = BuscarFila(filas, iguales, 0);
         }
         const bool hallada = fila < filas.Filas();
-        if (hallada) BorrarFila(filas, fila);
+        if (hallada) filas.Borrar(fila);
         maquina.PonerSubrc(hallada ? 0 : 4);
         return siguiente;
     }

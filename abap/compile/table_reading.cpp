@@ -1,9 +1,9 @@
 // READ TABLE.
 #include <algorithm>
 
-#include "abap/compile/table_rows.h"
 #include "abap/compile/table_statements.h"
 #include "abap/values/conversion.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 

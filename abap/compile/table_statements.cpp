@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "abap/compile/table_rows.h"
 #include "abap/values/field_part.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 

@@ -9,25 +9,25 @@
 // answer bool answer false, with nothing read, where the statement is one of the database or of files.
 namespace qor::abap {
 
-// compile_tables.cpp
+// tables.cpp
 void CompilarAPPEND(Compilador& c, Lectura& l);
 bool CompilarINSERT(Compilador& c, Lectura& l);
 void CompilarCOLLECT(Compilador& c, Lectura& l);
 void CompilarREFRESH(Compilador& c, Lectura& l);
 void CompilarFREE(Compilador& c, Lectura& l);
 
-// compile_describe.cpp
+// describe.cpp
 void CompilarDESCRIBE(Compilador& c, Lectura& l);
 
-// compile_table_reading.cpp
+// table_reading.cpp
 bool CompilarREAD(Compilador& c, Lectura& l);
 
-// compile_table_changes.cpp
+// table_changes.cpp
 bool CompilarMODIFY(Compilador& c, Lectura& l);
 bool CompilarDELETE(Compilador& c, Lectura& l);
 void CompilarSORT(Compilador& c, Lectura& l);
 
-// compile_loops.cpp
+// loops.cpp
 void CompilarLOOP(Compilador& c, Lectura& l);
 bool CompilarAT(Compilador& c, Lectura& l);
 void CompilarSUM(Compilador& c, Lectura& l);

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <array>
 
-#include "abap/compile/table_rows.h"
 #include "abap/compile/table_statements.h"
 #include "abap/values/conversion.h"
 #include "abap/values/number.h"
+#include "abap/values/table_rows.h"
 
 namespace qor::abap {
 
@@ -56,7 +56,7 @@ public:
         tabla.Cambia();
         tabla.SusPasadas().Inserta(fila);
         maquina.PonerTabix(fila + 1);
-        if (tabla_.ocurre > 0 && tabla.Filas() > tabla_.ocurre) BorrarFila(tabla, tabla.Filas() - 1);
+        if (tabla_.ocurre > 0 && tabla.Filas() > tabla_.ocurre) tabla.Borrar(tabla.Filas() - 1);
         return siguiente;
     }
 
@@ -100,7 +100,7 @@ public:
         if (&origen == &destino) CopiarTabla(origen, antes);
         const auto& de = &origen == &destino ? antes : origen;
         for (std::size_t i = desde; i < hasta; ++i, ++lugar) {
-            InsertarFila(destino, lugar);
+            destino.Insertar(lugar);
             Mover(de.CampoDeFila(i), destino.CampoDeFila(lugar));
         }
         maquina.PonerSubrc(0);
@@ -131,10 +131,10 @@ public:
         }
         if (area_) {
             const Campo origen = maquina.Resolver(*area_);
-            InsertarFila(tabla, fila);
+            tabla.Insertar(fila);
             Mover(origen, tabla.CampoDeFila(fila));
         } else {
-            InsertarFila(tabla, fila);
+            tabla.Insertar(fila);
             PonerInicial(tabla, fila);
         }
         maquina.PonerSubrc(0);
@@ -200,32 +200,6 @@ private:
     Operando area_;
     std::vector<Igualdad> claves_;
     std::vector<Componente> numeros_;
-};
-
-class VaciarTabla : public Instruccion {
-public:
-    explicit VaciarTabla(OperandoDeTabla tabla) : tabla_(std::move(tabla)) {}
-
-    std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
-        maquina.Tabla(tabla_).Vaciar();
-        return siguiente;
-    }
-
-private:
-    OperandoDeTabla tabla_;
-};
-
-class LiberarCampo : public Instruccion {
-public:
-    explicit LiberarCampo(Operando campo) : campo_(std::move(campo)) {}
-
-    std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
-        PonerInicial(maquina.Destino(campo_), maquina.EstructuraDe(campo_));
-        return siguiente;
-    }
-
-private:
-    Operando campo_;
 };
 
 Tramo LeerTramo(Compilador& c, Lectura& l) {
@@ -334,7 +308,7 @@ void CompilarCOLLECT(Compilador& c, Lectura& l) {
 void CompilarREFRESH(Compilador& c, Lectura& l) {
     auto tabla = c.LeerTabla(l);
     l.Fin();
-    c.Emitir<VaciarTabla>(std::move(tabla));
+    c.EmitirVaciado(std::move(tabla));
 }
 
 void CompilarFREE(Compilador& c, Lectura& l) {
@@ -344,7 +318,7 @@ void CompilarFREE(Compilador& c, Lectura& l) {
     }
     auto campo = c.LeerDestino(l);
     l.Fin();
-    c.Emitir<LiberarCampo>(std::move(campo));
+    c.EmitirLimpieza(std::move(campo));
 }
 
 bool LeerDeTablas(Compilador& c, Lectura& l) {

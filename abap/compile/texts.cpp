@@ -67,45 +67,6 @@ public:
     }
 };
 
-class Condensacion : public Instruccion {
-public:
-    Condensacion(Operando campo, bool sinBlancos) : campo_(std::move(campo)), sinBlancos_(sinBlancos) {}
-    std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
-        Condensar(maquina.Destino(campo_), sinBlancos_);
-        return siguiente;
-    }
-
-private:
-    Operando campo_;
-    bool sinBlancos_;
-};
-
-class CambioDeCaja : public Instruccion {
-public:
-    CambioDeCaja(Operando campo, bool mayusculas) : campo_(std::move(campo)), mayusculas_(mayusculas) {}
-    std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
-        CambiarCaja(maquina.Destino(campo_), mayusculas_);
-        return siguiente;
-    }
-
-private:
-    Operando campo_;
-    bool mayusculas_;
-};
-
-class Traslado : public Instruccion {
-public:
-    Traslado(Operando campo, Operando pares) : campo_(std::move(campo)), pares_(std::move(pares)) {}
-    std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
-        TrasladarPares(maquina.Destino(campo_), maquina.Resolver(pares_));
-        return siguiente;
-    }
-
-private:
-    Operando campo_;
-    Operando pares_;
-};
-
 class Reemplazo : public Instruccion {
 public:
     Operando que;
@@ -116,8 +77,9 @@ public:
     std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
         std::optional<int> suyo;
         if (largo) suyo = static_cast<int>(maquina.Entero(*largo));
-        const int subrc = Reemplazar(maquina.Resolver(que), suyo, maquina.Resolver(otro), maquina.Destino(campo), maquina.Fdpos());
-        maquina.PonerFdpos();
+        std::int32_t fdpos = maquina.Fdpos();
+        const int subrc = Reemplazar(maquina.Resolver(que), suyo, maquina.Resolver(otro), maquina.Destino(campo), fdpos);
+        maquina.PonerFdpos(fdpos);
         maquina.PonerSubrc(subrc);
         return siguiente;
     }
@@ -134,8 +96,9 @@ public:
 
     std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const override {
         const Campo buscado = maquina.Resolver(patron);
-        const int subrc = tabla ? EnTabla(maquina, buscado) : EnCampo(maquina, buscado);
-        maquina.PonerFdpos();
+        std::int32_t fdpos = maquina.Fdpos();
+        const int subrc = tabla ? EnTabla(maquina, buscado, fdpos) : EnCampo(maquina, buscado, fdpos);
+        maquina.PonerFdpos(fdpos);
         maquina.PonerSubrc(subrc);
         return siguiente;
     }
@@ -149,25 +112,25 @@ private:
         return hasta ? std::min(todo, static_cast<std::size_t>(std::max<std::int64_t>(maquina.Entero(*hasta), 0))) : todo;
     }
 
-    int EnCampo(Maquina& maquina, const Campo& buscado) const {
+    int EnCampo(Maquina& maquina, const Campo& buscado, std::int32_t& fdpos) const {
         const Campo todo = maquina.Resolver(*campo);
-        if (!desde && !hasta) return Buscar(todo, buscado, maquina.Fdpos());
+        if (!desde && !hasta) return Buscar(todo, buscado, fdpos);
         std::string resto;
         const auto texto = TextoDeOperando(todo, resto);
         const auto primero = Primero(maquina);
         const auto fin = Fin(maquina, texto.size());
         if (primero >= fin) {
-            maquina.Fdpos() = 0;
+            fdpos = 0;
             return 4;
         }
-        return Buscar(CampoDe(texto.substr(primero, fin - primero)), buscado, maquina.Fdpos());
+        return Buscar(CampoDe(texto.substr(primero, fin - primero)), buscado, fdpos);
     }
 
-    int EnTabla(Maquina& maquina, const Campo& buscado) const {
+    int EnTabla(Maquina& maquina, const Campo& buscado, std::int32_t& fdpos) const {
         const auto& filas = maquina.Tabla(*tabla);
         const auto fin = Fin(maquina, filas.Filas());
         for (auto fila = Primero(maquina); fila < fin; ++fila) {
-            if (Buscar(filas.CampoDeFila(fila), buscado, maquina.Fdpos()) != 0) continue;
+            if (Buscar(filas.CampoDeFila(fila), buscado, fdpos) != 0) continue;
             maquina.PonerTabix(fila + 1);
             return 0;
         }
@@ -243,12 +206,21 @@ void LeerSPLIT(Compilador& c, Lectura& l) {
     l.Fin();
 }
 
+void LeerCONDENSE(Compilador& c, Lectura& l) {
+    auto campo = c.LeerDestino(l);
+    const bool sinBlancos = l.Toma("NO-GAPS"_c);
+    l.Fin();
+    c.EmitirAccion([campo = std::move(campo), sinBlancos](Maquina& maquina) { Condensar(maquina.Destino(campo), sinBlancos); });
+}
+
 void LeerTRANSLATE(Compilador& c, Lectura& l) {
     auto campo = c.LeerDestino(l);
     if (l.Toma("USING"_c)) {
         auto pares = c.LeerOperando(l);
         l.Fin();
-        c.Emitir<Traslado>(std::move(campo), std::move(pares));
+        c.EmitirAccion([campo = std::move(campo), pares = std::move(pares)](Maquina& maquina) {
+            TrasladarPares(maquina.Destino(campo), maquina.Resolver(pares));
+        });
         return;
     }
     l.Exige("TO"_c, "TO UPPER CASE, TO LOWER CASE or USING");
@@ -256,7 +228,7 @@ void LeerTRANSLATE(Compilador& c, Lectura& l) {
     if (!mayusculas && !l.Toma("LOWER"_c)) l.NoSePractica();
     l.Exige("CASE"_c, "CASE");
     l.Fin();
-    c.Emitir<CambioDeCaja>(std::move(campo), mayusculas);
+    c.EmitirAccion([campo = std::move(campo), mayusculas](Maquina& maquina) { CambiarCaja(maquina.Destino(campo), mayusculas); });
 }
 
 void LeerREPLACE(Compilador& c, Lectura& l) {
@@ -346,13 +318,7 @@ bool LeerDeTextos(Compilador& c, Lectura& l) {
     switch (l.Primera().clave) {
         case "CONCATENATE"_c: LeerCONCATENATE(c, l); return true;
         case "SPLIT"_c: LeerSPLIT(c, l); return true;
-        case "CONDENSE"_c: {
-            auto campo = c.LeerDestino(l);
-            const bool sinBlancos = l.Toma("NO-GAPS"_c);
-            l.Fin();
-            c.Emitir<Condensacion>(std::move(campo), sinBlancos);
-            return true;
-        }
+        case "CONDENSE"_c: LeerCONDENSE(c, l); return true;
         case "TRANSLATE"_c: LeerTRANSLATE(c, l); return true;
         case "REPLACE"_c: LeerREPLACE(c, l); return true;
         case "SEARCH"_c: LeerSEARCH(c, l); return true;

@@ -9,6 +9,8 @@ namespace qor::abap {
 
 namespace {
 
+constexpr int decimalesMaximos = 14;
+
 // Where an output goes: /COLUMN(WIDTH).
 struct Sitio {
     bool lineaNueva = false;
@@ -29,7 +31,8 @@ struct Formato {
 
     FormatoDeSalida Completo(Maquina& maquina) const {
         FormatoDeSalida formato = fijo;
-        if (decimales) formato.decimales = static_cast<int>(maquina.Entero(*decimales));
+        if (decimales)
+            formato.decimales = static_cast<int>(std::clamp<std::int64_t>(maquina.Entero(*decimales), 0, decimalesMaximos));
         if (mascara) formato.mascara = std::string(SinBlancosDetras(maquina.Resolver(*mascara).Texto()));
         return formato;
     }
@@ -47,7 +50,9 @@ public:
         sitio.Ir(maquina);
         if (!valor) return siguiente;
         const Campo campo = maquina.Resolver(*valor);
-        const int ancho = sitio.ancho ? static_cast<int>(maquina.Entero(*sitio.ancho)) : AnchoDeSalida(campo);
+        // No output is wider than a line.
+        const auto pedido = sitio.ancho ? std::clamp<std::int64_t>(maquina.Entero(*sitio.ancho), 0, maquina.Salida().Ancho()) : 0;
+        const int ancho = sitio.ancho ? static_cast<int>(pedido) : AnchoDeSalida(campo);
         const auto texto = TextoDeSalida(campo, ancho, formato.EsFijo() ? formato.fijo : formato.Completo(maquina));
         maquina.Salida().Escribir(texto, conHueco);
         return siguiente;
@@ -111,12 +116,7 @@ bool EsAdicion(const Lectura& l, std::size_t n) {
 // A part of a place: a number, or behind AT a field.
 Operando LeerMedida(Compilador& c, const Lectura& l, const Palabra& palabra, std::string_view texto, bool conNombres) {
     if (EsEntero(texto)) return c.Numero(texto);
-    Palabra nombre = palabra;
-    nombre.texto = texto;
-    nombre.largoBase = static_cast<std::uint32_t>(std::min(texto.find_first_of("-+(["), texto.size()));
-    nombre.clave = ClaveDe(texto);
-    nombre.base = ClaveDe(texto.substr(0, nombre.largoBase));
-    auto operando = conNombres ? c.BuscarOperando(nombre) : std::nullopt;
+    auto operando = conNombres ? c.BuscarOperando(ConTexto(palabra, texto)) : std::nullopt;
     if (!operando) l.Fallar("this is no place in the list");
     return *operando;
 }

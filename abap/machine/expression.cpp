@@ -89,16 +89,24 @@ bool ValeOpcion(const Campo& valor, std::string_view opcion, const Campo& bajo, 
 
 }  // namespace
 
+PartesDeRango::PartesDeRango(const TablaInterna& rango) {
+    constexpr std::array nombres = {"SIGN", "OPTION", "LOW", "HIGH"};
+    const auto* linea = rango.Linea().estructura;
+    for (std::size_t i = 0; i < nombres.size(); ++i) {
+        partes_[i] = linea == nullptr ? nullptr : linea->Buscar(nombres[i]);
+        if (partes_[i] == nullptr) throw Volcado("SAPSQL_IN_ITAB_ILLEGAL_SIGN", "The table behind IN is no table of ranges");
+    }
+}
+
 bool EstaEnRango(const Campo& valor, const TablaInterna& rango) {
-    const auto& componentes = rango.Linea().estructura->componentes;
+    const PartesDeRango partes(rango);
     bool incluye = false;
     bool hayInclusion = false;
     for (std::size_t i = 0; i < rango.Filas(); ++i) {
         std::uint8_t* fila = rango.Fila(i);
-        const auto signo = CampoDeComponente(componentes[0], fila).Texto();
-        const auto opcion = CampoDeComponente(componentes[1], fila).Texto();
-        const bool vale =
-            ValeOpcion(valor, opcion, CampoDeComponente(componentes[2], fila), CampoDeComponente(componentes[3], fila));
+        const auto signo = partes.Signo(fila).Texto();
+        const auto opcion = partes.Opcion(fila).Texto();
+        const bool vale = ValeOpcion(valor, opcion, partes.Bajo(fila), partes.Alto(fila));
         if (signo == "E") {
             if (vale) return false;
         } else {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -45,6 +46,20 @@ public:
     Condicion& operator=(const Condicion&) = delete;
     virtual ~Condicion() = default;
     virtual bool Vale(Maquina& maquina) const = 0;
+};
+
+// The parts of a line of a RANGES table or SELECT-OPTIONS, by their names. Throws where the table has none of them.
+class PartesDeRango {
+public:
+    explicit PartesDeRango(const TablaInterna& rango);
+
+    Campo Signo(std::uint8_t* fila) const { return CampoDeComponente(*partes_[0], fila); }
+    Campo Opcion(std::uint8_t* fila) const { return CampoDeComponente(*partes_[1], fila); }
+    Campo Bajo(std::uint8_t* fila) const { return CampoDeComponente(*partes_[2], fila); }
+    Campo Alto(std::uint8_t* fila) const { return CampoDeComponente(*partes_[3], fila); }
+
+private:
+    std::array<const Componente*, 4> partes_{};
 };
 
 // Whether a value is in the lines of a RANGES table or SELECT-OPTIONS: any of those that include, none of those that exclude. A

@@ -4,6 +4,12 @@
 
 namespace qor::abap {
 
+namespace {
+
+constexpr int saltoMaximo = 60000;  // lines of SKIP at once
+
+}  // namespace
+
 void Lista::Entregar() {
     if (!abierta_) return;
     const auto fin = linea_.find_last_not_of(' ');
@@ -44,7 +50,7 @@ void Lista::Escribir(std::string_view texto, bool conHueco) {
 
 void Lista::Saltar(int lineas) {
     NuevaLinea();
-    saltadas_ += std::max(lineas, 0);
+    saltadas_ = std::min(saltadas_ + std::clamp(lineas, 0, saltoMaximo), saltoMaximo);
 }
 
 void Lista::Raya(int columna, int largo) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "abap/machine/expression.h"
 #include "abap/values/conversion.h"
 #include "abap/values/field_part.h"
 
@@ -17,12 +18,12 @@ std::uint32_t BytesDe(const Campo& campo) { return campo.tipo == Tipo::Cadena ? 
 
 // A line of a SELECT-OPTIONS: one value, or all between two.
 void PonerRango(TablaInterna& rango, const Campo& bajo, const Campo& alto) {
-    const auto& componentes = rango.Linea().estructura->componentes;
+    const PartesDeRango partes(rango);
     std::uint8_t* fila = rango.Agregar();
-    PonerTexto("I", CampoDeComponente(componentes[0], fila));
-    PonerTexto(alto.datos == nullptr ? "EQ" : "BT", CampoDeComponente(componentes[1], fila));
-    Mover(bajo, CampoDeComponente(componentes[2], fila));
-    const Campo arriba = CampoDeComponente(componentes[3], fila);
+    PonerTexto("I", partes.Signo(fila));
+    PonerTexto(alto.datos == nullptr ? "EQ" : "BT", partes.Opcion(fila));
+    Mover(bajo, partes.Bajo(fila));
+    const Campo arriba = partes.Alto(fila);
     PonerInicial(arriba, nullptr);
     if (alto.datos != nullptr) Mover(alto, arriba);
 }
@@ -131,9 +132,8 @@ void Maquina::EnlazarTabla(Marco& marco, const ParametroFormal& formal, const Ar
         enlace.campo = Resolver(*argumento.tabla->cabecera);
     } else {
         // A parameter of a FORM has a header line, whatever the table has.
-        auto& copia = marco.copias.emplace_back(std::make_unique<std::uint8_t[]>(std::max<std::uint32_t>(tabla.Linea().largo, 1)));
         enlace.campo = Campo{};
-        enlace.campo.datos = copia.get();
+        enlace.campo.datos = marco.copias.emplace_back(tabla.Linea().largo).data();
         enlace.campo.largo = tabla.Linea().largo;
         enlace.campo.tipo = tabla.Linea().tipo;
         enlace.campo.decimales = tabla.Linea().decimales;
@@ -147,19 +147,20 @@ void Maquina::EnlazarCampo(Marco& marco, const ParametroFormal& formal, const Ar
     if (argumento.tabla && !argumento.operando) {
         enlace.tabla = &Tabla(*argumento.tabla);
         enlace.estructura = enlace.tabla->Linea().estructura;
+        if (formal.minimo > 0) FaltarEnParametro(formal);  // the table has no header line that could be the structure
         return;
     }
     enlace.campo = Resolver(*argumento.operando);
     enlace.estructura = EstructuraDe(*argumento.operando);
     if (formal.minimo > BytesDe(enlace.campo)) FaltarEnParametro(formal);
-    if (!formal.porValor) return;
+    // A part of a STRING is given as it is now: the STRING may move its bytes.
+    if (!formal.porValor && !EsParteDeCadena(*argumento.operando)) return;
     Campo copia = enlace.campo;
-    copia.soloLectura = false;
+    copia.soloLectura = !formal.porValor;
     if (copia.tipo == Tipo::Cadena) {
         copia.cadena = marco.copiasDeCadenas.emplace_back(std::make_unique<std::string>(*enlace.campo.cadena)).get();
     } else {
-        copia.datos = marco.copias.emplace_back(std::make_unique<std::uint8_t[]>(std::max<std::uint32_t>(copia.largo, 1))).get();
-        std::memcpy(copia.datos, enlace.campo.datos, copia.largo);
+        copia.datos = marco.copias.emplace_back(copia.datos, copia.datos + copia.largo).data();
     }
     enlace.campo = copia;
 }
@@ -178,15 +179,36 @@ void Maquina::Enlazar(Marco& marco, const Rutina& rutina, std::span<const Argume
 void Maquina::GuardarGlobales(const Rutina& rutina, Marco& marco) {
     for (const auto& global : rutina.guardados) {
         const Campo campo = Resolver(global);
-        auto& copia = marco.copias.emplace_back(std::make_unique<std::uint8_t[]>(std::max<std::uint32_t>(BytesDe(campo), 1)));
-        std::memcpy(copia.get(), campo.datos, BytesDe(campo));
+        marco.copias.emplace_back(campo.datos, campo.datos + BytesDe(campo));
     }
 }
 
 void Maquina::DevolverGlobales(const Rutina& rutina, Marco& marco) {
-    for (std::size_t i = 0; i < rutina.guardados.size(); ++i) {
+    for (std::size_t i = 0; i < std::min(rutina.guardados.size(), marco.copias.size()); ++i) {
         const Campo campo = Resolver(rutina.guardados[i]);
-        std::memcpy(campo.datos, marco.copias[i].get(), BytesDe(campo));
+        std::memcpy(campo.datos, marco.copias[i].data(), BytesDe(campo));
+    }
+}
+
+// Global field-symbols that stand for data objects of a FORM stand for nothing behind it.
+void Maquina::SoltarSimbolos(const Rutina& rutina, const Marco& marco) {
+    const auto esta = [](const std::uint8_t* donde, const std::uint8_t* bytes, std::size_t cuantos) {
+        return donde >= bytes && donde < bytes + cuantos;
+    };
+    for (auto& enlace : global_.enlaces) {
+        if (!enlace.asignado) continue;
+        bool suya = false;
+        if (enlace.campo.tipo == Tipo::Cadena) {
+            const auto es = [&](const std::string& cadena) { return &cadena == enlace.campo.cadena; };
+            suya = std::any_of(marco.cadenas.begin(), marco.cadenas.end(), es) ||
+                   std::any_of(marco.copiasDeCadenas.begin(), marco.copiasDeCadenas.end(),
+                               [&](const auto& copia) { return es(*copia); });
+        } else {
+            suya = esta(enlace.campo.datos, marco.datos.get(), rutina.marco.datos.size()) ||
+                   std::any_of(marco.copias.begin(), marco.copias.end(),
+                               [&](const auto& copia) { return esta(enlace.campo.datos, copia.data(), copia.size()); });
+        }
+        if (suya) enlace = {};
     }
 }
 
@@ -235,7 +257,21 @@ void Maquina::Ejecutar(const Rutina& rutina, Marco& marco) {
 
 void Maquina::Llamar(const Rutina& rutina, std::span<const Argumento> argumentos) {
     if (rutina.linea == 0) throw Volcado("PERFORM_NOT_FOUND", "There is no FORM " + rutina.nombre);
-    auto marco = TomarMarco(rutina);
+    // However the FORM is left, global fields get back what LOCAL kept of them, and the frame can be used again.
+    struct Salida {
+        Maquina& maquina;
+        const Rutina& rutina;
+        std::unique_ptr<Marco> marco;
+        ~Salida() {
+            maquina.DevolverGlobales(rutina, *marco);
+            maquina.SoltarSimbolos(rutina, *marco);
+            marco->copias.clear();
+            marco->copiasDeCadenas.clear();
+            maquina.libres_[rutina.numero].push_back(std::move(marco));
+        }
+    };
+    const Salida salida{*this, rutina, TomarMarco(rutina)};
+    Marco* const marco = salida.marco.get();
     GuardarGlobales(rutina, *marco);
     Enlazar(*marco, rutina, argumentos);
     const Instruccion* llamada = actual_;
@@ -246,10 +282,6 @@ void Maquina::Llamar(const Rutina& rutina, std::span<const Argumento> argumentos
         if (formal.devuelve && argumentos[i].operando)
             Mover(marco->enlaces[formal.casilla].campo, Destino(*argumentos[i].operando));
     }
-    DevolverGlobales(rutina, *marco);
-    marco->copias.clear();
-    marco->copiasDeCadenas.clear();
-    libres_[rutina.numero].push_back(std::move(marco));
 }
 
 void Maquina::Iniciar() {
@@ -279,7 +311,6 @@ FinDeReporte Maquina::Correr() {
         }
         if (programa_->fin != nullptr) Ejecutar(*programa_->fin, global_);
     } catch (const SaltoDeReporte& salto) {
-        marco_ = &global_;
         if (salto.adonde == Adonde::Mensaje) return FinDeReporte::Mensaje;
         if (salto.adonde == Adonde::Abandono) return FinDeReporte::Abandonado;
         if (salto.adonde == Adonde::Detenido) return FinDeReporte::Detenido;
@@ -310,6 +341,13 @@ Campo Maquina::ResolverTrozo(const Campo& campo, const TrozoVariable& trozo) {
     parte.tipo = TipoDeParte(campo.tipo);
     parte.soloLectura = campo.soloLectura || cadena;
     return parte;
+}
+
+bool Maquina::EsParteDeCadena(const Operando& operando) {
+    if (!operando.trozo) return false;
+    Operando todo = operando;
+    todo.trozo = nullptr;
+    return Resolver(todo).tipo == Tipo::Cadena;
 }
 
 const Estructura* Maquina::EstructuraDe(const Operando& operando) {

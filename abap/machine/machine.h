@@ -34,7 +34,7 @@ struct Marco {
     std::vector<TablaInterna> tablas;
     std::vector<Enlace> enlaces;
     std::vector<std::unique_ptr<EstadoDeBucle>> bucles;
-    std::vector<std::unique_ptr<std::uint8_t[]>> copias;  // of parameters by value
+    std::vector<std::vector<std::uint8_t>> copias;  // of parameters by value
     std::vector<std::unique_ptr<std::string>> copiasDeCadenas;
 };
 
@@ -71,6 +71,8 @@ public:
     Campo Destino(const Operando& operando);
     // The structure of an operand, known now or by what it stands for; null where there is none.
     const Estructura* EstructuraDe(const Operando& operando);
+    // Whether it is an offset and a length of a STRING, whose bytes may move.
+    bool EsParteDeCadena(const Operando& operando);
     TablaInterna& Tabla(const OperandoDeTabla& operando);
     Campo Cabecera(const OperandoDeTabla& operando);  // throws where there is none
     Enlace& EnlaceDe(const Operando& operando);       // of a field-symbol
@@ -79,13 +81,9 @@ public:
     // The state of the loop of a routine, by its depth.
     template <class Estado>
     Estado& Bucle(std::uint32_t nivel) {
-        auto& estado = marco_->bucles[nivel];
-        auto* suyo = dynamic_cast<Estado*>(estado.get());
-        if (suyo == nullptr) {
-            estado = std::make_unique<Estado>();
-            suyo = static_cast<Estado*>(estado.get());
-        }
-        return *suyo;
+        auto& estado = marco_->bucles[nivel];  // a level belongs to one loop, so the kind of its state stays
+        if (!estado) estado = std::make_unique<Estado>();
+        return static_cast<Estado&>(*estado);
     }
 
     // ---- System fields ----
@@ -97,8 +95,8 @@ public:
     void PonerSY(std::string_view nombre, std::int64_t valor);
     void PonerSY(std::string_view nombre, std::string_view valor);
     Campo CampoSY(std::string_view nombre);
-    std::int32_t& Fdpos() { return fdpos_; }  // write back with PonerFdpos
-    void PonerFdpos() { PonerEnteroSY(lugarFdpos_, fdpos_); }
+    std::int32_t Fdpos() const { return EnteroSY(lugarFdpos_); }
+    void PonerFdpos(std::int32_t valor) { PonerEnteroSY(lugarFdpos_, valor); }
 
     // ---- The rest ----
 
@@ -126,6 +124,7 @@ private:
     void PonerEnteroSY(std::uint32_t lugar, std::int32_t valor) { std::memcpy(global_.datos.get() + lugar, &valor, sizeof valor); }
     void Atender();
     void GuardarGlobales(const Rutina& rutina, Marco& marco);
+    void SoltarSimbolos(const Rutina& rutina, const Marco& marco);
     void DevolverGlobales(const Rutina& rutina, Marco& marco);
     void PrepararMarco(Marco& marco, const DisenoDeMarco& diseno);
     std::unique_ptr<Marco> TomarMarco(const Rutina& rutina);
@@ -147,7 +146,6 @@ private:
     const Instruccion* actual_ = nullptr;
     int hondura_ = 0;
     bool enRegistro_ = false;
-    std::int32_t fdpos_ = 0;
     std::uint32_t lugarSubrc_ = 0;
     std::uint32_t lugarTabix_ = 0;
     std::uint32_t lugarFdpos_ = 0;

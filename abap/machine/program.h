@@ -46,10 +46,9 @@ struct DisenoDeMarco {
 struct ParametroFormal {
     std::string nombre;
     std::uint32_t casilla = 0;
-    bool tabla = false;     // TABLES
-    bool porValor = false;  // VALUE( )
-    bool devuelve = false;  // CHANGING VALUE( )
-    const Estructura* estructura = nullptr;
+    bool tabla = false;        // TABLES
+    bool porValor = false;     // VALUE( )
+    bool devuelve = false;     // CHANGING VALUE( )
     std::uint32_t minimo = 0;  // bytes that its structure needs
 };
 

@@ -103,6 +103,7 @@ std::uint8_t* TablaInterna::Insertar(std::size_t i) {
     Cambia();
     auto* fila = Nueva();
     filas_.insert(filas_.begin() + static_cast<std::ptrdiff_t>(i), fila);
+    pasadas_.Inserta(i);
     return fila;
 }
 
@@ -111,6 +112,7 @@ void TablaInterna::Borrar(std::size_t i) {
     Terminar(filas_[i]);
     libres_.push_back(filas_[i]);
     filas_.erase(filas_.begin() + static_cast<std::ptrdiff_t>(i));
+    pasadas_.Borra(i);
 }
 
 void TablaInterna::Vaciar() {

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "abap/compile/table_pass.h"
 #include "abap/values/structure.h"
+#include "abap/values/table_pass.h"
 
 namespace qor::abap {
 

@@ -1,4 +1,4 @@
-#include "abap/compile/table_rows.h"
+#include "abap/values/table_rows.h"
 
 #include <algorithm>
 #include <cstring>
@@ -56,16 +56,6 @@ std::vector<Componente> ComponentesNumericos(const TipoDeCampo& linea) {
 Campo CampoDeFila(const TablaInterna& tabla, const Componente& componente, std::size_t fila) {
     if (componente.tipo.tipo == Tipo::Cadena) return tabla.CampoDeFila(fila);
     return CampoDeComponente(componente, tabla.Fila(fila));
-}
-
-void InsertarFila(TablaInterna& tabla, std::size_t fila) {
-    tabla.Insertar(fila);
-    tabla.SusPasadas().Inserta(fila);
-}
-
-void BorrarFila(TablaInterna& tabla, std::size_t fila) {
-    tabla.Borrar(fila);
-    tabla.SusPasadas().Borra(fila);
 }
 
 void BorrarFilas(TablaInterna& tabla, const std::vector<bool>& marcas) {

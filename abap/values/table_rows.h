@@ -21,9 +21,6 @@ Componente LineaEntera(const TipoDeCampo& linea);
 // A component of a row.
 Campo CampoDeFila(const TablaInterna& tabla, const Componente& componente, std::size_t fila);
 
-// Puts a row in or takes it out; passes that are under way are kept right.
-void InsertarFila(TablaInterna& tabla, std::size_t fila);  // the caller fills it
-void BorrarFila(TablaInterna& tabla, std::size_t fila);
 // Takes out the rows that are marked; `marcas` has one mark for each row.
 void BorrarFilas(TablaInterna& tabla, const std::vector<bool>& marcas);
 

@@ -12,9 +12,9 @@ namespace qor {
 
 // Reads a file from its beginning, a piece at a time. CR LF, LF and CR end a line. Whatever fails throws FalloDeArchivo; so does a
 // file that has become shorter than it was when it was opened.
-class LectorDeLineas {
+class LectorPorTrozos {
 public:
-    explicit LectorDeLineas(ArchivoAbierto archivo);
+    explicit LectorPorTrozos(ArchivoAbierto archivo);
 
     static constexpr std::size_t todo = std::numeric_limits<std::size_t>::max();
 

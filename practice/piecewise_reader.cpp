@@ -1,4 +1,4 @@
-#include "practice/line_reader.h"
+#include "practice/piecewise_reader.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,12 +19,12 @@ const char* BuscarCaracter(const char* desde, const char* hasta, char caracter) 
 
 }  // namespace
 
-LectorDeLineas::LectorDeLineas(ArchivoAbierto archivo)
+LectorPorTrozos::LectorPorTrozos(ArchivoAbierto archivo)
     : archivo_(std::move(archivo)), tamano_(archivo_.Identidad().tamano), bloque_(largoDeBloque) {
     llamadas::AnunciarLectura(archivo_.Numero());
 }
 
-bool LectorDeLineas::Llenar() {
+bool LectorPorTrozos::Llenar() {
     const auto cuantos = archivo_.Leer(bloque_.data(), bloque_.size());
     if (cuantos == 0 && leidos_ < tamano_) {
         throw FalloDeArchivo("The file became shorter while it was read", archivo_.Ruta());
@@ -37,13 +37,13 @@ bool LectorDeLineas::Llenar() {
 }
 
 // The end of the line that begins at `aqui_`, as far as this block has it. Each kind of line end is looked for once.
-const char* LectorDeLineas::BuscarFin() {
+const char* LectorPorTrozos::BuscarFin() {
     if (!saltoLF_ || saltoLF_ < aqui_) saltoLF_ = BuscarCaracter(aqui_, fin_, '\n');
     if (!saltoCR_ || saltoCR_ < aqui_) saltoCR_ = BuscarCaracter(aqui_, fin_, '\r');
     return std::min(saltoLF_, saltoCR_);
 }
 
-bool LectorDeLineas::Linea(std::string_view& linea, std::size_t maximo) {
+bool LectorPorTrozos::Linea(std::string_view& linea, std::size_t maximo) {
     resto_.clear();
     bool empezada = false;
     for (;;) {
@@ -77,7 +77,7 @@ bool LectorDeLineas::Linea(std::string_view& linea, std::size_t maximo) {
     }
 }
 
-bool LectorDeLineas::Bytes(std::string& bytes, std::size_t largo) {
+bool LectorPorTrozos::Bytes(std::string& bytes, std::size_t largo) {
     bytes.clear();
     trasCR_ = false;
     while (bytes.size() < largo && (aqui_ != fin_ || Llenar())) {
