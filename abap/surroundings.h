@@ -133,6 +133,17 @@ public:
     virtual bool Borrar(std::string_view nombre) = 0;
 };
 
+// ---- Programs of the system ----
+
+class Programas {
+public:
+    virtual ~Programas() = default;
+
+    // INSERT REPORT: a program of that name, in the place of one that is there. Lines without blanks behind them. False where the
+    // system does not take it.
+    virtual bool Insertar(std::string_view nombre, std::span<const std::string> lineas) = 0;
+};
+
 // ---- Function modules, transactions ----
 
 struct ParametroDeFuncion {
@@ -217,6 +228,7 @@ struct Entorno {
     Archivos& archivos;
     Funciones& funciones;
     Transacciones& transacciones;
+    Programas& programas;
     SalidaDeLista& lista;
     Seguimiento& seguimiento;
     Momento momento;

@@ -69,7 +69,8 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                     },
                     [this](const std::string& control) { EnfocarControl(control); }, this,
                     [this] { return programa_.ajustes.EditorDeTextos; }});
-    if (fabrica) conexion_ = fabrica({programa_, ventana_, *vista_, this});
+    if (fabrica)
+        conexion_ = fabrica({programa_, ventana_, *vista_, this, [this] { lazos_.SinCambios([this] { MostrarConexion(); }); }});
     if (!conexion_) conexion_ = SinConexion(*vista_);
     Construir();
     RefrescarIdioma();
@@ -130,6 +131,8 @@ void Principal::CrearEstado() {
     documento_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ConnectionStatus_ = Nuevo<QLabel>("ConnectionStatus", this);
     ConnectionStatus_->setTextFormat(Qt::PlainText);
+    constexpr int margen = 6;
+    for (auto* const rotulo : {documento_, ConnectionStatus_}) rotulo->setContentsMargins(margen, 0, margen, 0);
     statusBar()->addWidget(documento_, 1);
     statusBar()->addPermanentWidget(ConnectionStatus_);
 }
@@ -169,11 +172,9 @@ void Principal::Sincronizar() {
         rejillas_->MostrarRejillas();
         lazos_.MostrarTodo();
         AplicarReglas();
-        AplicarConexion();
+        MostrarConexion();
         SSTab1_->setCurrentIndex(ventana_.SSTab1);
         SSTab2_->setCurrentIndex(ventana_.SSTab2);
-        // The star of a changed document stands where the place holder is.
-        setWindowTitle(QString::fromStdString(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]"));
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
@@ -196,14 +197,30 @@ void Principal::AplicarReglas() {
     }
 }
 
-void Principal::AplicarConexion() {
+void Principal::MostrarConexion() {
+    if (!conexion_->EsDePractica()) catalogoDePractica_.clear();
     const EstadoDelMenu estado = MenuConectado(conexion_->Conectado());
     controles_.Buscar<QAction>("Logon")->setEnabled(estado.Logon);
     controles_.Buscar<QAction>("Logoff")->setEnabled(estado.Logoff);
+    controles_.Buscar<QAction>("KeepRecordingOption")->setEnabled(conexion_->EsDePractica());
     herramientas_->MostrarConexion(estado);
     salida_->MostrarPrograma(estado.GenerateProgram);
     ConnectionStatus_->setVisible(estado.ConnectionStatus);
-    ConnectionStatus_->setText(TextoQt(conexion_->ConnectionStatus()));
+    QString sistema = TextoQt(conexion_->ConnectionStatus());
+    if (conexion_->EsDePractica()) sistema += QStringLiteral(" - ") + Palabra(programa_.textos, "Practice system");
+    ConnectionStatus_->setText(sistema);
+    MostrarTitulo();
+}
+
+// The star of a changed document stands where the place holder is; behind it the system that commands lead to.
+void Principal::MostrarTitulo() {
+    QString titulo = QString::fromStdString(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]");
+    if (conexion_->EsDePractica()) {
+        titulo += QStringLiteral("  -  ") + Palabra(programa_.textos, "Practice system");
+    } else if (conexion_->Conectado()) {
+        titulo += QStringLiteral("  -  ") + TextoQt(conexion_->ConnectionStatus());
+    }
+    setWindowTitle(titulo);
 }
 
 // Everything anew in the loaded language.
@@ -356,19 +373,21 @@ void Principal::RestaurarVentana() {
     const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
-    const QRect pantalla = screen()->availableGeometry();
-    if (pantalla.width() <= anchoDePantallaPequena) {
-        resize(pantalla.size());
-        setWindowState(windowState() | Qt::WindowMaximized);
-        return;
-    }
     // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
     for (auto* const orden : findChildren<QLayout*>()) orden->invalidate();
     for (auto* const control : findChildren<QWidget*>()) {
         control->ensurePolished();
         control->updateGeometry();
     }
-    resize(sizeHint().expandedTo({fontMetrics().averageCharWidth() * 150, 0}).boundedTo(pantalla.size()));
+    const QRect pantalla = screen()->availableGeometry();
+    const QSize pedido = sizeHint().expandedTo({fontMetrics().averageCharWidth() * 150, 0});
+    // A window that does not fit would end below the screen, where the status bar is.
+    if (pantalla.width() <= anchoDePantallaPequena || pedido != pedido.boundedTo(pantalla.size())) {
+        resize(pantalla.size());
+        setWindowState(windowState() | Qt::WindowMaximized);
+        return;
+    }
+    resize(pedido);
     move(pantalla.center() - rect().center());
 }
 

@@ -81,7 +81,9 @@ private:
     VentanaDeAyuda& VentanaPropiaDeAyuda();
     void AyudaDelControl();
     void AplicarReglas();
-    void AplicarConexion();
+    void MostrarConexion();
+    void MostrarTitulo();
+    std::filesystem::path DirectorioDeCatalogos() const;
     CeldaDeRejilla* CeldaActual() const;
 
     // Copies of unsaved work: kept up to date in the course of time, and offered at the start when they were left behind. True when
@@ -147,6 +149,7 @@ private:
     Ventana ventana_;
     CopiasDeTrabajo copias_;
     std::unique_ptr<AccionesDeConexion> conexion_;
+    std::filesystem::path catalogoDePractica_;  // which an update has made; empty where there was none
 
     Lazos lazos_;
     Controles controles_;

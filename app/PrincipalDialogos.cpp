@@ -8,6 +8,7 @@
 #include "app/FormLenguaje.h"
 #include "app/FormSelectLanguage.h"
 #include "app/Principal.h"
+#include "app/practice_file.h"
 #include "app/refusal_view.h"
 #include "bapi/FormBAPI.h"
 #include "bapi/FormTrans.h"
@@ -108,10 +109,14 @@ void Principal::ClicAgregarOperacion() {
     });
 }
 
-// An update of the catalogue is written beside the settings, where the user may write.
+// An update of the catalogue is written beside the settings, where the user may write. That of the practice system goes apart, and
+// is in use only as long as the user practises.
 void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
-    EntornoDeBAPI entorno{.ArchivoBAPI = programa_.ajustes.ArchivoBAPI,
-                          .directorio = programa_.rutaDeAjustes.parent_path(),
+    const bool practica = conexion_->EsDePractica();
+    auto catalogo = practica && !catalogoDePractica_.empty() ? catalogoDePractica_ : programa_.ajustes.ArchivoBAPI;
+    const auto antes = catalogo;
+    EntornoDeBAPI entorno{.ArchivoBAPI = catalogo,
+                          .directorio = DirectorioDeCatalogos(),
                           .sesion = conexion_->Sesion(),
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,
@@ -121,9 +126,19 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }
                           }};
-    const auto antes = programa_.ajustes.ArchivoBAPI;
     FormBAPI(ventana_.documento, programa_.textos, *vista_, std::move(entorno), ventana).exec();
-    if (programa_.ajustes.ArchivoBAPI != antes) GuardarElecciones(programa_);
+    if (catalogo == antes) return;
+    if (practica) {
+        catalogoDePractica_ = catalogo;
+    } else {
+        programa_.ajustes.ArchivoBAPI = catalogo;
+        GuardarElecciones(programa_);
+    }
+}
+
+std::filesystem::path Principal::DirectorioDeCatalogos() const {
+    const auto directorio = programa_.rutaDeAjustes.parent_path();
+    return conexion_->EsDePractica() ? DirectorioDeCatalogosDePractica(directorio) : directorio;
 }
 
 void Principal::ClicEditorBDC() {

@@ -143,6 +143,8 @@ void Principal::CrearOtrosMenus() {
     QMenu* const conexion = NuevoMenu("Connection");
     NuevaAccion("Logon", conexion, [this] { conexion_->Logon(); });
     NuevaAccion("Logoff", conexion, [this] { conexion_->Logoff(); });
+    conexion->addSeparator();
+    NuevaAccion("KeepRecordingOption", conexion, [this] { conexion_->GuardarGrabacion(); });
 
     QMenu* const idioma = NuevoMenu("LangOption");
     NuevaAccion("LengSeleccionar", idioma, [this] { ClicSeleccionarIdioma(); });

@@ -5,9 +5,12 @@
 
 #include "app/command.h"
 #include "app/console_view.h"
+#include "app/practice_file.h"
+#include "app/practice_session.h"
 #include "bapi/catalogue.h"
 #include "bapi/insertion.h"
 #include "bapi/search.h"
+#include "bapi/update.h"
 #include "base/text.h"
 
 namespace qor {
@@ -21,6 +24,7 @@ struct Argumentos {
     std::string documento;
     bool obligatorios = false;
     bool definicion = false;
+    std::optional<std::string> practica;
 };
 
 using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
@@ -88,6 +92,22 @@ bool Insert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return resultado == ResultadoInsercion::Hecho && abierto.Guardar(contexto);
 }
 
+bool Update(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    auto ajustes = contexto.ajustes;
+    ajustes.ArchivoBAPI = ArchivoDe(contexto, argumentos);
+    auto sesion = EntrarEnPractica(contexto, ajustes, *argumentos.practica, Acceso::Leer);
+    if (!sesion) return false;
+    auto nuevo = ajustes.ArchivoBAPI;
+    const PedidoDeActualizacion pedido{
+        *sesion, contexto.textos, contexto.vista,          DirectorioDeCatalogosDePractica(contexto.directorioDeAjustes),
+        nuevo,   [](bool) {},     [](int) { return true; }};
+    if (ActualizarCatalogo(pedido) != ResultadoActualizacion::Hecha) return false;
+    if (!RecuperarDatosBAPIs(nuevo, contexto.textos, contexto.vista)) return false;
+    contexto.vista.Informar(Componer(contexto.textos, {242}));
+    contexto.salida << nuevo.string() << '\n';
+    return true;
+}
+
 CLI::App* AgregarOrden(CLI::App* bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
                        const char* descripcion, bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
     auto* const orden = bapi->add_subcommand(nombre, descripcion);
@@ -118,6 +138,12 @@ void AgregarComandosDeBAPI(Ordenes ordenes) {
     insert->add_option("NAME", argumentos->texto, "Name of a BAPI")->required();
     insert->add_flag("--mandatory", argumentos->obligatorios, "Rows for mandatory parameters only");
     insert->add_flag("--definition", argumentos->definicion, "Declarations and call text only, without rows");
+    auto* const update = AgregarOrden(bapi, ordenes, argumentos, "update", "Make a new catalogue from a practice system", Update);
+    update->footer(
+        "The practice system answers with the catalogue in use. The new one goes into the directory practice beside the\n"
+        "settings, and its path is printed. It asks first, so it starts with --yes alone, which also continues a run that was "
+        "stopped.");
+    AgregarOpcionPractice(update, argumentos->practica)->required();
 }
 
 }  // namespace qor

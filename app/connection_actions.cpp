@@ -10,6 +10,7 @@ public:
 
     bool Disponible() const override { return false; }
     bool Conectado() const override { return false; }
+    bool EsDePractica() const override { return false; }
     std::string ConnectionStatus() const override { return {}; }
 
     void Logon() override { Avisar(); }
@@ -19,6 +20,7 @@ public:
     void ButtonOnlineAnchos() override { Avisar(); }
     void ButtonOnlinePublish() override { Avisar(); }
     void ButtonOnlinePublishLocal() override { Avisar(); }
+    void GuardarGrabacion() override { Avisar(); }
 
     SistemaConectado* Sistema() override { return nullptr; }
     SesionSAP* Sesion() override { return nullptr; }

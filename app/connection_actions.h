@@ -20,9 +20,12 @@ class AccionesDeConexion {
 public:
     virtual ~AccionesDeConexion() = default;
 
-    // Whether a logon can be tried at all. Without it the program starts without one.
+    // Whether there is a system to log on to: a real one can be reached, or the practice system was chosen last. Else the program
+    // starts without a logon.
     virtual bool Disponible() const = 0;
     virtual bool Conectado() const = 0;
+    // Connected to the practice system.
+    virtual bool EsDePractica() const = 0;
     // Caption of the label; shown while connected.
     virtual std::string ConnectionStatus() const = 0;
 
@@ -33,6 +36,8 @@ public:
     virtual void ButtonOnlineAnchos() = 0;
     virtual void ButtonOnlinePublish() = 0;
     virtual void ButtonOnlinePublishLocal() = 0;
+    // Puts a recording of the user's choice into the practice system.
+    virtual void GuardarGrabacion() = 0;
 
     // What the generator needs of the connected system; null while there is none.
     virtual SistemaConectado* Sistema() = 0;
@@ -45,7 +50,8 @@ struct EntornoDeConexion {
     Programa& programa;
     Ventana& ventana;
     Vista& vista;
-    QWidget* padre;  // of its dialogs
+    QWidget* padre;                 // of its dialogs
+    std::function<void()> mostrar;  // shows the connection anew, in the middle of a command
 };
 
 using FabricaDeConexion = std::function<std::unique_ptr<AccionesDeConexion>(const EntornoDeConexion&)>;

@@ -1,13 +1,19 @@
 #include "app/practice_file.h"
 
-#include "app/command.h"
 #include "base/failure.h"
+#include "practice/role.h"
 
 namespace qor {
 
 namespace {
 
 constexpr const char* nombreDePractica = "practice.sqlite";
+
+void CrearDirectorio(const std::filesystem::path& directorio) {
+    std::error_code error;
+    std::filesystem::create_directories(directorio, error);
+    if (error) throw FalloDeArchivo(error.value(), directorio);
+}
 
 }  // namespace
 
@@ -20,18 +26,40 @@ std::filesystem::path RutaDePractica(const Entorno& entorno) {
 
 std::filesystem::path RutaDePracticaConDirectorio(const Entorno& entorno) {
     auto ruta = RutaDePractica(entorno);
-    std::error_code error;
-    std::filesystem::create_directories(ruta.parent_path(), error);
-    if (error) throw FalloDeArchivo(error.value(), ruta.parent_path());
+    CrearDirectorio(ruta.parent_path());
     return ruta;
 }
 
-void ChequearSalida(const std::string& que, const std::filesystem::path& salida, const std::vector<std::filesystem::path>& leidos,
-                    const char* porque) {
-    for (const auto& leido : leidos) {
-        std::error_code ignorado;
-        if (std::filesystem::equivalent(leido, salida, ignorado)) throw MalUso(que + ": " + salida.string() + " " + porque);
+OpcionesDeSistema OpcionesDelUsuario(const AjustesDelPrograma& ajustes, const std::filesystem::path& directorioDeDatos,
+                                     const std::filesystem::path& directorioDeAjustes) {
+    OpcionesDeSistema opciones;
+    opciones.diccionario = directorioDeDatos / nombreDeDiccionario;
+    opciones.diccionariosPropios = {directorioDeAjustes / nombreDeDiccionario};
+    opciones.anchos = ajustes.ArchivoAnchos;
+    opciones.catalogo = ajustes.ArchivoBAPI;
+    return opciones;
+}
+
+OpcionesDeSistema OpcionesDelUsuario(const AjustesDelPrograma& ajustes, const std::filesystem::path& directorioDeDatos,
+                                     const std::filesystem::path& directorioDeAjustes, const std::filesystem::path& archivo) {
+    auto opciones = OpcionesDelUsuario(ajustes, directorioDeDatos, directorioDeAjustes);
+    opciones.archivo = archivo;
+    opciones.valores = archivo.parent_path() / "values";
+    return opciones;
+}
+
+std::string LeerRolDeSistema(const std::filesystem::path& archivo) {
+    try {
+        BaseDePractica base(archivo, Acceso::Leer);
+        return RolDeSistema(base);
+    } catch (const FalloDeEjecucion&) {
+        BaseDePractica nueva;
+        return RolDeSistema(nueva);
     }
+}
+
+std::filesystem::path DirectorioDeCatalogosDePractica(const std::filesystem::path& directorioDeAjustes) {
+    return directorioDeAjustes / "practice";
 }
 
 }  // namespace qor

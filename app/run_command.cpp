@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "abap/values/conversion.h"
+#include "app/output_check.h"
 #include "app/practice_file.h"
 #include "app/repetition.h"
 #include "app/report_origins.h"
@@ -20,6 +21,7 @@
 #include "base/text.h"
 #include "generator/generate.h"
 #include "practice/error_table_use.h"
+#include "practice/programs.h"
 #include "practice/run.h"
 
 namespace qor {
@@ -31,6 +33,7 @@ namespace fs = std::filesystem;
 struct Argumentos {
     std::optional<std::string> documento;
     std::optional<std::string> reporte;
+    std::optional<std::string> publicado;
     std::vector<std::string> archivos;
     std::vector<std::string> parametros;
     std::vector<std::string> tablas;
@@ -49,6 +52,8 @@ struct Programa {
     std::string texto;
     OrigenesDelReporte origenes{{}};
     fs::path carpeta;
+    fs::path sistema;  // file of the practice system; empty: in memory
+    std::string que;   // as the command line names it
 
     const Especificacion* LaEspecificacion() const { return documento ? &documento->documento.especificacion : nullptr; }
     const Opciones* LasOpciones() const { return documento ? &documento->documento.opciones : nullptr; }
@@ -90,26 +95,25 @@ TramoDeRegistros LeerTramoPedido(const Argumentos& argumentos) {
 }
 
 OpcionesDeSistema LeerOpcionesDeSistema(const ContextoDeComando& contexto, const Argumentos& argumentos, const Programa& programa) {
-    OpcionesDeSistema opciones;
-    if (argumentos.sistema) opciones.archivo = *argumentos.sistema;
+    auto opciones = OpcionesDelUsuario(contexto.ajustes, contexto.directorioDeDatos, contexto.directorioDeAjustes);
+    opciones.archivo = programa.sistema;
     if (argumentos.valores) {
         opciones.valores = *argumentos.valores;
         if (!fs::is_directory(opciones.valores)) throw FalloDeArchivo(ENOTDIR, opciones.valores);
-    } else if (argumentos.sistema) {
-        opciones.valores = fs::path(*argumentos.sistema).parent_path() / "values";
+    } else if (!programa.sistema.empty()) {
+        opciones.valores = programa.sistema.parent_path() / "values";
     }
     opciones.grabaciones.assign(argumentos.grabaciones.begin(), argumentos.grabaciones.end());
     for (const auto& argumento : argumentos.tablas) {
         auto [nombre, archivo] = PartirEnIgual("--table", argumento);
         opciones.tablas.emplace_back(Mayusculas(DeArgumento(nombre)), archivo);
     }
-    opciones.diccionario = contexto.directorioDeDatos / nombreDeDiccionario;
-    opciones.diccionariosPropios = {contexto.directorioDeAjustes / nombreDeDiccionario, programa.carpeta / nombreDeDiccionario};
-    opciones.anchos = contexto.ajustes.ArchivoAnchos;
-    opciones.catalogo = contexto.ajustes.ArchivoBAPI;
+    opciones.diccionariosPropios.push_back(programa.carpeta / nombreDeDiccionario);
     opciones.archivos = LeerArchivosNombrados(argumentos);
     opciones.carpeta = programa.carpeta;
-    opciones.ajenos.emplace_back(argumentos.documento ? *argumentos.documento : *argumentos.reporte);
+    for (const auto& archivo : {argumentos.documento, argumentos.reporte}) {
+        if (archivo) opciones.ajenos.emplace_back(*archivo);
+    }
     if (argumentos.diario) opciones.ajenos.emplace_back(*argumentos.diario);
     if (const auto* especificacion = programa.LaEspecificacion()) {
         for (int i = 0; i < especificacion->FilasBAPIs(); ++i) opciones.bapis.push_back(especificacion->TablaBAPIs[i].nombre);
@@ -126,8 +130,8 @@ void ChequearDiario(const Argumentos& argumentos, const OpcionesDeSistema& opcio
     for (const auto& archivo : {argumentos.documento, argumentos.reporte}) {
         if (archivo) leidos.emplace_back(*archivo);
     }
-    if (argumentos.sistema) {
-        for (auto& archivo : ArchivosDeSistema(*argumentos.sistema)) leidos.push_back(std::move(archivo));
+    if (!opciones.archivo.empty()) {
+        for (auto& archivo : ArchivosDeSistema(opciones.archivo)) leidos.push_back(std::move(archivo));
     }
     ChequearSalida("--journal", *argumentos.diario, leidos, "is read by the run");
 }
@@ -137,8 +141,27 @@ fs::path CarpetaDe(const fs::path& archivo) {
     return carpeta.empty() ? fs::path(".") : carpeta;
 }
 
+// A program of the practice system, by default of the user's own.
+bool TomarPublicado(const ContextoDeComando& contexto, const Argumentos& argumentos, Programa& programa) {
+    if (!argumentos.sistema) programa.sistema = RutaDePractica(EntornoDelProceso());
+    const std::string nombre = Mayusculas(DeArgumento(*argumentos.publicado));
+    BaseDePractica base(programa.sistema, Acceso::Leer);
+    auto publicado = ProgramasDePractica(base).Buscar(nombre);
+    if (!publicado) {
+        contexto.vista.Advertir(MensajeLiteral("The practice system has no program " + nombre + "."));
+        return false;
+    }
+    programa.texto = std::move(publicado->texto);
+    programa.carpeta = ".";
+    programa.que = "--program " + *argumentos.publicado;
+    return true;
+}
+
 // False, with a message, where there is no report to run.
 bool TomarPrograma(const ContextoDeComando& contexto, const Argumentos& argumentos, Programa& programa) {
+    if (argumentos.sistema) programa.sistema = *argumentos.sistema;
+    if (argumentos.publicado) return TomarPublicado(contexto, argumentos, programa);
+    programa.que = argumentos.documento ? *argumentos.documento : "--report " + *argumentos.reporte;
     if (argumentos.reporte) {
         programa.texto = LeerArchivo(*argumentos.reporte);
         programa.carpeta = CarpetaDe(*argumentos.reporte);
@@ -199,8 +222,7 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     try {
         const bool bien = Correr(pedido, sistema, curso, vista, vista);
         if (curso.Cuenta().fallados > 0) {
-            const std::string que = argumentos.documento ? *argumentos.documento : "--report " + *argumentos.reporte;
-            for (const auto& paso : repeticion.Pasos(que, opciones.archivo.string())) contexto.errores << paso << '\n';
+            for (const auto& paso : repeticion.Pasos(programa.que, opciones.archivo.string())) contexto.errores << paso << '\n';
         }
         return bien;
     } catch (const ParametroImposible& imposible) {
@@ -220,6 +242,9 @@ void AgregarComandoRun(Ordenes ordenes) {
     fuente->require_option(1);
     fuente->add_option("DOCUMENT", argumentos->documento, "A .qor document, whose report is generated in memory");
     fuente->add_option("--report", argumentos->reporte, "A report that is there already")->type_name("FILE");
+    fuente
+        ->add_option("--program", argumentos->publicado, "A program that was published to the practice system, by default your own")
+        ->type_name("NAME");
     const auto varias = [&](const char* nombre, std::vector<std::string>& valores, const char* tipo, const char* descripcion) {
         orden->add_option(nombre, valores, descripcion)->type_name(tipo)->allow_extra_args(false)->take_all();
     };
@@ -231,7 +256,10 @@ void AgregarComandoRun(Ordenes ordenes) {
         ->type_name("DIR");
     varias("--recording", argumentos->grabaciones, "FILE", "A recording or a session file, by which transactions are checked");
     varias("--table", argumentos->tablas, "NAME=CSV", "A table of the database, from comma-separated values");
-    orden->add_option("--system", argumentos->sistema, "File of the practice system; by default one in memory")->type_name("FILE");
+    orden
+        ->add_option("--system", argumentos->sistema,
+                     "File of the practice system; by default one in memory, of --program your own")
+        ->type_name("FILE");
     orden->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")->type_name("FILE");
     orden->add_option("--limit", argumentos->limite, "Statements without a new record or event; by default 100 million")
         ->type_name("N");

@@ -1,16 +1,21 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <ostream>
 #include <utility>
 
 #include "app/command.h"
+#include "app/practice_session.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
+#include "base/text.h"
 #include "model/gaps.h"
+#include "practice/stored_recordings.h"
 #include "sap/import.h"
 #include "sap/publish.h"
+#include "sap/queue_choice.h"
 #include "sap/widths.h"
 
 namespace qor {
@@ -26,6 +31,7 @@ struct Argumentos {
     std::optional<std::string> exportar;
     std::optional<std::string> importar;
     std::optional<std::string> consulta;
+    std::optional<std::string> practica;
     std::string nombre;
     bool soloMostrar = false;
 };
@@ -56,15 +62,63 @@ bool EmpiezaEnBlanco(const Especificacion& especificacion) {
     return false;
 }
 
+// An entry of the system's queue.
+struct EntradaDelSistema {
+    bool esGrabacion;
+    std::string qid;
+};
+
+// The session or recording of that id or name. Nothing, with a message, where there is none or several have the name.
+std::optional<EntradaDelSistema> BuscarEntrada(const ContextoDeComando& contexto, SesionSAP& sesion, const std::string& pedida) {
+    std::vector<EntradaDelSistema> llamadas;
+    for (const bool esGrabacion : {false, true}) {
+        FormularioImport formulario;
+        formulario.EsGrabacion = esGrabacion;
+        if (!LlenarGrilla(formulario, sesion, contexto.textos, contexto.vista)) return std::nullopt;
+        for (const auto& fila : formulario.Grilla) {
+            if (fila[6] == pedida) return EntradaDelSistema{esGrabacion, fila[6]};
+            const bool llamada = IgualesSinCaja(fila[2], pedida) || (esGrabacion && fila[2] == GrupoDeGrabacion(pedida));
+            if (llamada) llamadas.push_back({esGrabacion, fila[6]});
+        }
+    }
+    if (llamadas.size() == 1) return llamadas.front();
+    std::string texto = "The practice system has no session and no recording " + pedida + ".";
+    if (!llamadas.empty()) {
+        texto = "The practice system has several entries " + pedida + ". Name one by its id:";
+        for (const auto& llamada : llamadas) texto += " " + llamada.qid;
+    }
+    contexto.vista.Advertir(MensajeLiteral(texto));
+    return std::nullopt;
+}
+
+std::optional<Importacion> LeerDePractica(const ContextoDeComando& contexto, const Argumentos& argumentos,
+                                          const Especificacion& especificacion) {
+    auto sesion = EntrarEnPractica(contexto, contexto.ajustes, *argumentos.practica, Acceso::Leer);
+    if (!sesion) return std::nullopt;
+    const auto entrada = BuscarEntrada(contexto, *sesion, std::string(Recortar(DeArgumento(argumentos.archivo))));
+    if (!entrada) return std::nullopt;
+    // The dialog closes without a word where an entry can't be had; here it is told.
+    const auto tomar = [&](FormularioImport& formulario) {
+        ActivarFila(formulario, entrada->qid, *sesion, contexto.vista);
+        if (!formulario.ArchivoImportado.empty()) return;
+        contexto.vista.Advertir(ConMotivo(*sesion, Componer(contexto.textos, {415})));
+    };
+    return entrada->esGrabacion ? ButtonOnlineSHDB(especificacion, tomar, contexto.textos, contexto.vista)
+                                : ButtonOnlineSM35(especificacion, tomar, contexto.textos, contexto.vista);
+}
+
 bool Import(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DocumentoDeComando abierto;
     if (!AbrirONuevo(abierto, contexto, argumentos.documento)) return false;
     contexto.vista.Responder(330, RespuestaSobreFilas(argumentos));
     auto& especificacion = abierto.documento.especificacion;
-    auto importacion = LeerImportacion(especificacion, argumentos.archivo, contexto.textos, contexto.vista);
+    auto importacion = argumentos.practica ? LeerDePractica(contexto, argumentos, especificacion)
+                                           : LeerImportacion(especificacion, argumentos.archivo, contexto.textos, contexto.vista);
     if (!importacion) return false;
     if (importacion->filas == 0) {
-        contexto.vista.Advertir(MensajeLiteral("The file holds no recording and no session; nothing was imported."));
+        contexto.vista.Advertir(MensajeLiteral(argumentos.practica
+                                                   ? "The entry holds no transaction; nothing was imported."
+                                                   : "The file holds no recording and no session; nothing was imported."));
         return false;
     }
     Importar(abierto.documento, std::move(*importacion));
@@ -110,12 +164,42 @@ bool Widths(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (argumentos.exportar) {
         return GenerarInfoCampos(abierto.documento, *argumentos.exportar, false, contexto.textos, contexto.vista);
     }
-    if (!ImportInfo(abierto.documento, *argumentos.importar, contexto.textos, contexto.vista)) return false;
+    if (argumentos.practica) {
+        auto sesion = EntrarEnPractica(contexto, contexto.ajustes, *argumentos.practica, Acceso::Leer, abierto.documento.ruta);
+        if (!sesion || !ButtonOnlineAnchos(abierto.documento, *sesion, contexto.textos, contexto.vista)) return false;
+        const auto campos = CamposSinAncho(especificacion);
+        if (!campos.empty()) contexto.vista.Informar(MensajeLiteral("The practice system knows no width for " + campos + "."));
+    } else if (!ImportInfo(abierto.documento, *argumentos.importar, contexto.textos, contexto.vista)) {
+        return false;
+    }
     abierto.lineas.MostrarArchivo(especificacion, contexto.textos, contexto.vista);
     return abierto.Guardar(contexto);
 }
 
+// What the dialog takes as it is typed has to be right here.
+std::string NombreDePrograma(const std::string& argumento) {
+    constexpr std::size_t largoDeNombre = 40;
+    const std::string nombre = Mayusculas(DeArgumento(argumento));
+    const bool bien = std::all_of(nombre.begin(), nombre.end(), [](char letra) { return TeclaDeNombre(letra) == letra; });
+    if (!bien || nombre.empty() || nombre.size() > largoDeNombre) {
+        throw MalUso("NAME: " + argumento + " is not the name of a program, up to 40 letters, digits and \"_\"");
+    }
+    return nombre;
+}
+
+bool PublicarEnPractica(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto nombre = NombreDePrograma(argumentos.nombre);
+    if (!LeerOAdvertir(contexto, argumentos.archivo, 411)) return false;
+    auto sesion = EntrarEnPractica(contexto, contexto.ajustes, *argumentos.practica, Acceso::Escribir);
+    if (!sesion) return false;
+    const auto tomar = [&](const std::string& propuesto) {
+        return AceptarNombreABAP(*sesion, propuesto, contexto.textos, contexto.vista).NombreElegido;
+    };
+    return PublicarArchivo(*sesion, argumentos.archivo, nombre, tomar, contexto.textos, contexto.vista);
+}
+
 bool Publish(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    if (argumentos.practica) return PublicarEnPractica(contexto, argumentos);
     const auto fuente = LeerOAdvertir(contexto, argumentos.archivo, 411);
     if (!fuente) return false;
     ImprimirReporte(ComponerPublicacion(*fuente, DeArgumento(argumentos.nombre)).lineas, contexto.salida);
@@ -136,12 +220,14 @@ void AgregarImport(Ordenes ordenes) {
     auto* const orden = ordenes.programa.add_subcommand("import", "Turn a recording or a session file into rows of a document");
     orden->footer(
         "A DOCUMENT that doesn't exist starts as a new one. Where it has rows already, nothing is imported without\n"
-        "--replace or --append.");
+        "--replace or --append. With --practice FILE is a session or a recording of the practice system, by its id or\n"
+        "its name, of a recording also by the name of its file.");
     orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
     orden->add_option("FILE", argumentos->archivo, "The program made of a recording, or a file of session records")->required();
     auto* const reemplazar = orden->add_flag("--replace", argumentos->reemplazar, "Replace the rows of the program side");
     orden->add_flag("--append", argumentos->agregar, "Add behind the rows of the program side")->excludes(reemplazar);
     orden->add_flag("--close-gaps", argumentos->cerrarHuecos, "Remove the blank rows behind the first row before saving");
+    AgregarOpcionPractice(orden, argumentos->practica);
     AlLeer(orden, ordenes, argumentos, Import);
 }
 
@@ -161,15 +247,23 @@ void AgregarWidths(Ordenes ordenes) {
     acciones->add_option("--query", argumentos->consulta, "Print the report that looks up the widths for the file")
         ->type_name("FILE")
         ->excludes(documento);
+    AgregarOpcionPractice(acciones, argumentos->practica)
+        ->description("Look the widths up in the practice system of FILE, by default your own, and save")
+        ->needs(documento);
     AlLeer(orden, ordenes, argumentos, Widths);
 }
 
 void AgregarPublish(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand("publish", "Print the report that installs a program in a system");
+    auto* const orden = ordenes.programa.add_subcommand(
+        "publish", "Install a program in the practice system, or print the report that installs it");
     orden->add_option("SOURCE", argumentos->archivo, "The source of the program")->required();
     orden->add_option("NAME", argumentos->nombre, "Its name in the system")->required();
-    orden->add_flag("--dry-run", argumentos->soloMostrar, "Send nothing; programs are installed from the desktop")->required();
+    auto* const acciones = orden->add_option_group("Action", "What to do");
+    acciones->require_option(1);
+    acciones->add_flag("--dry-run", argumentos->soloMostrar, "Print the report that installs it, and send nothing");
+    AgregarOpcionPractice(acciones, argumentos->practica)
+        ->description("Install it in the practice system of FILE, by default your own");
     AlLeer(orden, ordenes, argumentos, Publish);
 }
 

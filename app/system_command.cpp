@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "app/data_directory.h"
+#include "app/output_check.h"
 #include "app/practice_file.h"
 #include "app/run_view.h"
 #include "base/code_page.h"
@@ -13,10 +14,13 @@
 #include "base/text.h"
 #include "practice/csv.h"
 #include "practice/dictionary.h"
+#include "practice/programs.h"
 #include "practice/queue.h"
-#include "practice/recordings.h"
+#include "practice/recording_load.h"
+#include "practice/role.h"
 #include "practice/session_processing.h"
 #include "practice/session_transfer.h"
+#include "practice/stored_recordings.h"
 #include "practice/system.h"
 #include "practice/system_tables.h"
 #include "practice/table_load.h"
@@ -26,13 +30,14 @@ namespace qor {
 
 namespace {
 
-constexpr const char* usuarioDePractica = "PRACTICE";
+constexpr const char* sinRol = "none";
 
 struct Argumentos {
     std::optional<std::string> sistema;
     std::string nombre;  // of a table, or the id of a queue entry
     std::string archivo;
     std::optional<std::string> diario;
+    std::optional<std::string> rol;
 };
 
 using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
@@ -49,16 +54,17 @@ struct Sistema {
         : ruta(RutaDeSistema(argumentos)),
           base(ruta, acceso),
           cola(base, MomentoActual()),
-          diccionario(base, TextoDeCatalogo(contexto)),
+          diccionario(base, TextoDe(contexto.ajustes.ArchivoBAPI)),
           tablas(base, diccionario) {
         diccionario.AgregarArchivo(contexto.directorioDeDatos / nombreDeDiccionario, true);
         diccionario.AgregarArchivo(contexto.directorioDeAjustes / nombreDeDiccionario, false);
+        diccionario.AgregarAnchos(TextoDe(contexto.ajustes.ArchivoAnchos));
     }
 
     // One that can't be read leaves its tables empty.
-    static std::string TextoDeCatalogo(const ContextoDeComando& contexto) {
+    static std::string TextoDe(const std::filesystem::path& archivo) {
         try {
-            return LeerArchivo(contexto.ajustes.ArchivoBAPI, limiteDeCatalogo);
+            return LeerArchivo(archivo, limiteDeCatalogo);
         } catch (const FalloDeArchivo&) {
             return {};
         }
@@ -216,6 +222,25 @@ bool Export(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return true;
 }
 
+bool Delete(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    const auto qid = DeArgumento(argumentos.nombre);
+    GrabacionesDePractica grabaciones(sistema.base);
+    std::string grupo;
+    if (const auto sesion = sistema.cola.Buscar(qid)) {
+        grupo = sesion->grupo;
+        sistema.cola.Borrar(sesion->numero);
+    } else if (const auto grabacion = grabaciones.Buscar(qid)) {
+        grupo = grabacion->grupo;
+        grabaciones.Borrar(qid);
+    } else {
+        return Rechazar(contexto, "The queue has no entry " + qid);
+    }
+    sistema.base.TerminarUnidad();
+    Informar(contexto, grupo + ": deleted");
+    return true;
+}
+
 bool ImportSession(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Sistema sistema(contexto, argumentos, Acceso::Escribir);
     try {
@@ -229,13 +254,8 @@ bool ImportSession(const ContextoDeComando& contexto, const Argumentos& argument
 
 bool Process(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (argumentos.diario) ChequearQueNoEsElSistema("--journal", *argumentos.diario, argumentos);
-    OpcionesDeSistema opciones;
-    opciones.archivo = RutaDeSistema(argumentos);
-    opciones.valores = opciones.archivo.parent_path() / "values";
-    opciones.diccionario = contexto.directorioDeDatos / nombreDeDiccionario;
-    opciones.diccionariosPropios = {contexto.directorioDeAjustes / nombreDeDiccionario};
-    opciones.anchos = contexto.ajustes.ArchivoAnchos;
-    opciones.catalogo = contexto.ajustes.ArchivoBAPI;
+    const auto opciones =
+        OpcionesDelUsuario(contexto.ajustes, contexto.directorioDeDatos, contexto.directorioDeAjustes, RutaDeSistema(argumentos));
     Explicaciones explicaciones(nullptr, nullptr, opciones.valores.string());
     VistaDeTerminal vista(contexto.salida, contexto.errores, explicaciones);
     Curso curso(vista, {}, {});
@@ -262,33 +282,51 @@ bool Process(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 // ---- Recordings, programs, all of it ----
 
 bool Record(const ContextoDeComando& contexto, const Argumentos& argumentos) {
-    const std::filesystem::path archivo = argumentos.archivo;
-    const std::string texto = LeerArchivo(archivo, limiteDeSesion);
-    Grabaciones grabaciones;
-    int transacciones = 0;
     try {
-        transacciones = grabaciones.Agregar(texto);
-    } catch (const FalloDeArchivo&) {
-        throw;
-    } catch (const FalloDeEjecucion& fallo) {
-        return Rechazar(contexto, "The recording can't be read", FalloDeArchivo(fallo.what(), archivo));
+        const auto grabacion = LeerGrabacionDeArchivo(argumentos.archivo);
+        Sistema sistema(contexto, argumentos, Acceso::Escribir);
+        GuardarGrabacion(sistema.base, grabacion);
+        Informar(contexto, Cuantos(grabacion.transacciones, "transaction", "transactions") + " recorded");
+        return true;
+    } catch (const FalloDeGrabacion& fallo) {
+        return Rechazar(contexto, fallo.Que(), fallo);
     }
-    if (transacciones == 0) {
-        return Rechazar(contexto, "Nothing was recorded", FalloDeArchivo("It holds no recording and no session", archivo));
-    }
-    Sistema sistema(contexto, argumentos, Acceso::Escribir);
-    GrabacionesDePractica(sistema.base).Poner({DesdeUtf8ConFaltas(archivo.filename().string()), texto});
-    sistema.base.TerminarUnidad();
-    Informar(contexto, Cuantos(transacciones, "transaction", "transactions") + " recorded");
-    return true;
 }
 
 bool Programs(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Sistema sistema(contexto, argumentos, Acceso::Leer);
     Imprimir(contexto, {"PROGRAM", "CREATOR", "DATE", "TIME"});
-    for (const auto& programa : ProgramasDePractica(sistema.base).Programas()) {
+    for (const auto& programa : ProgramasDePractica(sistema.base).Todos()) {
         Imprimir(contexto, {programa.nombre, programa.creador, programa.fecha, programa.hora});
     }
+    return true;
+}
+
+bool Recordings(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    Sistema sistema(contexto, argumentos, Acceso::Leer);
+    Imprimir(contexto, {"QID", "GROUP", "FILE", "CREATOR", "DATE", "TIME"});
+    for (const auto& grabacion : GrabacionesDePractica(sistema.base).Todas()) {
+        Imprimir(contexto, {grabacion.qid, grabacion.grupo, grabacion.nombre, grabacion.creador, grabacion.fecha, grabacion.hora});
+    }
+    return true;
+}
+
+// Prints the role of the client, or sets it.
+bool Role(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    if (!argumentos.rol) {
+        Sistema sistema(contexto, argumentos, Acceso::Leer);
+        const auto rol = RolDeSistema(sistema.base);
+        contexto.salida << (rol.empty() ? sinRol : rol) << '\n';
+        return true;
+    }
+    const bool ninguno = IgualesSinCaja(*argumentos.rol, sinRol);
+    const std::string rol = ninguno ? std::string() : Mayusculas(*argumentos.rol);
+    if (!ninguno && (rol.size() != 1 || rolesDeSistema.find(rol) == std::string_view::npos)) {
+        throw MalUso("ROLE: " + *argumentos.rol + " is none of P, T, C, D, E, S and none");
+    }
+    Sistema sistema(contexto, argumentos, Acceso::Escribir);
+    PonerRolDeSistema(sistema.base, rol);
+    sistema.base.TerminarUnidad();
     return true;
 }
 
@@ -349,11 +387,16 @@ void AgregarComandoSystem(Ordenes ordenes) {
     conEntrada(agregar("process", "Try the transactions of a session", Process))
         ->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")
         ->type_name("FILE");
+    conEntrada(agregar("delete", "Delete a session or a recording", Delete));
     conArchivo(agregar("import-session", "Put a session file into the queue and print its id", ImportSession), "FILE",
                "A file of session records");
     conArchivo(agregar("record", "Keep a recording, which tells the screens of its transactions", Record), "RECORDING",
                "The program made of a recording, or a file of session records");
     agregar("programs", "Print the programs as comma-separated values", Programs);
+    agregar("recordings", "Print the recordings as comma-separated values", Recordings);
+    agregar("role", "Print the role of the client, or set it; a productive one takes no programs", Role)
+        ->add_option("ROLE", argumentos->rol,
+                     "P production, T test, C customizing, D demonstration, E training, S reference, or none");
     agregar("reset", "Delete all that the practice system holds; asks first", Reset);
 }
 

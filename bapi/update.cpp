@@ -50,9 +50,11 @@ public:
     ResultadoActualizacion Correr() {
         bool enProgreso = false;
         try {
+            CrearDirectorio();
             PrepararContinuacion();
             const auto lista = ListarBAPIs(p_.sesion);
             if (!lista) throw FalloDeEjecucion("the list of BAPIs can't be had");
+            ChequearQueHay(*lista);
             nuevo_ = p_.directorio / (FechaParaNombre(HoraActual()) + ".bap");
             ArchivoDeSalida archivo(nuevo_);
             archivo.Escribir(std::string(cabezaDeCatalogo) + finDeLinea);
@@ -78,9 +80,22 @@ private:
     ResultadoActualizacion Fallar(const std::exception& fallo) {
         Borrar(viejo_);
         Borrar(nuevo_);
-        const auto mensaje = ConDetalle(Componer(p_.textos, {441}), fallo);
-        p_.vista.Advertir(p_.sesion.Conectado ? mensaje : ConMotivo(p_.sesion, mensaje));
+        p_.vista.Advertir(ConMotivo(p_.sesion, ConDetalle(Componer(p_.textos, {441}), fallo)));
         return ResultadoActualizacion::Fallida;
+    }
+
+    void CrearDirectorio() const {
+        std::error_code error;
+        std::filesystem::create_directories(p_.directorio, error);
+        if (error) throw FalloDeArchivo(error.value(), p_.directorio);
+    }
+
+    // The practice system has the BAPIs of the catalogue in use. Without one there are none, and nothing worth a catalogue.
+    void ChequearQueHay(const std::vector<std::string>& lista) {
+        const bool hay = std::any_of(lista.begin(), lista.end(), [](const auto& fila) { return LeerRegistro(fila).tipo == '2'; });
+        if (hay || !p_.sesion.EsDePractica()) return;
+        p_.sesion.Motivo = "The practice system has no BAPIs, since there is no catalogue that could fill it.";
+        throw FalloDeEjecucion(p_.sesion.Motivo);
     }
 
     // A partial file is used once: of the same release, and when the user wants it.

@@ -27,7 +27,7 @@ struct PedidoDeActualizacion {
     SesionSAP& sesion;
     const TextosIdioma& textos;
     Vista& vista;
-    std::filesystem::path directorio;    // of the partial files and of the new catalogue
+    std::filesystem::path directorio;    // of the partial files and of the new catalogue; made where it is missing
     std::filesystem::path& ArchivoBAPI;  // becomes the new catalogue
     // Called when the questions are answered and the calls begin, and at the end.
     std::function<void(bool)> ConfigurarActualizacionEnProgreso;

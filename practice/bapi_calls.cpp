@@ -83,7 +83,7 @@ std::string LlamadasDeBapi::ParametroQueFalta(const abap::LlamadaAFuncion& llama
         const auto& parametros = esperado.clase == 'T' ? llamada.tablas : llamada.exporta;
         const auto* parametro = BuscarParametro(parametros, esperado.nombre);
         if (!parametro) parametro = BuscarParametro(llamada.cambia, esperado.nombre);
-        if (!parametro || EsInicialElParametro(*parametro)) return esperado.nombre;
+        if (!parametro || EsInicialElParametro(*parametro)) return std::string(esperado.nombre);
     }
     return {};
 }

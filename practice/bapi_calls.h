@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "abap/surroundings.h"
-#include "practice/bapi_parameters.h"
+#include "practice/catalogue.h"
 #include "practice/events.h"
 #include "practice/value_lists.h"
 
@@ -19,7 +19,7 @@ namespace qor {
 // fail.
 class LlamadasDeBapi {
 public:
-    LlamadasDeBapi(CatalogoDeLlamadas& catalogo, ListasDeValores& listas, const FallosPedidos& fallos, OyenteDePractica& oyente)
+    LlamadasDeBapi(CatalogoDePractica& catalogo, ListasDeValores& listas, const FallosPedidos& fallos, OyenteDePractica& oyente)
         : catalogo_(catalogo), listas_(listas), fallos_(fallos), oyente_(oyente) {}
 
     void Llamar(const abap::LlamadaAFuncion& llamada);
@@ -56,7 +56,7 @@ private:
     static bool ProbarFila(const Vigilados& vigilados, const abap::Campo& campo, ValorMalo& malo);
     static void Responder(const abap::ParametroDeFuncion& parametro, const Respuesta& respuesta);
 
-    CatalogoDeLlamadas& catalogo_;
+    CatalogoDePractica& catalogo_;
     ListasDeValores& listas_;
     const FallosPedidos& fallos_;
     OyenteDePractica& oyente_;

@@ -72,7 +72,8 @@ std::string FuncionesDeSesion::LlamarBDC_CLOSE_GROUP(const abap::LlamadaAFuncion
 std::string FuncionesDeSesion::LlamarBDC_OBJECT_READ(const abap::LlamadaAFuncion& llamada) {
     auto& tabla = ExigirTabla(llamada, "DYNPROTAB");
     tabla.Vaciar();
-    const bool hay = cola_.Leer(TextoExportado(llamada, "QUEUE_ID"), TextoExportado(llamada, "DATATYPE"),
+    const std::string tipo = TextoExportado(llamada, "DATATYPE");
+    const bool hay = cola_.Leer(TextoExportado(llamada, "QUEUE_ID"), EstaEnBlanco(tipo) ? "BDC" : tipo,
                                 [&tabla](std::string_view registro) { AgregarRegistro(registro, tabla); });
     return hay ? std::string() : "NOT_FOUND";
 }

@@ -11,13 +11,14 @@
 #include "base/text.h"
 #include "practice/database_entry.h"
 #include "practice/query_text.h"
+#include "practice/stored_recordings.h"
 
 namespace qor {
 
 namespace {
 
 constexpr std::int64_t idDeAplicacion = 0x514F5250;
-constexpr std::int64_t version = 1;
+constexpr std::int64_t version = 2;
 
 // Names with "_qor_" in front are this system's own; reports don't see them.
 constexpr const char* esquema = R"(
@@ -33,8 +34,35 @@ CREATE TABLE _qor_transactions (entry INTEGER NOT NULL, number INTEGER NOT NULL,
     fields BLOB NOT NULL, PRIMARY KEY (entry, number)) WITHOUT ROWID;
 CREATE TABLE _qor_programs (name TEXT PRIMARY KEY, creator TEXT NOT NULL, date TEXT NOT NULL, time TEXT NOT NULL,
     source BLOB NOT NULL) WITHOUT ROWID;
-CREATE TABLE _qor_recordings (name TEXT PRIMARY KEY, source BLOB NOT NULL) WITHOUT ROWID;
 )";
+
+// What is new in the second version of the file.
+constexpr const char* esquemaDos = R"(
+CREATE TABLE _qor_recordings (number INTEGER PRIMARY KEY AUTOINCREMENT, qid TEXT NOT NULL UNIQUE, name TEXT NOT NULL UNIQUE,
+    grp TEXT NOT NULL, creator TEXT NOT NULL, date TEXT NOT NULL, time TEXT NOT NULL, source BLOB NOT NULL);
+CREATE TABLE _qor_settings (name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;
+)";
+
+// A file of the first version has recordings without an id and a date.
+constexpr const char* desdeUno = R"(
+INSERT INTO _qor_recordings (qid, name, grp, creator, date, time, source)
+    SELECT '00000000000000' || (900000 + row_number() OVER (ORDER BY name)), name, '', 'PRACTICE', '00000000', '000000', source
+    FROM _qor_recordings_1 ORDER BY name;
+DROP TABLE _qor_recordings_1;
+)";
+
+void NombrarGrabaciones(Conexion& base) {
+    std::vector<std::pair<std::int64_t, std::string>> nombres;
+    const auto leer = base.Preparar("SELECT number, name FROM _qor_recordings");
+    while (leer->Paso()) nombres.emplace_back(leer->Entero(0), leer->Texto(1));
+    const auto poner = base.Preparar("UPDATE _qor_recordings SET grp = ? WHERE number = ?");
+    for (const auto& [numero, nombre] : nombres) {
+        const auto grupo = GrupoDeGrabacion(nombre);
+        poner->LigarTexto(0, grupo);
+        poner->Ligar(1, numero);
+        poner->Ejecutar();
+    }
+}
 
 enum class PapelDeColumna { Ninguno, Cliente, Larga };
 
@@ -88,6 +116,7 @@ void BaseDePractica::Abrir(const std::filesystem::path& ruta, Acceso acceso) {
         conexion_ = std::make_unique<Conexion>(std::filesystem::path{}, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         conexion_->Ejecutar("PRAGMA journal_mode=MEMORY");
         conexion_->Ejecutar(esquema);
+        conexion_->Ejecutar(esquemaDos);
         return;
     }
     if (existe && !std::filesystem::is_regular_file(estado)) {
@@ -110,28 +139,41 @@ void BaseDePractica::Abrir(const std::filesystem::path& ruta, Acceso acceso) {
 
 void BaseDePractica::Preparar() {
     auto& base = *conexion_;
-    const auto verificar = [&] {
+    // 0: nothing is in it yet.
+    const auto verificar = [&]() -> std::int64_t {
         const auto aplicacion = base.Numero("PRAGMA application_id");
         const bool vacia = aplicacion == 0 && base.Numero("SELECT count(*) FROM sqlite_schema") == 0;
-        if (vacia) return false;
+        if (vacia) return 0;
         if (aplicacion != idDeAplicacion) throw FalloDeArchivo(noEsSistema, base.Ruta());
-        if (base.Numero("PRAGMA user_version") > version) {
-            throw FalloDeArchivo("A newer release of this program has made it", base.Ruta());
-        }
-        return true;
+        const auto suya = base.Numero("PRAGMA user_version");
+        if (suya > version) throw FalloDeArchivo("A newer release of this program has made it", base.Ruta());
+        return suya;
     };
-    const bool hecha = verificar();
+    const auto hecha = verificar();
     if (sqlite3_db_readonly(base.Mango(), "main") == 1) {
-        if (!hecha) throw FalloDeArchivo(noEsSistema, base.Ruta());
+        if (hecha == 0) throw FalloDeArchivo(noEsSistema, base.Ruta());
+        if (hecha < version) {
+            throw FalloDeArchivo("An older release of this program has made it; it has to be opened once where it can be written",
+                                 base.Ruta());
+        }
         return;
     }
     base.Ejecutar("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-16384");
-    if (hecha) return;
+    if (hecha == version) return;
     base.Ejecutar("BEGIN IMMEDIATE");
     // Another process may have been faster.
-    if (!verificar()) {
+    const auto ahora = verificar();
+    if (ahora == 0) {
         base.Ejecutar(esquema);
         base.Ejecutar("PRAGMA application_id=" + std::to_string(idDeAplicacion));
+    }
+    if (ahora == 1) base.Ejecutar("ALTER TABLE _qor_recordings RENAME TO _qor_recordings_1");
+    if (ahora < version) {
+        base.Ejecutar(esquemaDos);
+        if (ahora == 1) {
+            base.Ejecutar(desdeUno);
+            NombrarGrabaciones(base);
+        }
         base.Ejecutar("PRAGMA user_version=" + std::to_string(version));
     }
     base.Ejecutar("COMMIT");
@@ -342,7 +384,8 @@ void BaseDePractica::Vaciar() {
         std::vector<std::string> nombres;
         for (const auto& [nombre, entrada] : tablas_) nombres.push_back(nombre);
         for (const auto& nombre : nombres) BorrarTabla(nombre);
-        for (const char* const tabla : {"_qor_transactions", "_qor_shapes", "_qor_queue", "_qor_programs", "_qor_recordings"}) {
+        for (const char* const tabla :
+             {"_qor_transactions", "_qor_shapes", "_qor_queue", "_qor_programs", "_qor_recordings", "_qor_settings"}) {
             conexion_->Ejecutar(std::string("DELETE FROM main.") + tabla);
         }
         TerminarUnidad();
@@ -351,6 +394,22 @@ void BaseDePractica::Vaciar() {
         throw;
     }
     conexion_->Ejecutar("VACUUM");
+}
+
+std::string BaseDePractica::Ajuste(std::string_view nombre, std::string_view deFabrica) {
+    auto& leer = conexion_->Guardada("SELECT value FROM _qor_settings WHERE name = ?");
+    leer.LigarTexto(0, nombre);
+    std::string valor(leer.Paso() ? leer.Texto(0) : std::string(deFabrica));
+    leer.Reiniciar();
+    return valor;
+}
+
+void BaseDePractica::PonerAjuste(std::string_view nombre, std::string_view valor) {
+    EmpezarUnidad();
+    auto& poner = conexion_->Guardada("INSERT OR REPLACE INTO _qor_settings VALUES (?, ?)");
+    poner.LigarTexto(0, nombre);
+    poner.LigarTexto(1, valor);
+    poner.Ejecutar();
 }
 
 }  // namespace qor

@@ -72,12 +72,16 @@ public:
     // Makes a table in the place of one of the same name, which goes with its rows; part of the unit of work.
     void CrearTabla(DefinicionDeTabla definicion);
     void BorrarTabla(const std::string& nombre);
-    // Everything goes: tables, queue, programs and recordings, as a unit of its own.
+    // Everything goes: tables, queue, programs, recordings and settings, as a unit of its own.
     void Vaciar();
     // Makes the error table that a report asks for, with lines of that many characters, as a unit of its own. One that is there
     // keeps its rows: a narrower one becomes wider, and a loaded table with the columns of an error table becomes one. Throws
     // FalloDeEjecucion where the table of that name is another one, or holds values that don't fit.
     void CrearTablaDeErrores(std::string_view nombre, std::uint32_t largoDeLinea);
+
+    // What is set of the system itself.
+    std::string Ajuste(std::string_view nombre, std::string_view deFabrica);
+    void PonerAjuste(std::string_view nombre, std::string_view valor);  // part of the unit of work
 
     // ---- Rows, as reports ask for them ----
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "abap/surroundings.h"
-#include "practice/catalogue_structures.h"
+#include "practice/catalogue.h"
 #include "practice/database.h"
 #include "practice/dictionary_file.h"
 
@@ -46,7 +46,7 @@ public:
 
     const EntradasDeDiccionario& Entradas() const { return entradas_; }
     const std::map<std::string, std::map<std::string, std::uint32_t, std::less<>>, std::less<>>& Anchos() const { return anchos_; }
-    EstructurasDeCatalogo& Catalogo() { return catalogo_; }
+    CatalogoDePractica& Catalogo() { return catalogo_; }
 
 private:
     // Components with the types that are known; `supuesta` where one of them is not.
@@ -60,7 +60,7 @@ private:
     void Avisar(std::string_view nombre);
 
     BaseDePractica& base_;
-    EstructurasDeCatalogo catalogo_;
+    CatalogoDePractica catalogo_;
     Aviso aviso_;
     EntradasDeDiccionario entradas_;
     std::map<std::string, std::map<std::string, std::uint32_t, std::less<>>, std::less<>> anchos_;

@@ -34,7 +34,7 @@ const Propias::Entrada Propias::modulos_[] = {
     {"BAPI_TRANSACTION_ROLLBACK", [](Propias& f, const Llamada& l) { return f.TerminarUnidad(l, false); }},
 };
 
-FuncionesDePractica::FuncionesDePractica(FuncionesDeSesion& sesiones, LlamadasDeBapi& bapis, CatalogoDeLlamadas& catalogo,
+FuncionesDePractica::FuncionesDePractica(FuncionesDeSesion& sesiones, LlamadasDeBapi& bapis, CatalogoDePractica& catalogo,
                                          NombresDeArchivos& archivos, abap::BaseDeDatos& base)
     : sesiones_(sesiones), bapis_(bapis), catalogo_(catalogo), archivos_(archivos), base_(base) {}
 
@@ -51,7 +51,8 @@ std::string FuncionesDePractica::Llamar(const abap::LlamadaAFuncion& llamada) {
 
 bool FuncionesDePractica::EsBapi(std::string_view nombre) {
     const bool conEspacio = nombre.starts_with('/') && nombre.find('/', 1) != std::string_view::npos;
-    return nombre.starts_with("BAPI") || conEspacio || deLaEspecificacion_.contains(std::string(nombre)) || catalogo_.Tiene(nombre);
+    return nombre.starts_with("BAPI") || conEspacio || deLaEspecificacion_.contains(std::string(nombre)) ||
+           catalogo_.Buscar(nombre) != nullptr;
 }
 
 std::string FuncionesDePractica::LlamarMESSAGE_PREPARE(const abap::LlamadaAFuncion& llamada) {
@@ -62,16 +63,16 @@ std::string FuncionesDePractica::LlamarMESSAGE_PREPARE(const abap::LlamadaAFunci
     return {};
 }
 
-// The documentation of a function module: what the catalogue has of it.
+// The documentation of a function module: what the catalogue has of it behind its short text.
 std::string FuncionesDePractica::LlamarDOCU_GET(const abap::LlamadaAFuncion& llamada) {
     auto& tabla = ExigirTabla(llamada, "LINE");
     tabla.Vaciar();
     if (TextoExportado(llamada, "ID") != "FU") return "RET_CODE";
-    const auto lineas = catalogo_.Documentacion(TextoExportado(llamada, "OBJECT"));
-    if (lineas.empty()) return "RET_CODE";
+    const auto* funcion = catalogo_.Buscar(TextoExportado(llamada, "OBJECT"));
+    if (funcion == nullptr || funcion->LineasTrasElTexto().empty()) return "RET_CODE";
     const auto* estructura = tabla.Linea().estructura;
     const auto* componente = estructura ? estructura->Buscar("TDLINE") : nullptr;
-    for (const auto linea : lineas) {
+    for (const auto linea : funcion->LineasTrasElTexto()) {
         tabla.Agregar();
         const auto campo = tabla.CampoDeFila(tabla.Filas() - 1);
         abap::PonerInicial(campo, estructura);

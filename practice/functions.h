@@ -6,8 +6,8 @@
 
 #include "abap/surroundings.h"
 #include "practice/bapi_calls.h"
-#include "practice/bapi_parameters.h"
 #include "practice/bdc_functions.h"
+#include "practice/catalogue.h"
 #include "practice/file_names.h"
 
 namespace qor {
@@ -18,7 +18,7 @@ namespace qor {
 class FuncionesDePractica : public abap::Funciones {
 public:
     // What it is given has to live as long as it. `base` tells the listener of its commits and rollbacks.
-    FuncionesDePractica(FuncionesDeSesion& sesiones, LlamadasDeBapi& bapis, CatalogoDeLlamadas& catalogo,
+    FuncionesDePractica(FuncionesDeSesion& sesiones, LlamadasDeBapi& bapis, CatalogoDePractica& catalogo,
                         NombresDeArchivos& archivos, abap::BaseDeDatos& base);
 
     // A function module that the specification calls as a BAPI.
@@ -38,7 +38,7 @@ private:
 
     FuncionesDeSesion& sesiones_;
     LlamadasDeBapi& bapis_;
-    CatalogoDeLlamadas& catalogo_;
+    CatalogoDePractica& catalogo_;
     NombresDeArchivos& archivos_;
     abap::BaseDeDatos& base_;
     ConjuntoDeTextos deLaEspecificacion_;

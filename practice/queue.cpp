@@ -1,7 +1,9 @@
 #include "practice/queue.h"
 
 #include "base/failure.h"
+#include "practice/queue_id.h"
 #include "practice/session_transfer.h"
+#include "practice/stored_recordings.h"
 
 namespace qor {
 
@@ -46,11 +48,6 @@ void PonerFilas(TransaccionDeCola& transaccion) {
     }
 }
 
-std::string ConCifras(std::int64_t numero, std::size_t cifras) {
-    std::string texto = std::to_string(numero);
-    return std::string(texto.size() < cifras ? cifras - texto.size() : 0, '0') + texto;
-}
-
 }  // namespace
 
 // ---- Sessions ----
@@ -59,8 +56,7 @@ std::string ColaDePractica::Abrir(std::string_view grupo, std::string_view usuar
     base_.EmpezarUnidad();
     auto& conexion = base_.LaConexion();
     const auto numero = conexion.Numero("SELECT max(seq) FROM sqlite_sequence WHERE name = '_qor_queue'") + 1;
-    constexpr std::int64_t millon = 1'000'000;
-    const std::string qid = momento_.fecha + momento_.hora + ConCifras(numero % millon, 6);
+    const std::string qid = IdDeCola(momento_, numero);
     auto& insertar = conexion.Guardada("INSERT INTO _qor_queue VALUES (?, ?, ?, ?, ?, ?, ?, ?, 'C', 0)");
     insertar.Ligar(0, numero);
     insertar.LigarTexto(1, qid);
@@ -129,10 +125,16 @@ void ColaDePractica::Cerrar() {
 }
 
 bool ColaDePractica::Leer(std::string_view id, std::string_view tipoDeDatos, const Registro& registro) {
-    const auto entrada = SinBlancosDetras(tipoDeDatos) == "BDC" ? Buscar(SinBlancosDetras(id)) : std::nullopt;
-    if (!entrada) return false;
-    CadaRegistro(*entrada, registro);
-    return true;
+    const auto tipo = SinBlancosDetras(tipoDeDatos);
+    const auto qid = SinBlancosDetras(id);
+    if (tipo == "%BDC") {
+        const auto grabacion = GrabacionesDePractica(base_).Buscar(qid);
+        if (grabacion) GrabacionesDePractica::CadaRegistro(*grabacion, registro);
+        return grabacion.has_value();
+    }
+    const auto entrada = tipo == "BDC" ? Buscar(qid) : std::nullopt;
+    if (entrada) CadaRegistro(*entrada, registro);
+    return entrada.has_value();
 }
 
 void ColaDePractica::PonerEstado(std::int64_t entrada, std::string_view estado) {
@@ -207,52 +209,6 @@ void ColaDePractica::CadaRegistro(const EntradaDeCola& entrada, const Registro& 
         }
         return true;
     });
-}
-
-// ---- Programs ----
-
-void ProgramasDePractica::Poner(const ProgramaDePractica& programa) {
-    base_.EmpezarUnidad();
-    auto& poner = base_.LaConexion().Guardada("INSERT OR REPLACE INTO _qor_programs VALUES (?, ?, ?, ?, ?)");
-    poner.LigarTexto(0, programa.nombre);
-    poner.LigarTexto(1, programa.creador);
-    poner.LigarTexto(2, programa.fecha);
-    poner.LigarTexto(3, programa.hora);
-    poner.LigarBloque(4, programa.texto);
-    poner.Ejecutar();
-}
-
-std::optional<ProgramaDePractica> ProgramasDePractica::Buscar(std::string_view nombre) {
-    auto& leer = base_.LaConexion().Guardada("SELECT name, creator, date, time, source FROM _qor_programs WHERE name = ?");
-    leer.LigarTexto(0, nombre);
-    if (!leer.Paso()) return std::nullopt;
-    ProgramaDePractica programa{leer.Texto(0), leer.Texto(1), leer.Texto(2), leer.Texto(3), std::string(leer.Bytes(4))};
-    leer.Reiniciar();
-    return programa;
-}
-
-std::vector<ProgramaDePractica> ProgramasDePractica::Programas() {
-    std::vector<ProgramaDePractica> programas;
-    const auto leer = base_.LaConexion().Preparar("SELECT name, creator, date, time FROM _qor_programs ORDER BY name");
-    while (leer->Paso()) programas.push_back({leer->Texto(0), leer->Texto(1), leer->Texto(2), leer->Texto(3), {}});
-    return programas;
-}
-
-// ---- Recordings ----
-
-void GrabacionesDePractica::Poner(const GrabacionGuardada& grabacion) {
-    base_.EmpezarUnidad();
-    auto& poner = base_.LaConexion().Guardada("INSERT OR REPLACE INTO _qor_recordings VALUES (?, ?)");
-    poner.LigarTexto(0, grabacion.nombre);
-    poner.LigarBloque(1, grabacion.texto);
-    poner.Ejecutar();
-}
-
-std::vector<GrabacionGuardada> GrabacionesDePractica::Grabaciones() {
-    std::vector<GrabacionGuardada> grabaciones;
-    const auto leer = base_.LaConexion().Preparar("SELECT name, source FROM _qor_recordings ORDER BY name");
-    while (leer->Paso()) grabaciones.push_back({leer->Texto(0), std::string(leer->Bytes(1))});
-    return grabaciones;
 }
 
 }  // namespace qor

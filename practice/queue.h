@@ -13,8 +13,7 @@
 #include "practice/database.h"
 #include "practice/session_queue.h"
 
-// The batch-input queue of the practice system, and its programs and recordings. What changes them belongs to the unit of work.
-// Texts are windows-1252.
+// The batch-input queue of the practice system. What changes it belongs to the unit of work. Texts are windows-1252.
 namespace qor {
 
 struct EntradaDeCola {
@@ -71,44 +70,6 @@ private:
     std::int64_t abierta_ = 0;
     std::int64_t cuantas_ = 0;
     std::int64_t unidad_ = -1;
-};
-
-struct ProgramaDePractica {
-    std::string nombre;
-    std::string creador;
-    std::string fecha;
-    std::string hora;
-    std::string texto;  // lines end with LF
-};
-
-class ProgramasDePractica {
-public:
-    explicit ProgramasDePractica(BaseDePractica& base) : base_(base) {}
-
-    // In the place of one of the same name.
-    void Poner(const ProgramaDePractica& programa);
-    std::optional<ProgramaDePractica> Buscar(std::string_view nombre);
-    std::vector<ProgramaDePractica> Programas();  // by name, without their text
-
-private:
-    BaseDePractica& base_;
-};
-
-// The text of a recording or of session records, as it was recorded.
-struct GrabacionGuardada {
-    std::string nombre;
-    std::string texto;
-};
-
-class GrabacionesDePractica {
-public:
-    explicit GrabacionesDePractica(BaseDePractica& base) : base_(base) {}
-
-    void Poner(const GrabacionGuardada& grabacion);  // in the place of one of the same name
-    std::vector<GrabacionGuardada> Grabaciones();    // by name
-
-private:
-    BaseDePractica& base_;
 };
 
 }  // namespace qor

@@ -21,8 +21,8 @@ public:
     virtual void Insertar(std::string_view transaccion, std::span<const FilaDeBDC> filas) = 0;
     virtual void Cerrar() = 0;
 
-    // The records of a session in order, 309 characters each, in the columns that sap/import.h tells. False where the queue holds
-    // no such session, or one of another data type.
+    // The records of an entry in order, 309 characters each, in the columns that sap/import.h tells. The data type is BDC of a
+    // session, %BDC of a recording. False where there is no such entry, or one of another data type.
     using Registro = std::function<void(std::string_view registro)>;
     virtual bool Leer(std::string_view id, std::string_view tipoDeDatos, const Registro& registro) = 0;
 };

@@ -1,15 +1,12 @@
 #include "practice/system.h"
 
-#include <array>
-#include <cstdio>
-
-#include "base/clock.h"
 #include "base/code_page.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "practice/error_table_use.h"
 #include "practice/session_count.h"
+#include "practice/stored_recordings.h"
 #include "practice/table_load.h"
 
 namespace qor {
@@ -30,38 +27,28 @@ std::string LeerSiHay(const std::filesystem::path& archivo) {
 
 }  // namespace
 
-abap::Momento MomentoActual() {
-    const std::tm ahora = HoraActual();
-    std::array<char, 16> fecha{};
-    std::array<char, 16> hora{};
-    std::strftime(fecha.data(), fecha.size(), "%Y%m%d", &ahora);
-    std::strftime(hora.data(), hora.size(), "%H%M%S", &ahora);
-    return {fecha.data(), hora.data()};
-}
-
 SistemaDePractica::SistemaDePractica(const OpcionesDeSistema& opciones, OyenteDePractica& oyente, const FallosPedidos& fallos)
-    : momento_(MomentoActual()),
-      base_(opciones.archivo),
+    : base_(opciones.archivo, opciones.acceso),
       nombres_(
           LugaresDe(opciones), [this](std::string_view nombre, std::string_view valor) { return variables_.Vale(nombre, valor); },
           oyente),
       listas_(opciones.valores,
               [&oyente](const std::string& nombre, const std::string& motivo) { oyente.ArchivoSinLeer(nombre, motivo); }),
-      catalogo_(LeerSiHay(opciones.catalogo)),
       diccionario_(base_, LeerSiHay(opciones.catalogo), [&oyente](const std::string& texto) { oyente.Aviso(texto); }),
       tablas_(base_, diccionario_),
       probador_(grabaciones_, listas_, [this](std::string_view campo) { return diccionario_.BuscarElemento(campo); }),
-      cola_(base_, momento_),
+      cola_(base_, MomentoActual()),
       colaSinGuardar_(opciones.guardaSesiones ? nullptr : std::make_unique<ColaSinGuardar>()),
       sesiones_(colaSinGuardar_ ? *colaSinGuardar_ : cola_, probador_, fallos, oyente),
-      bapis_(catalogo_, listas_, fallos, oyente),
-      funciones_(sesiones_, bapis_, catalogo_, nombres_, base_),
+      bapis_(diccionario_.Catalogo(), listas_, fallos, oyente),
+      funciones_(sesiones_, bapis_, diccionario_.Catalogo(), nombres_, base_),
       transacciones_(probador_, fallos, oyente, [this] { base_.TerminarUnidad(); }),
+      programas_(base_),
       archivos_(nombres_) {
     if (!opciones.diccionario.empty()) diccionario_.AgregarArchivo(opciones.diccionario, true);
     for (const auto& archivo : opciones.diccionariosPropios) diccionario_.AgregarArchivo(archivo, false);
     diccionario_.AgregarAnchos(LeerSiHay(opciones.anchos));
-    for (const auto& guardada : GrabacionesDePractica(base_).Grabaciones()) grabaciones_.Agregar(guardada.texto);
+    for (const auto& guardada : GrabacionesDePractica(base_).Todas()) grabaciones_.Agregar(guardada.texto);
     for (const auto& archivo : opciones.grabaciones) {
         try {
             if (grabaciones_.Agregar(LeerArchivo(archivo, limiteDeSesion)) > 0) continue;
@@ -86,7 +73,7 @@ abap::Compilacion SistemaDePractica::Compilar(std::string_view reporte) {
 }
 
 abap::Entorno SistemaDePractica::Entorno(abap::SalidaDeLista& lista, abap::Seguimiento& seguimiento) {
-    return {diccionario_, base_, archivos_, funciones_, transacciones_, lista, seguimiento, momento_};
+    return {diccionario_, base_, archivos_, funciones_, transacciones_, programas_, lista, seguimiento, MomentoActual()};
 }
 
 bool SistemaDePractica::LeeSesiones(std::string_view reporte) {

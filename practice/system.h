@@ -9,15 +9,17 @@
 
 #include "abap/execution.h"
 #include "practice/bapi_calls.h"
-#include "practice/bapi_parameters.h"
 #include "practice/bdc_functions.h"
+#include "practice/catalogue.h"
 #include "practice/database.h"
 #include "practice/dictionary.h"
 #include "practice/events.h"
 #include "practice/file_names.h"
 #include "practice/files.h"
 #include "practice/functions.h"
+#include "practice/moment.h"
 #include "practice/parameters.h"
+#include "practice/programs.h"
 #include "practice/queue.h"
 #include "practice/recordings.h"
 #include "practice/system_tables.h"
@@ -29,6 +31,7 @@ namespace qor {
 // What a practice system is made of.
 struct OpcionesDeSistema {
     std::filesystem::path archivo;                                      // of the system; empty: in memory
+    Acceso acceso = Acceso::Escribir;                                   // to the file
     std::filesystem::path valores;                                      // folder of the value lists
     std::vector<std::filesystem::path> grabaciones;                     // recordings and session files
     std::vector<std::pair<std::string, std::filesystem::path>> tablas;  // to be loaded, each with its file
@@ -66,19 +69,18 @@ public:
     NombresDeArchivos& NombresDeLosArchivos() { return nombres_; }
     BaseDePractica& Base() { return base_; }
     ColaDePractica& Cola() { return cola_; }
+    ProgramasDePractica& Programas() { return programas_; }
     ProbadorDeTransacciones& Probador() { return probador_; }
 
     // Whether a report looks into the sessions that it has put into the queue.
     static bool LeeSesiones(std::string_view reporte);
 
 private:
-    abap::Momento momento_;
     VariablesDelReporte variables_;
     BaseDePractica base_;
     NombresDeArchivos nombres_;
     ListasDeValores listas_;
     Grabaciones grabaciones_;
-    CatalogoDeLlamadas catalogo_;
     DiccionarioDePractica diccionario_;
     TablasDelSistema tablas_;
     ProbadorDeTransacciones probador_;
@@ -88,10 +90,8 @@ private:
     LlamadasDeBapi bapis_;
     FuncionesDePractica funciones_;
     TransaccionesDePractica transacciones_;
+    ProgramasDePractica programas_;
     ArchivosDePractica archivos_;
 };
-
-// The present moment as reports have it.
-abap::Momento MomentoActual();
 
 }  // namespace qor

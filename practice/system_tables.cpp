@@ -6,12 +6,17 @@
 #include <utility>
 
 #include "base/text.h"
+#include "practice/role.h"
 
 namespace qor {
 
 namespace {
 
 using abap::ValorDeBase;
+
+// What AS4LOCAL of DD03L says.
+constexpr const char* activo = "A";
+constexpr const char* inactivo = "N";
 
 // A row by the names of its columns; the others are initial.
 class Fila {
@@ -41,13 +46,13 @@ private:
 
 using Relleno = std::function<void(const DefinicionDeTabla&, const PonerFila&)>;
 
-void LlenarClientes(const DefinicionDeTabla& tabla, const PonerFila& poner, const std::string& cliente) {
-    // A client for tests, in which programs can be changed.
-    Fila(tabla).Con("MANDT", cliente).Con("MTEXT", "Practice system").Con("CCCATEGORY", "T").Poner(poner);
+void LlenarClientes(const DefinicionDeTabla& tabla, const PonerFila& poner, const std::string& cliente, const std::string& rol) {
+    Fila(tabla).Con("MANDT", cliente).Con("MTEXT", "Practice system").Con("CCCATEGORY", rol).Poner(poner);
 }
 
-void LlenarFunciones(const DefinicionDeTabla& tabla, const PonerFila& poner, EstructurasDeCatalogo& catalogo) {
+void LlenarFunciones(const DefinicionDeTabla& tabla, const PonerFila& poner, CatalogoDePractica& catalogo) {
     for (const auto& funcion : catalogo.Funciones()) {
+        if (catalogo.EsDoble(funcion)) continue;
         std::string grupo = "SAPL" + Mayusculas(funcion.objeto);
         std::replace(grupo.begin(), grupo.end(), ' ', '_');
         Fila(tabla)
@@ -59,14 +64,31 @@ void LlenarFunciones(const DefinicionDeTabla& tabla, const PonerFila& poner, Est
     }
 }
 
-void LlenarTextos(const DefinicionDeTabla& tabla, const PonerFila& poner, EstructurasDeCatalogo& catalogo) {
+void LlenarTextos(const DefinicionDeTabla& tabla, const PonerFila& poner, CatalogoDePractica& catalogo) {
     for (const auto& funcion : catalogo.Funciones()) {
-        Fila(tabla).Con("SPRAS", "E").Con("FUNCNAME", funcion.nombre).Con("STEXT", funcion.texto.substr(0, 74)).Poner(poner);
+        if (catalogo.EsDoble(funcion)) continue;
+        const auto texto = funcion.Texto();
+        if (!texto.empty()) Fila(tabla).Con("SPRAS", "E").Con("FUNCNAME", funcion.nombre).Con("STEXT", texto).Poner(poner);
     }
 }
 
-void LlenarParametros(const DefinicionDeTabla& tabla, const PonerFila& poner, EstructurasDeCatalogo& catalogo) {
+void LlenarDocumentacion(const DefinicionDeTabla& tabla, const PonerFila& poner, CatalogoDePractica& catalogo) {
     for (const auto& funcion : catalogo.Funciones()) {
+        if (catalogo.EsDoble(funcion)) continue;
+        if (funcion.LineasTrasElTexto().empty()) continue;
+        Fila(tabla)
+            .Con("ID", "FU")
+            .Con("OBJECT", funcion.nombre)
+            .Con("LANGU", "E")
+            .Con("TYP", "E")
+            .ConNumero("DOKVERSION", 1)
+            .Poner(poner);
+    }
+}
+
+void LlenarParametros(const DefinicionDeTabla& tabla, const PonerFila& poner, CatalogoDePractica& catalogo) {
+    for (const auto& funcion : catalogo.Funciones()) {
+        if (catalogo.EsDoble(funcion)) continue;
         std::map<char, int> lugares;
         for (const auto& parametro : funcion.parametros) {
             Fila(tabla)
@@ -82,7 +104,7 @@ void LlenarParametros(const DefinicionDeTabla& tabla, const PonerFila& poner, Es
     }
 }
 
-void LlenarMetodos(const DefinicionDeTabla& tabla, const PonerFila& poner, EstructurasDeCatalogo& catalogo) {
+void LlenarMetodos(const DefinicionDeTabla& tabla, const PonerFila& poner, CatalogoDePractica& catalogo) {
     std::map<std::string_view, int> verbos;
     for (const auto& funcion : catalogo.Funciones()) {
         Fila(tabla)
@@ -92,17 +114,6 @@ void LlenarMetodos(const DefinicionDeTabla& tabla, const PonerFila& poner, Estru
             .Con("ABAPNAME", funcion.nombre)
             .Poner(poner);
     }
-}
-
-// The row of DD03L for a field of which at least the name is known.
-Fila FilaDeCampo(const DefinicionDeTabla& tabla, std::string_view estructura, std::string_view campo, int lugar) {
-    Fila fila(tabla);
-    fila.Con("TABNAME", estructura)
-        .Con("FIELDNAME", campo)
-        .Con("AS4LOCAL", "A")
-        .ConNumero("AS4VERS", 0)
-        .ConNumero("POSITION", lugar);
-    return fila;
 }
 
 std::string_view TipoInterno(abap::Tipo tipo) {
@@ -145,73 +156,88 @@ CampoDeDiccionario CampoDe(const abap::Componente& columna) {
     return campo;
 }
 
+// The row of DD03L; of a field without a class no more than its name and place.
 void PonerCampo(const DefinicionDeTabla& tabla, const PonerFila& poner, std::string_view estructura,
-                const CampoDeDiccionario& campo, int lugar) {
-    FilaDeCampo(tabla, estructura, campo.nombre, lugar)
-        .Con("KEYFLAG", campo.clave ? "X" : "")
-        .Con("INTTYPE", TipoInterno(campo.tipo.tipo))
-        .ConNumero("INTLEN", campo.tipo.largo)
-        .Con("DATATYPE", campo.clase)
-        .ConNumero("LENG", campo.largo)
-        .ConNumero("DECIMALS", campo.tipo.decimales)
-        .Poner(poner);
+                const CampoDeDiccionario& campo, const char* estado, int lugar) {
+    Fila fila(tabla);
+    fila.Con("TABNAME", estructura)
+        .Con("FIELDNAME", campo.nombre)
+        .Con("AS4LOCAL", estado)
+        .ConNumero("AS4VERS", 0)
+        .ConNumero("POSITION", lugar);
+    if (!campo.clase.empty()) {
+        fila.Con("KEYFLAG", campo.clave ? "X" : "")
+            .Con("INTTYPE", TipoInterno(campo.tipo.tipo))
+            .ConNumero("INTLEN", campo.tipo.largo)
+            .Con("DATATYPE", campo.clase)
+            .ConNumero("LENG", campo.largo)
+            .ConNumero("DECIMALS", campo.tipo.decimales);
+    }
+    fila.Poner(poner);
 }
 
-// Every field that the system knows of, each structure from the one that knows it best.
+// The fields of a structure as they are known beside the catalogue: of a table of the file its columns, else those of its
+// definition; where that tells some fields alone, and where there is none, those that widths tell too.
+std::vector<CampoDeDiccionario> CamposConocidos(std::string_view estructura, BaseDePractica& base,
+                                                DiccionarioDePractica& diccionario, bool deArchivo) {
+    std::vector<CampoDeDiccionario> campos;
+    if (deArchivo) {
+        for (const auto& columna : base.BuscarTabla(estructura)->estructura.componentes) campos.push_back(CampoDe(columna));
+        return campos;
+    }
+    const auto entrada = diccionario.Entradas().find(estructura);
+    const bool definida = entrada != diccionario.Entradas().end() && entrada->second.clase != EntradaDeDiccionario::Clase::Elemento;
+    if (definida) campos = entrada->second.campos;
+    const auto anchos = diccionario.Anchos().find(estructura);
+    if ((definida && entrada->second.clase != EntradaDeDiccionario::Clase::Campos) || anchos == diccionario.Anchos().end()) {
+        return campos;
+    }
+    for (const auto& [nombre, ancho] : anchos->second) {
+        if (definida && entrada->second.Buscar(nombre) != nullptr) continue;
+        campos.push_back({nombre, "CHAR", static_cast<int>(ancho), {abap::Tipo::C, ancho, 0, nullptr}, false});
+    }
+    return campos;
+}
+
+// Every field that the system knows of. A structure that the catalogue names has the fields that it has there, so that a catalogue
+// which is made of them is the same one; what else is known of it stands behind them, as not active.
 void LlenarCampos(const DefinicionDeTabla& tabla, const PonerFila& poner, BaseDePractica& base,
                   DiccionarioDePractica& diccionario) {
-    std::set<std::string, std::less<>> vistas;
-    for (const auto& resumen : base.Tablas()) {
-        int lugar = 0;
-        vistas.insert(resumen.nombre);
-        for (const auto& columna : base.BuscarTabla(resumen.nombre)->estructura.componentes) {
-            PonerCampo(tabla, poner, resumen.nombre, CampoDe(columna), ++lugar);
-        }
-    }
+    std::map<std::string, bool, std::less<>> nombres;  // and whether it is a table of the file
+    for (const auto& [nombre, campos] : diccionario.Catalogo().LasEstructuras()) nombres.emplace(nombre, false);
     for (const auto& [nombre, entrada] : diccionario.Entradas()) {
-        if (entrada.clase == EntradaDeDiccionario::Clase::Elemento || !vistas.insert(nombre).second) continue;
-        int lugar = 0;
-        for (const auto& campo : entrada.campos) PonerCampo(tabla, poner, nombre, campo, ++lugar);
-        if (entrada.clase == EntradaDeDiccionario::Clase::Campos) vistas.erase(nombre);
+        if (entrada.clase != EntradaDeDiccionario::Clase::Elemento) nombres.emplace(nombre, false);
     }
-    const auto ancho = [&](std::string_view estructura, std::string_view campo) -> std::uint32_t {
-        const auto anchos = diccionario.Anchos().find(estructura);
-        if (anchos == diccionario.Anchos().end()) return 0;
-        const auto lugar = anchos->second.find(campo);
-        return lugar == anchos->second.end() ? 0 : lugar->second;
-    };
-    const auto yaPuesto = [&](std::string_view estructura, std::string_view campo) {
-        const auto entrada = diccionario.Entradas().find(estructura);
-        return entrada != diccionario.Entradas().end() && entrada->second.Buscar(campo) != nullptr;
-    };
-    const auto ponerConAncho = [&](std::string_view estructura, std::string_view campo, int lugar) {
-        if (yaPuesto(estructura, campo)) return;
-        const auto largo = ancho(estructura, campo);
-        auto fila = FilaDeCampo(tabla, estructura, campo, lugar);
-        if (largo > 0) {
-            fila.Con("INTTYPE", "C")
-                .ConNumero("INTLEN", largo)
-                .Con("DATATYPE", "CHAR")
-                .ConNumero("LENG", largo)
-                .ConNumero("DECIMALS", 0);
+    for (const auto& [nombre, campos] : diccionario.Anchos()) nombres.emplace(nombre, false);
+    for (const auto& resumen : base.Tablas()) nombres[resumen.nombre] = true;
+
+    const auto& catalogo = diccionario.Catalogo().LasEstructuras();
+    for (const auto& [nombre, deArchivo] : nombres) {
+        auto conocidos = CamposConocidos(nombre, base, diccionario, deArchivo);
+        int lugar = 0;
+        const auto deCatalogo = catalogo.find(nombre);
+        if (deCatalogo != catalogo.end()) {
+            for (const auto campo : deCatalogo->second) {
+                const auto conocido =
+                    std::find_if(conocidos.begin(), conocidos.end(), [&](const auto& c) { return c.nombre == campo; });
+                if (conocido == conocidos.end()) {
+                    PonerCampo(tabla, poner, nombre, {std::string(campo), {}, 0, {}, false}, activo, ++lugar);
+                } else {
+                    PonerCampo(tabla, poner, nombre, *conocido, activo, ++lugar);
+                    conocidos.erase(conocido);
+                }
+            }
         }
-        fila.Poner(poner);
-    };
-    for (const auto& [nombre, campos] : diccionario.Catalogo().LasEstructuras()) {
-        if (!vistas.insert(std::string(nombre)).second) continue;
-        int lugar = 0;
-        for (const auto campo : campos) ponerConAncho(nombre, campo, ++lugar);
-    }
-    for (const auto& [nombre, campos] : diccionario.Anchos()) {
-        if (!vistas.insert(nombre).second) continue;
-        int lugar = 0;
-        for (const auto& [campo, largo] : campos) ponerConAncho(nombre, campo, ++lugar);
+        const auto* const estado = deCatalogo == catalogo.end() ? activo : inactivo;
+        for (const auto& campo : conocidos) PonerCampo(tabla, poner, nombre, campo, estado, ++lugar);
     }
 }
 
-// A view with all columns of a table, of which those that are named here come from elsewhere.
-std::string Vista(const DefinicionDeTabla& tabla, const std::map<std::string_view, std::string>& columnas,
-                  std::string_view origen) {
+// Columns of a table that come from elsewhere, each as an expression of SQL.
+using ColumnasDeVista = std::map<std::string_view, std::string>;
+
+// A view with all columns of a table; the others are initial.
+std::string Vista(const DefinicionDeTabla& tabla, const ColumnasDeVista& columnas, std::string_view origen) {
     std::string texto = "SELECT ";
     bool primera = true;
     for (const auto& columna : tabla.estructura.componentes) {
@@ -251,20 +277,16 @@ std::string VistaDeProgramas(const DefinicionDeTabla& tabla) {
                  "_qor_programs");
 }
 
-std::string VistaDeCola(const DefinicionDeTabla& tabla) {
-    return Vista(tabla,
-                 {{"DATATYP", "'BDC'"},
-                  {"MANDANT", "client"},
-                  {"GROUPID", "grp"},
-                  {"QID", "qid"},
-                  {"QSTATE", "state"},
-                  {"QERASE", "keep"},
-                  {"CREATOR", "creator"},
-                  {"CREDATE", "date"},
-                  {"CRETIME", "time"},
-                  {"USERID", "creator"},
-                  {"TRANSCNT", "transactions"}},
-                 "_qor_queue");
+// Sessions, and behind them recordings.
+std::string VistaDeCola(const DefinicionDeTabla& tabla, std::string_view cliente) {
+    const ColumnasDeVista comunes = {{"GROUPID", "grp"},  {"QID", "qid"},      {"CREATOR", "creator"},
+                                     {"CREDATE", "date"}, {"CRETIME", "time"}, {"USERID", "creator"}};
+    ColumnasDeVista deSesiones = comunes;
+    deSesiones.insert(
+        {{"DATATYP", "'BDC'"}, {"MANDANT", "client"}, {"QSTATE", "state"}, {"QERASE", "keep"}, {"TRANSCNT", "transactions"}});
+    ColumnasDeVista deGrabaciones = comunes;
+    deGrabaciones.insert({{"DATATYP", "'%BDC'"}, {"MANDANT", "'" + std::string(cliente) + "'"}, {"QERASE", "'X'"}});
+    return Vista(tabla, deSesiones, "_qor_queue") + " UNION ALL " + Vista(tabla, deGrabaciones, "_qor_recordings");
 }
 
 DefinicionDeTabla Definir(std::string_view nombre, const EntradaDeDiccionario& entrada) {
@@ -300,9 +322,11 @@ std::optional<TablaProvista> TablasDelSistema::Proveer(std::string_view nombre) 
             [&catalogo = diccionario_.Catalogo(), llenar](const auto& tabla, const auto& poner) { llenar(tabla, poner, catalogo); };
     };
     const std::map<std::string_view, Relleno> rellenos = {
-        {"T000", [&base = base_](const auto& tabla, const auto& poner) { LlenarClientes(tabla, poner, base.Cliente()); }},
+        {"T000", [&base = base_](const auto& tabla,
+                                 const auto& poner) { LlenarClientes(tabla, poner, base.Cliente(), RolDeSistema(base)); }},
         {"TFDIR", deCatalogo(LlenarFunciones)},
         {"TFTIT", deCatalogo(LlenarTextos)},
+        {"DOKHL", deCatalogo(LlenarDocumentacion)},
         {"FUPARAREF", deCatalogo(LlenarParametros)},
         {"SWOTLV", deCatalogo(LlenarMetodos)},
         {"DD03L", [&base = base_, &diccionario = diccionario_](const auto& tabla, const auto& poner) {
@@ -310,7 +334,8 @@ std::optional<TablaProvista> TablasDelSistema::Proveer(std::string_view nombre) 
          }}};
     if (nombre == "TRDIR" || nombre == "APQI") {
         provista.definicion.vista = true;
-        provista.vista = nombre == "TRDIR" ? VistaDeProgramas(provista.definicion) : VistaDeCola(provista.definicion);
+        provista.vista =
+            nombre == "TRDIR" ? VistaDeProgramas(provista.definicion) : VistaDeCola(provista.definicion, base_.Cliente());
     } else if (const auto relleno = rellenos.find(nombre); relleno != rellenos.end()) {
         provista.llenar = [tabla = provista.definicion, llenar = relleno->second](const PonerFila& poner) { llenar(tabla, poner); };
     } else {

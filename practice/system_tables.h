@@ -6,8 +6,8 @@
 #include "practice/dictionary.h"
 
 // Tables that the practice system has without anybody having made them: those that dictionary files define. The ones of the system
-// itself show what it holds, and can't be written to: T000, TRDIR, APQI, DD03L, TFDIR, TFTIT, FUPARAREF, SWOTLV. All others are
-// empty until a report fills them.
+// itself show what it holds, and can't be written to: T000, TRDIR, APQI, DD03L, TFDIR, TFTIT, DOKHL, FUPARAREF, SWOTLV. All others
+// are empty until a report fills them.
 namespace qor {
 
 class TablasDelSistema : public ProveedorDeTablas {

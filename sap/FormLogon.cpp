@@ -1,5 +1,7 @@
 #include "sap/FormLogon.h"
 
+#include <QButtonGroup>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -7,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -41,12 +44,19 @@ std::string Cortado(const QLineEdit& caja) { return std::string(Recortar(TextoDe
 
 }  // namespace
 
-FormLogon::FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, Vista& vista, QWidget* padre)
-    : Dialogo(textos, "FormLogon", padre), parametros_(parametros), vista_(vista) {
-    setWindowTitle(Literal("Log on to an SAP system"));
+FormLogon::FormLogon(EleccionDeLogon& eleccion, const std::filesystem::path& practica, const TextosIdioma& textos, Vista& vista,
+                     QWidget* padre)
+    : Dialogo(textos, "FormLogon", padre), eleccion_(eleccion), parametros_(eleccion.parametros), vista_(vista) {
+    setWindowTitle(Literal("Log on to a system"));
+    auto* const marcos = new QGridLayout;
+    marcos->addWidget(CrearSistema(), 0, 0, 2, 1);
+    FrameUsuario_ = CrearUsuario();
+    marcos->addWidget(FrameUsuario_, 0, 1);
+    marcos->addWidget(CrearPractica(practica), 1, 1);
+    marcos->setColumnStretch(0, 1);
+    Elegir();
     auto* const orden = new QVBoxLayout(this);
-    orden->addWidget(CrearSistema());
-    orden->addWidget(CrearUsuario());
+    orden->addLayout(marcos);
     OK_ = NuevoBoton("OK", Literal("OK"));
     OK_->setDefault(true);
     auto* const Cancel = NuevoBoton("Cancel", Rotulo(187));
@@ -58,11 +68,15 @@ FormLogon::FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, 
     orden->addStretch();
     orden->addLayout(FilaDeBotones({OK_, Cancel}));
     for (auto* const caja : findChildren<QLineEdit*>()) connect(caja, &QLineEdit::textChanged, this, &FormLogon::Habilitar);
-    connect(OptionServidor_, &QRadioButton::toggled, this, &FormLogon::Habilitar);
+    for (auto* const opcion : findChildren<QRadioButton*>()) connect(opcion, &QRadioButton::toggled, this, &FormLogon::Habilitar);
     Habilitar();
-    PonerTamano(70, 22);
-    // What is missing of a logon that was made before is the password alone.
-    (TodosLlenos({Cliente_, Usuario_}) ? Clave_ : Servidor_)->setFocus();
+    PonerTamano(104, 12);
+    if (OptionPractica_->isChecked()) {
+        OK_->setFocus();
+    } else {
+        // What is missing of a logon that was made before is the password alone.
+        (TodosLlenos({Cliente_, Usuario_}) ? Clave_ : Servidor_)->setFocus();
+    }
 }
 
 FormLogon::~FormLogon() { Clave_->setText(QString(Clave_->text().size(), QLatin1Char(' '))); }
@@ -77,16 +91,18 @@ QLineEdit* FormLogon::NuevaCaja(const char* nombre, const std::string& texto, in
     return caja;
 }
 
+QRadioButton* FormLogon::NuevaOpcion(const char* nombre, std::string_view rotulo, QWidget* marco) {
+    auto* const opcion = new QRadioButton(Literal(rotulo), marco);
+    opcion->setObjectName(QString::fromLatin1(nombre));
+    return opcion;
+}
+
 QWidget* FormLogon::CrearSistema() {
     auto* const marco = NuevoMarco("FrameSistema", Literal("System"));
-    OptionServidor_ = new QRadioButton(Literal("&Application server"), marco);
-    OptionServidor_->setObjectName(QStringLiteral("OptionServidor"));
-    OptionMensajes_ = new QRadioButton(Literal("&Message server and logon group"), marco);
-    OptionMensajes_->setObjectName(QStringLiteral("OptionMensajes"));
-    const bool porMensajes = parametros_.servidor.empty() && !parametros_.servidorDeMensajes.empty();
-    (porMensajes ? OptionMensajes_ : OptionServidor_)->setChecked(true);
+    OptionServidor_ = NuevaOpcion("OptionServidor", "&Application server", marco);
     Servidor_ = NuevaCaja("Servidor", parametros_.servidor);
     NumeroDeSistema_ = NuevaCaja("NumeroDeSistema", parametros_.numeroDeSistema, largoDeNumero);
+    OptionMensajes_ = NuevaOpcion("OptionMensajes", "&Message server and logon group", marco);
     ServidorDeMensajes_ = NuevaCaja("ServidorDeMensajes", parametros_.servidorDeMensajes);
     Sistema_ = NuevaCaja("Sistema", parametros_.sistema, largoDeSistema);
     Grupo_ = NuevaCaja("Grupo", parametros_.grupo);
@@ -103,6 +119,36 @@ QWidget* FormLogon::CrearSistema() {
                  {"GrupoLabel", "Logon &group:", Grupo_},
                  {"RutaLabel", "SAP &router:", Ruta_}});
     return marco;
+}
+
+QWidget* FormLogon::CrearPractica(const std::filesystem::path& practica) {
+    auto* const marco = NuevoMarco("FramePractica", {});
+    OptionPractica_ = NuevaOpcion("OptionPractica", "Prac&tice system", marco);
+    auto* const que = NuevoRotulo("PracticaLabel", Literal("Part of this program, no SAP system."));
+    OptionPractica_->setAccessibleDescription(que->text());
+    for (auto* const control : std::initializer_list<QWidget*>{OptionPractica_, que}) control->setToolTip(NombreQt(practica));
+    Rol_ = new QComboBox(this);
+    Rol_->setObjectName(QStringLiteral("Rol"));
+    constexpr std::pair<const char*, const char*> roles[] = {
+        {"T", "Test"},     {"P", "Production"},    {"C", "Customizing"}, {"D", "Demonstration"},
+        {"E", "Training"}, {"S", "SAP reference"}, {"", "None"}};
+    for (const auto& [letra, nombre] : roles) Rol_->addItem(Literal(nombre), QString::fromLatin1(letra));
+    Rol_->setCurrentIndex(std::max(0, Rol_->findData(TextoQt(eleccion_.rol))));
+    Rol_->setToolTip(Literal("A system whose client is productive takes no programs."));
+    auto* const rejilla = new QGridLayout(marco);
+    rejilla->addWidget(OptionPractica_, 0, 0, 1, 2);
+    rejilla->addWidget(que, 1, 0, 1, 2);
+    rejilla->addWidget(NuevoRotulo("RolLabel", Literal("Rol&e of the client:"), Rol_), 2, 0);
+    rejilla->addWidget(Rol_, 2, 1);
+    return marco;
+}
+
+// One of the three systems, which stand in two frames.
+void FormLogon::Elegir() {
+    auto* const sistemas = new QButtonGroup(this);
+    for (auto* const opcion : {OptionServidor_, OptionMensajes_, OptionPractica_}) sistemas->addButton(opcion);
+    const bool porMensajes = parametros_.servidor.empty() && !parametros_.servidorDeMensajes.empty();
+    (eleccion_.practica ? OptionPractica_ : porMensajes ? OptionMensajes_ : OptionServidor_)->setChecked(true);
 }
 
 QWidget* FormLogon::CrearUsuario() {
@@ -130,15 +176,23 @@ void FormLogon::LlenarFilas(QGridLayout* rejilla, int primera, std::initializer_
 }
 
 bool FormLogon::Completo() const {
+    if (OptionPractica_->isChecked()) return true;
     const bool sistema = OptionServidor_->isChecked() ? TodosLlenos({Servidor_, NumeroDeSistema_})
                                                       : TodosLlenos({ServidorDeMensajes_, Sistema_, Grupo_});
     return sistema && TodosLlenos({Cliente_, Usuario_, Clave_});
 }
 
 void FormLogon::Habilitar() {
-    const bool directo = OptionServidor_->isChecked();
-    for (auto* const caja : {Servidor_, NumeroDeSistema_}) caja->setEnabled(directo);
-    for (auto* const caja : {ServidorDeMensajes_, Sistema_, Grupo_}) caja->setEnabled(!directo);
+    const bool practica = OptionPractica_->isChecked();
+    // The choice is one stop of the tab key, and the arrow keys change it.
+    for (auto* const opcion : {OptionServidor_, OptionMensajes_, OptionPractica_}) {
+        opcion->setFocusPolicy(opcion->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+    for (auto* const caja : {Servidor_, NumeroDeSistema_}) caja->setEnabled(OptionServidor_->isChecked());
+    for (auto* const caja : {ServidorDeMensajes_, Sistema_, Grupo_}) caja->setEnabled(OptionMensajes_->isChecked());
+    Ruta_->setEnabled(!practica);
+    FrameUsuario_->setEnabled(!practica);
+    Rol_->setEnabled(practica);
     OK_->setEnabled(Completo());
 }
 
@@ -160,6 +214,12 @@ bool FormLogon::TodosSePuedenMandar() {
 
 bool FormLogon::PuedeCerrar() {
     if (!std::exchange(aceptado_, false)) return true;
+    eleccion_.practica = OptionPractica_->isChecked();
+    // What stands in the boxes of a real system stays remembered as it was.
+    if (eleccion_.practica) {
+        eleccion_.rol = TextoDelModelo(Rol_->currentData().toString());
+        return true;
+    }
     if (!TodosSePuedenMandar()) return false;
     const bool directo = OptionServidor_->isChecked();
     parametros_.servidor = directo ? Cortado(*Servidor_) : std::string();

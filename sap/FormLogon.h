@@ -2,8 +2,9 @@
 
 #include "base/qt/dialog.h"
 #include "base/view.h"
-#include "sap/nwrfc_service.h"
+#include "sap/logon_choice.h"
 
+class QComboBox;
 class QGridLayout;
 class QLineEdit;
 class QPushButton;
@@ -12,12 +13,15 @@ class QWidget;
 
 namespace qor {
 
-// Asks for the system to log on to, and who logs on. The password leaves the dialog in the parameters alone.
+// Asks for the system to log on to, a real one or the practice system, and who logs on. The password leaves the dialog in the
+// parameters alone.
 class FormLogon : public Dialogo {
     Q_OBJECT
 public:
-    // Shows the parameters, and fills them when it is accepted. A text that can't be sent whole is refused: the dialog stays.
-    FormLogon(ParametrosDeLogon& parametros, const TextosIdioma& textos, Vista& vista, QWidget* padre);
+    // Shows the choice, and fills it when it is accepted. A text that can't be sent whole is refused: the dialog stays. `practica`
+    // is the file of the practice system.
+    FormLogon(EleccionDeLogon& eleccion, const std::filesystem::path& practica, const TextosIdioma& textos, Vista& vista,
+              QWidget* padre);
     ~FormLogon() override;
 
 protected:
@@ -25,24 +29,31 @@ protected:
 
 private:
     QLineEdit* NuevaCaja(const char* nombre, const std::string& texto, int letras = 0);
+    QRadioButton* NuevaOpcion(const char* nombre, std::string_view rotulo, QWidget* marco);
     QWidget* CrearSistema();
     QWidget* CrearUsuario();
+    QWidget* CrearPractica(const std::filesystem::path& practica);
+    void Elegir();
     struct Fila {
         const char* nombre;
         std::string_view rotulo;
         QLineEdit* caja;
     };
     void LlenarFilas(QGridLayout* rejilla, int primera, std::initializer_list<Fila> filas);
-    // One of the two ways to the system has all that it needs, and so has the user.
+    // What is chosen has all that it needs: the practice system nothing, a real one its names, and a user.
     bool Completo() const;
     void Habilitar();
     bool TodosSePuedenMandar();
 
+    EleccionDeLogon& eleccion_;
     ParametrosDeLogon& parametros_;
     Vista& vista_;
     bool aceptado_ = false;
     QRadioButton* OptionServidor_ = nullptr;
     QRadioButton* OptionMensajes_ = nullptr;
+    QRadioButton* OptionPractica_ = nullptr;
+    QComboBox* Rol_ = nullptr;
+    QWidget* FrameUsuario_ = nullptr;
     QLineEdit* Servidor_ = nullptr;
     QLineEdit* NumeroDeSistema_ = nullptr;
     QLineEdit* ServidorDeMensajes_ = nullptr;

@@ -27,7 +27,7 @@ public:
             if (Tramo(linea, 41, 5) == "0000T") FormatoSesion_ = true;
             if (FormatoSesion_) {
                 LeerRegistro(Mayusculas(linea));
-            } else {
+            } else if (Tramo(linea, 41, 5) != "0000M") {  // the header of a session, whatever its name
                 LeerTextoDeGrabacion(linea);
             }
         }

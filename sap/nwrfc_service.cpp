@@ -423,6 +423,18 @@ private:
 
 void ParametrosDeLogon::BorrarClave() { Borrar(clave); }
 
+void ParametrosDeLogon::Tomar(ParametrosDeLogon& otros) {
+    for (const auto campo :
+         {&ParametrosDeLogon::servidor, &ParametrosDeLogon::numeroDeSistema, &ParametrosDeLogon::servidorDeMensajes,
+          &ParametrosDeLogon::sistema, &ParametrosDeLogon::grupo, &ParametrosDeLogon::cliente, &ParametrosDeLogon::usuario,
+          &ParametrosDeLogon::idioma, &ParametrosDeLogon::ruta}) {
+        this->*campo = std::move(otros.*campo);
+    }
+    BorrarClave();
+    clave = otros.clave;
+    otros.BorrarClave();
+}
+
 bool TieneClave(std::string_view ruta) {
     for (; !ruta.empty(); ruta = DespuesDe(ruta, '/')) {
         const auto segmento = Recortar(AntesDe(ruta, '/'));

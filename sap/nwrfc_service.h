@@ -32,6 +32,8 @@ struct ParametrosDeLogon {
 
     // Overwrites the password's bytes.
     void BorrarClave();
+    // Takes all of another one, whose password is overwritten.
+    void Tomar(ParametrosDeLogon& otros);
 };
 
 // Lets the user fill the parameters; false when the user backs out.

@@ -45,16 +45,18 @@ bool SistemaAdmiteProgramas(const SesionSAP& sesion, const TextosIdioma& textos,
     return true;
 }
 
-void PedirNombreYPublicar(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& propuesto,
+bool PedirNombreYPublicar(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& propuesto,
                           const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista) {
     const std::string NombreElegido = FormABAP(propuesto);
-    if (NombreElegido.empty()) return;
+    if (NombreElegido.empty()) return false;
     const ConPunteroOcupado puntero(vista);
-    if (PublicarPrograma(sesion, archivo, NombreElegido, textos, vista)) {
+    const bool publicado = PublicarPrograma(sesion, archivo, NombreElegido, textos, vista);
+    if (publicado) {
         vista.Informar(Componer(textos, {410}));
     } else {
         vista.Advertir(ConMotivo(sesion, Componer(textos, {411})));
     }
+    return publicado;
 }
 
 }  // namespace
@@ -90,6 +92,12 @@ bool PublicarPrograma(SesionSAP& sesion, const std::filesystem::path& archivo, c
     if (!filas || filas->empty() || Recortar(filas->front()) != "0") return false;
     if (reporte.Recortado) vista.Informar(Componer(textos, {419}));
     return true;
+}
+
+bool PublicarArchivo(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& propuesto,
+                     const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista) {
+    return SistemaAdmiteProgramas(sesion, textos, vista) &&
+           PedirNombreYPublicar(sesion, archivo, propuesto, FormABAP, textos, vista);
 }
 
 void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,

@@ -35,6 +35,11 @@ void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& Archivo
 void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::filesystem::path& DirectorioDocumentos, const DialogoABAP& FormABAP,
                               const TextosIdioma& textos, Vista& vista);
 
+// Publishes a source file, after the test of the system, under the name that the dialog answers to `propuesto`. True when the
+// system has taken it.
+bool PublicarArchivo(SesionSAP& sesion, const std::filesystem::path& archivo, const std::string& propuesto,
+                     const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista);
+
 // The same offered at the end of a generation.
 void OfrecerPublicacion(SesionSAP& sesion, const std::filesystem::path& ArchivoGenerado, const DialogoABAP& FormABAP,
                         const TextosIdioma& textos, Vista& vista);

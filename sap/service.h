@@ -64,6 +64,8 @@ public:
     virtual std::unique_ptr<FuncionRFC> Add(std::string_view modulo) = 0;
     // Why the last Call, or the last silent Logon, answered false; empty when the service doesn't tell.
     virtual std::string UltimoError() const = 0;
+    // Whether the system behind it is one to practise on, which is no SAP system.
+    virtual bool EsDePractica() const { return false; }
 };
 
 }  // namespace qor

@@ -78,14 +78,13 @@ void Soltar(SesionSAP& sesion) {
 bool CrearYEntrar(SesionSAP& sesion, const OpcionesDeLogon& opciones, Vista& vista) {
     try {
         sesion.SesionRFC = sesion.CrearServicio();
-        return sesion.SesionRFC->Connection().Logon(false);
+        return sesion.SesionRFC != nullptr && sesion.SesionRFC->Connection().Logon(false);
     } catch (const FalloDelServicio& fallo) {
-        if (opciones.ChequearErroresLogon) {
-            vista.Advertir(
-                MensajeLiteral(std::string("The logon has failed. The libraries of the SAP front-end may not be registered on "
-                                           "this computer.\r\n") +
-                               fallo.what()));
-        }
+        const bool dePractica = sesion.SesionRFC != nullptr && sesion.SesionRFC->EsDePractica();
+        const std::string que = dePractica ? "The practice system can't be opened."
+                                           : "The logon has failed. The libraries of the SAP front-end may not be registered on "
+                                             "this computer.";
+        if (dePractica || opciones.ChequearErroresLogon) vista.Advertir(MensajeLiteral(que + "\r\n" + fallo.what()));
         return false;
     }
 }
@@ -116,8 +115,9 @@ bool SesionActiva(SesionSAP& sesion) {
 void NotarPerdida(SesionSAP& sesion) {
     if (sesion.SesionRFC == nullptr || sesion.SesionRFC->Connection().Abierta()) return;
     const std::string causa = sesion.Motivo.empty() ? "" : sesion.Motivo + "\r\n";
+    const std::string sistema = sesion.EsDePractica() ? "practice" : "SAP";
     Soltar(sesion);
-    sesion.Motivo = causa + "The connection to the SAP system is lost. Please log on again.";
+    sesion.Motivo = causa + "The connection to the " + sistema + " system is lost. Please log on again.";
 }
 
 bool RecuperarDatosSistema(SesionSAP& sesion) {
@@ -183,7 +183,8 @@ bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencia
         vista.Advertir(MensajeLiteral("Invalid RFC Function module. Click Help / Contents > Troubleshooting."));
         return false;
     }
-    if (conDatos) AjustarEncoding(sesion, preferencias);
+    // Practising is to leave no trace in what is made for a real system.
+    if (conDatos && !sesion.EsDePractica()) AjustarEncoding(sesion, preferencias);
     return true;
 }
 

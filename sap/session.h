@@ -15,7 +15,7 @@
 // The one connection to a system. Operations on it never raise: they answer false or nothing, and the caller shows the message.
 namespace qor {
 
-// Makes the service of a logon. Throws FalloDelServicio when it can't be had.
+// Makes the service of a logon; null when the user backs out of it. Throws FalloDelServicio when it can't be had.
 using FabricaDeServicio = std::function<std::unique_ptr<ServicioRFC>()>;
 
 constexpr const char* textoSinConexion = "Not connected";
@@ -37,6 +37,8 @@ struct SesionSAP {
     std::string VersionSistema;                       // release, such as "46C"; empty while not connected
     std::string Motivo;                               // why the last operation failed, in the service's words; stays when
                                                       // there is no session any more
+
+    bool EsDePractica() const { return SesionRFC != nullptr && SesionRFC->EsDePractica(); }
 };
 
 struct OpcionesDeLogon {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 
 #include "base/busy_pointer.h"
 #include "base/failure.h"
@@ -143,6 +144,17 @@ bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, cons
         vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
         return false;
     }
+}
+
+std::string CamposSinAncho(const Especificacion& especificacion) {
+    std::string campos;
+    std::set<std::string_view> dichos;
+    for (int fila = 0; fila < especificacion.FilasArchivo(); ++fila) {
+        const auto& campo = especificacion.TablaArchivo[static_cast<std::size_t>(fila)];
+        if (!EstaEnBlanco(campo.ancho) || !dichos.insert(Recortar(campo.campo)).second) continue;
+        campos += (campos.empty() ? "" : ", ") + std::string(Recortar(campo.campo));
+    }
+    return campos;
 }
 
 LineasABAP ReporteDeAnchos(const std::vector<std::string_view>& lineas) {

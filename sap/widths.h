@@ -21,6 +21,9 @@ bool GenerarInfoCampos(const Documento& documento, const std::filesystem::path& 
 // Fills empty widths of the file side from the text of a file, and answers whether it filled any.
 bool LlenarAnchos(Especificacion& especificacion, std::string_view texto);
 
+// The names of the file fields without a width, with commas between them.
+std::string CamposSinAncho(const Especificacion& especificacion);
+
 // Reads the file back into the file side. False with message 328 when it can't be read.
 bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, const TextosIdioma& textos, Vista& vista);
 

@@ -333,6 +333,7 @@ TEST(Statements, OfSurroundingsThatAreNotKnownDoNotCompile) {
         {"SELECT * FROM ZT HAVING BATCH = 1.\nENDSELECT.", "HAVING is not known here"},
         {"SELECT SINGLE * FROM ZU.", "ZU has no work area"},
         {"INSERT ZU.", "ZU has no work area"},
+        {"INSERT REPORT 'Z' FROM TEXT.", "TEXT is no internal table"},
         {"UPDATE ZT SET FLAG = BATCH + 1.", "FLAG was expected"},
         {"EXEC SQL.\n  DELETE FROM T\nENDEXEC.", "SELECT only"},
         {"EXEC SQL.\n  SELECT A INTO B FROM T\nENDEXEC.", "behind INTO"},

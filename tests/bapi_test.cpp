@@ -7,9 +7,8 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
-#include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -167,21 +166,20 @@ TEST_F(PruebaDeBAPI, RowsEndAtRow1000) {
     EXPECT_TRUE(Contiene(ventana.documento.especificacion.TablaBAPIs[0].llamada, "TEXTS = TEXTS."));
 }
 
-// An update against a scripted system: the list first, then one call for each BAPI.
+// An update from a practice system: the list first, then one call for each BAPI.
 struct PruebaDeActualizacion : PruebaDeBAPI {
-    std::shared_ptr<Guion> guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
+    static constexpr const char* suyo =
+        "BAPIDEFS\r\n0 46C\r\n1 A\r\n2 BAPI_A1\r\n3 a1\r\n4 P::I:T-F\r\n1 B\r\n2 BAPI_B1\r\n3 b1\r\n2 BAPI_B2\r\n3 b2\r\n";
+    SesionDePractica practica{suyo};
     std::filesystem::path ArchivoBAPI = Escribir(catalogo);
     int detenerEn = -1;  // notice at which the user stops
     int avisos = 0;
 
-    ResultadoActualizacion Actualizar(std::initializer_list<Respuesta> respuestas = {Respuesta::Si}) {
+    ResultadoActualizacion Actualizar(SesionSAP& sesion, std::initializer_list<Respuesta> respuestas = {Respuesta::Si}) {
         prueba.vista.respuestas.assign(respuestas);
         return ActualizarCatalogo({sesion, prueba.textos, prueba.vista, directorio.Ruta(), ArchivoBAPI, [](bool) {},
                                    [&](int) { return avisos++ != detenerEn; }});
     }
-
-    void ResponderLista() { guion->Responder({"0 46C", "1 A", "2 BAPI_A1", "1 B", "2 BAPI_B1", "2 BAPI_B2", "END"}); }
 
     std::vector<std::string> Archivos() const {
         std::vector<std::string> nombres;
@@ -193,58 +191,51 @@ struct PruebaDeActualizacion : PruebaDeBAPI {
     }
 };
 
-TEST_F(PruebaDeActualizacion, NewCatalogueTakesThePlaceWhenComplete) {
-    ResponderLista();
-    for (const char* bapi : {"a1", "b1", "b2"}) guion->Responder({("3 " + std::string(bapi)).c_str(), "4 P::I:T-F", "END"});
-    EXPECT_EQ(Actualizar(), ResultadoActualizacion::Hecha);
-    EXPECT_EQ(ArchivoBAPI.filename(), "BAPI" + sesion.VersionSistema);
-    EXPECT_EQ(LeerArchivo(ArchivoBAPI),
-              "BAPIDEFS\r\n0 46C\r\n1 A\r\n2 BAPI_A1\r\n3 a1\r\n4 P::I:T-F\r\n1 B\r\n2 BAPI_B1\r\n3 b1\r\n4 P::I:T-F\r\n"
-              "2 BAPI_B2\r\n3 b2\r\n4 P::I:T-F\r\n");
-    EXPECT_EQ(Archivos().size(), 2u);
-}
-
 TEST_F(PruebaDeActualizacion, StoppedRunGoesOnAtItsLastBAPI) {
     const auto anterior = ArchivoBAPI;
-    ResponderLista();
-    guion->Responder({"3 a1", "END"});
     detenerEn = 0;  // behind "2 BAPI_A1"
-    EXPECT_EQ(Actualizar(), ResultadoActualizacion::Detenida);
+    EXPECT_EQ(Actualizar(practica.sesion), ResultadoActualizacion::Detenida);
     EXPECT_EQ(Archivos(), (std::vector<std::string>{"catalogue", "partial"}));
     EXPECT_EQ(ArchivoBAPI, anterior);
-
-    ResponderLista();
-    for (const char* bapi : {"3 a1 again", "3 b1", "3 b2"}) guion->Responder({bapi, "END"});
-    EXPECT_EQ(Actualizar({Respuesta::Si, Respuesta::Si}), ResultadoActualizacion::Hecha);
-    EXPECT_EQ(LeerArchivo(ArchivoBAPI),
-              "BAPIDEFS\r\n0 " + sesion.VersionSistema +
-                  "\r\n1 A\r\n2 BAPI_A1\r\n3 a1 again\r\n1 B\r\n2 BAPI_B1\r\n3 b1\r\n2 BAPI_B2\r\n3 b2\r\n");
+    for (const auto& entrada : std::filesystem::directory_iterator(directorio.Ruta())) {
+        // The last BAPI may be incomplete; what stands in front of it is kept as it is.
+        if (entrada.path().extension() == ".bap") {
+            directorio.Escribir(entrada.path().filename().string(),
+                                "BAPIDEFS\r\n0 46C\r\n1 0\r\n2 BAPI_0\r\n3 kept\r\n1 A\r\n2 BAPI_A1\r\n3 a");
+        }
+    }
+    EXPECT_EQ(Actualizar(practica.sesion, {Respuesta::Si, Respuesta::Si}), ResultadoActualizacion::Hecha);
+    EXPECT_EQ(ArchivoBAPI.filename(), "BAPI46C");
+    EXPECT_EQ(LeerArchivo(ArchivoBAPI), ReemplazarTodo(suyo, "1 A", "1 0\r\n2 BAPI_0\r\n3 kept\r\n1 A"));
     EXPECT_EQ(Archivos().size(), 2u);
 }
 
 TEST_F(PruebaDeActualizacion, FailuresLeaveTheCatalogueInUse) {
     const auto anterior = ArchivoBAPI;
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP conFallos = SesionConectada(guion);
     for (const int fallaEn : {0, 1, 2}) {
         guion->llamadas.clear();
-        if (fallaEn > 0) ResponderLista();
+        if (fallaEn > 0) guion->Responder({"0 46C", "1 A", "2 BAPI_A1", "2 BAPI_A2", "END"});
         if (fallaEn > 1) guion->Responder({"3 a1", "END"});
         guion->Fallar();
-        EXPECT_EQ(Actualizar(), ResultadoActualizacion::Fallida) << fallaEn;
+        EXPECT_EQ(Actualizar(conFallos), ResultadoActualizacion::Fallida) << fallaEn;
         EXPECT_EQ(Archivos(), (std::vector<std::string>{"catalogue"})) << fallaEn;
         EXPECT_EQ(ArchivoBAPI, anterior);
     }
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <441> <255> <441> <255> <441>");
 
-    // A partial file whose last BAPI the system no longer has, and one of another release.
-    Escribir("BAPIDEFS\r\n0 " + sesion.VersionSistema + "\r\n1 Z\r\n2 BAPI_GONE\r\n", "20050301_101010.bap");
-    ResponderLista();
-    EXPECT_EQ(Actualizar({Respuesta::Si, Respuesta::Si}), ResultadoActualizacion::Fallida);
+    // A partial file whose last BAPI the system no longer has, and one of another release. Then a system without BAPIs.
+    Escribir("BAPIDEFS\r\n0 46C\r\n1 Z\r\n2 BAPI_GONE\r\n", "20050301_101010.bap");
+    EXPECT_EQ(Actualizar(practica.sesion, {Respuesta::Si, Respuesta::Si}), ResultadoActualizacion::Fallida);
     EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <256> 2005-03-01. <257> <258>");
     Escribir("BAPIDEFS\r\n0 31H\r\n", "20050301_101010.bap");
-    guion->Fallar();
-    EXPECT_EQ(Actualizar(), ResultadoActualizacion::Fallida);
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<255> <441>");
+    SesionDePractica vacia;
+    EXPECT_EQ(Actualizar(vacia.sesion), ResultadoActualizacion::Fallida);
+    EXPECT_EQ(prueba.vista.TomarAvisos(),
+              "<255> <441>\r\nThe practice system has no BAPIs, since there is no catalogue that could fill it.");
     EXPECT_EQ(Archivos(), (std::vector<std::string>{"catalogue"}));
+    EXPECT_EQ(LeerArchivo(anterior), catalogo);
 }
 
 }  // namespace

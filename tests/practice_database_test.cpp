@@ -9,17 +9,19 @@
 #include "app/command_line.h"
 #include "base/file_calls.h"
 #include "base/files.h"
-#include "dataset/data_set.h"
+#include "base/text.h"
 #include "practice/database.h"
 #include "practice/dictionary.h"
+#include "practice/programs.h"
 #include "practice/query_text.h"
 #include "practice/queue.h"
+#include "practice/role.h"
 #include "practice/session_transfer.h"
+#include "practice/stored_recordings.h"
 #include "practice/system_tables.h"
 #include "practice/table_load.h"
 #include "practice/table_transfer.h"
 #include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -375,7 +377,6 @@ TEST_F(PruebaDeBase, ErrorTablesGrowAndAreMadeOfLoadedOnes) {
 
 TEST_F(PruebaDeBase, DownloadsAreEditedAndTakenBack) {
     BaseDePractica base;
-    VentanaDePrueba ventana;
     base.CrearTablaDeErrores("ZERR", 2000);
     const auto& tabla = base.BuscarTabla("ZERR")->estructura;
     base.Insertar(tabla, FilaDeErrores("3", "1", 1, "A1    1000", "001"));
@@ -389,17 +390,7 @@ TEST_F(PruebaDeBase, DownloadsAreEditedAndTakenBack) {
     EXPECT_EQ(bajadas.definiciones, 2);
     EXPECT_EQ(bajadas.filas, 3);
 
-    auto datos = ExaminarJuegoDeDatos(archivo, ventana.textos, ventana.vista);
-    ASSERT_TRUE(datos);
-    EXPECT_EQ(datos->tipo, TipoArchivo::DATAERRORS);
-    EXPECT_EQ(datos->campos, (std::vector<std::string>{"MATNR", "WERKS"}));
-    std::string texto;
-    ArchivoAbierto abierto(archivo);
-    Reemplazo reemplazo;
-    reemplazo.campo = "WERKS";
-    reemplazo.nuevo = "2000";
-    EXPECT_EQ(CopiarReemplazando(abierto, *datos, reemplazo, [&](std::string_view parte) { texto += parte; }), 1);
-
+    const std::string texto = ReemplazarTodo(LeerArchivo(archivo), "A1    1000", "A1    2000");
     const auto filas = [&] {
         return Filas(
             base.Seleccionar(Consulta("ZERR", {{"LENGTH", "", false}, {"LINE", "", false}}, Compara("BATCH", "=", "0000000003"))));
@@ -437,43 +428,18 @@ TEST_F(PruebaDeBase, DownloadsAreEditedAndTakenBack) {
 
 // ---- Sessions ----
 
-TEST_F(PruebaDeBase, SessionsComeBackAsTheyWentOut) {
+TEST_F(PruebaDeBase, SessionsThatAreNoneAreRefused) {
     BaseDePractica base(ruta);
     ColaDePractica cola(base, {"20260102", "030405"});
     const auto qid = cola.Abrir("LOAD01", "PRACTICE", "X");
     EXPECT_EQ(qid, "20260102030405000001");
-    for (const char* const material : {"A1", "\xC4 b"}) {
-        cola.Insertar("MM01", std::vector<FilaDeBDC>{{"SAPLMGMM", "0060", true, "", ""},
-                                                     {"", "0000", false, "RMMG1-MATNR", material},
-                                                     {"", "0000", false, "BDC_OKCODE", "/00"}});
-        base.TerminarUnidad();
-    }
-    EXPECT_EQ(cola.Entradas().at(0).estado, "C");
-    cola.Cerrar();
+    cola.Insertar("MM01", std::vector<FilaDeBDC>{{"SAPLMGMM", "0060", true, "", ""}, {"", "0000", false, "MAKTX", "\xC4 b"}});
     base.TerminarUnidad();
-    const auto primero = directorio / "one.txt";
-    const auto segundo = directorio / "two.txt";
-    ExportarSesion(cola, *cola.Buscar(qid), primero);
-    const auto otra = ImportarSesion(base, cola, "PRACTICE", primero);
-    EXPECT_EQ(otra, "20260102030405000002");
-    ExportarSesion(cola, *cola.Buscar(otra), segundo);
-    EXPECT_EQ(LeerArchivo(primero), LeerArchivo(segundo));
-    EXPECT_EQ(cola.Buscar(otra)->transacciones, 2);
-
-    VentanaDePrueba ventana;
-    const auto datos = ExaminarJuegoDeDatos(primero, ventana.textos, ventana.vista);
-    ASSERT_TRUE(datos);
-    EXPECT_EQ(datos->tipo, TipoArchivo::BDC);
-    EXPECT_EQ(datos->campos, std::vector<std::string>{"RMMG1-MATNR"});
-
-    std::size_t registros = 0;
-    EXPECT_TRUE(cola.Leer(otra, "BDC ", [&](std::string_view registro) {
-        EXPECT_EQ(registro.size(), 309U);
-        ++registros;
-    }));
-    EXPECT_EQ(registros, 9U);
-    EXPECT_FALSE(cola.Leer(otra, "BDCR", {}));
-    EXPECT_FALSE(cola.Leer("1", "BDC", {}));
+    EXPECT_EQ(cola.Entradas().at(0).estado + std::to_string(cola.Entradas().at(0).transacciones), "C1");
+    cola.Cerrar();
+    ExportarSesion(cola, *cola.Buscar(qid), directorio / "session.txt");
+    EXPECT_EQ(ImportarSesion(base, cola, "PRACTICE", directorio / "session.txt"), "20260102030405000002");
+    EXPECT_FALSE(cola.Leer(qid, "BDCR", {}) || cola.Leer("1", "BDC", {}));
 
     const std::string cabeza = std::string(40, ' ') + "0000MX\r\n";
     const struct {
@@ -517,11 +483,9 @@ TEST_F(PruebaDeBase, AUnitOfWorkIsKeptOrDroppedWhole) {
     base.Insertar(tabla, FilaDeErrores("1", "1", 2, "b"));
     EXPECT_EQ(cuantas("ZERR"), "2");
     {
-        // Another program sees what was finished, and can't write meanwhile.
+        // Another program sees what was finished.
         BaseDePractica otra(ruta, Acceso::Leer);
         EXPECT_EQ(Filas(otra.Seleccionar(Consulta("ZERR", {{"*", "COUNT", false}}))), "1");
-        BaseDePractica tercera(ruta);
-        EXPECT_EQ(FalloDe([&] { tercera.EmpezarUnidad(); }), "Another program is using it");
     }
     base.AbandonarUnidad();
     EXPECT_EQ(cuantas("ZERR"), "1");
@@ -555,7 +519,7 @@ TEST_F(PruebaDeBase, FilesThatAreNoneAreLeftAlone) {
     { const BaseDePractica hecha(ruta); }
     std::filesystem::copy_file(ruta, directorio / "newer.sqlite");
     sqlite3_open((directorio / "newer.sqlite").c_str(), &mango);
-    sqlite3_exec(mango, "PRAGMA user_version=2", nullptr, nullptr, nullptr);
+    sqlite3_exec(mango, "PRAGMA user_version=3", nullptr, nullptr, nullptr);
     sqlite3_close(mango);
     std::string danado = LeerArchivo(ruta);
     for (std::size_t i = 200; i < danado.size(); i += 3) danado[i] = static_cast<char>(i);
@@ -584,6 +548,49 @@ TEST_F(PruebaDeBase, FilesThatAreNoneAreLeftAlone) {
     { const BaseDePractica base(directorio.Escribir("empty", "")); }
     { const BaseDePractica base(directorio / "missing", Acceso::Leer); }
     EXPECT_FALSE(std::filesystem::exists(directorio / "missing"));
+}
+
+// The first version kept recordings by their name alone.
+TEST_F(PruebaDeBase, AFileOfTheFirstVersionIsUpgraded) {
+    { const BaseDePractica hecha(ruta); }
+    sqlite3* mango = nullptr;
+    sqlite3_open(ruta.c_str(), &mango);
+    sqlite3_exec(mango,
+                 "DROP TABLE _qor_recordings; DROP TABLE _qor_settings;"
+                 "CREATE TABLE _qor_recordings (name TEXT PRIMARY KEY, source BLOB NOT NULL) WITHOUT ROWID;"
+                 "INSERT INTO _qor_recordings VALUES ('second_recording.txt', x'62'), ('first', x'61'); PRAGMA user_version=1;"
+                 "INSERT INTO _qor_programs VALUES ('ZOLD', 'PRACTICE', '20260101', '000000', x'41')",
+                 nullptr, nullptr, nullptr);
+    sqlite3_close(mango);
+    const auto ponerModo = [&](unsigned archivo, unsigned carpeta) {
+        std::filesystem::permissions(ruta, std::filesystem::perms(archivo));
+        std::filesystem::permissions(directorio.Ruta(), std::filesystem::perms(carpeta));
+    };
+    ponerModo(0444, 0555);
+    const pid_t hijo = fork();
+    if (hijo == 0) {
+        if (geteuid() == 0 && setuid(65534) != 0) _exit(2);
+        const auto fallo = FalloDe([&] { const BaseDePractica base(ruta, Acceso::Leer); });
+        _exit(fallo.starts_with("An older release of this program has made it") ? 0 : 1);
+    }
+    int estado = 0;
+    ASSERT_EQ(waitpid(hijo, &estado, 0), hijo);
+    EXPECT_EQ(estado, 0);
+    ponerModo(0644, 0755);
+    for (int vez = 0; vez < 2; ++vez) {
+        BaseDePractica base(ruta, Acceso::Leer);
+        std::string todas;
+        for (const auto& una : GrabacionesDePractica(base).Todas()) todas += una.qid + una.nombre + una.grupo + una.texto + "|";
+        EXPECT_EQ(todas, "00000000000000900001firstFIRSTa|00000000000000900002second_recording.txtSECOND_RECORb|");
+        EXPECT_EQ(RolDeSistema(base), "T");
+        EXPECT_TRUE(ProgramasDePractica(base).Buscar("ZOLD"));
+    }
+    BaseDePractica base(ruta);
+    GrabacionesDePractica grabaciones(base);
+    for (const char* const nombre : {"first", "third"}) grabaciones.Poner(nombre, "new");
+    const auto todas = grabaciones.Todas();
+    EXPECT_EQ(todas[0].qid + todas[0].texto, "00000000000000900001new");
+    EXPECT_GT(todas[2].qid, todas[1].qid);
 }
 
 // A disk without room: the report ends with a dump, and what was finished before is there.

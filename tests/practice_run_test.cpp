@@ -150,10 +150,6 @@ struct CorridaDePrueba : pruebas::QorgenDePrueba {
         argumentos.insert(argumentos.begin(), "run");
         return QorgenDePrueba::Correr(std::move(argumentos));
     }
-    int Sistema(std::vector<std::string> argumentos) {
-        argumentos.insert(argumentos.begin(), {"system", "--system", "D/s"});
-        return QorgenDePrueba::Correr(std::move(argumentos));
-    }
     std::string Diario() const { return LeerArchivo(directorio / "j"); }
 };
 
@@ -395,58 +391,14 @@ TEST(Run, KeepsItsOwnFilesFromTheReport) {
     EXPECT_THAT(qorgen.errores, HasSubstr("../x"));
 }
 
-// --limit counts from each record on, and a MESSAGE of type A takes back what type E leaves.
-TEST(Run, ProgressAndTheEndByAMessage) {
+// --limit counts from each record on.
+TEST(Run, ProgressKeepsTheLimitAway) {
     CorridaDePrueba qorgen;
-    const std::string tabla =
-        "REPORT Z.\r\nDATA: BEGIN OF ITAB OCCURS 0, A TYPE I, END OF ITAB. TABLES ZONE.\r\nSTART-OF-SELECTION.\r\n"
-        "DO 50 TIMES. APPEND ITAB. ENDDO.\r\nLOOP AT ITAB. DO 40 TIMES. ENDDO. ENDLOOP.\r\n";
-    qorgen.directorio.Escribir("zone.csv", "KEY1\n1\n");
-    for (const auto& [final, filas] :
-         {std::pair{"", "KEY1\n1\n2\n"}, {"MESSAGE A001(00).", "KEY1\n1\n"}, {"MESSAGE E001(00).", "KEY1\n1\n2\n"}}) {
-        SCOPED_TRACE(final);
-        EXPECT_EQ(qorgen.Sistema({"load", "ZONE", "D/zone.csv"}), 0) << qorgen.errores;
-        qorgen.directorio.Escribir("r.abap", tabla + "ZONE-KEY1 = '2'. INSERT ZONE.\r\n" + final + "\r\n");
-        EXPECT_EQ(qorgen.Correr({"--report", "D/r.abap", "--system", "D/s", "--limit", "200"}), *final == 0 ? 0 : 1)
-            << qorgen.errores;
-        EXPECT_THAT(qorgen.salida, HasSubstr("50 records, 50 posted"));
-        EXPECT_EQ(qorgen.Sistema({"show", "ZONE"}), 0);
-        EXPECT_EQ(qorgen.salida, filas);
-    }
-}
-
-// A session from its run to its end, by the commands of the practice system.
-TEST(System, SessionsAreTriedExportedAndTakenBack) {
-    const std::string ejemplo = std::string(QOR_TEST_SOURCE_DIR) + "/examples/mm01/";
-    CorridaDePrueba qorgen;
-    ASSERT_EQ(qorgen.Correr({ejemplo + "materials.qor", "--file", "FILE=" + ejemplo + "materials.txt", "--system", "D/s"}), 0);
-    const auto cola = [&qorgen] {
-        EXPECT_EQ(qorgen.Sistema({"queue"}), 0);
-        const auto fin = qorgen.salida.rfind('\n', qorgen.salida.size() - 2);
-        return qorgen.salida.substr(fin + 1);
-    };
-    const std::string id = cola().substr(0, 20);
-    EXPECT_THAT(cola(), EndsWith(",,4\n"));
-    EXPECT_EQ(qorgen.Sistema({"show", id}), 0);
-    EXPECT_THAT(qorgen.salida, HasSubstr("\n1,MM01,,0000,,RMMG1-MATNR,PUMP-0100\n"));
-    EXPECT_EQ(qorgen.Sistema({"process", id, "--journal", "D/s"}), 2);
-    EXPECT_EQ(qorgen.Sistema({"export", id, "D/s"}), 2);
-    EXPECT_EQ(qorgen.Sistema({"process", id}), 0);
-    EXPECT_THAT(cola(), EndsWith(",F,4\n"));
-    qorgen.directorio.Escribir("values/MTART.txt", "HAWA\r\n");
-    EXPECT_EQ(qorgen.Sistema({"process", id, "--journal", "D/j"}), 1);
-    EXPECT_THAT(qorgen.salida, StartsWith("4 records, 2 posted, 2 failed, 4 transactions called"));
-    EXPECT_THAT(qorgen.Diario(), EndsWith("{\"event\":\"end\",\"records\":4,\"posted\":2,\"failed\":2}\n"));
-    EXPECT_THAT(cola(), EndsWith(",E,4\n"));
-    EXPECT_EQ(qorgen.Sistema({"export", id, "D/session.txt"}), 0);
-    EXPECT_EQ(qorgen.Sistema({"import-session", "D/session.txt"}), 0);
-    const std::string otro = cola().substr(0, 20);
-    EXPECT_NE(otro, id);
-    EXPECT_EQ(qorgen.Sistema({"export", otro, "D/again.txt"}), 0);
-    EXPECT_EQ(LeerArchivo(qorgen.directorio / "again.txt"), LeerArchivo(qorgen.directorio / "session.txt"));
-    EXPECT_EQ(qorgen.Sistema({"reset"}), 1);
-    EXPECT_EQ(qorgen.QorgenDePrueba::Correr({"--yes", "system", "--system", "D/s", "reset"}), 0);
-    EXPECT_THAT(cola(), StartsWith("QID,"));
+    qorgen.directorio.Escribir("r.abap",
+                               "REPORT Z.\r\nDATA: BEGIN OF ITAB OCCURS 0, A TYPE I, END OF ITAB.\r\nSTART-OF-SELECTION.\r\n"
+                               "DO 50 TIMES. APPEND ITAB. ENDDO.\r\nLOOP AT ITAB. DO 40 TIMES. ENDDO. ENDLOOP.\r\n");
+    EXPECT_EQ(qorgen.Correr({"--report", "D/r.abap", "--limit", "200"}), 0) << qorgen.errores;
+    EXPECT_THAT(qorgen.salida, HasSubstr("50 records, 50 posted"));
 }
 
 }  // namespace

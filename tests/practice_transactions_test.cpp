@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "practice/bapi_calls.h"
-#include "practice/bdc_functions.h"
 #include "practice/conversion_exits.h"
 #include "practice/messages.h"
+#include "practice/recording_reader.h"
 #include "practice/transactions.h"
 #include "tests/support/practice_fixture.h"
 #include "tests/support/temporary_directory.h"
@@ -154,91 +154,64 @@ TEST(PracticeTransactions, FailWhereTheyWereAskedTo) {
     EXPECT_THAT(practica.Probar("MM01", {uno, Pantalla("0099")}), ::testing::HasSubstr("00 344"));
 }
 
-TEST(PracticeTransactions, AreRecordedInBothForms) {
-    const auto registro = [](std::string programa, std::string dynpro, char clase, std::string campo, std::string valor) {
-        programa.resize(40, ' ');
-        campo.resize(132, ' ');
-        return programa + dynpro + clase + campo + valor + "\r\n";
-    };
-    std::string sesion = registro("", "0000", 'M', "GROUP", "");
+std::string Registro(std::string programa, std::string dynpro, char clase, std::string campo, const std::string& valor) {
+    programa.resize(40, ' ');
+    campo.resize(132, ' ');
+    return programa + dynpro + clase + campo + valor + "\r\n";
+}
+
+std::string Leidas(const std::string& texto) {
+    std::string filas;
+    LeerGrabacion(texto, [&](const TransaccionLeida& transaccion) {
+        filas += "/" + transaccion.codigo;
+        for (const auto& fila : transaccion.filas) {
+            filas += (fila.abre ? " X " : " ") + fila.programa + fila.dynpro + fila.campo + "=" + fila.valor;
+        }
+    });
+    return filas;
+}
+
+TEST(Recordings, HaveTheSameRowsInBothForms) {
+    const std::string subpantalla = "SAPLMGMM" + std::string(32, ' ') + "2004TABFRA1";
+    const std::string comoTexto =
+        "perform bdc_dynpro using 'saplmgmm' '0060'.\nperform bdc_field using 'rmmg1-matnr'\n 'Part a'.\n"
+        "perform bdc_field using 'BDC_SUBSCR'\n 'SAPLMGMM" +
+        std::string(32, ' ') +
+        "'\n & '2004TABFRA1'.\n"
+        "perform bdc_field using 'EMPTY'\n ''.\nperform bdc_transaction using 'mm01'.\n"
+        "perform bdc_dynpro using 'P' '0100'.\nperform bdc_transaction using 'MM02'.\n";
+    const std::string comoSesion = Registro("", "0000", 'M', "GROUP", "") + Registro("", "0000", 'T', "mm01", "") +
+                                   Registro("saplmgmm", "0060", 'X', "", "") + Registro("", "0000", ' ', "rmmg1-matnr", "Part a") +
+                                   Registro("", "0000", ' ', "BDC_SUBSCR", subpantalla) + Registro("", "0000", ' ', "EMPTY", "") +
+                                   Registro("", "0000", 'T', "MM02", "") + Registro("P", "0100", 'X', "", "");
+    const std::string filas = "/MM01 X SAPLMGMM0060= RMMG1-MATNR=Part a BDC_SUBSCR=" + subpantalla + " EMPTY=/MM02 X P0100=";
+    EXPECT_EQ(Leidas(comoTexto), filas);
+    EXPECT_EQ(Leidas(comoSesion), filas);
+}
+
+TEST(Recordings, AreOfAnyLength) {
+    std::string sesion = Registro("", "0000", 'M', "GROUP", "");
     for (int i = 0; i < 900; ++i) {
-        sesion += registro("", "0000", 'T', "VA0" + std::to_string(i % 3), "") + registro("SAPMV45A", "0101", 'X', "", "");
-        sesion += registro("", "0000", ' ', "F" + std::to_string(i) + "(02)", "v");
+        sesion += Registro("", "0000", 'T', "VA0" + std::to_string(i % 3), "") + Registro("SAPMV45A", "0101", 'X', "", "") +
+                  Registro("", "0000", ' ', "F" + std::to_string(i) + "(02)", "v");
     }
     std::string larga = "perform bdc_dynpro using 'P' '10'.\n";
     for (int i = 0; i < 3000; ++i) larga += "perform bdc_field using 'G" + std::to_string(i) + "'\n 'v'.\n";
-    larga += "perform bdc_transaction using 'LONG'.\n";
-
     Grabaciones grabaciones;
     EXPECT_EQ(grabaciones.Agregar(sesion), 900);
-    EXPECT_EQ(grabaciones.Agregar(larga), 1);
+    EXPECT_EQ(grabaciones.Agregar(larga + "perform bdc_transaction using 'LONG'.\n"), 1);
     EXPECT_EQ(grabaciones.Agregar("no recording\n"), 0);
-    ASSERT_TRUE(grabaciones.Buscar("VA02") && grabaciones.Buscar("LONG") && !grabaciones.Buscar("VA03"));
-    const auto* pantalla = grabaciones.Buscar("va02")->Buscar("SAPMV45A", "0101");
-    ASSERT_TRUE(pantalla);
-    EXPECT_TRUE(pantalla->contains("F899") && !pantalla->contains("F898"));
-    const auto* otra = grabaciones.Buscar("LONG")->Buscar("P", "0010");
-    ASSERT_TRUE(otra);
-    EXPECT_EQ(otra->size(), 3000U);
-}
-
-class ColaEnMemoria : public ColaDeSesiones {
-public:
-    std::vector<std::string> hecho;
-    std::string Abrir(std::string_view grupo, std::string_view, std::string_view) override {
-        hecho.push_back("open " + std::string(grupo));
-        return "00000000000000000001";
-    }
-    void Insertar(std::string_view transaccion, std::span<const FilaDeBDC> filas) override {
-        hecho.push_back(std::string(transaccion) + " " + std::to_string(filas.size()));
-    }
-    void Cerrar() override { hecho.emplace_back("close"); }
-    bool Leer(std::string_view id, std::string_view tipo, const Registro& registro) override {
-        if (id != "00000000000000000001" || tipo != "BDC") return false;
-        registro(std::string(40, ' ') + "0000TMM01" + std::string(128, ' ') + std::string(132, ' '));
-        return true;
-    }
-};
-
-TEST(PracticeSessions, AreTriedWhenTheyAreWritten) {
-    Practica practica;
-    ColaEnMemoria cola;
-    FuncionesDeSesion sesiones(cola, practica.probador, practica.fallos, practica.oyente);
-    auto tabla = HacerTabla(practica.estructura);
-    AgregarFila(tabla, {"SAPLMGMM", "0099", "X"});
-    LlamadaDePrueba abrir("BDC_OPEN_GROUP"), sinNombre("BDC_OPEN_GROUP"), insertar("BDC_INSERT"), sinCodigo("BDC_INSERT");
-    LlamadaDePrueba leer("BDC_OBJECT_READ"), cerrar("BDC_CLOSE_GROUP");
-    abrir.Exporta("GROUP", "LOAD01      ").Exporta("USER", "PRACTICE").Exporta("KEEP", "X").Importa("QID", std::string(20, '?'));
-    insertar.Exporta("TCODE", "MM01   ").ConTabla("DYNPROTAB", tabla);
-    sinCodigo.Exporta("TCODE", " ").ConTabla("DYNPROTAB", tabla);
-
-    EXPECT_EQ(sesiones.LlamarBDC_INSERT(insertar.llamada), "NOT_OPEN");
-    EXPECT_EQ(sesiones.LlamarBDC_CLOSE_GROUP(cerrar.llamada), "NOT_OPEN");
-    EXPECT_EQ(sesiones.LlamarBDC_OPEN_GROUP(sinNombre.llamada), "GROUP_INVALID");
-    EXPECT_EQ(sesiones.LlamarBDC_OPEN_GROUP(abrir.llamada), "");
-    EXPECT_EQ(abrir.Valor("QID"), "00000000000000000001");
-    EXPECT_EQ(sesiones.LlamarBDC_OPEN_GROUP(abrir.llamada), "RUNNING");
-    EXPECT_EQ(sesiones.LlamarBDC_INSERT(sinCodigo.llamada), "TCODE_INVALID");
-    EXPECT_EQ(sesiones.LlamarBDC_INSERT(insertar.llamada), "");
-    tabla.Vaciar();
-    EXPECT_EQ(sesiones.LlamarBDC_INSERT(insertar.llamada), "");
-    EXPECT_EQ(sesiones.LlamarBDC_CLOSE_GROUP(cerrar.llamada), "");
-    EXPECT_THAT(practica.oyente.dichos,
-                ElementsAre("open LOAD01 PRACTICE X",
-                            "insert MM01 1 rows|SAPLMGMM|0099||: E 00 344 No batch input data for screen SAPLMGMM 0099",
-                            "insert MM01 0 rows||||: E 00 344 No batch input data for screen", "close LOAD01 2"));
-    EXPECT_THAT(cola.hecho, ElementsAre("open LOAD01", "MM01 1", "MM01 0", "close"));
-
-    leer.Exporta("QUEUE_ID", "00000000000000000001").Exporta("DATATYPE", "BDC ").ConTabla("DYNPROTAB", tabla);
-    EXPECT_EQ(sesiones.LlamarBDC_OBJECT_READ(leer.llamada), "");
-    EXPECT_THAT(FilasDe(tabla), ElementsAre(std::string(40, ' ') + "0000TMM01" + std::string(260, ' ')));
+    ASSERT_TRUE(grabaciones.Buscar("va02") && grabaciones.Buscar("LONG") && !grabaciones.Buscar("VA03"));
+    const auto* const pantalla = grabaciones.Buscar("va02")->Buscar("SAPMV45A", "0101");
+    EXPECT_TRUE(pantalla && pantalla->contains("F899") && !pantalla->contains("F898"));
+    EXPECT_EQ(grabaciones.Buscar("LONG")->Buscar("P", "0010")->size(), 3000U);
 }
 
 TEST(PracticeBapis, AnswerInReturn) {
     const auto bapiret2 = HacerEstructura("BAPIRET2", {{"TYPE", 1}, {"ID", 20}, {"NUMBER", 3, abap::Tipo::N}, {"MESSAGE", 40}});
     const auto bapireturn = HacerEstructura("BAPIRETURN", {{"TYPE", 1}, {"CODE", 5}, {"MESSAGE", 40}});
     const auto cabeza = HacerEstructura("BAPIHEAD", {{"MATERIAL", 4}, {"MTART", 4}, {"COUNT", 3, abap::Tipo::N}});
-    CatalogoDeLlamadas catalogo(
+    CatalogoDePractica catalogo(
         "BAPIDEFS\n1 Thing\n2 BAPI_X\n4 HEAD::I:BAPIHEAD\n4 HEADX:X:I:BAPIHEADX\n4 RETURN::T:BAPIRET2\n4 ITEMS::T:BAPIHEAD\n"
         "4 NUMBER::E:BAPIHEAD-MATERIAL\n");
     Practica practica;

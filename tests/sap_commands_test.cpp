@@ -29,19 +29,9 @@ struct Ejecucion : pruebas::QorgenDePrueba {
         }
         return numeros;
     }
-
-    // The rows of the program side in a document.
-    std::vector<std::string> Filas(const char* documento) const {
-        std::vector<std::string> filas;
-        const std::string texto = LeerArchivo(directorio / documento);
-        for (const auto linea : PartirEnLineas(texto)) {
-            if (linea.starts_with("2,")) filas.emplace_back(linea.substr(2, linea.find(",\"\",\"\",\"\",\"\"") - 2));
-        }
-        return filas;
-    }
 };
 
-TEST(SapCommands, ARecordingBecomesADocumentThatGenerates) {
+TEST(SapCommands, ARecordingBecomesADocument) {
     Ejecucion qorgen;
     EXPECT_EQ(qorgen.Correr({"import", "D/a.qor", grabacion}), estadoRechazado);
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("329", "373"));  // the empty row between its transactions
@@ -49,16 +39,12 @@ TEST(SapCommands, ARecordingBecomesADocumentThatGenerates) {
 
     EXPECT_EQ(qorgen.Correr({"import", "D/a.qor", grabacion, "--close-gaps"}), estadoBien);
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("329"));
-    const auto filas = qorgen.Filas("a.qor");
+    const auto filas = qorgen.FilasDePrograma("a.qor");
     ASSERT_EQ(filas.size(), 31U);
     EXPECT_EQ(filas[0], R"("TRANS","MM01")");
     EXPECT_EQ(filas[13], R"("","","BDC_SUBSCR","'SAPLMGMM                                2004TABFRA1'")");
     EXPECT_EQ(filas[14], R"("","","MAKT-MAKTX","'Garden hose, green'")");
     EXPECT_EQ(filas[18], R"("TRANS","MM02")");
-
-    EXPECT_EQ(qorgen.Correr({"generate", "D/a.qor", "-o", "D/a.abap"}), estadoBien);
-    const std::string reporte = LeerArchivo(qorgen.directorio / "a.abap");
-    for (const char* texto : {"'MM01'", "'MM02'", "'Garden hose, green, 20 m'"}) EXPECT_THAT(reporte, HasSubstr(texto));
 }
 
 TEST(SapCommands, RowsThatExistNeedAWord) {
@@ -82,7 +68,7 @@ TEST(SapCommands, RowsThatExistNeedAWord) {
         argumentos.insert(argumentos.end(), caso.opciones.begin(), caso.opciones.end());
         EXPECT_EQ(qorgen.Correr(argumentos), caso.estado);
         EXPECT_EQ(qorgen.Numeros().front(), caso.pregunta);
-        const auto filas = qorgen.Filas("a.qor");
+        const auto filas = qorgen.FilasDePrograma("a.qor");
         EXPECT_EQ(filas.size(), caso.filas);
         EXPECT_EQ(filas.front(), caso.filas == 3 && caso.estado == estadoBien ? R"("TRANS","NEW")" : R"("TRANS","OLD")");
     }
@@ -170,14 +156,52 @@ TEST(SapCommands, WidthsGoOutAndComeBack) {
 
 TEST(SapCommands, PublishPrintsTheReport) {
     Ejecucion qorgen;
-    qorgen.directorio.Escribir("load.abap", "* Caf\xE9\r\n");
+    const std::string s36(36, 'x');
+    qorgen.directorio.Escribir("load.abap", "* Caf\xE9'\r\n" + std::string(61, 'x') + "\r\n" + s36 + std::string(25, 'y') + "'");
     EXPECT_EQ(qorgen.Correr({"publish", "D/load.abap", "zLoad", "--dry-run"}), estadoBien);
     EXPECT_EQ(qorgen.salida,
-              "REPORT QORRFC.\nDATA: BEGIN OF LINE OCCURS 0,\n        DATA(72),\n      END OF LINE.\nLINE = '* "
-              "Caf\xC3\xA9'.\nAPPEND LINE.\n"
-              "INSERT REPORT 'zLoad' FROM LINE.\nWRITE: / SY-SUBRC.\n");
+              "REPORT QORRFC.\nDATA: BEGIN OF LINE OCCURS 0,\n        DATA(72),\n      END OF LINE.\nLINE = '* Caf\xC3\xA9 '.\n"
+              "LINE+6(1) = ''''.\nAPPEND LINE.\nLINE = '" +
+                  std::string(61, 'x') + "'.\nAPPEND LINE.\nCLEAR: LINE.\nLINE(36) = '" + s36 + "'.\nLINE+36  = '" +
+                  std::string(25, 'y') +
+                  " '.\nLINE+61(1) = ''''.\nAPPEND LINE.\n"
+                  "INSERT REPORT 'zLoad' FROM LINE.\nWRITE: / SY-SUBRC.\n");
     EXPECT_EQ(qorgen.Correr({"publish", "D/absent", "ZLOAD", "--dry-run"}), estadoRechazado);
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("411"));
+}
+
+// One command behind the other, in one practice system.
+TEST(SapCommands, ThePracticeSystemAnswersEachCommand) {
+    Ejecucion qorgen;
+    const std::string vacias = "\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+    qorgen.directorio.Escribir("a.qor", "1,\"QID\",\"\",\"\"," + vacias + "2,\"TRANS\",\"MM01\",\"\"," + vacias +
+                                            "2,\"\",\"\",\"APQI-QID\",\"QID\",\"\",\"\",\"\",\"\",\"\"\r\n");
+    for (const char* nombre : {"z.txt", "z.rec"}) qorgen.directorio.Escribir(nombre, std::string(pantalla) + "bdc_transaction 'T'");
+    const std::string en = " --practice D/s";
+    const std::tuple<std::string, int, const char*> casos[] = {
+        {"widths D/a.qor" + en, estadoBien, ""},
+        {"widths D/a.qor --practice D/z.txt", estadoRechazado, "0: The practice system can't be opened."},
+        {"system --system D/s record D/z.txt", estadoBien, "0: 1 transaction recorded."},
+        {"import D/b.qor Z" + en, estadoBien, "329: "},
+        {"import D/c.qor none" + en, estadoRechazado, "0: The practice system has no session and no recording none."},
+        {"system --system D/s record D/z.rec", estadoBien, ""},
+        {"import D/c.qor Z" + en, estadoRechazado, "0: The practice system has several entries Z. Name one by its id: 2"},
+        {"publish D/z.txt load" + en, estadoRechazado, "412: "},
+        {"publish D/z.txt z-load" + en, estadoMalUso, "NAME: z-load is not the name of a program"},
+        {"publish D/z.txt zload" + en, estadoBien, "410: "},
+        {"publish D/z.txt zload" + en, estadoRechazado, "414: "},
+        {"publish D/z.txt zload --dry-run" + en, estadoMalUso, ""},
+        {"system --system D/s role p", estadoBien, ""},
+        {"publish D/z.txt znew --yes" + en, estadoRechazado, "416: "},
+        {"system --system D/s role X", estadoMalUso, "ROLE: X is none of P, T, C, D, E, S and none"},
+        {"run --program znew --system D/s", estadoRechazado, "0: The practice system has no program ZNEW."},
+        {"bapi update" + en, estadoRechazado, "255: "},
+    };
+    for (const auto& [orden, estado, errores] : casos) {
+        EXPECT_EQ(qorgen.Q(orden), estado) << orden << qorgen.errores;
+        EXPECT_THAT(qorgen.errores, testing::StartsWith(errores)) << orden;
+    }
+    EXPECT_THAT(LeerArchivo(qorgen.directorio / "a.qor"), testing::StartsWith("1,\"QID\",\"20\","));
 }
 
 TEST(SapCommands, WrongArgumentsAreToldByTheUsage) {

@@ -4,13 +4,11 @@
 #include "app/show_changes.h"
 #include "base/failure.h"
 #include "base/files.h"
-#include "base/paths.h"
 #include "editor/undo_command.h"
 #include "sap/import.h"
 #include "sap/queue_choice.h"
+#include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
-#include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
@@ -18,8 +16,8 @@ namespace {
 using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::SesionDePractica;
 using pruebas::VentanaDePrueba;
-using testing::ElementsAre;
 
 // A session record.
 std::string Registro(std::string programa, std::string dynpro, char clase, std::string campo, const std::string& valor) {
@@ -227,58 +225,33 @@ TEST(Import, AnEarlyEndLeavesNoTrace) {
 
 // ---- The choice in the connected system ----
 
-// A record as the rows of an entry.
-std::vector<std::string> Piezas(std::string registro) {
-    registro.resize(309, ' ');
-    std::vector<std::string> filas;
-    for (int i = 0; i < 5; ++i) {
-        std::string fila = std::to_string(i + 1) + " " + registro.substr(static_cast<std::size_t>(i) * 62, 62);
-        fila.erase(fila.find_last_not_of(' ') + 1);  // lists lose blanks at their ends
-        filas.push_back(fila);
-    }
-    return filas;
-}
-
-TEST(Import, AnEntryComesBackAsSessionRecords) {
-    std::string registro = Registro("SAPLMGMM", "0060", 'X', "", "");
-    registro.resize(registro.size() - 2);
-    const std::string largo = std::string(309, 'x');
-    std::vector<std::string> filas = {"", "0 not a tag", "9 nor this"};
-    for (const auto& pieza : Piezas(registro)) filas.push_back(pieza);
-    for (const auto& pieza : Piezas(largo)) filas.push_back(pieza + "beyond the piece");
-    registro.resize(309, ' ');
-    EXPECT_EQ(RegistrosDeCola(filas), registro + "\r\n" + largo + "\r\n");
-}
-
 TEST(Import, TheButtonsImportTheChosenEntryAndDeleteItsFile) {
-    struct CasoDeBoton {
-        bool grabacion;
-        const char* qid;
-        bool falla;
-        bool importa;
-    };
-    const CasoDeBoton casos[] = {
-        {true, "Q1", false, true}, {false, "Q1", false, true}, {true, "", false, false}, {false, "Q1", true, false}};
-    for (const auto& caso : casos) {
-        const auto guion = std::make_shared<Guion>();
-        SesionSAP sesion = SesionConectada(guion);
+    SesionDePractica practica;
+    const auto sesion = practica.PonerSesion("LOAD", {{"SAPLMGMM", "0060", true, "", ""}, {"", "", false, "A-B", " v"}});
+    for (const bool elige : {true, false}) {
         PruebaDeImportacion importacion;
-        const DirectorioTemporal temporales;
-        sesion.DirectorioTemporal = RutaDelModelo(temporales.Ruta());
-        if (!caso.falla) guion->Responder(Piezas(Registro("", "0000", 'T', "MM01", "")));
-        const DialogoImport FormImport = [&](FormularioImport& formulario) {
-            ActivarFila(formulario, caso.qid, sesion, importacion.prueba.vista);
-            EXPECT_EQ(std::filesystem::is_empty(temporales.Ruta()), !caso.importa);
-        };
         auto& prueba = importacion.prueba;
-        importacion.Tomar((caso.grabacion ? ButtonOnlineSHDB : ButtonOnlineSM35)(prueba.documento.especificacion, FormImport,
-                                                                                 prueba.textos, prueba.vista));
-        if (caso.importa)
-            EXPECT_EQ(guion->conversacion[2], std::string("PROGRAM < inf006 Q1 ") + (caso.grabacion ? "%BDC" : "BDC") + " Q1");
-        EXPECT_EQ(importacion.prueba.vista.TomarAvisos(), caso.importa ? "<329>\r\nRows: 2." : "");
-        EXPECT_EQ(importacion.prueba.FilaTransaccion(0), caso.importa ? "TRANS|MM01" : "");
-        EXPECT_TRUE(std::filesystem::is_empty(temporales.Ruta()));
+        const DialogoImport FormImport = [&](FormularioImport& formulario) {
+            EXPECT_TRUE(LlenarGrilla(formulario, practica.sesion, prueba.textos, prueba.vista));
+            ASSERT_EQ(formulario.Grilla.size(), 1U);
+            EXPECT_EQ(formulario.Grilla[0], (FilaDeGrilla{"", "000", "LOAD", "PRACTICE", "20260102", "030405", sesion}));
+            ActivarFila(formulario, elige ? sesion : "", practica.sesion, prueba.vista);
+            EXPECT_EQ(std::filesystem::is_empty(practica.temporal), !elige);
+        };
+        importacion.Tomar(ButtonOnlineSM35(prueba.documento.especificacion, FormImport, prueba.textos, prueba.vista));
+        EXPECT_EQ(prueba.vista.TomarAvisos(), elige ? "<329>\r\nRows: 3." : "");
+        EXPECT_EQ(prueba.FilaTransaccion(2), elige ? "||A-B|'V'" : "");
+        EXPECT_TRUE(std::filesystem::is_empty(practica.temporal));
     }
+    // An entry that can't be had closes the dialog without a word; a list that can't be had is told.
+    const auto guion = std::make_shared<Guion>();
+    SesionSAP conFallos = SesionConectada(guion);
+    FormularioImport formulario;
+    auto& prueba = practica.prueba;
+    ActivarFila(formulario, "Q1", conFallos, prueba.vista);
+    EXPECT_EQ(prueba.vista.TomarAvisos() + formulario.ArchivoImportado.string(), "");
+    EXPECT_FALSE(LlenarGrilla(formulario, conFallos, prueba.textos, prueba.vista));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "<415>");
 }
 
 }  // namespace

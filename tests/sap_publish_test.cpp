@@ -1,96 +1,61 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
+#include "practice/role.h"
 #include "sap/connected_system.h"
 #include "sap/publish.h"
+#include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
-#include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
 
-using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
-using pruebas::VentanaDePrueba;
-using testing::ElementsAre;
+using pruebas::SesionDePractica;
 
 // ---- The composed report ----
 
-// Runs the statements that fill LINE, as the system would, and answers the rows appended.
-std::vector<std::string> Ejecutar(const LineasABAP& lineas) {
-    std::vector<std::string> filas;
-    std::string campo(72, ' ');
-    const auto literal = [](const std::string& linea) {
-        const auto primera = linea.find('\'');
-        return linea.substr(primera + 1, linea.rfind('\'') - primera - 1);
-    };
-    for (const auto& linea : lineas) {
-        EXPECT_LE(linea.size(), 72U) << linea;
-        if (linea == "APPEND LINE.") filas.push_back(campo);
-        if (linea == "CLEAR: LINE.") campo.assign(72, ' ');
-        if (linea.starts_with("LINE = ")) campo = (literal(linea) + std::string(72, ' ')).substr(0, 72);
-        if (linea.starts_with("LINE(36) = ")) campo.replace(0, 36, literal(linea));
-        if (linea.starts_with("LINE+36  = ")) campo.replace(36, 36, (literal(linea) + std::string(36, ' ')).substr(0, 36));
-        if (linea.ends_with("(1) = ''''.")) campo.at(std::stoul(linea.substr(5))) = '\'';
-    }
-    return filas;
+// Each line as the system keeps it: at most 72 characters, without the blanks behind them.
+std::string ComoSeGuarda(std::string_view fuente) {
+    std::string texto;
+    for (const auto linea : PartirEnLineas(fuente)) texto.append(SinBlancosDetras(linea.substr(0, 72))).append("\n");
+    return texto;
 }
 
 TEST(Publish, TheReportRebuildsEveryLine) {
+    SesionDePractica practica;
+    std::string fuente;
     for (const std::size_t largo : {0U, 1U, 36U, 37U, 61U, 62U, 71U, 72U, 73U, 90U}) {
         for (const std::size_t apostrofo : {0U, 35U, 36U, 61U, 71U, 72U, 200U}) {
             std::string linea;
             for (std::size_t i = 0; i < largo; ++i) linea += i % 9 == 4 ? ' ' : static_cast<char>('a' + i % 26);
             if (apostrofo < largo) linea[apostrofo] = '\'';
-            const auto reporte = ComponerPublicacion(linea + "\r\n'" + linea, "ZX");
-            EXPECT_EQ(reporte.Recortado, largo + 1 > 72) << largo;
-            const auto ancha = [](const std::string& texto) { return (texto + std::string(72, ' ')).substr(0, 72); };
-            EXPECT_THAT(Ejecutar(reporte.lineas), ElementsAre(ancha(linea), ancha("'" + linea))) << largo << ", " << apostrofo;
+            fuente += linea + "\r\n'" + linea + "\r\n";
+            EXPECT_EQ(ComponerPublicacion(linea + "\r\n'" + linea, "ZX").Recortado, largo + 1 > 72) << largo;
         }
     }
-}
-
-TEST(Publish, TheStatementsForALine) {
-    const std::string s61(61, 'x');
-    const std::string s36(36, 'x');
-    const std::pair<std::string, LineasABAP> casos[] = {
-        {"\r\n", {"LINE = ''."}},
-        {"WRITE 'It''s'.",
-         {"LINE = 'WRITE  It  s .'.", "LINE+6(1) = ''''.", "LINE+9(1) = ''''.", "LINE+10(1) = ''''.", "LINE+12(1) = ''''."}},
-        {s61, {"LINE = '" + s61 + "'."}},
-        {s61 + "y", {"CLEAR: LINE.", "LINE(36) = '" + s36 + "'.", "LINE+36  = '" + std::string(25, 'x') + "y'."}},
-        {std::string(71, ' ') + "''",
-         {"CLEAR: LINE.", "LINE(36) = '" + std::string(36, ' ') + "'.", "LINE+36  = '" + std::string(36, ' ') + "'.",
-          "LINE+71(1) = ''''."}},
-    };
-    for (const auto& [fuente, sentencias] : casos) {
-        LineasABAP esperado = {"REPORT QORRFC.", "DATA: BEGIN OF LINE OCCURS 0,", "        DATA(72),", "      END OF LINE."};
-        esperado.insert(esperado.end(), sentencias.begin(), sentencias.end());
-        esperado.insert(esperado.end(), {"APPEND LINE.", "INSERT REPORT 'Z''LOAD' FROM LINE.", "WRITE: / SY-SUBRC."});
-        EXPECT_EQ(ComponerPublicacion(fuente, "Z'LOAD").lineas, esperado);
-    }
+    fuente += std::string(72, '\'');
+    const std::string nombre(40, 'Z');
+    EXPECT_TRUE(EjecutarReporte(practica.sesion, ComponerPublicacion(fuente, nombre).lineas)) << practica.sesion.Motivo;
+    EXPECT_EQ(practica.Programa(nombre), ComoSeGuarda(fuente));
 }
 
 // ---- The ways in ----
 
-struct Publicacion {
-    std::shared_ptr<Guion> guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
-    VentanaDePrueba prueba;
-    DirectorioTemporal directorio;
+struct Publicacion : SesionDePractica {
     std::string propuesto = "not shown";
     std::string elegido = "ZLOAD";
     DialogoABAP FormABAP = [this](const std::string& NombreElegido) {
         propuesto = NombreElegido;
         return elegido;
     };
+
+    using SesionDePractica::SesionDePractica;
 
     std::string Fuente(std::string_view texto = "REPORT A.\r\n") {
         return RutaDelModelo(directorio.Escribir("load.v2.abap", texto));
@@ -102,43 +67,42 @@ struct Publicacion {
 };
 
 TEST(Publish, TheAnswerOfTheSystemDecides) {
-    struct Caso {
-        std::optional<std::vector<std::string>> filas;
-        std::string fuente;
-        std::string avisos;
-    };
+    Publicacion publicacion;
+    publicacion.Generada(publicacion.Fuente("A."));
+    EXPECT_EQ(publicacion.Avisos(), "<410>");
     const std::string larga(73, 'x');
-    const Caso casos[] = {{{{"     0 "}}, "A.", "<410>"},
-                          {{{"0", "more"}}, larga, "<419> <410>"},
-                          {{{"4"}}, larga, "<411>"},
-                          {{{}}, "A.", "<411>"},
-                          {std::nullopt, "A.", "<411>\r\nbad luck"}};
-    for (const auto& caso : casos) {
-        Publicacion publicacion;
-        publicacion.guion->ultimoError = "bad luck";
-        if (caso.filas) publicacion.guion->Responder(*caso.filas);
-        publicacion.Generada(publicacion.Fuente(caso.fuente));
-        EXPECT_EQ(publicacion.Avisos(), caso.avisos);  // only a call that failed has an error to tell
+    publicacion.Generada(publicacion.Fuente(larga));
+    EXPECT_EQ(publicacion.Avisos(), "<419> <410>");
+    EXPECT_EQ(publicacion.Programa("ZLOAD"), larga.substr(1) + "\n");
+    publicacion.elegido = std::string(41, 'Z');  // the system takes no such name
+    publicacion.Generada(publicacion.Fuente(larga));
+    EXPECT_EQ(publicacion.Avisos(), "<411>");
+    publicacion.Generada("/nowhere/load.abap");
+    EXPECT_THAT(publicacion.Avisos(), testing::StartsWith("<411>\r\n"));
+    // Odd answers: no row, and a call that failed, which alone has an error to tell.
+    for (const bool falla : {false, true}) {
+        const auto guion = std::make_shared<Guion>();
+        publicacion.sesion = SesionConectada(guion);
+        guion->ultimoError = "bad luck";
+        if (!falla) guion->Responder({});
+        publicacion.Generada(publicacion.Fuente());
+        EXPECT_EQ(publicacion.Avisos(), falla ? "<411>\r\nbad luck" : "<411>");
     }
-    Publicacion sinArchivo;
-    sinArchivo.Generada("/nowhere/load.abap");
-    EXPECT_TRUE(sinArchivo.Avisos().starts_with("<411>\r\n"));
-    EXPECT_TRUE(sinArchivo.guion->conversacion.empty());
 }
 
 TEST(Publish, GuardsStandInFrontOfEveryWay) {
-    for (const char* rol : {"P", ""}) {
+    for (const auto& [rol, aviso] : {std::pair{"P", "<416> <417>"}, {"", "<418>"}}) {
         Publicacion publicacion;
-        publicacion.sesion.RolSistema = rol;
-        const std::string aviso = rol[0] == 'P' ? "<416> <417>" : "<418>";
+        publicacion.OtroPrograma([rol = rol](BaseDePractica& base) { return PonerRolDeSistema(base, rol), true; });
+        publicacion.Entrar();
         publicacion.Generada("");
         EXPECT_EQ(publicacion.Avisos(), "");  // nothing was generated: nothing at all
-        publicacion.Generada("x");
+        publicacion.Generada(publicacion.Fuente());
         publicacion.Local();
-        publicacion.Oferta("x");
-        EXPECT_EQ(publicacion.Avisos(), aviso + " " + aviso + " " + aviso);
+        publicacion.Oferta(publicacion.Fuente());
+        EXPECT_EQ(publicacion.Avisos(), std::string(aviso) + " " + aviso + " " + aviso);
         EXPECT_EQ(publicacion.propuesto, "not shown");
-        EXPECT_TRUE(publicacion.guion->conversacion.empty());
+        EXPECT_EQ(publicacion.Programa("ZLOAD"), "");
     }
 }
 
@@ -147,11 +111,10 @@ TEST(Publish, ALocalProgramProposesItsOwnName) {
     publicacion.Local();  // the file dialog is cancelled
     EXPECT_EQ(publicacion.propuesto, "not shown");
     publicacion.prueba.vista.archivos = {publicacion.Fuente()};
-    publicacion.guion->Responder({"0"});
     publicacion.Local();
     EXPECT_EQ(publicacion.propuesto, "load.v2");
     EXPECT_EQ(publicacion.Avisos(), "<410>");
-    EXPECT_THAT(publicacion.guion->conversacion, testing::Contains("PROGRAM < INSERT REPORT 'ZLOAD' FROM LINE."));
+    EXPECT_EQ(publicacion.Programa("ZLOAD"), "REPORT A.\n");
 
     publicacion.prueba.vista.archivos = {publicacion.Fuente()};
     publicacion.elegido = "";
@@ -160,43 +123,31 @@ TEST(Publish, ALocalProgramProposesItsOwnName) {
 }
 
 TEST(Publish, OkAsksTheSystemAboutTheName) {
-    struct Caso {
-        const char* nombre;
-        std::optional<std::vector<std::string>> programas;
-        Respuesta respuesta;
-        bool cierra;
-        const char* elegido;
-        const char* avisos;
-    };
-    const Caso casos[] = {
-        {"LOAD", {{"END"}}, Respuesta::Si, false, "", "<412>"},
-        {" ZLOAD", {{"END"}}, Respuesta::Si, false, "", "<412>"},
-        {"ZLOAD", std::nullopt, Respuesta::Si, true, "", "<413>"},
-        {"YLOAD ", {{"END"}}, Respuesta::Si, true, "YLOAD", ""},
-        {"ZLOAD", {{"ZLOAD", "END"}}, Respuesta::Si, true, "ZLOAD", "<414>"},
-        {"ZLOAD", {{"ZLOAD", "END"}}, Respuesta::No, false, "", "<414>"},
-    };
-    for (const auto& caso : casos) {
-        Publicacion publicacion;
-        publicacion.prueba.vista.respuestas = {caso.respuesta};
-        if (caso.programas) publicacion.guion->Responder(*caso.programas);
-        const auto cierre = AceptarNombreABAP(publicacion.sesion, caso.nombre, publicacion.prueba.textos, publicacion.prueba.vista);
-        EXPECT_EQ(cierre.cerrar, caso.cierra) << caso.nombre;
-        EXPECT_EQ(cierre.NombreElegido, caso.elegido);
-        EXPECT_EQ(publicacion.Avisos(), caso.avisos);
+    Publicacion publicacion;
+    publicacion.PonerPrograma("ZTAKEN");
+    auto& prueba = publicacion.prueba;
+    for (const auto& [nombre, respuesta, cierra, elegido, avisos] : {std::tuple{" ZLOAD", Respuesta::Si, false, "", "<412>"},
+                                                                     {"YLOAD ", Respuesta::Si, true, "YLOAD", ""},
+                                                                     {"ZTAKEN", Respuesta::Si, true, "ZTAKEN", "<414>"},
+                                                                     {"ZTAKEN", Respuesta::No, false, "", "<414>"}}) {
+        prueba.vista.respuestas = {respuesta};
+        const auto cierre = AceptarNombreABAP(publicacion.sesion, nombre, prueba.textos, prueba.vista);
+        EXPECT_EQ(cierre.cerrar, cierra) << nombre;
+        EXPECT_EQ(cierre.NombreElegido, elegido);
+        EXPECT_EQ(publicacion.Avisos(), avisos);
     }
+    std::filesystem::remove(publicacion.opciones.archivo);
+    EXPECT_TRUE(AceptarNombreABAP(publicacion.sesion, "ZLOAD", prueba.textos, prueba.vista).cerrar);
+    EXPECT_THAT(publicacion.Avisos(), testing::StartsWith("<413>\r\nThe file of the practice system is gone"));
 }
 
 // A connected generation: the widths are fetched, the report goes into a file of a moment, and from there into the system.
 TEST(Publish, AConnectedGenerationEndsInTheSystem) {
-    Publicacion publicacion;
+    Publicacion publicacion("", "RMMG1                         MATNR" + std::string(55, ' ') + "000018\r\n");
     auto& prueba = publicacion.prueba;
-    publicacion.sesion.DirectorioTemporal = RutaDelModelo(publicacion.directorio.Ruta());
     prueba.Archivo({"MATNR"});
     prueba.Transaccion({"TRANS|MM02", "SAPLMGMM|0060", "||RMMG1-MATNR|MATNR", "||BDC_OKCODE|'/00'"});
     prueba.vista.respuestas = {Respuesta::Si, Respuesta::Si};
-    publicacion.guion->Responder({"000018"});
-    publicacion.guion->Responder({"0"});
     SistemaDeLaSesion sistema(
         prueba.documento, publicacion.sesion, publicacion.FormABAP, [] {}, prueba.textos, prueba.vista);
     const Preferencias preferencias;
@@ -206,19 +157,11 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     EXPECT_EQ(publicacion.Avisos(), "<246> <323> <409> <410>");
     EXPECT_TRUE(estado.ProgramaTemporal);
     const auto ruta = estado.UltimoPrograma;
-    EXPECT_EQ(ruta.parent_path(), publicacion.directorio.Ruta());
+    EXPECT_EQ(ruta.parent_path(), publicacion.temporal);
     EXPECT_THAT(ruta.filename().string(), testing::MatchesRegex("........_......_......\\.tmp"));
     EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));
-    // The lines of the report are those that were sent.
-    LineasABAP enviado;
-    for (const auto& linea : publicacion.guion->conversacion) {
-        if (linea.starts_with("PROGRAM < ")) enviado.push_back(linea.substr(10));
-    }
-    std::vector<std::string> fuente;
-    const std::string texto = LeerArchivo(ruta);
-    for (const auto linea : PartirEnLineas(texto)) fuente.push_back((std::string(linea) + std::string(72, ' ')).substr(0, 72));
-    EXPECT_EQ(Ejecutar(enviado), fuente);
-    publicacion.sesion.Conectado = false;
+    EXPECT_EQ(publicacion.Programa("ZLOAD"), ComoSeGuarda(LeerArchivo(ruta)));
+    Logoff_Click(publicacion.sesion);
     sistema.OfrecerPublicacion(estado.UltimoPrograma);
     EXPECT_EQ(publicacion.Avisos(), "");  // the connection was lost meanwhile
 }

@@ -9,11 +9,10 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "sap/publish.h"
-#include "sap/remote_reports.h"
+#include "sap/queue_choice.h"
 #include "sap/widths.h"
+#include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
-#include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
@@ -21,72 +20,78 @@ namespace {
 using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::SesionDePractica;
 using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
 
-constexpr const char* corredor = "Add RFC_ABAP_INSTALL_AND_RUN";
+// ---- What the shipped reports answer: the report runner takes lines of 72 characters, and so also with long names ----
 
-TEST(RemoteReports, ProgramsAreSoughtByAWholeLineOfConditions) {
-    struct Caso {
-        const char* usuario;
-        bool porCreador;
-        const char* programa;
-        std::vector<std::string> condiciones;
-    };
-    const Caso casos[] = {
-        {"", true, "ZLOAD", {"NAME LIKE 'ZLOAD' AND"}},
-        {"", true, "Z+A*", {"NAME LIKE 'Z_A%' AND"}},
-        {"SM*+", true, "", {"CNAM LIKE 'SM%_' AND", "( NAME LIKE 'Y%' OR NAME LIKE 'Z%' ) AND"}},
-        {"SMITH", false, "ZLOAD", {"UNAM LIKE 'SMITH' AND", "NAME LIKE 'ZLOAD' AND"}},
-        {"O'NEIL", true, "Z' OR '", {"CNAM LIKE 'O''NEIL' AND", "NAME LIKE 'Z'' OR ''' AND"}},
-    };
-    for (const auto& caso : casos) {
-        const auto guion = std::make_shared<Guion>();
-        SesionSAP sesion = SesionConectada(guion);
-        guion->Responder({"ZLOAD", "END"});
-        EXPECT_THAT(BuscarProgramas(sesion, caso.usuario, caso.porCreador, caso.programa), testing::Optional(ElementsAre("ZLOAD")));
-        std::vector<std::string> esperada = {corredor, "MODE = F", "PROGRAM < inf003"};
-        for (const auto& condicion : caso.condiciones) esperada.push_back("PROGRAM < " + condicion);
-        esperada.insert(esperada.end(), {"PROGRAM < end", "Call"});
-        EXPECT_EQ(guion->conversacion, esperada);
+TEST(RemoteReports, ProgramsAreSoughtByUserAndName) {
+    SesionDePractica practica;
+    const std::string larguisimo(40, 'Z');
+    for (const auto& nombre : {std::string("YLOAD"), std::string("ZLOAD"), std::string("ZXA1"), std::string("ALOAD"), larguisimo}) {
+        practica.PonerPrograma(nombre);
     }
+    practica.OtroPrograma([](BaseDePractica& base) {
+        base.LaConexion().Ejecutar(
+            "UPDATE _qor_programs SET date = '20260102', creator = iif(name LIKE '%LOAD', 'SM_TH', 'O''NEIL_56789')");
+        return true;
+    });
+    for (const auto& [usuario, programa, hallados] : {std::tuple{"", "", "|YLOAD|ZLOAD|ZXA1|" + larguisimo},
+                                                      {"", "ZLOAD", "|ZLOAD"},
+                                                      {"", "+LO*", "|ALOAD|YLOAD|ZLOAD"},
+                                                      {"SM*+", "", "|YLOAD|ZLOAD"},
+                                                      {"O'NEIL_56789", larguisimo.c_str(), "|" + larguisimo},
+                                                      {"O'NEIL*", "ZLOAD", ""},
+                                                      {"", "Z' OR NAME LIKE '*", ""}}) {
+        for (const bool porCreador : {true, false}) {
+            const auto filas = BuscarProgramas(practica.sesion, usuario, porCreador, programa);
+            ASSERT_TRUE(filas) << practica.sesion.Motivo;
+            std::string nombres;
+            for (const auto& fila : *filas) nombres += "|" + std::string(Recortar(Tramo(fila, 1, 40)));
+            EXPECT_EQ(nombres, hallados) << usuario << ", " << programa;
+        }
+    }
+    EXPECT_THAT(BuscarProgramas(practica.sesion, "", true, "ZXA1"),
+                Optional(ElementsAre("ZXA1" + std::string(37, ' ') + "O'NEIL_56789 02.01.2026")));
+    // Who made a program and who changed it last are told apart.
+    EXPECT_THAT(ReporteDeProgramas(practica.sesion.plantillas, "A", true, "Z"), testing::Contains("CNAM LIKE 'A' AND"));
+    EXPECT_THAT(ReporteDeProgramas(practica.sesion.plantillas, "A", false, "Z"), testing::Contains("UNAM LIKE 'A' AND"));
 }
 
-TEST(RemoteReports, EveryListButTheContentsOfAnEntryGivesUpItsLastRow) {
-    using Consulta = std::function<std::optional<FilasDeLista>(SesionSAP&)>;
-    struct Caso {
-        Consulta consulta;
-        const char* reporte;
-        std::size_t filas;
-    };
-    const Caso casos[] = {
-        {[](SesionSAP& sesion) { return ListarColas(sesion, "%BDC"); }, "PROGRAM < inf005 %BDC", 1},
-        {[](SesionSAP& sesion) { return ListarBAPIs(sesion); }, "PROGRAM < inf008", 1},
-        {[](SesionSAP& sesion) { return LeerCola(sesion, "Q'1", "BDC"); }, "PROGRAM < inf006 Q''1 BDC Q''1", 2},
-    };
-    for (const auto& caso : casos) {
-        const auto guion = std::make_shared<Guion>();
-        SesionSAP sesion = SesionConectada(guion);
-        guion->Responder({"first", "last"});
-        const auto filas = caso.consulta(sesion);
-        ASSERT_TRUE(filas);
-        EXPECT_EQ(filas->size(), caso.filas);
-        EXPECT_THAT(guion->TomarConversacion(), ElementsAre(corredor, "MODE = F", caso.reporte, "Call"));
-        guion->Responder(std::vector<std::string>{});
-        EXPECT_THAT(caso.consulta(sesion), testing::Optional(testing::IsEmpty()));
-        guion->ultimoError = "no authorization";
-        guion->Fallar();
-        EXPECT_FALSE(caso.consulta(sesion));
-        EXPECT_EQ(sesion.Motivo, "no authorization");
-        guion->usable = false;
-        guion->TomarConversacion();
-        EXPECT_FALSE(caso.consulta(sesion));
-        EXPECT_TRUE(guion->conversacion.empty());  // an unusable session is asked nothing
-    }
+TEST(RemoteReports, EntriesOfTheQueueAreListedAndRead) {
+    SesionDePractica practica;
+    auto& sesion = practica.sesion;
+    EXPECT_THAT(ListarColas(sesion, "BDC"), Optional(IsEmpty()));
+    const auto grabacion = practica.PonerGrabacion("zmm.txt", "bdc_dynpro 'P' '0100'\nbdc_transaction 'MM02'\n");
+    const std::string s132(132, 'x');
+    const auto segunda = practica.PonerSesion("SECOND", {{"SAPLMGMM", "0060", true, "", ""}, {"", "0000", false, s132, s132}});
+    const auto primera = practica.PonerSesion("FIRST", {});
+    EXPECT_THAT(ListarColas(sesion, "BDC"), Optional(ElementsAre("FIRST       " + primera + "PRACTICE    20260102030405000",
+                                                                 "SECOND      " + segunda + "PRACTICE    20260102030405000")));
+    EXPECT_THAT(ListarColas(sesion, "%BDC"), Optional(ElementsAre(testing::StartsWith("ZMM         " + grabacion))));
+    const auto filas = LeerCola(sesion, segunda, "BDC");
+    ASSERT_TRUE(filas);
+    ASSERT_EQ(filas->size(), 20U);
+    EXPECT_EQ(filas->at(10), "1 SAPLMGMM" + std::string(32, ' ') + "0060X");
+    EXPECT_EQ(filas->at(15), "1" + std::string(41, ' ') + "0000 " + std::string(17, 'x'));
+    EXPECT_EQ(filas->at(19), "5 " + std::string(61, 'x'));
+    const std::string registros = RegistrosDeCola(*filas);
+    EXPECT_EQ(registros.size(), 4 * 311U);
+    EXPECT_TRUE(registros.ends_with("0000 " + s132 + s132 + "\r\n"));
+    EXPECT_EQ(RegistrosDeCola({"", "0 no tag", "9 nor this", "5"}), std::string(61, ' ') + "\r\n");
+    EXPECT_THAT(LeerCola(sesion, grabacion, "BDC"), Optional(IsEmpty()));
+    EXPECT_THAT(LeerCola(sesion, "Q'1", "BDC"), Optional(IsEmpty()));
+    std::ostringstream bapi;
+    EXPECT_TRUE(BajarBAPI(sesion, "BAPI_' OR '", bapi) && bapi.str().empty());
 }
 
-// A control character could end the line that it stands in, so nothing with one is asked.
-TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
+// ---- What is asked ----
+
+// A control character could end the line that it stands in, so nothing with one is asked; and nothing of an unusable session.
+TEST(RemoteReports, WhatCanNotBeAskedIsNotAsked) {
     VentanaDePrueba prueba;
     const DirectorioTemporal directorio;
     const std::string fuente = directorio.Escribir("load.abap", "REPORT A.");
@@ -109,6 +114,12 @@ TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
             EXPECT_EQ(sesion.Motivo, "a text with a control character can't be part of a query") << que;
             EXPECT_TRUE(guion->conversacion.empty()) << que;
         }
+        const auto guion = std::make_shared<Guion>();
+        SesionSAP sesion = SesionConectada(guion);
+        guion->usable = false;
+        guion->Responder({"0"});
+        EXPECT_FALSE(consulta(sesion, "A")) << que;
+        EXPECT_TRUE(guion->conversacion.empty()) << que;
     }
     const std::string blancos(26, ' ');
     const std::string linea = "A'B\x80" + blancos + "C'";
@@ -121,29 +132,12 @@ TEST(RemoteReports, NoQueryHoldsAControlCharacter) {
         testing::ThrowsMessage<FalloDeEjecucion>("line 2 of the field file holds a control character"));
 }
 
-// The query reports that ship with the program.
-TEST(RemoteReports, TheShippedReportsFitTheReportRunner) {
-    const auto plantillas = CargarPlantillas(DirectorioDeDatos());
-    const std::pair<const LineasABAP*, std::vector<const char*>> casos[] = {
-        {&plantillas.PlantillaSistema, {}},
-        {&plantillas.PlantillaProgramas, {"<conditions>"}},
-        {&plantillas.PlantillaColas, {"<datatype>"}},
-        {&plantillas.PlantillaDatosCola, {"<qid>", "<datatype>"}},
-        {&plantillas.PlantillaBAPIs, {}},
-        {&plantillas.PlantillaBAPI, {"<function>"}}};
-    for (const auto& [lineas, marcas] : casos) {
-        ASSERT_FALSE(lineas->empty());
-        // A heading of the list would come out as its first rows.
-        EXPECT_TRUE(Contiene(lineas->front(), "NO STANDARD PAGE HEADING"));
-        for (const auto& linea : *lineas) EXPECT_LE(linea.size(), 72U) << linea;
-        for (const char* marca : marcas) {
-            EXPECT_TRUE(std::any_of(lineas->begin(), lineas->end(), [&](const auto& linea) { return Contiene(linea, marca); }))
-                << marca;
-        }
-    }
+TEST(RemoteReports, TheShippedReportsHaveNoHeadings) {
     for (const char* nombre : {"inf001.dat", "inf003.dat", "inf005.dat", "inf006.dat", "inf008.dat", "inf009.dat"}) {
         const std::string texto = LeerArchivo(DirectorioDeDatos() / nombre);
         EXPECT_EQ(std::count(texto.begin(), texto.end(), '\n'), std::count(texto.begin(), texto.end(), '\r')) << nombre;
+        // A heading of the list would come out as its first rows.
+        EXPECT_TRUE(Contiene(AntesDe(texto, '\r'), "NO STANDARD PAGE HEADING")) << nombre;
     }
     EXPECT_TRUE(CargarPlantillas("/nowhere").PlantillaSistema.empty());
 }

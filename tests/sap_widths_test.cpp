@@ -6,9 +6,8 @@
 #include "base/text.h"
 #include "model/cells.h"
 #include "sap/widths.h"
+#include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
-#include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor {
 namespace {
@@ -16,6 +15,7 @@ namespace {
 using pruebas::DirectorioTemporal;
 using pruebas::Guion;
 using pruebas::SesionConectada;
+using pruebas::SesionDePractica;
 using pruebas::VentanaDePrueba;
 using testing::ElementsAre;
 
@@ -89,38 +89,45 @@ TEST(Widths, LengthsFillEmptyWidthsOnly) {
     EXPECT_EQ(anchos.Avisos(), "<328>");
 }
 
+// ---- In a system ----
+
+const std::string anchosDelSistema = Linea("MARA", "MATNR", "", "000018") + "\r\n" + Linea("RMMG1", "MTART", "", "4") + "\r\n";
+
 TEST(Widths, TheAnswerCompletesTheFile) {
+    SesionDePractica practica({}, anchosDelSistema);
     Anchos anchos;
+    const std::string antes = Linea("MARA", "MATNR", "MATNR", "999999") + "\r\nMARA\r\n" + Linea("bdcdata", "fnam", "") + "\r\n" +
+                              Linea("BDCDATA", "FNAM", "'C'") + "\r\n" + Linea(std::string(30, 'T'), std::string(30, 'F'), "C");
+    anchos.archivo = RutaDelModelo(anchos.directorio.Escribir("fields", antes));
+    EXPECT_TRUE(ObtenerAnchos(practica.sesion, anchos.archivo));
+    EXPECT_THAT(anchos.Lineas(), ElementsAre(Linea("MARA", "MATNR", "MATNR", "000018"), Linea("MARA", "", "", "000000"),
+                                             Linea("bdcdata", "fnam", "", "000000"), Linea("BDCDATA", "FNAM", "'C'", "000132"),
+                                             Linea(std::string(30, 'T'), std::string(30, 'F'), "C", "000000")));
+    EXPECT_FALSE(ObtenerAnchos(practica.sesion, "/nowhere/fields"));
+    // A short answer leaves the lines behind it out.
     const auto guion = std::make_shared<Guion>();
     SesionSAP sesion = SesionConectada(guion);
-    const std::string antes = Linea("MARA", "MATNR", "MATNR", "999999") + "\r\nMARA\r\n" + Linea("A", "B", "C");
-    anchos.archivo = RutaDelModelo(anchos.directorio.Escribir("fields", antes));
-    EXPECT_FALSE(ObtenerAnchos(sesion, anchos.archivo));
-    EXPECT_EQ(LeerArchivo(RutaDelSistema(anchos.archivo)), antes);  // a failed call leaves it
-    guion->Responder({"000018", "000000"});
+    guion->Responder({"000007"});
     EXPECT_TRUE(ObtenerAnchos(sesion, anchos.archivo));
-    EXPECT_THAT(anchos.Lineas(), ElementsAre(Linea("MARA", "MATNR", "MATNR", "000018"), Linea("MARA", "", "", "000000")));
-    EXPECT_FALSE(ObtenerAnchos(sesion, "/nowhere/fields"));
+    EXPECT_THAT(anchos.Lineas(), ElementsAre(Linea("MARA", "MATNR", "MATNR", "000007")));
 }
 
 TEST(Widths, OnLineTheWholeWayIsOneStep) {
-    Anchos anchos;
-    const auto guion = std::make_shared<Guion>();
-    SesionSAP sesion = SesionConectada(guion);
-    sesion.DirectorioTemporal = RutaDelModelo(anchos.directorio.Ruta());
-    anchos.prueba.Archivo({"MATNR", "OTHER"});
-    anchos.prueba.Transaccion({"TRANS|MM01", "||MARA-MATNR|MATNR", "||MARA-NOFIELD|OTHER"});
-    guion->ultimoError = "no authorization";
-    ButtonOnlineAnchos(anchos.prueba.documento, sesion, anchos.prueba.textos, anchos.prueba.vista);
-    EXPECT_EQ(anchos.Avisos(), "<415>\r\nno authorization");
-    EXPECT_FALSE(std::filesystem::is_empty(anchos.directorio.Ruta()));  // the file of a failed look-up stays
-    std::filesystem::remove(*std::filesystem::directory_iterator(anchos.directorio.Ruta()));
+    SesionDePractica practica({}, anchosDelSistema);
+    auto& prueba = practica.prueba;
+    prueba.Archivo({"MATNR", "OTHER", "MTART"});
+    prueba.Transaccion({"TRANS|MM01", "||MARA-MATNR|MATNR", "||MARA-NOFIELD|OTHER", "||RMMG1-MTART|MTART"});
+    EXPECT_TRUE(ButtonOnlineAnchos(prueba.documento, practica.sesion, prueba.textos, prueba.vista));
+    EXPECT_EQ(prueba.vista.TomarAvisos(), "");
+    EXPECT_THAT(prueba.FilasArchivo(), ElementsAre("MATNR|18", "OTHER", "MTART|4"));
+    EXPECT_TRUE(std::filesystem::is_empty(practica.temporal));
 
-    guion->Responder({"000018", "000000"});
-    ButtonOnlineAnchos(anchos.prueba.documento, sesion, anchos.prueba.textos, anchos.prueba.vista);
-    EXPECT_EQ(anchos.Avisos(), "");
-    EXPECT_THAT(anchos.prueba.FilasArchivo(), ElementsAre("MATNR|18", "OTHER"));
-    EXPECT_TRUE(std::filesystem::is_empty(anchos.directorio.Ruta()));
+    // The file of a failed look-up stays, as it was asked.
+    std::filesystem::remove(practica.opciones.archivo);
+    EXPECT_FALSE(ButtonOnlineAnchos(prueba.documento, practica.sesion, prueba.textos, prueba.vista));
+    EXPECT_THAT(prueba.vista.TomarAvisos(), testing::StartsWith("<415>\r\nThe file of the practice system is gone\r\n"));
+    EXPECT_TRUE(LeerArchivo(std::filesystem::directory_iterator(practica.temporal)->path())
+                    .starts_with(Linea("MARA", "MATNR", "MATNR") + "\r\n"));
 }
 
 }  // namespace

@@ -195,8 +195,8 @@ void Compilador::LeerPorPalabra(Lectura& l) {
             break;
         default: break;
     }
-    if (LeerDeBase(*this, l) || LeerDeTablas(*this, l) || LeerDeTextos(*this, l) || LeerDeListas(*this, l) ||
-        LeerDeArchivos(*this, l) || LeerDeLlamadas(*this, l)) {
+    if (LeerDeProgramas(*this, l) || LeerDeBase(*this, l) || LeerDeTablas(*this, l) || LeerDeTextos(*this, l) ||
+        LeerDeListas(*this, l) || LeerDeArchivos(*this, l) || LeerDeLlamadas(*this, l)) {
         return;
     }
     throw FallaDeSentencia{

@@ -272,10 +272,11 @@ private:
 bool LeerDeTablas(
     Compilador& c,
     Lectura& l);  // APPEND, INSERT, READ TABLE, MODIFY, DELETE, LOOP, AT NEW ..., SORT, COLLECT, DESCRIBE, REFRESH, FREE
-bool LeerDeTextos(Compilador& c, Lectura& l);    // CONCATENATE, SPLIT, CONDENSE, TRANSLATE, REPLACE, SEARCH, SHIFT, OVERLAY
-bool LeerDeListas(Compilador& c, Lectura& l);    // WRITE, SKIP, ULINE, NEW-LINE, POSITION, SET BLANK LINES, MESSAGE, ...
-bool LeerDeBase(Compilador& c, Lectura& l);      // SELECT, INSERT, UPDATE, MODIFY, DELETE of tables, COMMIT, ROLLBACK, EXEC SQL
-bool LeerDeArchivos(Compilador& c, Lectura& l);  // OPEN, READ, TRANSFER, CLOSE, DELETE DATASET
-bool LeerDeLlamadas(Compilador& c, Lectura& l);  // CALL FUNCTION, CALL TRANSACTION
+bool LeerDeTextos(Compilador& c, Lectura& l);     // CONCATENATE, SPLIT, CONDENSE, TRANSLATE, REPLACE, SEARCH, SHIFT, OVERLAY
+bool LeerDeListas(Compilador& c, Lectura& l);     // WRITE, SKIP, ULINE, NEW-LINE, POSITION, SET BLANK LINES, MESSAGE, ...
+bool LeerDeBase(Compilador& c, Lectura& l);       // SELECT, INSERT, UPDATE, MODIFY, DELETE of tables, COMMIT, ROLLBACK, EXEC SQL
+bool LeerDeArchivos(Compilador& c, Lectura& l);   // OPEN, READ, TRANSFER, CLOSE, DELETE DATASET
+bool LeerDeLlamadas(Compilador& c, Lectura& l);   // CALL FUNCTION, CALL TRANSACTION
+bool LeerDeProgramas(Compilador& c, Lectura& l);  // INSERT REPORT
 
 }  // namespace qor::abap

@@ -171,6 +171,7 @@ constexpr RotuloLiteral literales[] = {
     {"PreviousFindingOption", "Pr&evious finding"},
     {"Logon", "Log &on..."},
     {"Logoff", "Log o&ff"},
+    {"KeepRecordingOption", "&Keep a recording in the practice system..."},
     {"ButtonLogon", "Log &on..."},
     {"ButtonLogoff", "Log o&ff"},
     {"LineaArchivoLabel", "Row"},

@@ -27,20 +27,24 @@ constexpr std::array<std::pair<const char*, std::string ParametrosDeLogon::*>, 9
     {"Router", &ParametrosDeLogon::ruta},
 }};
 
+const QString claveDePractica = QStringLiteral("Practice");
+
 }  // namespace
 
-void RecuperarConexion(const fs::path& ruta, ParametrosDeLogon& parametros) {
+void RecuperarConexion(const fs::path& ruta, EleccionDeLogon& eleccion) {
     const QSettings memoria(NombreQt(ruta), QSettings::IniFormat);
+    eleccion.practica = memoria.value(claveDePractica, false).toBool();
     for (const auto& [clave, campo] : recordados) {
         // A value that the code page can't hold would come back shortened.
-        parametros.*campo = DesdeUtf8(memoria.value(QLatin1String(clave)).toString().toStdString()).value_or("");
+        eleccion.parametros.*campo = DesdeUtf8(memoria.value(QLatin1String(clave)).toString().toStdString()).value_or("");
     }
 }
 
-void RecordarConexion(const fs::path& ruta, const ParametrosDeLogon& parametros) {
+void RecordarConexion(const fs::path& ruta, const EleccionDeLogon& eleccion) {
     QSettings memoria(NombreQt(ruta), QSettings::IniFormat);
-    for (const auto& [clave, campo] : recordados) memoria.setValue(QLatin1String(clave), TextoQt(parametros.*campo));
-    if (TieneClave(parametros.ruta)) memoria.remove(QStringLiteral("Router"));
+    memoria.setValue(claveDePractica, eleccion.practica);
+    for (const auto& [clave, campo] : recordados) memoria.setValue(QLatin1String(clave), TextoQt(eleccion.parametros.*campo));
+    if (TieneClave(eleccion.parametros.ruta)) memoria.remove(QStringLiteral("Router"));
     memoria.sync();
     std::error_code ignorado;
     fs::permissions(ruta, fs::perms::owner_read | fs::perms::owner_write, ignorado);

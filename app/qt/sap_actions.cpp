@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "app/findings_watch.h"
+#include "app/practice_file.h"
 #include "app/publish_question.h"
 #include "app/qt/connection_memory.h"
+#include "app/qt/practice_actions.h"
 #include "app/sap_connection.h"
 #include "app/show_changes.h"
 #include "base/paths.h"
@@ -24,12 +26,13 @@ namespace qor {
 
 namespace {
 
-class Conexion : public AccionesDeConexion {
+class ConexionDelPrograma : public AccionesDeConexion {
 public:
-    explicit Conexion(const EntornoDeConexion& entorno)
+    explicit ConexionDelPrograma(const EntornoDeConexion& entorno)
         : e_(entorno),
-          sesion_(NuevaSesionSAP(e_.programa.ajustes, e_.programa.directorioDeDatos,
-                                 [this](ParametrosDeLogon& parametros) { return PedirLogon(parametros); })),
+          sesion_(NuevaSesionSAP(
+              e_.programa.ajustes, e_.programa.directorioDeDatos,
+              [this](EleccionDeLogon& eleccion) { return PedirLogon(eleccion); }, [this] { return OpcionesDePractica(); })),
           sistema_(
               e_.ventana.documento, sesion_, TrasPreguntar([this] {
                   return ContarErrores({e_.ventana.documento, e_.programa.ajustes.preferencias, e_.programa.textos, true});
@@ -37,6 +40,9 @@ public:
               [this] { MostrarAnchos(e_.ventana); }, e_.programa.textos, e_.vista) {}
 
     bool Disponible() const override {
+        EleccionDeLogon ultima;
+        RecuperarConexion(MemoriaDeConexion(), ultima);
+        if (ultima.practica) return true;
         try {
             nwrfc::Biblioteca::Cargar(e_.programa.ajustes.BibliotecaRFC);
             return true;
@@ -45,23 +51,34 @@ public:
         }
     }
     bool Conectado() const override { return sesion_.Conectado; }
+    bool EsDePractica() const override { return sesion_.EsDePractica(); }
     std::string ConnectionStatus() const override { return sesion_.ConnectionStatus; }
 
     void Logon() override {
         const auto opciones = OpcionesDeLogonDe(e_.programa.ajustes);
         if (!Logon_Click(sesion_, opciones, e_.programa.ajustes.preferencias, e_.programa.textos, e_.vista)) return;
-        if (ImportarTrasLogon(opciones, e_.ventana.documento.HayCambios(), e_.ventana.documento.Bloqueado())) ButtonOnlineSHDB();
+        e_.mostrar();
+        if (!ImportarTrasLogon(opciones, e_.ventana.documento.HayCambios(), e_.ventana.documento.Bloqueado())) return;
+        // A new practice system has none yet.
+        if (!sesion_.EsDePractica() || HayGrabacion(RutaDePracticaPropia())) ButtonOnlineSHDB();
     }
     void Logoff() override { Logoff_Click(sesion_); }
 
     void ButtonOnlineSHDB() override {
+        const bool practica = sesion_.EsDePractica() && SesionActiva(sesion_);
+        if (practica && !HayGrabacion(RutaDePracticaPropia())) return AvisarSinGrabaciones(e_.programa.textos, e_.vista);
         Tomar(qor::ButtonOnlineSHDB(e_.ventana.documento.especificacion, DialogoDeColas(), e_.programa.textos, e_.vista));
     }
     void ButtonOnlineSM35() override {
         Tomar(qor::ButtonOnlineSM35(e_.ventana.documento.especificacion, DialogoDeColas(), e_.programa.textos, e_.vista));
     }
     void ButtonOnlineAnchos() override {
-        if (qor::ButtonOnlineAnchos(e_.ventana.documento, sesion_, e_.programa.textos, e_.vista)) MostrarAnchos(e_.ventana);
+        if (!qor::ButtonOnlineAnchos(e_.ventana.documento, sesion_, e_.programa.textos, e_.vista)) return;
+        MostrarAnchos(e_.ventana);
+        if (sesion_.EsDePractica()) {
+            AvisarAnchosDesconocidos(e_.ventana.documento.especificacion, DirectorioDeAjustes() / nombreDeDiccionario,
+                                     e_.programa.textos, e_.vista);
+        }
     }
     void ButtonOnlinePublish() override {
         qor::ButtonOnlinePublish(sesion_, e_.programa.generador.UltimoPrograma,
@@ -70,6 +87,12 @@ public:
     void ButtonOnlinePublishLocal() override {
         qor::ButtonOnlinePublishLocal(sesion_, e_.programa.ajustes.DirectorioDocumentos, DialogoDelNombre(), e_.programa.textos,
                                       e_.vista);
+    }
+
+    void GuardarGrabacion() override {
+        if (!sesion_.EsDePractica()) return;
+        if (!SesionActiva(sesion_)) return e_.vista.Advertir(MensajeLiteral(sesion_.Motivo));
+        GuardarGrabacionElegida(RutaDePracticaPropia(), e_.programa.ajustes.DirectorioDocumentos, e_.programa.textos, e_.vista);
     }
 
     SistemaConectado* Sistema() override { return sesion_.Conectado ? &sistema_ : nullptr; }
@@ -81,14 +104,31 @@ private:
         TomarImportacion(e_.ventana, std::move(*importacion), TextoDelModelo(Palabra(e_.programa.textos, "Rows")));
     }
 
-    bool PedirLogon(ParametrosDeLogon& parametros) {
-        const auto memoria = e_.programa.rutaDeAjustes.parent_path() / "qor-connection.ini";
-        RecuperarConexion(memoria, parametros);
-        FormLogon dialogo(parametros, e_.programa.textos, e_.vista, e_.padre);
+    bool PedirLogon(EleccionDeLogon& eleccion) {
+        const auto memoria = MemoriaDeConexion();
+        RecuperarConexion(memoria, eleccion);
+        const auto practica = RutaDePracticaPropia();
+        eleccion.rol = LeerRolDeSistema(practica);
+        FormLogon dialogo(eleccion, practica, e_.programa.textos, e_.vista, e_.padre);
         if (dialogo.exec() != QDialog::Accepted) return false;
-        RecordarConexion(memoria, parametros);
+        RecordarConexion(memoria, eleccion);
         return true;
     }
+
+    OpcionesDeSistema OpcionesDePractica() const {
+        const auto opciones = [this](const std::filesystem::path& practica) {
+            return OpcionesDelUsuario(e_.programa.ajustes, e_.programa.directorioDeDatos, DirectorioDeAjustes(), practica);
+        };
+        try {
+            return opciones(RutaDePracticaConDirectorio(EntornoDelProceso()));
+        } catch (const FalloDeArchivo&) {
+            return opciones(RutaDePracticaPropia());  // the logon tells that it can't be opened
+        }
+    }
+
+    static std::filesystem::path RutaDePracticaPropia() { return RutaDePractica(EntornoDelProceso()); }
+    std::filesystem::path MemoriaDeConexion() const { return DirectorioDeAjustes() / "qor-connection.ini"; }
+    std::filesystem::path DirectorioDeAjustes() const { return e_.programa.rutaDeAjustes.parent_path(); }
 
     DialogoABAP DialogoDelNombre() {
         return [this](const std::string& propuesto) {
@@ -116,6 +156,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<AccionesDeConexion> ConexionSAP(const EntornoDeConexion& entorno) { return std::make_unique<Conexion>(entorno); }
+std::unique_ptr<AccionesDeConexion> ConexionSAP(const EntornoDeConexion& entorno) {
+    return std::make_unique<ConexionDelPrograma>(entorno);
+}
 
 }  // namespace qor

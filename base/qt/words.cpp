@@ -41,6 +41,7 @@ constexpr ParDePalabras palabras[] = {
     {"&Preview of the structures...", "Vista &previa de las estructuras..."},
     {"Log &on...", "&Conectar..."},
     {"Log o&ff", "&Desconectar"},
+    {"&Keep a recording in the practice system...", "&Guardar una grabación en el sistema de práctica..."},
 
     // Main form: tool bar and grids
     {"Tools", "Herramientas"},
@@ -185,8 +186,20 @@ constexpr ParDePalabras palabras[] = {
     {"&Stop", "&Detener"},
 
     // Dialogs: connection
-    {"Log on to an SAP system", "Conectarse a un sistema SAP"},
+    {"Log on to a system", "Conectarse a un sistema"},
     {"System", "Sistema"},
+    {"Practice system", "Sistema de práctica"},
+    {"Prac&tice system", "Sistema de &práctica"},
+    {"Part of this program, no SAP system.", "Es parte de este programa, no de SAP."},
+    {"Rol&e of the client:", "Ro&l del mandante:"},
+    {"Test", "Prueba"},
+    {"Production", "Producción"},
+    {"Customizing", "Customizing"},
+    {"Demonstration", "Demostración"},
+    {"Training", "Formación"},
+    {"SAP reference", "Referencia SAP"},
+    {"None", "Ninguno"},
+    {"A system whose client is productive takes no programs.", "Un sistema cuyo mandante es productivo no admite programas."},
     {"&Application server", "Servidor de &aplicaciones"},
     {"&Message server and logon group", "Servidor de &mensajes y grupo de conexión"},
     {"&Host:", "&Dirección:"},
@@ -206,6 +219,20 @@ constexpr ParDePalabras palabras[] = {
     {"&Language:", "Idi&oma:"},
     {"&Name:", "&Nombre:"},
 
+    // Practice system
+    {"The recording can't be read", "No se puede leer la grabación"},
+    {"Nothing was recorded", "No se grabó nada"},
+    {"The practice system can't keep the recording", "El sistema de práctica no puede guardar la grabación"},
+    {"The practice system keeps the recording %1.", "El sistema de práctica guarda la grabación %1."},
+    {"Transactions: %1.", "Transacciones: %1."},
+    {"The practice system does not know the widths of: %1. Structures and their fields can be added in this file, which the logon "
+     "reads:",
+     "El sistema de práctica no conoce los anchos de: %1. Se pueden agregar estructuras y sus campos en este archivo, que se lee "
+     "al conectarse:"},
+    {"The practice system holds no recording yet. The command \"Keep a recording in the practice system\" of the menu "
+     "\"Connection\" puts one in.",
+     "El sistema de práctica no tiene grabaciones todavía. La orden \"Guardar una grabación en el sistema de práctica\" del menú "
+     "\"Conexión\" agrega una."},
 };
 
 bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(0), "Espanol"); }

@@ -82,10 +82,11 @@ TEST_F(DialogosDeSAP, ImportClosesWithoutAList) {
 // ---- FormLogon ----
 
 TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
-    ParametrosDeLogon parametros;
+    EleccionDeLogon eleccion;
+    auto& parametros = eleccion.parametros;
     parametros.usuario = "SMITH";
     parametros.cliente = "100";
-    FormLogon form(parametros, prueba.textos, prueba.vista, nullptr);
+    FormLogon form(eleccion, "", prueba.textos, prueba.vista, nullptr);
     const DialogoAbierto dialogo(form);
     EXPECT_TRUE(dialogo.Control("Clave")->hasFocus()) << "the rest is known";
     dialogo.Teclear("Clave", "pa\"ss");
@@ -113,14 +114,37 @@ TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
     EXPECT_EQ(parametros.idioma, "EN");
 }
 
+// The practice system needs nothing; what is known of a real one stays known.
+TEST_F(DialogosDeSAP, LogonToThePracticeSystemHasARole) {
+    const auto memoria = directorio / "qor-connection.ini";
+    EleccionDeLogon eleccion;
+    eleccion.rol = "C";
+    eleccion.parametros.servidor = "host";
+    FormLogon form(eleccion, "", prueba.textos, prueba.vista, nullptr);
+    const DialogoAbierto dialogo(form);
+    EXPECT_FALSE(dialogo.Habilitado("Rol") || dialogo.Habilitado("OK"));
+    dialogo.Clic("OptionPractica");
+    EXPECT_FALSE(dialogo.Habilitado("Servidor") || dialogo.Habilitado("Usuario") || dialogo.Habilitado("Ruta"));
+    EXPECT_EQ(dialogo.Texto("Rol"), "Customizing");
+    dialogo.Pulsar("Rol", 0, QStringLiteral("P"));
+    dialogo.Clic("OK");
+    RecordarConexion(memoria, eleccion);
+    EleccionDeLogon recordada;
+    RecuperarConexion(memoria, recordada);
+    EXPECT_TRUE(recordada.practica);
+    EXPECT_EQ(recordada.parametros.servidor, "host");
+    EXPECT_EQ(eleccion.rol, "P");
+}
+
 // Nothing is sent shortened: neither by what the code page lacks, nor at the zero at which the library's texts end.
 TEST_F(DialogosDeSAP, LogonRefusesWhatCanNotBeSentWhole) {
-    ParametrosDeLogon parametros;
+    EleccionDeLogon eleccion;
+    auto& parametros = eleccion.parametros;
     parametros.servidor = "host";
     parametros.numeroDeSistema = "00";
     parametros.cliente = "100";
     parametros.usuario = "SMITH";
-    FormLogon form(parametros, prueba.textos, prueba.vista, nullptr);
+    FormLogon form(eleccion, "", prueba.textos, prueba.vista, nullptr);
     const DialogoAbierto dialogo(form);
     dialogo.Control<QLineEdit>("Clave")->setText(QStringLiteral("caf\u00E9\u20AC"));
     const std::pair<const char*, const char*> casos[] = {{"Clave", "Password"},
@@ -150,11 +174,13 @@ TEST_F(DialogosDeSAP, LogonRefusesWhatCanNotBeSentWhole) {
 TEST_F(DialogosDeSAP, TheLastConnectionIsRememberedWithoutAnyPassword) {
     const auto ruta = directorio / "qor-connection.ini";
     const auto recordada = [&] {
-        ParametrosDeLogon leidos;
-        RecuperarConexion(ruta, leidos);
+        EleccionDeLogon leida;
+        RecuperarConexion(ruta, leida);
+        const auto& leidos = leida.parametros;
         return leidos.usuario + "|" + leidos.ruta + "|" + leidos.clave;
     };
-    ParametrosDeLogon parametros;
+    EleccionDeLogon eleccion;
+    auto& parametros = eleccion.parametros;
     parametros.usuario = "SM\xCDTH";
     parametros.clave = "secret";
     const std::pair<const char*, bool> casos[] = {
@@ -165,7 +191,7 @@ TEST_F(DialogosDeSAP, TheLastConnectionIsRememberedWithoutAnyPassword) {
         directorio.Escribir("qor-connection.ini", "[General]\nRouter=/H/old/W/secret\nUser=\\x416\\x416\n");
         EXPECT_EQ(recordada(), "|/H/old/W/secret|");
         parametros.ruta = router;
-        RecordarConexion(ruta, parametros);
+        RecordarConexion(ruta, eleccion);
         EXPECT_EQ(recordada(), "SM\xCDTH|" + std::string(seRecuerda ? router : "") + "|");
         EXPECT_THAT(LeerArchivo(ruta), Not(HasSubstr("secret")));
         EXPECT_EQ(std::filesystem::status(ruta).permissions(), std::filesystem::perms(0600));

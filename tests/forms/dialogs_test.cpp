@@ -87,7 +87,7 @@ protected:
         agregar(new FormTrans(t, {}, nullptr));
         agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
-        agregar(new FormLogon(parametros, t, v, nullptr));
+        agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
         return todos;
     }
 
@@ -95,7 +95,7 @@ protected:
     Preferencias preferencias;
     std::filesystem::path catalogo = datos + "/BAPI46C";
     SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
-    ParametrosDeLogon parametros;
+    EleccionDeLogon eleccion;
 };
 
 QString LetraDeAcceso(const QString& texto) {

@@ -26,7 +26,12 @@ public:
     std::deque<Respuesta> respuestas;
     std::deque<std::filesystem::path> archivos;
 
-    void Mostrar(const Mensaje& mensaje, Icono /*icono*/) override { avisos.push_back(mensaje.Numero()); }
+    std::string ultimo;  // the text of the last message
+
+    void Mostrar(const Mensaje& mensaje, Icono /*icono*/) override {
+        avisos.push_back(mensaje.Numero());
+        ultimo = mensaje.texto;
+    }
     Respuesta Preguntar(const Mensaje& mensaje, Botones /*botones*/) override {
         avisos.push_back(mensaje.Numero());
         return Tomar(respuestas).value_or(Respuesta::Cancelar);

@@ -277,51 +277,7 @@ TEST(Principal, WheelAndScrollBarMoveTheGrids) {
     EXPECT_EQ(p.LaVentana().transaccion.PrimeraFilaTransaccion, ultimaPrimeraFilaTransaccion);
 }
 
-// ---- Start, connection, end ----
-
-class ConexionDePrueba : public AccionesDeConexion {
-public:
-    bool conectado = false;
-    bool Disponible() const override { return true; }
-    bool Conectado() const override { return conectado; }
-    std::string ConnectionStatus() const override { return "Connected to client 100"; }
-    void Logon() override { conectado = true; }
-    void Logoff() override { conectado = false; }
-    void ButtonOnlineSHDB() override {}
-    void ButtonOnlineSM35() override {}
-    void ButtonOnlineAnchos() override {}
-    void ButtonOnlinePublish() override {}
-    void ButtonOnlinePublishLocal() override {}
-    SistemaConectado* Sistema() override { return nullptr; }
-    SesionSAP* Sesion() override { return nullptr; }
-};
-
-TEST(Principal, FilesAndConnectionExcludeEachOther) {
-    ConexionDePrueba* conexion = nullptr;
-    ProgramaDePrueba p([&](const EntornoDeConexion&) {
-        auto nueva = std::make_unique<ConexionDePrueba>();
-        conexion = nueva.get();
-        return nueva;
-    });
-    const auto estado = [&] {
-        std::string texto;
-        for (const char* const nombre : {"ButtonLogon", "ButtonLogoff", "ButtonOnlineSHDB", "ImportTrans", "ImportInfo"}) {
-            texto += p.Control(nombre)->isEnabled() ? '1' : '0';
-        }
-        for (const char* const nombre : {"ConnectionStatus", "Programa"}) texto += p.Control(nombre)->isHidden() ? '0' : '1';
-        return texto;
-    };
-    EXPECT_EQ(estado(), "1001101");
-    // Without a document, the program logs on by itself.
-    p.principal->ActivarPorPrimeraVez({false, ""});
-    EXPECT_EQ(estado(), "0110010");
-    p.Control<QAction>("Logoff")->trigger();
-    EXPECT_EQ(estado(), "1001101");
-    p.Control<QPushButton>("ButtonLogon")->click();
-    EXPECT_EQ(estado(), "0110010");
-    EXPECT_TRUE(p.principal->close());
-    EXPECT_FALSE(conexion->conectado);
-}
+// ---- Start and end ----
 
 TEST(Principal, ADocumentThatCanNotBeOpenedEndsTheProgram) {
     ProgramaDePrueba p;

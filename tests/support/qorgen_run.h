@@ -1,10 +1,12 @@
 #pragma once
 
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "app/command_line.h"
+#include "base/files.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor::pruebas {
@@ -28,6 +30,22 @@ struct QorgenDePrueba {
         salida = enSalida.str();
         errores = enErrores.str();
         return estado;
+    }
+
+    // A command as it is typed.
+    int Q(const std::string& orden) {
+        std::istringstream texto(orden);
+        return Correr({std::istream_iterator<std::string>(texto), {}});
+    }
+
+    // The rows of the program side in a document, without the columns that are blank.
+    std::vector<std::string> FilasDePrograma(const char* documento) const {
+        std::vector<std::string> filas;
+        const std::string texto = LeerArchivo(directorio / documento);
+        for (const auto linea : PartirEnLineas(texto)) {
+            if (linea.starts_with("2,")) filas.emplace_back(linea.substr(2, linea.find(",\"\",\"\",\"\",\"\"") - 2));
+        }
+        return filas;
     }
 };
 

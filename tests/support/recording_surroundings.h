@@ -76,6 +76,16 @@ public:
     ResultadoDeTransaccion resultado;
 };
 
+class ProgramasDePrueba : public Programas {
+public:
+    bool Insertar(std::string_view nombre, std::span<const std::string> lineas) override {
+        for (const auto& linea : lineas) pedidos.push_back(std::string(nombre) + ": " + linea);
+        return !lineas.empty();
+    }
+
+    std::vector<std::string> pedidos;
+};
+
 class ListaDePrueba : public SalidaDeLista {
 public:
     void Linea(std::string_view linea) override { lineas.emplace_back(linea); }
@@ -102,9 +112,10 @@ struct AlrededoresDePrueba {
     ArchivosDePrueba archivos;
     FuncionesDePrueba funciones;
     TransaccionesDePrueba transacciones;
+    ProgramasDePrueba programas;
     ListaDePrueba lista;
     SeguimientoDePrueba seguimiento;
-    Entorno entorno{diccionario, base, archivos, funciones, transacciones, lista, seguimiento, {"20240229", "123456"}};
+    Entorno entorno{diccionario, base, archivos, funciones, transacciones, programas, lista, seguimiento, {"20240229", "123456"}};
 };
 
 }  // namespace qor::abap
