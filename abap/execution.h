@@ -15,6 +15,8 @@ namespace qor::abap {
 
 class Programa;
 class Maquina;
+struct Rutina;
+struct Marco;
 
 // Why a report does not compile.
 struct FaltaDePrograma {
@@ -53,6 +55,35 @@ enum class FinDeReporte {
     Detenido,    // Seguimiento::Detener said so
 };
 
+// A FORM that comes to its end, as it is seen from outside.
+class FormaTerminada {
+public:
+    FormaTerminada(const Rutina& rutina, const Marco& marco, int linea) : rutina_(rutina), marco_(marco), linea_(linea) {}
+
+    std::string_view Nombre() const;
+    // The line of the report that called it.
+    int Linea() const { return linea_; }
+    // What a parameter stands for, TABLES first; without bytes where it is a table without header line.
+    Campo Parametro(std::size_t i) const;
+
+private:
+    const Rutina& rutina_;
+    const Marco& marco_;
+    int linea_;
+};
+
+// Who looks on while a report runs, statement by statement. That takes time, so a run has one only where it was asked for.
+class Perfil {
+public:
+    virtual ~Perfil() = default;
+
+    // A statement that begins in that line runs.
+    virtual void Sentencia(int linea) = 0;
+    // The LOOP AT of that line comes to a row of its table, from 1.
+    virtual void Fila(int linea, std::size_t fila) = 0;
+    virtual void Vuelta(const FormaTerminada& forma) = 0;
+};
+
 // One run of a program. Data objects live as long as it does.
 class Ejecucion {
 public:
@@ -61,6 +92,9 @@ public:
     ~Ejecucion();
     Ejecucion(const Ejecucion&) = delete;
     Ejecucion& operator=(const Ejecucion&) = delete;
+
+    // Who looks on from here on; null, as at first, for nobody.
+    void PonerPerfil(Perfil* perfil);
 
     // The event INITIALIZATION. Throws Volcado, as all that runs.
     void Iniciar();
@@ -83,6 +117,9 @@ public:
 
     // The line of the report whose statement runs, or ran last.
     int Linea() const;
+
+    // How many rows the main loop has had in front of it, as far as it was entered.
+    std::size_t FilasPrincipales() const;
 
     // The internal tables of step-loops (ITABSL_n with or without the prefix of the naming conventions), by their names.
     std::vector<std::pair<std::string, const TablaInterna*>> TablasDeGrupos();

@@ -9,6 +9,8 @@
 
 #include "app/command.h"
 #include "app/console_view.h"
+#include "app/data_commands.h"
+#include "app/data_convert_command.h"
 #include "app/data_directory.h"
 #include "app/language.h"
 #include "app/run_command.h"
@@ -43,6 +45,7 @@ public:
         AgregarComandosDeDocumento(ordenes);
         AgregarComandosDeBAPI(ordenes);
         AgregarComandosDeDatos(ordenes);
+        AgregarComandosDeConversion(AgregarComandosDeEntrada(ordenes));
         AgregarComandosDeSAP(ordenes);
         AgregarComandoSystem(ordenes);
         AgregarComandoRun(ordenes);

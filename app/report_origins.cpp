@@ -21,11 +21,15 @@ std::string TablaDeLugar(const Lugar& lugar) {
 
 }  // namespace
 
-OrigenDeLinea OrigenesDelReporte::De(int linea) const {
+Lugar OrigenesDelReporte::LugarDe(int linea) const {
     const auto detras = std::upper_bound(tramos_.begin(), tramos_.end(), linea - 1,
                                          [](int primera, const TramoDeOrigen& tramo) { return primera < tramo.primeraLinea; });
     if (linea < 1 || detras == tramos_.begin()) return {};
-    const Lugar lugar = std::prev(detras)->lugar;
+    return std::prev(detras)->lugar;
+}
+
+OrigenDeLinea OrigenesDelReporte::De(int linea) const {
+    const Lugar lugar = LugarDe(linea);
     if (lugar.parte == Lugar::Parte::Ninguna) return {};
     return {{TablaDeLugar(lugar), lugar.fila, lugar.columna}, TextoDeLugar(lugar)};
 }

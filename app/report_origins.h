@@ -15,6 +15,7 @@ public:
 
     // `linea` counts from 1.
     OrigenDeLinea De(int linea) const;
+    Lugar LugarDe(int linea) const;
 
 private:
     std::vector<TramoDeOrigen> tramos_;

@@ -53,6 +53,9 @@ void Deshacer(Ventana& ventana) {
         DeshacerEnArchivo(ventana, *registro, *archivo);
     } else if (const auto* const transaccion = std::get_if<FilaDeTransaccion>(&registro->antes)) {
         DeshacerEnTransaccion(ventana, *registro, *transaccion);
+    } else if (const auto* const lado = std::get_if<std::vector<FilaDeArchivo>>(&registro->antes)) {
+        ventana.documento.especificacion.TablaArchivo = *lado;
+        MostrarArchivo(ventana, 0);
     } else {
         ventana.documento.especificacion.TablaTransaccion = std::get<std::vector<FilaDeTransaccion>>(registro->antes);
         MostrarTablaNueva(ventana);

@@ -15,8 +15,8 @@ struct RegistroDeshacer {
     Paso paso = Paso::Cambio;
     int linea = 0;        // line of the grid at that moment
     int primeraFila = 0;  // offset of the grid at that moment
-    // The row; or the whole program side, where it was changed as a whole.
-    std::variant<FilaDeArchivo, FilaDeTransaccion, std::vector<FilaDeTransaccion>> antes;
+    // The row; or the whole side, where it was changed as a whole.
+    std::variant<FilaDeArchivo, FilaDeTransaccion, std::vector<FilaDeArchivo>, std::vector<FilaDeTransaccion>> antes;
 
     int FilaDeLaTabla() const { return primeraFila + linea; }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -58,6 +59,10 @@ public:
     // The run was asked to end.
     bool Parado() const { return parado_; }
     // The record that is worked on has failed.
+    bool Fallado() const { return fallado_; }
+    // How much the journal holds so far, in bytes; nothing where there is none.
+    std::uint64_t LugarEnDiario() const { return diario_ == nullptr ? 0 : diario_->Largo(); }
+    // Lets the record that is worked on fail.
     void Fallar();
     // A run-time error ended the run.
     void Volcar(const VolcadoDicho& volcado, const OrigenEnDiario& origen);

@@ -56,6 +56,12 @@ std::optional<Explicaciones::Procedencia> Explicaciones::Buscar(const FalloDeReg
     return procedencia;
 }
 
+Lugar Explicaciones::CeldaDe(const FalloDeRegistro& fallo) const {
+    const auto procedencia = Buscar(fallo);
+    if (!procedencia) return {};
+    return Lugar::EnPrograma(procedencia->fila, fallo.lugar.campo.empty() ? 1 : 3);
+}
+
 // The row of the field on that screen of that transaction, or in that BAPI; the row of the screen where no field failed. A field
 // with a row number is looked for as it was sent first: step-loops send numbers that their rows don't have.
 int Explicaciones::BuscarFila(const FalloDeRegistro& fallo) const {

@@ -7,9 +7,10 @@
 
 #include "model/naming.h"
 #include "model/options.h"
+#include "model/place.h"
+#include "model/record_layout.h"
 #include "model/specification.h"
 #include "practice/failures.h"
-#include "practice/record_layout.h"
 #include "practice/record_lines.h"
 
 namespace qor {
@@ -29,6 +30,9 @@ public:
     void PonerArchivos(ArchivoDeGrupo archivo);
 
     std::vector<std::string> De(const FalloDeRegistro& fallo);
+
+    // The cell of the program side whose value or screen failed; Parte::Ninguna where that is not known.
+    Lugar CeldaDe(const FalloDeRegistro& fallo) const;
 
     // What the report reads a group's records from; 0 is the main record. Empty where it reads no file.
     std::string VariableDeArchivo(int grupo, const ConvencionesDeNombres& nombres) const;

@@ -5,8 +5,8 @@
 #include <unordered_map>
 
 #include "abap/surroundings.h"
+#include "base/piecewise_reader.h"
 #include "practice/file_names.h"
-#include "practice/piecewise_reader.h"
 #include "practice/value_lists.h"
 
 namespace qor {

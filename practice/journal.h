@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -55,6 +56,9 @@ public:
     void Mensaje(std::size_t registro, char tipo, std::string_view texto);
     void Volcado(std::size_t registro, const VolcadoDicho& volcado, const OrigenEnDiario& origen);
     void Final(std::size_t registros, std::size_t contabilizados, std::size_t fallados);
+
+    // How many bytes were told so far; of the file, once it has begun.
+    std::uint64_t Largo() const { return escritos_ + bloque_.size(); }
 
     // Writes what is still in the buffer, and closes.
     void Terminar();

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "practice/record_layout.h"
+#include "model/record_layout.h"
 
 namespace qor {
 

@@ -81,7 +81,8 @@ private:
     bool Ejecutar(abap::Ejecucion& ejecucion) {
         auto fin = abap::FinDeReporte::Normal;
         const bool bien = ConVolcado(ejecucion, [&] { fin = ejecucion.Correr(); });
-        if (bien && fin == abap::FinDeReporte::Abandonado)
+        const bool enMedio = fin == abap::FinDeReporte::Detenido && curso_.RegistroActual() != 0;
+        if (bien && (fin == abap::FinDeReporte::Abandonado || enMedio))
             sistema_.AbandonarUnidad();
         else if (bien)
             sistema_.TerminarUnidad();

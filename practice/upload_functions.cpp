@@ -7,10 +7,10 @@
 
 #include "abap/values/conversion.h"
 #include "base/failure.h"
+#include "base/piecewise_reader.h"
 #include "base/text.h"
 #include "practice/batch_rows.h"
 #include "practice/function_parameters.h"
-#include "practice/piecewise_reader.h"
 
 namespace qor {
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Every #include of the rooms leads to the left:
-#     base < model < generator < editor, sap, bapi, dataset, print, findings < app
+#     base < model < generator < editor, sap, bapi, dataset, print, findings, input < app
 #     base < abap < findings
 #     abap, model, sap, bapi < practice < app
 # Between the rooms of one column there are only the arrows that are listed here; docs/architecture.md gives the reason of each.
@@ -11,10 +11,10 @@ cd "${1:-$(dirname "$0")/..}"
 
 declared="bapi>sap"
 
-mapfile -t files < <(find base model abap generator editor sap bapi dataset print findings practice app -name '*.h' -o -name '*.cpp' | sort)
+mapfile -t files < <(find base model abap generator editor sap bapi dataset print findings input practice app -name '*.h' -o -name '*.cpp' | sort)
 awk -v declared="$declared" '
 BEGIN {
-    split("base:1 model:2 abap:2 generator:3 editor:4 sap:4 bapi:4 dataset:4 print:4 findings:4 practice:5 app:6", columns, " ")
+    split("base:1 model:2 abap:2 generator:3 editor:4 sap:4 bapi:4 dataset:4 print:4 findings:4 input:4 practice:5 app:6", columns, " ")
     for (i in columns) {
         split(columns[i], part, ":")
         column[part[1]] = part[2]

@@ -1,4 +1,4 @@
-#include "dataset/line_index.h"
+#include "base/line_index.h"
 
 #include <gmock/gmock.h>
 

@@ -63,6 +63,7 @@ void Compilador::Emitir(std::unique_ptr<Instruccion> instruccion) {
         throw FallaDeSentencia{palabraDeSentencia_, "nothing can stand between CASE and its first WHEN"};
     }
     instruccion->linea = lineaDeSentencia_;
+    instruccion->primera = std::exchange(empiezaSentencia_, false);
     rutina.codigo.push_back(std::move(instruccion));
 }
 
@@ -110,6 +111,7 @@ void Compilador::Leer(const Sentencia& sentencia) {
     if (sentencia.comaSuelta != nullptr) throw FallaDeSentencia{*sentencia.comaSuelta, "a comma without a colon in front"};
     palabraDeSentencia_ = *sentencia.primera;
     lineaDeSentencia_ = lineaDeMacro_ != 0 ? lineaDeMacro_ : sentencia.primera->linea;
+    empiezaSentencia_ = true;
     Lectura l(sentencia.palabras);
     if (EsMacro(l.Primera().clave)) return LlamarMacro(sentencia);
     if (l.Es("="_c, 1)) {

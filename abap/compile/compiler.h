@@ -259,6 +259,7 @@ private:
     bool sinBloques_ = false;  // the beginning of one could not be read
     Palabra palabraDeSentencia_;
     int lineaDeSentencia_ = 0;
+    bool empiezaSentencia_ = false;
     int lineaDeMacro_ = 0;  // where the macro is called whose text is read; 0 outside
     int honduraDeMacros_ = 0;
     LectorDeSentencias* lector_ = nullptr;

@@ -53,7 +53,8 @@ public:
             if (fila == tabla.Filas()) return destino;
             estado.pasada.siguiente = fila + 1;
             if (tabla.Vigilada()) tabla.Encontrar(fila);
-        } while (suyo.principal && !maquina.EmpezarRegistro(fila + 1));
+        } while (suyo.principal && !maquina.EmpezarRegistro(fila + 1, tabla.Filas()));
+        maquina.MostrarFila(fila);
         if (suyo.conNiveles) PrepararNiveles(estado, tabla, fila);
         estado.alguna = true;
         maquina.PonerTabix(fila + 1);

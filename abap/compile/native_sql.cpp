@@ -50,7 +50,8 @@ private:
         try {
             while (filas.Siguiente(fila)) {
                 ++cuantas;
-                if (registros && !maquina.EmpezarRegistro(static_cast<std::size_t>(cuantas))) continue;
+                const auto numero = static_cast<std::size_t>(cuantas);
+                if (registros && !maquina.EmpezarRegistro(numero, numero)) continue;
                 Poner(maquina, fila);
                 maquina.Llamar(*s_.forma);
             }

@@ -38,11 +38,8 @@ void PonerRango(TablaInterna& rango, const Campo& bajo, const Campo& alto) {
 }  // namespace
 
 Maquina::Maquina(std::shared_ptr<const Programa> programa, Entorno& entorno, std::int64_t limite)
-    : programa_(std::move(programa)),
-      entorno_(entorno),
-      lista_(entorno.lista, programa_->anchoDeLista),
-      limite_(limite),
-      cuenta_(limite) {
+    : programa_(std::move(programa)), entorno_(entorno), lista_(entorno.lista, programa_->anchoDeLista), limite_(limite) {
+    PonerTramo();
     PrepararMarco(global_, programa_->global);
     libres_.resize(programa_->rutinas.size());
     const Estructura& sy = EstructuraSY();
@@ -214,7 +211,8 @@ void Maquina::SoltarSimbolos(const Rutina& rutina, const Marco& marco) {
 
 // ---- Running ----
 
-bool Maquina::EmpezarRegistro(std::size_t numero) {
+bool Maquina::EmpezarRegistro(std::size_t numero, std::size_t todos) {
+    registros_ = todos;
     if (entorno_.seguimiento.Detener()) throw SaltoDeReporte{SaltoDeReporte::Adonde::Detenido};
     Progreso();
     enRegistro_ = true;
@@ -226,10 +224,34 @@ void Maquina::TerminarRegistros() {
     entorno_.seguimiento.FinDeRegistros();
 }
 
-// Now and then, between two statements.
+// Statements are counted in stretches: so many that the limit is met exactly, and so few that who wants to end the run is heard,
+// also in a loop that shows progress without an end.
+void Maquina::PonerTramo() {
+    tramo_ = std::min(sentenciasEntrePreguntas, limite_ - gastadas_);
+    cuenta_ = tramo_;
+}
+
+// Between two stretches.
 void Maquina::Atender() {
-    if (cuenta_ <= 0) throw Volcado("TIME_OUT", "Too many statements without a record or another sign of progress");
-    if (!enRegistro_ && entorno_.seguimiento.Detener()) throw SaltoDeReporte{SaltoDeReporte::Adonde::Detenido};
+    gastadas_ += tramo_;
+    if (gastadas_ >= limite_) throw Volcado("TIME_OUT", "Too many statements without a record or another sign of progress");
+    PonerTramo();
+    if (entorno_.seguimiento.Detener()) throw SaltoDeReporte{SaltoDeReporte::Adonde::Detenido};
+}
+
+template <bool conPerfil>
+void Maquina::Recorrer(const Rutina& rutina) {
+    const auto& codigo = rutina.codigo;
+    const std::size_t fin = codigo.size();
+    for (std::size_t i = 0; i < fin;) {
+        const Instruccion& instruccion = *codigo[i];
+        actual_ = &instruccion;
+        if (--cuenta_ <= 0) Atender();
+        if constexpr (conPerfil) {
+            if (instruccion.primera) perfil_->Sentencia(instruccion.linea);
+        }
+        i = instruccion.Ejecutar(*this, i + 1);
+    }
 }
 
 void Maquina::Ejecutar(const Rutina& rutina, Marco& marco) {
@@ -245,14 +267,10 @@ void Maquina::Ejecutar(const Rutina& rutina, Marco& marco) {
     const Vuelta vuelta{*this, marco_};
     ++hondura_;
     marco_ = &marco;
-    const auto& codigo = rutina.codigo;
-    const std::size_t fin = codigo.size();
-    for (std::size_t i = 0; i < fin;) {
-        const Instruccion& instruccion = *codigo[i];
-        actual_ = &instruccion;
-        if (--cuenta_ <= 0 || (cuenta_ & (sentenciasEntrePreguntas - 1)) == 0) Atender();
-        i = instruccion.Ejecutar(*this, i + 1);
-    }
+    if (perfil_ != nullptr)
+        Recorrer<true>(rutina);
+    else
+        Recorrer<false>(rutina);
 }
 
 void Maquina::Llamar(const Rutina& rutina, std::span<const Argumento> argumentos) {
@@ -277,6 +295,7 @@ void Maquina::Llamar(const Rutina& rutina, std::span<const Argumento> argumentos
     const Instruccion* llamada = actual_;
     Ejecutar(rutina, *marco);
     actual_ = llamada;
+    if (perfil_ != nullptr) perfil_->Vuelta({rutina, *marco, Linea()});
     for (std::size_t i = 0; i < argumentos.size(); ++i) {
         const auto& formal = rutina.formales[i];
         if (formal.devuelve && argumentos[i].operando)
@@ -394,6 +413,14 @@ Ejecucion::Ejecucion(std::shared_ptr<const Programa> programa, Entorno& entorno,
     : maquina_(std::make_unique<Maquina>(std::move(programa), entorno, limite)) {}
 Ejecucion::~Ejecucion() = default;
 
+std::string_view FormaTerminada::Nombre() const { return rutina_.nombre; }
+
+Campo FormaTerminada::Parametro(std::size_t i) const {
+    return i < rutina_.formales.size() ? marco_.enlaces[rutina_.formales[i].casilla].campo : Campo{};
+}
+
+void Ejecucion::PonerPerfil(Perfil* perfil) { maquina_->PonerPerfil(perfil); }
+std::size_t Ejecucion::FilasPrincipales() const { return maquina_->Registros(); }
 void Ejecucion::Iniciar() { maquina_->Iniciar(); }
 std::vector<ParametroDePantalla>& Ejecucion::Parametros() { return maquina_->Parametros(); }
 FinDeReporte Ejecucion::Correr() { return maquina_->Correr(); }

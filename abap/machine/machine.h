@@ -103,11 +103,17 @@ public:
     Entorno& Alrededor() { return entorno_; }
     Lista& Salida() { return lista_; }
     const Programa& Suyo() const { return *programa_; }
-    void Progreso() { cuenta_ = limite_; }
+    void Progreso() { gastadas_ = cuenta_ - tramo_; }
     int Linea() const { return actual_ == nullptr ? 0 : actual_->linea; }
     // The main loop comes to a row; false where it is to be passed over. Throws SaltoDeReporte where the run is to end.
-    bool EmpezarRegistro(std::size_t numero);
+    bool EmpezarRegistro(std::size_t numero, std::size_t todos);
     void TerminarRegistros();
+    std::size_t Registros() const { return registros_; }
+    void PonerPerfil(Perfil* perfil) { perfil_ = perfil; }
+    // A LOOP AT has come to a row, from 0.
+    void MostrarFila(std::size_t fila) {
+        if (perfil_ != nullptr) perfil_->Fila(Linea(), fila + 1);
+    }
 
     std::vector<ParametroDePantalla>& Parametros() { return parametros_; }
     Marco& Global() { return global_; }
@@ -123,6 +129,9 @@ private:
     std::int32_t EnteroSY(std::uint32_t lugar) const { return Leer32(global_.datos.get() + lugar); }
     void PonerEnteroSY(std::uint32_t lugar, std::int32_t valor) { std::memcpy(global_.datos.get() + lugar, &valor, sizeof valor); }
     void Atender();
+    void PonerTramo();
+    template <bool conPerfil>
+    void Recorrer(const Rutina& rutina);
     void GuardarGlobales(const Rutina& rutina, Marco& marco);
     void SoltarSimbolos(const Rutina& rutina, const Marco& marco);
     void DevolverGlobales(const Rutina& rutina, Marco& marco);
@@ -142,7 +151,11 @@ private:
     Lista lista_;
     std::vector<ParametroDePantalla> parametros_;
     std::int64_t limite_ = 0;
-    std::int64_t cuenta_ = 0;  // statements that may still come without progress
+    std::int64_t gastadas_ = 0;  // statements without progress, up to the beginning of the present stretch
+    std::int64_t tramo_ = 0;     // statements of the present stretch,
+    std::int64_t cuenta_ = 0;    // and those of it that are still to come
+    std::size_t registros_ = 0;  // rows of the main loop
+    Perfil* perfil_ = nullptr;
     const Instruccion* actual_ = nullptr;
     int hondura_ = 0;
     bool enRegistro_ = false;

@@ -27,7 +27,8 @@ public:
     // Does its work and answers the number of the instruction that comes next: `siguiente`, or where it jumps to.
     virtual std::size_t Ejecutar(Maquina& maquina, std::size_t siguiente) const = 0;
 
-    int linea = 0;  // of the report, where its statement begins
+    int linea = 0;         // of the report, where its statement begins
+    bool primera = false;  // of its statement
 };
 
 // Where a routine ends: the number of an instruction that is none.

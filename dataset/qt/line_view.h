@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "dataset/line_index.h"
+#include "base/line_index.h"
 
 namespace qor {
 

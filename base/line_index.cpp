@@ -1,6 +1,8 @@
-#include "dataset/line_index.h"
+#include "base/line_index.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 #include "base/failure.h"
 
@@ -11,6 +13,11 @@ namespace {
 constexpr std::size_t bytesPorPaso = std::size_t{1} << 20;
 constexpr std::size_t bytesPorLectura = std::size_t{1} << 16;
 constexpr std::size_t lineasPorMarca = 256;
+
+const char* BuscarCaracter(const char* desde, const char* hasta, char caracter) {
+    const auto* lugar = static_cast<const char*>(std::memchr(desde, caracter, static_cast<std::size_t>(hasta - desde)));
+    return lugar ? lugar : hasta;
+}
 
 }  // namespace
 
@@ -31,20 +38,29 @@ bool IndiceDeLineas::Avanzar() {
     std::vector<Marca> nuevas;
     std::size_t lineas = Lineas();
     std::uint64_t ultima = marcas_.empty() ? 0 : marcas_.back().lugar;
-    for (std::size_t i = 0; i < llenos; ++i) {
-        const char c = bloque_[i];
-        const bool segundoDeCrLf = trasCR_ && c == '\n';
-        trasCR_ = c == '\r';
-        if (segundoDeCrLf) continue;
+    const char* const desde = bloque_.data();
+    const char* const fin = desde + llenos;
+    const char* aqui = desde;
+    const char* saltoLF = nullptr;  // the next one of each kind at or behind `aqui`; each is looked for once
+    const char* saltoCR = nullptr;
+    if (llenos > 0 && std::exchange(trasCR_, false) && *aqui == '\n') ++aqui;
+    while (aqui < fin) {
         if (alInicio_) {
-            const std::uint64_t lugar = leidos_ + i;
+            const std::uint64_t lugar = leidos_ + static_cast<std::uint64_t>(aqui - desde);
             if (lineas % lineasPorMarca == 0 || lugar - ultima > bytesPorPaso) {
                 nuevas.push_back({lineas, lugar});
                 ultima = lugar;
             }
             ++lineas;
         }
-        alInicio_ = c == '\n' || c == '\r';
+        if (saltoLF < aqui) saltoLF = BuscarCaracter(aqui, fin, '\n');
+        if (saltoCR < aqui) saltoCR = BuscarCaracter(aqui, fin, '\r');
+        aqui = std::min(saltoLF, saltoCR);
+        alInicio_ = aqui < fin;
+        if (!alInicio_) break;
+        const bool esCR = *aqui++ == '\r';
+        trasCR_ = esCR && aqui == fin;
+        if (esCR && aqui < fin && *aqui == '\n') ++aqui;
     }
     leidos_ += llenos;
     const std::lock_guard guarda(candado_);

@@ -1,4 +1,4 @@
-#include "practice/record_layout.h"
+#include "model/record_layout.h"
 
 #include <algorithm>
 
@@ -28,6 +28,10 @@ bool DisenoDeRegistros::Pertenece(int filaDeArchivo, int grupo) const {
     return clase == ClaseCampo::Clave || clase == (grupo == 0 ? ClaseCampo::Ninguna : ClaseCampo::DelGrupo);
 }
 
+bool DisenoDeRegistros::EsClave(int filaDeArchivo, int grupo) const {
+    return operaciones_.ClaseCampoEnOperacion(filaDeArchivo, grupo) == ClaseCampo::Clave;
+}
+
 DisenoDeRegistros::Sitio DisenoDeRegistros::SitioDe(int filaDeArchivo, int grupo) const {
     const auto ancho = [this](int f) {
         return static_cast<std::size_t>(std::max(0.0, Numero(especificacion_.TablaArchivo[static_cast<std::size_t>(f)].ancho)));
@@ -54,7 +58,7 @@ std::vector<int> DisenoDeRegistros::Claves(int grupo) const {
     std::vector<int> claves;
     const int filas = especificacion_.FilasArchivo();
     for (int f = 0; f < filas; ++f) {
-        if (operaciones_.ClaseCampoEnOperacion(f, grupo) == ClaseCampo::Clave) claves.push_back(f);
+        if (EsClave(f, grupo)) claves.push_back(f);
     }
     return claves;
 }

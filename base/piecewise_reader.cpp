@@ -1,4 +1,4 @@
-#include "practice/piecewise_reader.h"
+#include "base/piecewise_reader.h"
 
 #include <algorithm>
 #include <cstring>

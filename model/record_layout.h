@@ -36,9 +36,11 @@ public:
     // The rows of the file side that tell to which main record a line of the group belongs.
     std::vector<int> Claves(int grupo) const;
 
-private:
+    // Whether the field of a row of the file side is part of a group's records, and whether it is a key of them.
     bool Pertenece(int filaDeArchivo, int grupo) const;
+    bool EsClave(int filaDeArchivo, int grupo) const;
 
+private:
     const Especificacion& especificacion_;
     const Opciones& opciones_;
     Operaciones operaciones_;
