@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "abap/values/conversion.h"
+#include "app/journal_compare.h"
 #include "app/output_check.h"
 #include "app/practice_file.h"
+#include "app/private_directory.h"
 #include "app/repetition.h"
 #include "app/report_origins.h"
 #include "app/run_view.h"
@@ -43,6 +45,7 @@ struct Argumentos {
     std::optional<std::string> valores;
     std::optional<std::string> sistema;
     std::optional<std::string> diario;
+    std::optional<std::string> esperado;
     std::int64_t limite = 100'000'000;
 };
 
@@ -114,7 +117,9 @@ OpcionesDeSistema LeerOpcionesDeSistema(const ContextoDeComando& contexto, const
     for (const auto& archivo : {argumentos.documento, argumentos.reporte}) {
         if (archivo) opciones.ajenos.emplace_back(*archivo);
     }
-    if (argumentos.diario) opciones.ajenos.emplace_back(*argumentos.diario);
+    for (const auto& archivo : {argumentos.diario, argumentos.esperado}) {
+        if (archivo) opciones.ajenos.emplace_back(*archivo);
+    }
     if (const auto* especificacion = programa.LaEspecificacion()) {
         for (int i = 0; i < especificacion->FilasBAPIs(); ++i) opciones.bapis.push_back(especificacion->TablaBAPIs[i].nombre);
     }
@@ -127,7 +132,7 @@ void ChequearDiario(const Argumentos& argumentos, const OpcionesDeSistema& opcio
     std::vector<fs::path> leidos(argumentos.grabaciones.begin(), argumentos.grabaciones.end());
     for (const auto& archivo : opciones.archivos) leidos.push_back(archivo.ruta);
     for (const auto& [nombre, archivo] : opciones.tablas) leidos.push_back(archivo);
-    for (const auto& archivo : {argumentos.documento, argumentos.reporte}) {
+    for (const auto& archivo : {argumentos.documento, argumentos.reporte, argumentos.esperado}) {
         if (archivo) leidos.emplace_back(*archivo);
     }
     if (!opciones.archivo.empty()) {
@@ -185,6 +190,32 @@ std::string ArchivoDelGrupo(abap::Ejecucion& ejecucion, const std::string& nombr
     return ruta ? ruta->string() : std::string();
 }
 
+// The journal that --expect names is looked through before anything runs.
+bool SirveElEsperado(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    if (!argumentos.esperado) return true;
+    try {
+        ChequearDiarioEsperado(*argumentos.esperado);
+        return true;
+    } catch (const FalloDeArchivo& fallo) {
+        contexto.vista.Advertir(ConDetalle(MensajeLiteral("The expected journal can't be used; nothing was run."), fallo));
+        return false;
+    }
+}
+
+bool EsComoSeEsperaba(const Argumentos& argumentos, const fs::path& diario, VistaDeTerminal& vista) {
+    const std::string nombre = TextoDeRuta(*argumentos.esperado);
+    const auto diferencias = CompararDiarios(*argumentos.esperado, diario);
+    for (const auto& diferencia : diferencias.primeras) vista.Aviso(diferencia);
+    if (diferencias.cuantas == 0) {
+        vista.Aviso("The journal is as in " + nombre + ".");
+    } else {
+        vista.Aviso(std::to_string(diferencias.cuantas) +
+                    (diferencias.cuantas == 1 ? " event is not as in " : " events are not as in ") + nombre +
+                    (diferencias.hayMas ? "; the first ones are told." : "."));
+    }
+    return diferencias.cuantas == 0;
+}
+
 bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (argumentos.limite <= 0) throw MalUso("--limit: a number from 1 on");
     const auto tramo = LeerTramoPedido(argumentos);
@@ -199,6 +230,7 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (!TomarPrograma(contexto, argumentos, programa)) return false;
     auto opciones = LeerOpcionesDeSistema(contexto, argumentos, programa);
     ChequearDiario(argumentos, opciones);
+    if (!SirveElEsperado(contexto, argumentos)) return false;
     opciones.guardaSesiones = !opciones.archivo.empty() || SistemaDePractica::LeeSesiones(programa.texto);
 
     Explicaciones explicaciones(programa.LaEspecificacion(), programa.LasOpciones(), TextoDeRuta(opciones.valores));
@@ -207,7 +239,9 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     SistemaDePractica sistema(opciones, curso, curso);
     const auto nombres = SetearConvencionesDeNombres(contexto.ajustes.preferencias);
     Repeticion repeticion(BuscarTablaDeErrores(programa.texto).value_or(UsoDeTablaDeErrores()).nombre, nombres);
+    bool empezado = false;
     vista.AlEmpezar([&](abap::Ejecucion& ejecucion) {
+        empezado = true;
         explicaciones.EsRepeticion(repeticion.EsRepeticion(ejecucion));
         explicaciones.PonerArchivos(
             [&](int grupo) { return ArchivoDelGrupo(ejecucion, explicaciones.VariableDeArchivo(grupo, nombres), sistema); });
@@ -215,7 +249,11 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     vista.AlTerminar([&](abap::Ejecucion& ejecucion) { repeticion.Anotar(ejecucion); });
 
     pedido.reporte = programa.texto;
-    if (argumentos.diario) pedido.diario = *argumentos.diario;
+    std::optional<DirectorioPrivado> propio;
+    if (argumentos.diario)
+        pedido.diario = *argumentos.diario;
+    else if (argumentos.esperado)
+        pedido.diario = propio.emplace().Ruta() / "journal";
     pedido.limite = argumentos.limite;
     pedido.todosLosRegistros = tramo.Todos();
     pedido.origen = [&programa](int linea) { return programa.origenes.De(linea); };
@@ -224,7 +262,9 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
         if (curso.Cuenta().fallados > 0) {
             for (const auto& paso : repeticion.Pasos(programa.que, opciones.archivo.string())) contexto.errores << paso << '\n';
         }
-        return bien;
+        if (!argumentos.esperado || !empezado) return bien;
+        // Failures that were expected are none.
+        return EsComoSeEsperaba(argumentos, *pedido.diario, vista) && !curso.Parado() && !curso.Cuenta().archivoSinLeer;
     } catch (const ParametroImposible& imposible) {
         throw MalUso(std::string("--param: ") + AUtf8(imposible.what()));
     }
@@ -237,7 +277,9 @@ void AgregarComandoRun(Ordenes ordenes) {
     auto* const orden = ordenes.programa.add_subcommand("run", "Run the report of a document on a practice system");
     orden->footer(
         "The list of the report and a line that counts go to the standard output, what fails to the error output.\n"
-        "Exit status 0 means that the report ran to its end, at least one record took part and none failed.");
+        "Exit status 0 means that the report ran to its end, at least one record took part and none failed; with --expect, that\n"
+        "the journal is the expected one. Reports that work with the day and the time run alike each time with SOURCE_DATE_EPOCH "
+        "set.");
     auto* const fuente = orden->add_option_group("Report", "What to run");
     fuente->require_option(1);
     fuente->add_option("DOCUMENT", argumentos->documento, "A .qor document, whose report is generated in memory");
@@ -261,6 +303,10 @@ void AgregarComandoRun(Ordenes ordenes) {
                      "File of the practice system; by default one in memory, of --program your own")
         ->type_name("FILE");
     orden->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")->type_name("FILE");
+    orden
+        ->add_option("--expect", argumentos->esperado,
+                     "Compare the journal with a stored one, and end with status 1 where they differ")
+        ->type_name("FILE");
     orden->add_option("--limit", argumentos->limite, "Statements without a new record or event; by default 100 million")
         ->type_name("N");
     orden->callback([argumentos, &comando = ordenes.comando] {

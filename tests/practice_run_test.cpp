@@ -391,6 +391,84 @@ TEST(Run, KeepsItsOwnFilesFromTheReport) {
     EXPECT_THAT(qorgen.errores, HasSubstr("../x"));
 }
 
+// --expect tells in words what is not as in a stored journal, and looks at that one before anything runs.
+TEST(Run, ComparesItsJournalWithAnExpectedOne) {
+    const std::string inicio = R"({"event":"start","report":"ZLOAD","parameters":{"FILE":"c:\\x.txt"}})"
+                               "\n";
+    const std::string final = R"({"event":"end","records":2,"posted":2,"failed":0})"
+                              "\n";
+    const auto transaccion = [](const std::string& registro, const std::string& campos, const std::string& mensaje) {
+        return R"({"event":"transaction","record":)" + registro +
+               R"(,"tcode":"MM01","mode":"N","update":"S","screens":[{"program":"SAPX","dynpro":"0100","fields":[)" + campos +
+               R"(]}],"subrc":0,"messages":[{"type":"S","id":"00","number":"355","text":")" + mensaje + "\"}]}\n";
+    };
+    const std::string bien = "Transaction was processed";
+    const auto campo = [](const std::string& valor) { return R"(["RM-MATNR",")" + valor + "\"]"; };
+    const std::string uno = transaccion("1", campo("A1"), bien);
+    const std::string dos = transaccion("2", campo("B2"), bien);
+    const struct {
+        std::string esperado;
+        std::vector<std::string> argumentos;
+        int estado;
+        std::string errores;
+    } casos[] = {
+        {inicio + uno + dos + final, {}, 0, "The journal is as in D/e.\n"},
+        {inicio + uno + transaccion("2", campo("B9") + R"(,["F","v"])", "Done") + final,
+         {"--journal", "D/j"},
+         1,
+         "record 2, event 1, transaction MM01, SAPX 0100, RM-MATNR: \"B2\" instead of \"B9\"\n"
+         "record 2, event 1, transaction MM01, SAPX 0100, F: \"v\" is missing\n"
+         "record 2, event 1, transaction MM01, message: \"S 00 355 Transaction was processed\" instead of \"S 00 355 Done\"\n"
+         "1 event is not as in D/e.\n"},
+        // A record too many or too few leaves the others alone.
+        {inicio + transaccion("1", campo("A1"), bien) +
+             R"({"event":"commit","record":1})"
+             "\n" +
+             transaccion("3", campo("C3"), bien) + final,
+         {},
+         1,
+         "record 1, event 2, commit is missing\nrecord 2, event 1, transaction MM01 is not expected\n"
+         "record 3, event 1, transaction MM01 is missing\n3 events are not as in D/e.\n"},
+        {inicio + uno + dos + final,
+         {"--fail", "2=No"},
+         1,
+         "record 2, MM01, SAPX 0100: QP 001 No\n"
+         "record 2, event 1, transaction MM01, message: \"E QP 001 No\" instead of \"S 00 355 Transaction was processed\"\n"
+         "end, posted: 1 instead of 2\nend, failed: 1 instead of 0\n2 events are not as in D/e.\n"},
+        {inicio + uno + dos, {}, 1, "0: The expected journal can't be used; nothing was run.\n  The journal has no end: D/e\n"},
+        {inicio + uno.substr(0, 99) + "\n" + final,
+         {},
+         1,
+         "0: The expected journal can't be used; nothing was run.\n  Line 2 is no event of a journal: D/e\n"},
+        {"", {}, 1, "0: The expected journal can't be used; nothing was run.\n  The file is no journal of a run: D/e\n"},
+        {inicio + final, {"--journal", "D/e"}, 2, "--journal: D/e is read by the run\n"},
+    };
+    for (const auto& caso : casos) {
+        CorridaDePrueba qorgen;
+        qorgen.directorio.Escribir("r.abap", Informe("", ""));
+        qorgen.directorio.Escribir("in.txt", "A1\r\nB2\r\n");
+        qorgen.directorio.Escribir("e", caso.esperado);
+        auto argumentos = caso.argumentos;
+        argumentos.insert(argumentos.end(), {"--report", "D/r.abap", "--file", "FILE=D/in.txt", "--expect", "D/e"});
+        EXPECT_EQ(qorgen.Correr(argumentos), caso.estado);
+        const auto errores = ReemplazarTodo(qorgen.errores, qorgen.directorio.Ruta().string() + "/", "D/");
+        EXPECT_THAT(errores, StartsWith(caso.errores));
+        EXPECT_EQ(qorgen.salida.empty(), Contiene(errores, "nothing was run") || caso.estado == 2);
+    }
+    // Failures that are expected are none.
+    CorridaDePrueba qorgen;
+    qorgen.directorio.Escribir("r.abap", Informe("", ""));
+    qorgen.directorio.Escribir("in.txt", "A1\r\nB2\r\n");
+    const std::vector<std::string> comunes = {"--report", "D/r.abap", "--file", "FILE=D/in.txt", "--fail", "2"};
+    const auto con = [&](const char* opcion) {
+        auto argumentos = comunes;
+        argumentos.insert(argumentos.end(), {opcion, "D/e"});
+        return qorgen.Correr(argumentos);
+    };
+    EXPECT_EQ(con("--journal"), 1);
+    EXPECT_EQ(con("--expect"), 0) << qorgen.errores;
+}
+
 // --limit counts from each record on.
 TEST(Run, ProgressKeepsTheLimitAway) {
     CorridaDePrueba qorgen;
