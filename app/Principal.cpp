@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/FormEnsayo.h"
 #include "app/pages/captions.h"
 #include "app/pages/documentation_page.h"
 #include "app/pages/findings_pane.h"
@@ -80,6 +81,7 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
 Principal::~Principal() {
     // Controls that go with the form have nothing to tell any more.
     lazos_.Callar();
+    ensayo_.reset();
     delete takeCentralWidget();
     vista_->Servir({});
 }
@@ -100,7 +102,7 @@ void Principal::CrearPaginas() {
     rejillas_ =
         new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); }},
                                        {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
-                                       [this] { ClicOrigen(); }});
+                                       {[this] { ClicOrigen(); }, [this](const auto& archivo) { ClicDatos(archivo); }}});
     opciones_ = new PaginaDeOpciones(entorno);
     herramientas_ = new PaginaDeHerramientas(entorno, *conexion_, [this] { ClicEditorBDC(); });
 
@@ -179,6 +181,7 @@ void Principal::Sincronizar() {
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
     VigilarHallazgos();
+    if (ensayo_) ensayo_->MirarDocumento();
 }
 
 void Principal::AplicarReglas() {
@@ -230,6 +233,7 @@ void Principal::RefrescarIdioma() {
         PonerRotulos(controles_, programa_.textos);
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
+    ensayo_.reset();
     hallazgos_->RefrescarIdioma();
     Sincronizar();
     // Sentences are in the language in which they were made.
@@ -254,15 +258,18 @@ void Principal::EnfocarControl(const std::string& nombre) {
 
 // ---- Help ----
 
-void Principal::MostrarAyuda(int mensaje, QWidget* ventana) {
+void Principal::MostrarAyuda(int mensaje, QWidget* ventana) { VentanaDeAyudaPara(ventana).MostrarPagina(mensaje); }
+
+void Principal::MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana) {
+    VentanaDeAyudaPara(ventana).MostrarPagina(pagina);
+}
+
+VentanaDeAyuda& Principal::VentanaDeAyudaPara(QWidget* ventana) {
+    if (ventana == nullptr || ventana == this) return VentanaPropiaDeAyuda();
     // A modal dialog shuts out every window but its own.
-    if (ventana != nullptr && ventana != this) {
-        auto* const propia = new VentanaDeAyuda(programa_.textos, programa_.directorioDeDatos, ventana);
-        propia->setAttribute(Qt::WA_DeleteOnClose);
-        propia->MostrarPagina(mensaje);
-        return;
-    }
-    VentanaPropiaDeAyuda().MostrarPagina(mensaje);
+    auto* const propia = new VentanaDeAyuda(programa_.textos, programa_.directorioDeDatos, ventana);
+    propia->setAttribute(Qt::WA_DeleteOnClose);
+    return *propia;
 }
 
 VentanaDeAyuda& Principal::VentanaPropiaDeAyuda() {
@@ -342,6 +349,7 @@ bool Principal::OfrecerTrabajo() {
 
 void Principal::TerminarCon(int estado) {
     cerrado_ = true;
+    ensayo_.reset();
     ventana_.documento.canal.Cerrar();
     hide();
     QCoreApplication::exit(estado);
@@ -356,6 +364,7 @@ void Principal::closeEvent(QCloseEvent* evento) {
     copias_.Quitar();
     GuardarVentana();
     if (ayuda_ != nullptr) ayuda_->close();
+    ensayo_.reset();
     evento->accept();
 }
 

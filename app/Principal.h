@@ -28,6 +28,7 @@ namespace qor {
 class CeldaDeRejilla;
 class DivisionConPanel;
 class FilaDeSalida;
+class FormEnsayo;
 class PaginaDeHerramientas;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
@@ -55,6 +56,8 @@ public:
     void RefrescarIdioma();
     // A help page, in a window that belongs to the dialog that asks for it.
     void MostrarAyuda(int mensaje, QWidget* ventana = nullptr);
+    // The same by the name of the page.
+    void MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana);
 
     // Ends the event loop with a status, without any question.
     void TerminarCon(int estado);
@@ -79,6 +82,7 @@ private:
     void GuardarAjustes();
     void EnfocarControl(const std::string& nombre);
     VentanaDeAyuda& VentanaPropiaDeAyuda();
+    VentanaDeAyuda& VentanaDeAyudaPara(QWidget* ventana);
     void AyudaDelControl();
     void AplicarReglas();
     void MostrarConexion();
@@ -100,7 +104,6 @@ private:
     QMenu* NuevoMenu(const char* nombre);
     QAction* NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion);
     void TeclaDelMenu(Tecla tecla);
-    void AbrirEjemplo();
     // Asks which document to open, starting from a directory, and opens it.
     void ElegirYAbrir(const std::filesystem::path& directorio);
 
@@ -116,15 +119,21 @@ private:
     void ClicDefiniciones(const Destino* destino = nullptr);
     void ClicOrigen(const Destino* destino = nullptr);
     void ClicPreview();
+    // The preview of the data, of a file or of the one that the document leads to.
+    void ClicDatos(const std::filesystem::path& archivo = {});
     void MostrarEstructuras(const std::string& texto, QWidget* ventana);
     void ClicAgregarOperacion();
     void NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila);
-    void ClicEditorBDC();
+    void ClicEditorBDC(const std::filesystem::path& archivo = {});
     void ClicDirectorios();
     void ClicSeleccionarIdioma();
     void MostrarPresentacion();
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
+
+    // ---- PrincipalEnsayo.cpp ----
+    void ClicEnsayo();
+    void AbrirEjemplo();
 
     // ---- PrincipalHallazgos.cpp: the pane of findings ----
     QWidget* ConPanelDeHallazgos(QWidget* paginas);
@@ -166,6 +175,8 @@ private:
     QLabel* ConnectionStatus_ = nullptr;
     int imagenDeDefiniciones_ = -1;
     VentanaDeAyuda* ayuda_ = nullptr;
+
+    std::unique_ptr<FormEnsayo> ensayo_;
 
     VigiaDeHallazgos vigia_;
     QTimer* pausa_ = nullptr;

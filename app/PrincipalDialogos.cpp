@@ -4,16 +4,19 @@
 #include <utility>
 
 #include "app/FormAbout.h"
+#include "app/FormDatos.h"
 #include "app/FormDirectorios.h"
 #include "app/FormLenguaje.h"
 #include "app/FormSelectLanguage.h"
 #include "app/Principal.h"
 #include "app/practice_file.h"
+#include "app/qt/input_memory.h"
 #include "app/refusal_view.h"
 #include "bapi/FormBAPI.h"
 #include "bapi/FormTrans.h"
 #include "base/paths.h"
 #include "base/qt/text.h"
+#include "base/qt/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/FormABAPWindow.h"
 #include "editor/FormConditions.h"
@@ -24,6 +27,7 @@
 #include "editor/data_source.h"
 #include "editor/grids.h"
 #include "generator/generate.h"
+#include "input/layout.h"
 #include "print/FormPreview.h"
 #include "print/FormPrinters.h"
 #include "print/specification_print.h"
@@ -96,6 +100,23 @@ void Principal::ClicPreview() {
     if (!texto.empty()) MostrarEstructuras(texto, this);
 }
 
+void Principal::ClicDatos(const std::filesystem::path& archivo) {
+    if (!DisenoDeEntrada(abierto_.especificacion, abierto_.opciones).HayArchivo()) {
+        vista_->Informar(MensajeLiteral(TextoDelModelo(
+            Palabra(programa_.textos, "The records of this specification come from no file, so there is no data to preview."))));
+        return;
+    }
+    const auto memoria = programa_.rutaDeAjustes.parent_path() / "qor-input.ini";
+    const EntornoDeDatos entorno{
+        .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("data-preview.html", ventana); },
+        .recordado = [this, memoria](const auto& parametro) { return ArchivoRecordado(memoria, abierto_.ruta, parametro); },
+        .recordar = [this, memoria](const auto& parametro,
+                                    const auto& elegido) { RecordarArchivo(memoria, abierto_.ruta, parametro, elegido); },
+        .directorio = programa_.ajustes.DirectorioDocumentos,
+        .alCambiar = [this] { Sincronizar(); }};
+    FormDatos(ventana_, entorno, archivo, this).exec();
+}
+
 void Principal::MostrarEstructuras(const std::string& texto, QWidget* ventana) {
     FormPreview(programa_.textos, *vista_, texto, Ayuda(), ventana).exec();
 }
@@ -141,8 +162,10 @@ std::filesystem::path Principal::DirectorioDeCatalogos() const {
     return conexion_->EsDePractica() ? DirectorioDeCatalogosDePractica(directorio) : directorio;
 }
 
-void Principal::ClicEditorBDC() {
-    FormBDCEditor(programa_.textos, *vista_, programa_.ajustes.DirectorioDocumentos, Ayuda(), this).exec();
+void Principal::ClicEditorBDC(const std::filesystem::path& archivo) {
+    FormBDCEditor dialogo(programa_.textos, *vista_, programa_.ajustes.DirectorioDocumentos, Ayuda(), this);
+    if (!archivo.empty()) dialogo.Abrir(archivo);
+    dialogo.exec();
 }
 
 void Principal::ClicDirectorios() {

@@ -1,6 +1,5 @@
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
@@ -10,6 +9,7 @@
 #include <QToolButton>
 
 #include "app/Principal.h"
+#include "app/examples.h"
 #include "app/pages/grids_page.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/theme_icon.h"
@@ -29,15 +29,6 @@ namespace qor {
 namespace {
 
 constexpr int paginaDeContenido = 714;
-
-// Where the example documents lie: beside the installed data, or in the source tree. Empty when they are not there.
-QString DirectorioDeEjemplos(const std::filesystem::path& datos) {
-    for (const auto& ruta : {datos.parent_path() / "doc/qor-generator/examples", datos.parent_path() / "examples"}) {
-        const QString directorio = QString::fromStdString(ruta.string());
-        if (QDir(directorio).exists()) return directorio;
-    }
-    return {};
-}
 
 }  // namespace
 
@@ -69,10 +60,13 @@ void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(ventana_); });
     auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(programa_.ajustes.DirectorioDocumentos); });
+    auto* const ejemplo = NuevaAccion("OpenExampleOption", archivo, [this] { AbrirEjemplo(); });
+    ejemplo->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
     auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(ventana_); });
     auto* const grabarComo = NuevaAccion("SaveAsOption", archivo, [this] { SaveAsOption(ventana_); });
     archivo->addSeparator();
     auto* const imprimir = NuevaAccion("PrintOption", archivo, [this] { ClicImprimir(); });
+    auto* const ensayar = NuevaAccion("RehearseOption", archivo, [this] { ClicEnsayo(); });
     archivo->addSeparator();
     NuevaAccion("Directorios", archivo, [this] { ClicDirectorios(); });
     archivo->addSeparator();
@@ -84,11 +78,14 @@ void Principal::CrearMenuDeArchivo() {
     grabar->setShortcut(QKeySequence::Save);
     grabarComo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     imprimir->setShortcut(QKeySequence::Print);
+    ensayar->setShortcut(QKeySequence(Qt::Key_F9));
     salir->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     nuevo->setIcon(IconoDeTema("new"));
     abrir->setIcon(IconoDeTema("open"));
+    ejemplo->setIcon(IconoDeTema("contents"));
     grabar->setIcon(IconoDeTema("save"));
     imprimir->setIcon(IconoDeTema("print"));
+    ensayar->setIcon(IconoDeTema("rehearse"));
 }
 
 void Principal::CrearMenuDeEdicion() {
@@ -116,6 +113,7 @@ void Principal::CrearMenuDeEdicion() {
     edicion->addSeparator();
     auto* const definiciones = NuevaAccion("DefinitionsOption", edicion, [this] { ClicDefiniciones(); });
     auto* const estructuras = NuevaAccion("PreviewOption", edicion, [this] { ClicPreview(); });
+    auto* const datos = NuevaAccion("DataPreviewOption", edicion, [this] { ClicDatos(); });
     edicion->addSeparator();
     auto* const buscar = NuevaAccion("FindOption", edicion, [this] { EnfocarControl("TextoBuscado"); });
     edicion->addSeparator();
@@ -136,6 +134,8 @@ void Principal::CrearMenuDeEdicion() {
     bajar->setIcon(IconoDeTema("down"));
     definiciones->setIcon(IconoDeTema("definitions"));
     estructuras->setIcon(IconoDeTema("preview"));
+    datos->setIcon(IconoDeTema("data-preview"));
+    datos->setShortcut(QKeySequence(Qt::Key_F7));
     buscar->setIcon(IconoDeTema("find"));
 }
 
@@ -152,16 +152,9 @@ void Principal::CrearOtrosMenus() {
     QMenu* const ayuda = NuevoMenu("HelpOption");
     NuevaAccion("Contenido", ayuda, [this] { MostrarAyuda(paginaDeContenido); })->setIcon(IconoDeTema("contents"));
     auto* const ejemplos = NuevaAccion("ScreenCam", ayuda, [this] { AbrirEjemplo(); });
-    ejemplos->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).isEmpty());
+    ejemplos->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
     ayuda->addSeparator();
     NuevaAccion("AboutOption", ayuda, [this] { MostrarPresentacion(); });
-}
-
-// Demonstrations are the examples that come with the program, opened like any document.
-void Principal::AbrirEjemplo() {
-    const auto antes = programa_.ajustes.DirectorioDocumentos;
-    ElegirYAbrir(RutaDeQt(DirectorioDeEjemplos(programa_.directorioDeDatos)));
-    programa_.ajustes.DirectorioDocumentos = antes;
 }
 
 void Principal::ElegirYAbrir(const std::filesystem::path& directorio) {
@@ -180,9 +173,10 @@ void Principal::CrearBarra() {
         const char* accion;
     };
     for (const auto& boton : {Boton{"NewButton", "NewOption"}, Boton{"OpenButton", "OpenOption"}, Boton{"SaveButton", "SaveOption"},
-                              Boton{"PrintButton", "PrintOption"}, Boton{nullptr, nullptr}, Boton{"UndoButton", "UndoOption"},
-                              Boton{"UpButton", "UpOption"}, Boton{"DownButton", "DownOption"}, Boton{nullptr, nullptr},
-                              Boton{"NewDef", "DefinitionsOption"}, Boton{"PreviewButton", "PreviewOption"}}) {
+                              Boton{"PrintButton", "PrintOption"}, Boton{"RehearseButton", "RehearseOption"},
+                              Boton{nullptr, nullptr}, Boton{"UndoButton", "UndoOption"}, Boton{"UpButton", "UpOption"},
+                              Boton{"DownButton", "DownOption"}, Boton{nullptr, nullptr}, Boton{"NewDef", "DefinitionsOption"},
+                              Boton{"PreviewButton", "PreviewOption"}, Boton{"DataPreviewButton", "DataPreviewOption"}}) {
         if (boton.nombre == nullptr) {
             barra->addSeparator();
             continue;

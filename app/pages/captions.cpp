@@ -155,6 +155,8 @@ struct RotuloLiteral {
 };
 
 constexpr RotuloLiteral literales[] = {
+    {"RehearseOption", "Re&hearse..."},
+    {"OpenExampleOption", "Open an &example..."},
     {"EditOption", "&Edit"},
     {"UndoOption", "&Undo"},
     {"UpOption", "Move the field &up"},
@@ -165,6 +167,7 @@ constexpr RotuloLiteral literales[] = {
     {"CodeOption", "Conversion &code..."},
     {"DefinitionsOption", "&Variables and definitions..."},
     {"PreviewOption", "&Preview of the structures..."},
+    {"DataPreviewOption", "D&ata preview..."},
     {"FindOption", "&Find..."},
     {"FindingsOption", "Findin&gs"},
     {"NextFindingOption", "Ne&xt finding"},
@@ -193,6 +196,7 @@ constexpr RotuloLiteral literales[] = {
 };
 
 constexpr RotuloLiteral consejosLiterales[] = {
+    {"DataPreviewButton", "Data preview"},
     {"ExpandirCampo", "Give the field column more room, or take it back"},
     {"LineaArchivo", "Double-click: back to the first row"},
     {"LineaTransaccion", "Double-click: back to the first row"},
@@ -200,6 +204,7 @@ constexpr RotuloLiteral consejosLiterales[] = {
     {"SaveCode", "Drag onto the value of a row to make it an OK code"},
     {"F5Code", "Drag onto the value of a row to make it an OK code"},
     {"CreateCode", "Drag onto the value of a row to make it an OK code"},
+    {"RehearseButton", "Rehearse on the practice system (F9)"},
 };
 
 struct TitulosDePestanas {

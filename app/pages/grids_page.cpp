@@ -5,7 +5,6 @@
 
 #include "app/pages/file_grid.h"
 #include "app/pages/program_grid.h"
-#include "app/pages/source_box.h"
 
 namespace qor {
 
@@ -22,7 +21,7 @@ PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Accione
     rejillas->addLayout(derecha, 9);
     auto* const orden = new QVBoxLayout(this);
     orden->addLayout(rejillas, 1);
-    orden->addWidget(new PanelDeOrigen(entorno, acciones.otroOrigen, this));
+    orden->addWidget(new PanelDeOrigen(entorno, acciones.origen, this));
 }
 
 void PaginaDeRejillas::MostrarRejillas() {

@@ -5,6 +5,7 @@
 #include "app/findings_watch.h"
 #include "app/pages/edit_box.h"
 #include "app/pages/grid_parts.h"
+#include "app/pages/source_box.h"
 
 namespace qor {
 
@@ -18,7 +19,7 @@ public:
     struct Acciones {
         AccionesDeRejilla rejilla;
         CajaDeEdicion::Acciones edicion;
-        std::function<void()> otroOrigen;
+        PanelDeOrigen::Acciones origen;
     };
 
     PaginaDeRejillas(const EntornoDePagina& entorno, const Acciones& acciones);

@@ -24,10 +24,10 @@ constexpr const char* todosLosArchivos = "*.*|*";
 
 }  // namespace
 
-PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const std::function<void()>& otroOrigen, QWidget* padre)
-    : QWidget(padre), entorno_(entorno) {
+PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre)
+    : QWidget(padre), entorno_(entorno), acciones_(acciones) {
     auto* const grupo = NuevoGrupo();
-    auto* const otro = entorno_.lazos.Boton("OtherSource", this, otroOrigen);
+    auto* const otro = entorno_.lazos.Boton("OtherSource", this, acciones_.otroOrigen);
     auto* const propio = EnNegrita(Nuevo<QLabel>("Otro1", this));
     auto* const explicacion = Nuevo<QLabel>("Otro2", this);
     entorno_.lazos.AlMostrar(
@@ -60,8 +60,11 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
     auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {
         Vista& vista = entorno_.vista;
         const auto directorio = entorno_.programa.ajustes.DirectorioDocumentos;
-        const auto ruta = ComoTexto(vista.ElegirParaAbrir(directorio, todosLosArchivos), vista);
-        if (ruta) CambiarOpcion(entorno_.ventana, &Opciones::ArchivoFuente, *ruta);
+        const auto elegida = vista.ElegirParaAbrir(directorio, todosLosArchivos);
+        const auto ruta = ComoTexto(elegida, vista);
+        if (!ruta) return;
+        CambiarOpcion(entorno_.ventana, &Opciones::ArchivoFuente, *ruta);
+        acciones_.archivoElegido(*elegida);
     });
 
     auto* const opciones = new QGridLayout(grupo);

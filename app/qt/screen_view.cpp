@@ -62,8 +62,10 @@ QString FiltroQt(const std::string& filtro) {
 }  // namespace
 
 QWidget* VistaDePantalla::Padre() const {
-    QWidget* const dialogo = QApplication::activeModalWidget();
-    return dialogo != nullptr ? dialogo : formulario_.ventana;
+    if (QWidget* const dialogo = QApplication::activeModalWidget()) return dialogo;
+    // A window beside the main form asks for itself.
+    QWidget* const activa = QApplication::activeWindow();
+    return activa != nullptr && activa->windowType() == Qt::Window ? activa : formulario_.ventana;
 }
 
 void VistaDePantalla::AntesDePreguntar() const {

@@ -13,6 +13,9 @@
 #include <set>
 
 #include "app/FormAbout.h"
+#include "app/FormDatos.h"
+#include "app/FormEjemplos.h"
+#include "app/FormEnsayo.h"
 #include "app/FormLenguaje.h"
 #include "app/FormSelectLanguage.h"
 #include "app/language.h"
@@ -87,7 +90,26 @@ protected:
         agregar(new FormTrans(t, {}, nullptr));
         agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
+        // The preview wants records from a file.
+        e.documento.especificacion.OrigenUsuario = false;
+        agregar(
+            new FormDatos(e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .alCambiar = {}}, {}, nullptr));
+        e.documento.especificacion.OrigenUsuario = true;
         agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
+        agregar(
+            new FormEjemplos(t, {{.carpeta = "mm01", .archivo = "a.qor", .ingles = "One.", .espanol = "Uno."}}, "copies", nullptr));
+        agregar(new FormEnsayo({.textos = t,
+                                .vista = v,
+                                .documento = prueba.documento,
+                                .generacion = {},
+                                .sistema = {},
+                                .archivoPropio = {},
+                                .mandar = {},
+                                .recordado = [](const std::string&) { return std::filesystem::path(); },
+                                .recordar = {},
+                                .irA = {},
+                                .ayuda = ayuda,
+                                .directorio = ""}));
         return todos;
     }
 

@@ -1,0 +1,642 @@
+#include "app/FormDatos.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIntValidator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "app/input_files.h"
+#include "app/qt/theme_icon.h"
+#include "base/failure.h"
+#include "base/failure_trap.h"
+#include "base/new_file.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "editor/document_commands.h"
+#include "editor/file_side.h"
+#include "editor/option_rules.h"
+#include "editor/undo_command.h"
+#include "input/qt/kind_panel.h"
+#include "input/qt/line_ruler.h"
+#include "input/qt/record_model.h"
+#include "input/qt/record_table.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t maximoDeHallazgos = 5'000;  // of errors, and of hints
+constexpr std::size_t lineasParaAnchos = 1'000;   // looked at for the widths of a new file side
+constexpr std::size_t maximoDeLinea = std::size_t{1} << 16;
+constexpr int milisegundosPorMirada = 100;
+constexpr int miradasPorIdentidad = 10;
+constexpr int milisegundosDePausa = 600;
+constexpr int anchoConLado = 1'100;  // of a screen on which the checks of a field are shown from the beginning
+constexpr int rotuloDeExaminar = 80;
+constexpr int rotuloDeAyuda = 132;
+constexpr const char* todosLosArchivos = "*.*|*";
+
+}  // namespace
+
+FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesystem::path& principal, QWidget* padre)
+    : Dialogo(ventana.textos, "FormDatos", padre), ventana_(ventana), entorno_(std::move(entorno)) {
+    setWindowTitle(Literal("Data preview"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(false);
+    auto* const orden = new QVBoxLayout(this);
+    orden->setContentsMargins(8, 8, 8, 8);
+    orden->setSpacing(5);
+    orden->addLayout(CrearCabeza());
+    orden->addWidget(CrearVacio());
+    orden->addWidget(CrearVista(), 1);
+    orden->addLayout(CrearPie());
+    CrearTeclas();
+    OrdenarFoco();
+
+    LeerDiseno();
+    LeerClases();
+    ElegirRutas(principal);
+    connect(&reloj_, &QTimer::timeout, this, &FormDatos::Mirar);
+    reloj_.start(milisegundosPorMirada);
+    pausa_.setSingleShot(true);
+    connect(&pausa_, &QTimer::timeout, this, &FormDatos::EmpezarRevision);
+    MostrarArchivo(0);
+    EmpezarRevision();
+    PonerTamano(190, 44);
+    // On a small screen there is no room for a frame around it.
+    if (size().height() + AltoDeLineas(3) > screen()->availableSize().height()) setWindowState(windowState() | Qt::WindowMaximized);
+    tabla_->setFocus();
+}
+
+FormDatos::~FormDatos() = default;
+
+// ---- Controls ----
+
+QLayout* FormDatos::CrearCabeza() {
+    ruta_ = new QLineEdit(this);
+    ruta_->setObjectName(QStringLiteral("Archivo"));
+    ruta_->setReadOnly(true);
+    auto* const examinar = NuevoBoton("Examinar", Rotulo(rotuloDeExaminar));
+    auto* const recargar = NuevoBoton("Recargar", Literal("Re&load"));
+    recargar->setToolTip(QStringLiteral("F5"));
+    connect(examinar, &QPushButton::clicked, this, &FormDatos::ElegirArchivo);
+    connect(recargar, &QPushButton::clicked, this, &FormDatos::Recargar);
+    linea_ = new QLineEdit(this);
+    linea_->setObjectName(QStringLiteral("IrALinea"));
+    linea_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,18}")), linea_));
+    linea_->setMaximumWidth(AnchoDeLetras(14));
+    linea_->setPlaceholderText(Literal("number"));
+    connect(linea_, &QLineEdit::returnPressed, this, [this] {
+        const auto pedida = linea_->text().toULongLong();
+        if (pedida > 0) tabla_->IrA(pedida - 1);
+        linea_->clear();
+        tabla_->setFocus();
+    });
+    auto* const fila = new QHBoxLayout;
+    fila->addWidget(NuevoRotulo("ArchivoLabel", Literal("&File:"), ruta_));
+    fila->addWidget(ruta_, 1);
+    fila->addWidget(examinar);
+    fila->addWidget(recargar);
+    fila->addWidget(NuevoRotulo("IrALineaLabel", Literal("&Go to line:"), linea_));
+    fila->addWidget(linea_);
+    return fila;
+}
+
+// Shown while the file side is empty.
+QWidget* FormDatos::CrearVacio() {
+    vacio_ = new QWidget(this);
+    vacio_->setObjectName(QStringLiteral("LadoVacio"));
+    auto* const explicacion = NuevaExplicacion(
+        "LadoVacioTexto",
+        Literal("The file side has no fields yet. They can be made from a heading line whose names are separated by "
+                "tabs, or from marks: click in the ruler below the table where a field ends."));
+    explicacion->setParent(vacio_);
+    deCabecera_ = NuevoBoton("LlenarDeCabecera", Literal("Fields from the headi&ng line"));
+    deMarcas_ = NuevoBoton("LlenarDeMarcas", Literal("Fields from the mar&ks"));
+    connect(deCabecera_, &QPushButton::clicked, this, [this] {
+        Editar([this] { LlenarDeCabecera(); });
+        if (LadoVacio()) return;
+        ventana_.vista.Informar(
+            MensajeLiteral(TextoDelModelo(Literal("The widths are those of the longest values in the first 1000 lines. The heading "
+                                                  "line is still a line of the file, and the "
+                                                  "report reads it as a record."))));
+    });
+    connect(deMarcas_, &QPushButton::clicked, this, [this] { Editar([this] { LlenarDeMarcas(); }); });
+    auto* const fila = new QHBoxLayout(vacio_);
+    fila->setContentsMargins(0, 0, 0, 0);
+    fila->addWidget(explicacion, 1);
+    fila->addWidget(deCabecera_);
+    fila->addWidget(deMarcas_);
+    return vacio_;
+}
+
+QWidget* FormDatos::CrearVista() {
+    pestanas_ = new QTabBar(this);
+    pestanas_->setObjectName(QStringLiteral("Archivos"));
+    pestanas_->setAccessibleName(Literal("Input files"));
+    pestanas_->setDrawBase(false);
+    pestanas_->setExpanding(false);
+    connect(pestanas_, &QTabBar::currentChanged, this, [this](int archivo) {
+        if (archivo >= 0 && archivo != archivo_) MostrarArchivo(archivo);
+    });
+    modelo_ = new ModeloDeRegistros(Textos(), this);
+    modelo_->PonerHallazgos(&hallazgos_);
+    modelo_->PonerIconos(IconoDeTema("finding-error"), IconoDeTema("finding-warning"));
+    tabla_ = new TablaDeRegistros(modelo_, this);
+    tabla_->Rejilla()->setAccessibleName(Literal("Records of the file"));
+    regla_ = new ReglaDeLinea(Textos(), this);
+    regla_->setObjectName(QStringLiteral("Regla"));
+    estadoDeLineas_ = NuevoRotulo("EstadoDeLineas", {});
+    estadoDeLineas_->setTextFormat(Qt::PlainText);
+    estadoDeLineas_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    connect(tabla_, &TablaDeRegistros::ActualCambiada, this, &FormDatos::MostrarActual);
+    connect(regla_, &ReglaDeLinea::AnchoPedido, this,
+            [this](int campo, qulonglong ancho) { Editar([&] { PonerAncho(campo, ancho); }); });
+    connect(regla_, &ReglaDeLinea::CampoTocado, this,
+            [this](int campo) { tabla_->IrA(tabla_->Actual(), modelo_->ColumnaDeCampo(campo)); });
+    connect(regla_, &ReglaDeLinea::MarcasCambiadas, this, &FormDatos::Habilitar);
+
+    auto* const registros = new QWidget(this);
+    auto* const deRegistros = new QVBoxLayout(registros);
+    deRegistros->setContentsMargins(0, 0, 0, 0);
+    deRegistros->setSpacing(3);
+    deRegistros->addWidget(pestanas_);
+    deRegistros->addWidget(tabla_, 1);
+    deRegistros->addWidget(estadoDeLineas_);
+    deRegistros->addWidget(regla_);
+
+    clase_ = new PanelDeClase(
+        Textos(), [this] { return ventana_.vista.ElegirParaAbrir(entorno_.directorio, todosLosArchivos); }, this);
+    guardarClases_ = NuevoBoton("GuardarClases", Literal("S&ave the checks"));
+    connect(clase_, &PanelDeClase::Cambiada, this, &FormDatos::CambiarClase);
+    connect(guardarClases_, &QPushButton::clicked, this, [this] { GuardarClases(); });
+    auto* const deslizable = new QScrollArea(this);
+    deslizable->setObjectName(QStringLiteral("LadoDeClases"));
+    deslizable->setWidgetResizable(true);
+    deslizable->setFrameShape(QFrame::NoFrame);
+    deslizable->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const contenido = new QWidget(deslizable);
+    auto* const deLado = new QVBoxLayout(contenido);
+    deLado->setContentsMargins(4, 0, 0, 0);
+    deLado->addWidget(clase_);
+    deLado->addWidget(guardarClases_, 0, Qt::AlignRight);
+    deLado->addStretch();
+    deslizable->setWidget(contenido);
+    deslizable->setMinimumWidth(contenido->minimumSizeHint().width() + 20);
+    lado_ = deslizable;
+
+    auto* const horizontal = new QSplitter(Qt::Horizontal, this);
+    horizontal->setObjectName(QStringLiteral("DivisionDeLado"));
+    horizontal->setChildrenCollapsible(false);
+    horizontal->addWidget(registros);
+    horizontal->addWidget(lado_);
+    horizontal->setStretchFactor(0, 1);
+    horizontal->setStretchFactor(1, 0);
+
+    panel_ = new PanelDeHallazgosDeDatos(Textos(), hallazgos_, this);
+    panel_->Modelo()->PonerIconos(IconoDeTema("finding-error"), IconoDeTema("finding-warning"));
+    connect(panel_, &PanelDeHallazgosDeDatos::Activado, this, &FormDatos::IrAHallazgo);
+    connect(panel_, &PanelDeHallazgosDeDatos::VecinoPedido, this, &FormDatos::IrAVecino);
+    connect(panel_, &PanelDeHallazgosDeDatos::RevisionPedida, this, &FormDatos::EmpezarRevision);
+    connect(panel_, &PanelDeHallazgosDeDatos::AltoPedido, this, [this] {
+        if (revision_) revision_->Detener();
+    });
+    auto* const vertical = new QSplitter(Qt::Vertical, this);
+    vertical->setObjectName(QStringLiteral("DivisionDeHallazgos"));
+    vertical->setChildrenCollapsible(false);
+    vertical->addWidget(horizontal);
+    vertical->addWidget(panel_);
+    vertical->setStretchFactor(0, 3);
+    vertical->setStretchFactor(1, 1);
+    vertical->setSizes({AltoDeLineas(30), AltoDeLineas(13)});
+    return vertical;
+}
+
+QLayout* FormDatos::CrearPie() {
+    auto* const ayuda = NuevaAyuda("Ayuda", Rotulo(rotuloDeAyuda), entorno_.ayuda, 0);
+    deshacer_ = NuevoBoton("Deshacer", Literal("&Undo"));
+    deshacer_->setToolTip(QKeySequence(QKeySequence::Undo).toString(QKeySequence::NativeText));
+    connect(deshacer_, &QPushButton::clicked, this, &FormDatos::DeshacerPaso);
+    mostrarLado_ = NuevoBoton("MostrarClases", Literal("Checks of the f&ield"));
+    mostrarLado_->setCheckable(true);
+    mostrarLado_->setChecked(screen()->availableSize().width() >= anchoConLado);
+    lado_->setVisible(mostrarLado_->isChecked());
+    connect(mostrarLado_, &QPushButton::toggled, lado_, &QWidget::setVisible);
+    auto* const cerrar = NuevoBoton("Cerrar", Literal("Close"));
+    connect(cerrar, &QPushButton::clicked, this, &QDialog::accept);
+    return FilaDeBotones({ayuda, mostrarLado_, deshacer_, cerrar}, 1);
+}
+
+void FormDatos::CrearTeclas() {
+    const auto tecla = [this](const QKeySequence& cual, const std::function<void()>& accion) {
+        connect(new QShortcut(cual, this), &QShortcut::activated, this, accion);
+    };
+    tecla(Qt::Key_F8, [this] { IrAVecino(1); });
+    tecla(Qt::SHIFT | Qt::Key_F8, [this] { IrAVecino(-1); });
+    tecla(Qt::Key_F5, [this] { Recargar(); });
+    tecla(QKeySequence::Undo, [this] { DeshacerPaso(); });
+}
+
+void FormDatos::OrdenarFoco() {
+    QWidget* antes = nullptr;
+    for (const char* const nombre : {"TablaDeRegistros",
+                                     "Regla",
+                                     "Obligatorio",
+                                     "TipoDeCampo",
+                                     "SignoDecimal",
+                                     "FormatoDeFecha",
+                                     "PatronDeCampo",
+                                     "ListaDeValores",
+                                     "ExaminarLista",
+                                     "GuardarClases",
+                                     "DetenerRevision",
+                                     "Revisar",
+                                     "HallazgoAnterior",
+                                     "HallazgoSiguiente",
+                                     "ListaDeHallazgosDeDatos",
+                                     "Ayuda",
+                                     "MostrarClases",
+                                     "Deshacer",
+                                     "Cerrar",
+                                     "Archivo",
+                                     "Examinar",
+                                     "Recargar",
+                                     "IrALinea",
+                                     "LlenarDeCabecera",
+                                     "LlenarDeMarcas",
+                                     "Archivos"}) {
+        auto* const control = findChild<QWidget*>(QString::fromLatin1(nombre));
+        if (antes != nullptr) setTabOrder(antes, control);
+        antes = control;
+    }
+}
+
+// ---- Files ----
+
+void FormDatos::ElegirRutas(const std::filesystem::path& principal) {
+    QStringList nombres;
+    const auto& archivos = diseno_->Archivos();
+    for (std::size_t i = 0; i < archivos.size(); ++i) {
+        ArchivoVisto visto;
+        visto.parametro = archivos[i].nombre;
+        if (i == 0) visto.ruta = principal;
+        if (visto.ruta.empty() && entorno_.recordado) visto.ruta = entorno_.recordado(visto.parametro);
+        if (visto.ruta.empty() || !Existe(visto.ruta)) {
+            visto.ruta = ArchivoDelDocumento(ventana_.documento, static_cast<int>(i));
+        }
+        Abrir(visto);
+        archivos_.push_back(std::move(visto));
+        nombres << QString::fromStdString(archivos[i].nombre);
+        pestanas_->addTab((i == 0 ? Literal("Main records") : Literal("Step-loop %1").arg(i)) + QStringLiteral(" (") +
+                          nombres.last() + QLatin1Char(')'));
+    }
+    pestanas_->setVisible(archivos_.size() > 1);
+    pestanas_->updateGeometry();  // tabs that came before the bar was seen have no height yet
+    panel_->Modelo()->PonerArchivos(nombres);
+    panel_->MostrarArchivos(archivos_.size() > 1);
+}
+
+void FormDatos::Abrir(ArchivoVisto& archivo) {
+    archivo.contador = {};
+    archivo.indice.reset();
+    archivo.identidad.reset();
+    archivo.fallo.clear();
+    if (archivo.ruta.empty()) return;
+    try {
+        archivo.indice = std::make_shared<IndiceDeLineas>(archivo.ruta);
+        archivo.identidad = Identidad(archivo.ruta);
+    } catch (const FalloDeArchivo& fallo) {
+        archivo.fallo = QString::fromStdString(fallo.Detalle());
+        return;
+    }
+    archivo.indice->Avanzar();
+    archivo.contador = std::jthread([indice = archivo.indice.get()](const std::stop_token& alto) {
+        while (!alto.stop_requested() && indice->Avanzar()) {
+        }
+    });
+}
+
+void FormDatos::MostrarArchivo(int archivo) {
+    archivo_ = archivo;
+    if (pestanas_->currentIndex() != archivo) pestanas_->setCurrentIndex(archivo);
+    const QString nombre = NombreQt(Archivo().ruta);
+    ruta_->setText(Archivo().ruta.empty() ? Literal("no file was chosen") : nombre);
+    ruta_->setToolTip(nombre);
+    modelo_->PonerArchivo(Archivo().indice, archivo);
+    tabla_->Empezar();
+    tabla_->PonerLineas(Archivo().indice ? Archivo().indice->Lineas() : 0);
+    tabla_->Refrescar();
+    tabla_->AjustarColumnas();
+    Habilitar();
+}
+
+void FormDatos::ElegirArchivo() {
+    const auto directorio = Archivo().ruta.empty() ? entorno_.directorio : Archivo().ruta.parent_path();
+    const auto elegido = ventana_.vista.ElegirParaAbrir(directorio, todosLosArchivos);
+    if (!elegido) return;
+    Archivo().ruta = *elegido;
+    if (entorno_.recordar) entorno_.recordar(Archivo().parametro, *elegido);
+    Recargar();
+}
+
+// The file may be another one by now: it is opened and counted anew.
+void FormDatos::Recargar() {
+    modelo_->PonerArchivo(nullptr, archivo_);
+    Abrir(Archivo());
+    MostrarArchivo(archivo_);
+    EmpezarRevision();
+}
+
+void FormDatos::Mirar() {
+    if (Archivo().indice) tabla_->PonerLineas(Archivo().indice->Lineas());
+    if (++miradas_ % miradasPorIdentidad == 0 && !Archivo().ruta.empty()) {
+        std::optional<IdentidadDeArchivo> ahora;
+        try {
+            ahora = Identidad(Archivo().ruta);
+        } catch (const FalloDeArchivo&) {
+            ahora.reset();
+        }
+        Archivo().fallo = ahora == Archivo().identidad ? QString() : Literal("The file has changed. Please reload it.");
+    }
+    MostrarEstado();
+    MostrarRevision();
+}
+
+// ---- The document ----
+
+void FormDatos::LeerDiseno() {
+    diseno_ = std::make_shared<DisenoDeEntrada>(ventana_.documento.especificacion, ventana_.documento.opciones);
+    modelo_->PonerDiseno(diseno_);
+    vacio_->setVisible(LadoVacio());
+    regla_->PermitirMarcas(LadoVacio() && !diseno_->PorTabuladores());
+}
+
+bool FormDatos::LadoVacio() const { return ventana_.documento.especificacion.FilasArchivo() == 0; }
+
+void FormDatos::Editar(const std::function<void()>& accion) {
+    const auto antes = ventana_.documento.Revision();
+    ConTrampa(ventana_.vista, accion);
+    if (ventana_.documento.Revision() == antes) return;
+    ++pasos_;
+    TrasCambio();
+}
+
+// The table, the ruler and the findings follow the document.
+void FormDatos::TrasCambio() {
+    const int columnas = modelo_->columnCount();
+    ConTrampa(ventana_.vista, [this] { LeerDiseno(); });
+    tabla_->Refrescar();
+    if (modelo_->columnCount() != columnas) tabla_->AjustarColumnas();
+    tabla_->IrA(tabla_->Actual());
+    revision_.reset();
+    hallazgos_.Quitar();
+    estado_ = {};
+    panel_->Mostrar(estado_, false);
+    modelo_->HallazgosCambiados();
+    pausa_.start(milisegundosDePausa);
+    Habilitar();
+    if (entorno_.alCambiar) entorno_.alCambiar();
+}
+
+void FormDatos::PonerAncho(int campo, std::uint64_t ancho) {
+    const int fila = tabla_->FilaActual();
+    const auto* const clase = fila < 0 ? nullptr : modelo_->Clase(fila);
+    if (clase == nullptr) return;
+    CambiarAncho(ventana_, clase->campos.at(static_cast<std::size_t>(campo)).fila, std::to_string(ancho));
+}
+
+void FormDatos::LlenarDeCabecera() {
+    if (!Archivo().indice) return;
+    auto lineas = Archivo().indice->Leer(0, lineasParaAnchos + 1, maximoDeLinea);
+    if (lineas.empty()) return;
+    const std::string cabecera = std::move(lineas.front());
+    lineas.erase(lineas.begin());
+    if (cabecera.find('\t') == std::string::npos) {
+        return ventana_.vista.Advertir(MensajeLiteral(TextoDelModelo(Literal("The first line of the file holds no tabs."))));
+    }
+    if (!diseno_->PorTabuladores()) {
+        if (ventana_.documento.opciones.ServidorOp()) {
+            return ventana_.vista.Advertir(
+                MensajeLiteral(TextoDelModelo(Literal("Fields separated by tabs are read from files of the workstation only."))));
+        }
+        const Mensaje pregunta =
+            MensajeLiteral(TextoDelModelo(Literal("The first line holds names separated by tabs, but the specification reads "
+                                                  "fields of fixed width. Read fields separated "
+                                                  "by tabs from now on?")));
+        if (ventana_.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
+        CambiarOpcion(ventana_, &Opciones::AnchoFijo, false);
+    }
+    LlenarLadoDeArchivo(ventana_, CamposDeCabecera(cabecera, lineas));
+}
+
+// The last field reaches to the end of the longest line that is looked at.
+void FormDatos::LlenarDeMarcas() {
+    if (!Archivo().indice) return;
+    std::size_t largo = 0;
+    for (const auto& linea : Archivo().indice->Leer(0, lineasParaAnchos, maximoDeLinea)) largo = std::max(largo, linea.size());
+    LlenarLadoDeArchivo(ventana_, CamposDeMarcas(regla_->Marcas(), diseno_->Clases().front().identificador.size(), largo));
+}
+
+void FormDatos::DeshacerPaso() {
+    if (!deshacer_->isEnabled()) return;
+    --pasos_;
+    ConTrampa(ventana_.vista, [this] { Deshacer(ventana_); });
+    TrasCambio();
+}
+
+// ---- Kinds of fields ----
+
+void FormDatos::LeerClases() {
+    if (ventana_.documento.ruta.empty()) return;
+    try {
+        clases_ = ClasesDeCampos::DeDocumento(ventana_.documento.ruta);
+    } catch (const FalloDeEjecucion& fallo) {
+        falloDeClases_ = Literal("The checks beside the document can't be read:") + QLatin1Char(' ') + TextoQt(fallo.what());
+    }
+}
+
+std::string FormDatos::CampoActual() const {
+    const int fila = tabla_->FilaActual();
+    const int campo = fila < 0 ? -1 : modelo_->CampoDeColumna(fila, tabla_->ColumnaActual());
+    return campo < 0 ? std::string() : modelo_->Clase(fila)->campos.at(static_cast<std::size_t>(campo)).nombre;
+}
+
+// The whole of the current field, or its value where it has no width.
+TramoDeLinea FormDatos::TramoActual() const {
+    const int fila = tabla_->FilaActual();
+    const int campo = modelo_->CampoDeColumna(fila, tabla_->ColumnaActual());
+    if (campo < 0 || diseno_->PorTabuladores()) return modelo_->Tramo(fila, tabla_->ColumnaActual());
+    const auto& descrito = modelo_->Clase(fila)->campos.at(static_cast<std::size_t>(campo));
+    return {descrito.columna, descrito.ancho};
+}
+
+void FormDatos::CambiarClase() {
+    if (clase_->Campo().empty() || !clase_->Clase()) return;
+    clases_.Poner(clase_->Campo(), *clase_->Clase());
+    clasesCambiadas_ = true;
+    pausa_.start(milisegundosDePausa);
+    Habilitar();
+}
+
+bool FormDatos::GuardarClases() {
+    auto& documento = ventana_.documento;
+    if (documento.ruta.empty()) {
+        const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Literal(
+            "The checks are kept beside the document, in a file of its name that ends in .checks. Save the document first?")));
+        if (ventana_.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si || !SaveAsOption(ventana_)) return false;
+        if (entorno_.alCambiar) entorno_.alCambiar();
+    }
+    std::vector<std::string> nombres;
+    const auto& tabla = documento.especificacion.TablaArchivo;
+    for (int fila = 0; fila < documento.especificacion.FilasArchivo(); ++fila) {
+        nombres.push_back(tabla[static_cast<std::size_t>(fila)].campo);
+    }
+    try {
+        GuardarArchivo(ClasesDeCampos::ArchivoDe(documento.ruta), clases_.Texto(nombres));
+    } catch (const FalloDeEjecucion& fallo) {
+        ventana_.vista.Advertir(ConDetalle(MensajeLiteral(TextoDelModelo(Literal("The checks can't be saved."))), fallo));
+        return false;
+    }
+    clasesCambiadas_ = false;
+    falloDeClases_.clear();
+    Habilitar();
+    return true;
+}
+
+bool FormDatos::PuedeCerrar() {
+    if (!clasesCambiadas_) return true;
+    const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Literal("The checks of the fields were changed. Save them?")));
+    switch (ventana_.vista.Preguntar(pregunta, Botones::SiNoCancelar)) {
+        case Respuesta::Si: return GuardarClases();
+        case Respuesta::No: return true;
+        default: return false;
+    }
+}
+
+// ---- Findings ----
+
+void FormDatos::EmpezarRevision() {
+    pausa_.stop();
+    revision_.reset();
+    hallazgos_.Quitar();
+    RevisionEnFondo::Pedido pedido{diseno_, clases_, ventana_.documento.ruta, {}, maximoDeHallazgos};
+    bool hay = false;
+    for (const auto& archivo : archivos_) {
+        pedido.archivos.push_back(archivo.indice ? archivo.ruta : std::filesystem::path());
+        hay = hay || archivo.indice;
+    }
+    if (hay && !LadoVacio()) revision_ = std::make_unique<RevisionEnFondo>(std::move(pedido));
+    estado_ = {};
+    panel_->Mostrar(estado_, false);
+    modelo_->HallazgosCambiados();
+    MostrarRevision();
+}
+
+void FormDatos::MostrarRevision() {
+    if (!revision_) return;
+    const bool corriendo = revision_->Corriendo();
+    const auto antes = hallazgos_.Lista().size();
+    const bool seguidos = revision_->Tomar(hallazgos_);
+    estado_ = {true, corriendo, revision_->Completa(), revision_->PorMil(), {}};
+    if (!corriendo) {
+        if (const auto fallo = revision_->Fallo(); !fallo.empty()) {
+            estado_.fallo = Literal("The files can't be checked:") + QLatin1Char(' ') + QString::fromStdString(fallo);
+        }
+        revision_.reset();
+    }
+    panel_->Mostrar(estado_, seguidos);
+    if (hallazgos_.Lista().size() != antes) modelo_->HallazgosCambiados();
+}
+
+void FormDatos::IrAHallazgo(int hallazgo) {
+    const auto elegido = hallazgos_.Lista().at(static_cast<std::size_t>(hallazgo));
+    if (elegido.archivo != archivo_) MostrarArchivo(elegido.archivo);
+    const auto linea = elegido.linea == 0 ? 0 : elegido.linea - 1;
+    tabla_->IrA(linea);
+    const int fila = tabla_->FilaActual();
+    const auto* const clase = fila < 0 ? nullptr : modelo_->Clase(fila);
+    const int campo = clase == nullptr || elegido.fila < 0 ? -1 : clase->BuscarFila(elegido.fila);
+    if (campo >= 0) tabla_->IrA(linea, modelo_->ColumnaDeCampo(campo));
+    panel_->Elegir(hallazgo);
+}
+
+void FormDatos::IrAVecino(int paso) {
+    const auto& lista = hallazgos_.Lista();
+    if (lista.empty()) return;
+    // From the finding that is selected, unless another line was gone to since.
+    const int elegido = panel_->Elegido();
+    const auto cuantos = static_cast<int>(lista.size());
+    if (elegido >= 0) {
+        const auto& actual = lista.at(static_cast<std::size_t>(elegido));
+        const bool aqui = actual.archivo == archivo_ && (actual.linea == 0 ? 1 : actual.linea) == tabla_->Actual() + 1;
+        if (aqui) return IrAHallazgo((elegido + paso + cuantos) % cuantos);
+    }
+    IrAHallazgo(hallazgos_.Vecino(archivo_, tabla_->Actual() + 1, 0, paso));
+}
+
+// ---- What is shown ----
+
+void FormDatos::MostrarActual() {
+    const int fila = tabla_->FilaActual();
+    if (fila >= 0) {
+        regla_->Mostrar(modelo_->Linea(fila), modelo_->Clase(fila), diseno_->PorTabuladores(), TramoActual());
+        const std::string campo = CampoActual();
+        const auto* const clase = clases_.Buscar(campo);
+        clase_->Mostrar(campo, clase == nullptr ? ClaseDeCampo{} : *clase, ventana_.documento.ruta);
+    } else if (!Archivo().indice || Archivo().indice->Lineas() == 0) {
+        regla_->Mostrar({}, nullptr, false, {});
+        clase_->Mostrar({}, {}, {});
+    }
+    MostrarEstado();
+}
+
+void FormDatos::MostrarEstado() {
+    QStringList partes;
+    if (!Archivo().fallo.isEmpty()) partes << Archivo().fallo;
+    if (Archivo().indice) {
+        const auto lineas = Archivo().indice->Lineas();
+        const QLocale numeros;
+        if (lineas == 0) {
+            partes << Literal("The file is empty.");
+        } else {
+            partes << Literal("Line %1 of %2")
+                          .arg(numeros.toString(qulonglong{tabla_->Actual() + 1}), numeros.toString(qulonglong{lineas}));
+        }
+        if (!Archivo().indice->Completo()) partes << Literal("counting");
+    }
+    if (const int fila = tabla_->FilaActual(); fila >= 0) {
+        const QString motivos = modelo_->Motivos(fila, tabla_->ColumnaActual());
+        const QString deLinea = modelo_->Motivos(fila, -1);
+        for (const auto& motivo : {motivos, deLinea}) {
+            if (!motivo.isEmpty()) partes << QString(motivo).replace(QLatin1Char('\n'), QStringLiteral("; "));
+        }
+    }
+    if (!falloDeClases_.isEmpty()) partes << falloDeClases_;
+    const QString texto = partes.join(QStringLiteral(" - "));
+    const QString corto = estadoDeLineas_->fontMetrics().elidedText(texto, Qt::ElideRight, estadoDeLineas_->width());
+    if (estadoDeLineas_->text() == corto && estadoDeLineas_->toolTip() == texto) return;
+    estadoDeLineas_->setText(corto);
+    estadoDeLineas_->setToolTip(texto);
+}
+
+void FormDatos::Habilitar() {
+    deshacer_->setEnabled(pasos_ > 0 && !ventana_.documento.deshacer.Vacia());
+    guardarClases_->setEnabled(clasesCambiadas_);
+    deCabecera_->setEnabled(Archivo().indice && archivo_ == 0);
+    deMarcas_->setEnabled(!regla_->Marcas().Columnas().empty());
+}
+
+}  // namespace qor

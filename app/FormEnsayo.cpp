@@ -1,0 +1,471 @@
+#include "app/FormEnsayo.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <exception>
+#include <system_error>
+#include <utility>
+
+#include "app/input_files.h"
+#include "app/qt/rehearsal_outcome.h"
+#include "app/qt/rehearsal_records.h"
+#include "app/qt/rehearsal_request.h"
+#include "app/qt/rehearsal_sends.h"
+#include "app/qt/theme_icon.h"
+#include "app/rehearsal_lines.h"
+#include "base/busy_pointer.h"
+#include "base/failure.h"
+#include "base/failure_trap.h"
+#include "base/paths.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "input/layout.h"
+
+namespace qor {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int rotuloDeAyuda = 132;
+constexpr int milisegundosPorMirada = 100;
+constexpr int altoSinAjustes = 620;  // of a screen on which the settings make way for what came of the run
+constexpr const char* carpetaDeValores = "values";
+constexpr const char* filtroDeDiario = "JSON Lines|*.jsonl";
+constexpr const char* filtroDeTextos = "*.txt|*.txt";
+
+QString Cifra(std::uint64_t numero) { return QLocale().toString(static_cast<qulonglong>(numero)); }
+
+bool HayArchivo(const fs::path& ruta) {
+    std::error_code ignorado;
+    return fs::is_regular_file(ruta, ignorado);
+}
+
+// The view of the generation: what it warns of stands among the notices of the rehearsal, and only questions are asked.
+class VistaDeNotas : public Vista {
+public:
+    explicit VistaDeNotas(Vista& vista) : vista_(vista) {}
+
+    void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override {}
+    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override { return vista_.Preguntar(mensaje, botones); }
+    std::optional<fs::path> ElegirParaAbrir(const fs::path& directorio, const std::string& filtro) override {
+        return vista_.ElegirParaAbrir(directorio, filtro);
+    }
+    std::optional<fs::path> ElegirParaGrabar(const std::string& filtro) override { return vista_.ElegirParaGrabar(filtro); }
+    void PunteroOcupado(bool ocupado) override { vista_.PunteroOcupado(ocupado); }
+    void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
+    void Enfocar(const std::string& /*control*/) override {}
+    void MostrarTexto(const std::string& texto) override { vista_.MostrarTexto(texto); }
+    bool OfreceEditor() const override { return false; }
+    bool AbrirEditor(const fs::path& /*ruta*/) override { return false; }
+
+private:
+    Vista& vista_;
+};
+
+}  // namespace
+
+FormEnsayo::FormEnsayo(EntornoDeEnsayo entorno) : Dialogo(entorno.textos, "FormEnsayo", nullptr), entorno_(std::move(entorno)) {
+    setWindowTitle(Literal("Rehearsal"));
+    setWindowIcon(IconoDeTema("rehearse"));
+    setModal(false);
+    setWindowFlags(Qt::Window);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setSizeGripEnabled(false);
+    pedido_ = new PanelDePedido(Textos(), entorno_.vista, this);
+    auto* const orden = new QVBoxLayout(this);
+    orden->setContentsMargins(8, 8, 8, 8);
+    orden->setSpacing(6);
+    orden->addWidget(pedido_);
+    orden->addLayout(CrearMando());
+    orden->addWidget(CrearVista(), 1);
+    CrearTeclas();
+    OrdenarFoco();
+    connect(pedido_, &PanelDePedido::ArchivoElegido, this, [this](const QString& parametro, const QString& ruta) {
+        entorno_.recordar(parametro.toStdString(), RutaDeQt(ruta.trimmed()));
+    });
+    connect(&reloj_, &QTimer::timeout, this, &FormEnsayo::MirarAvance);
+    PonerDocumento();
+    PonerTamano(170, 46);
+    pedido_->EnfocarPrimero();
+}
+
+FormEnsayo::~FormEnsayo() {
+    Detener();
+    // What shows the result goes before it.
+    MostrarResultado(nullptr);
+}
+
+// ---- Controls ----
+
+QLayout* FormEnsayo::CrearMando() {
+    correr_ = NuevoBoton("Correr", Literal("&Run"));
+    correr_->setIcon(IconoDeTema("rehearse"));
+    correr_->setToolTip(QStringLiteral("F9"));
+    detener_ = NuevoBoton("Detener", Literal("&Stop"));
+    avance_ = new QProgressBar(this);
+    avance_->setObjectName(QStringLiteral("Avance"));
+    avance_->setAccessibleName(Literal("Progress of the rehearsal"));
+    avance_->setTextVisible(false);
+    avance_->setMaximumWidth(AnchoDeLetras(20));
+    estado_ = NuevoRotulo("Estado", {});
+    estado_->setTextFormat(Qt::PlainText);
+    estado_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    ajustes_ = NuevoBoton("MostrarAjustes", Literal("Se&ttings"));
+    ajustes_->setCheckable(true);
+    ajustes_->setChecked(true);
+    exportar_ = NuevoBoton("Exportar", Literal("&Export"));
+    menuDeExportar_ = new QMenu(this);
+    menuDeExportar_->setObjectName(QStringLiteral("MenuDeExportar"));
+    exportar_->setMenu(menuDeExportar_);
+    ayuda_ = NuevaAyuda("Ayuda", Rotulo(rotuloDeAyuda), entorno_.ayuda, 0);
+    cerrar_ = NuevoBoton("Cerrar", Literal("Close"));
+    connect(correr_, &QPushButton::clicked, this, &FormEnsayo::Correr);
+    connect(detener_, &QPushButton::clicked, this, [this] {
+        if (Corriendo()) ensayo_->Detener();
+    });
+    connect(ajustes_, &QPushButton::toggled, pedido_, &QWidget::setVisible);
+    connect(menuDeExportar_, &QMenu::aboutToShow, this, &FormEnsayo::LlenarExportar);
+    connect(cerrar_, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const fila = new QHBoxLayout;
+    fila->addWidget(correr_);
+    fila->addWidget(detener_);
+    fila->addWidget(avance_);
+    fila->addWidget(estado_, 1);
+    for (auto* const boton : {ajustes_, exportar_, ayuda_, cerrar_}) fila->addWidget(boton);
+    return fila;
+}
+
+QWidget* FormEnsayo::CrearVista() {
+    registros_ = new PanelDeRegistros(Textos(), this);
+    auto* const derecha = new QWidget(this);
+    titulo_ = NuevoRotulo("TituloDelRegistro", {});
+    titulo_->setParent(derecha);
+    titulo_->setTextFormat(Qt::PlainText);
+    titulo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    envios_ = new ArbolDeEnvios(Textos(), derecha);
+    auto* const ordenDerecho = new QVBoxLayout(derecha);
+    ordenDerecho->setContentsMargins(0, 0, 0, 0);
+    ordenDerecho->setSpacing(4);
+    ordenDerecho->addWidget(titulo_);
+    ordenDerecho->addWidget(envios_, 1);
+    // As high as the filter at the left, so that both tables begin alike.
+    titulo_->setMinimumHeight(registros_->findChild<QWidget*>(QStringLiteral("FiltroDeEstado"))->sizeHint().height());
+    resultado_ = new PestanasDeResultado(Textos(), this);
+    auto* const arriba = new QSplitter(Qt::Horizontal, this);
+    arriba->setObjectName(QStringLiteral("DivisionDeRegistros"));
+    arriba->setChildrenCollapsible(false);
+    arriba->addWidget(registros_);
+    arriba->addWidget(derecha);
+    arriba->setStretchFactor(0, 2);
+    arriba->setStretchFactor(1, 3);
+    auto* const todo = new QSplitter(Qt::Vertical, this);
+    todo->setObjectName(QStringLiteral("DivisionDeResultado"));
+    todo->setChildrenCollapsible(false);
+    todo->addWidget(arriba);
+    todo->addWidget(resultado_);
+    todo->setStretchFactor(0, 2);
+    todo->setStretchFactor(1, 1);
+    todo->setSizes({AltoDeLineas(24), AltoDeLineas(11)});
+    connect(registros_, &PanelDeRegistros::Cambiado, this, &FormEnsayo::MostrarRegistro);
+    connect(resultado_, &PestanasDeResultado::RegistroElegido, registros_, &PanelDeRegistros::Elegir);
+    connect(resultado_, &PestanasDeResultado::Activada, this, [this](const Lugar& celda) { entorno_.irA(celda); });
+    connect(envios_, &ArbolDeEnvios::Activada, this, [this](const Lugar& celda) { entorno_.irA(celda); });
+    connect(registros_->Tabla(), &QTableView::activated, this, [this] { envios_->setFocus(); });
+    return todo;
+}
+
+void FormEnsayo::CrearTeclas() {
+    const auto tecla = [this](const QKeySequence& combinacion, auto accion) {
+        connect(new QShortcut(combinacion, this), &QShortcut::activated, this, accion);
+    };
+    tecla(QKeySequence(Qt::Key_F9), [this] { Correr(); });
+    tecla(QKeySequence::Find, [this] { registros_->EnfocarBusqueda(); });
+}
+
+void FormEnsayo::OrdenarFoco() {
+    QWidget* antes = pedido_;
+    for (QWidget* const control : std::initializer_list<QWidget*>{correr_, detener_, ajustes_, exportar_, ayuda_, cerrar_}) {
+        setTabOrder(antes, control);
+        antes = control;
+    }
+}
+
+void FormEnsayo::Habilitar() {
+    const bool corriendo = Corriendo();
+    const bool hay = !corriendo && ensayo_ != nullptr && ensayo_->Resultado().empezado;
+    correr_->setEnabled(!corriendo);
+    detener_->setEnabled(corriendo);
+    pedido_->setEnabled(!corriendo);
+    exportar_->setEnabled(hay);
+    avance_->setVisible(corriendo);
+    for (QWidget* const parte : std::initializer_list<QWidget*>{registros_, envios_, resultado_}) parte->setEnabled(!corriendo);
+}
+
+void FormEnsayo::Traer() {
+    // A frame has to find room too.
+    if (!testAttribute(Qt::WA_WState_Created) && height() >= screen()->availableSize().height() - AltoDeLineas(2)) {
+        setWindowState(Qt::WindowMaximized);
+    }
+    show();
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
+// ---- The document ----
+
+void FormEnsayo::MirarDocumento() {
+    if (Corriendo()) return;
+    const auto& documento = entorno_.documento;
+    if (documento.ruta != documento_) return PonerDocumento();
+    if (documento.Revision() == revision_) return;
+    revision_ = documento.Revision();
+    const DisenoDeEntrada diseno(documento.especificacion, documento.opciones);
+    std::vector<std::string> parametros;
+    for (const auto& archivo : diseno.Archivos()) parametros.push_back(archivo.nombre);
+    if (parametros != parametros_) PonerArchivos();
+}
+
+void FormEnsayo::PonerDocumento() {
+    documento_ = entorno_.documento.ruta;
+    revision_ = entorno_.documento.Revision();
+    setWindowTitle(Literal("Rehearsal") +
+                   (documento_.empty() ? QString() : QStringLiteral(" - ") + NombreQt(documento_.filename())));
+    MostrarResultado(nullptr);
+    ensayo_.reset();
+    PonerArchivos();
+    const auto valores = documento_.parent_path() / carpetaDeValores;
+    std::error_code ignorado;
+    pedido_->PonerValores(!documento_.empty() && fs::is_directory(valores, ignorado) ? valores : fs::path());
+    PonerEstado({});
+    Habilitar();
+}
+
+void FormEnsayo::PonerArchivos() {
+    const auto& documento = entorno_.documento;
+    const DisenoDeEntrada diseno(documento.especificacion, documento.opciones);
+    std::vector<ArchivoPedido> archivos;
+    parametros_.clear();
+    for (const auto& archivo : diseno.Archivos()) {
+        parametros_.push_back(archivo.nombre);
+        auto ruta = entorno_.recordado(archivo.nombre);
+        if (!HayArchivo(ruta)) ruta = ArchivoDelDocumento(documento, static_cast<int>(archivos.size()));
+        archivos.push_back({archivo.nombre, ruta});
+    }
+    pedido_->PonerArchivos(archivos, documento_.empty() ? entorno_.directorio : documento_.parent_path());
+    if (!documento_.empty()) pedido_->PonerTablas(TablasDeCarpeta(documento_.parent_path()));
+}
+
+// ---- The run ----
+
+void FormEnsayo::Correr() {
+    if (Corriendo()) return;
+    entorno_.mandar([this] {
+        MirarDocumento();
+        PedidoDeEnsayo pedido;
+        if (LeerPedido(pedido)) Empezar(std::move(pedido));
+    });
+}
+
+bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
+    const auto rehusar = [this](const char* frase, const fs::path& ruta) {
+        entorno_.vista.Advertir(MensajeLiteral(TextoDelModelo(Literal(frase).arg(NombreQt(ruta)))));
+        return false;
+    };
+    PanelDePedido::Pedido elegido;
+    if (!pedido_->Leer(elegido)) return false;
+    pedido.tramo = elegido.tramo;
+    pedido.fallos = std::move(elegido.fallos);
+    pedido.parametros = std::move(elegido.parametros);
+    for (const auto& archivo : pedido_->Archivos()) {
+        if (!archivo.ruta.empty() && !HayArchivo(archivo.ruta)) return rehusar("There is no file %1.", archivo.ruta);
+        pedido.archivos.push_back(archivo.ruta);
+        entorno_.recordar(archivo.parametro, archivo.ruta);
+    }
+    pedido.sistema = entorno_.sistema();
+    pedido.sistema.valores = pedido_->Valores();
+    for (const auto& [nombre, archivo] : elegido.tablas) {
+        const auto ruta = documento_.parent_path() / RutaDelSistema(archivo);
+        if (!HayArchivo(ruta)) return rehusar("There is no file %1.", ruta);
+        pedido.sistema.tablas.emplace_back(nombre, ruta);
+    }
+    std::error_code ignorado;
+    if (!pedido.sistema.valores.empty() && !fs::is_directory(pedido.sistema.valores, ignorado)) {
+        return rehusar("There is no folder %1.", pedido.sistema.valores);
+    }
+    if (pedido_->EnArchivoPropio()) pedido.sistema.archivo = entorno_.archivoPropio();
+    if (!documento_.empty()) {
+        pedido.sistema.carpeta = documento_.parent_path();
+        pedido.sistema.ajenos.push_back(documento_);
+    }
+    return true;
+}
+
+void FormEnsayo::Empezar(PedidoDeEnsayo pedido) {
+    MostrarResultado(nullptr);
+    const auto& tramo = pedido.tramo;
+    const bool contado = !tramo.Todos() && tramo.hasta - tramo.desde < std::size_t{1'000'000'000};
+    avance_->setRange(0, contado ? static_cast<int>(tramo.hasta - tramo.desde + 1) : 0);
+    avance_->setValue(0);
+    VistaDeNotas vista(entorno_.vista);
+    ensayo_ = std::make_unique<Ensayo>(entorno_.generacion(vista), std::move(pedido));
+    falloDelHilo_.clear();
+    listo_ = false;
+    comienzo_ = std::chrono::steady_clock::now();
+    hilo_ = std::jthread([this] {
+        try {
+            ensayo_->Correr();
+        } catch (const std::exception& fallo) {
+            falloDelHilo_ = fallo.what();
+        }
+        listo_ = true;
+    });
+    reloj_.start(milisegundosPorMirada);
+    Habilitar();
+    MirarAvance();
+    detener_->setFocus();
+}
+
+void FormEnsayo::Detener() {
+    if (!Corriendo()) return;
+    ensayo_->Detener();
+    Terminar();
+}
+
+void FormEnsayo::MirarAvance() {
+    if (!Corriendo()) return;
+    if (listo_) return Terminar();
+    if (avance_->maximum() > 0) avance_->setValue(std::min(static_cast<int>(ensayo_->Empezados()), avance_->maximum()));
+    const std::chrono::duration<double> segundos = std::chrono::steady_clock::now() - comienzo_;
+    PonerEstado(Literal("%1 records, %2 failed, %3 s")
+                    .arg(Cifra(ensayo_->Empezados()), Cifra(ensayo_->Fallados()), QLocale().toString(segundos.count(), 'f', 1)));
+}
+
+void FormEnsayo::Terminar() {
+    reloj_.stop();
+    hilo_.join();
+    hilo_ = {};
+    Habilitar();
+    MostrarResultado(&ensayo_->Resultado());
+    const auto& resultado = ensayo_->Resultado();
+    const auto& cuenta = resultado.cuenta;
+    if (!falloDelHilo_.empty()) {
+        PonerEstado(Literal("The rehearsal failed: %1").arg(QString::fromStdString(falloDelHilo_)));
+    } else if (!resultado.empezado) {
+        PonerEstado(Literal("The report was not run."));
+    } else {
+        QStringList partes{Literal("%1 records read").arg(Cifra(cuenta.registros))};
+        for (const auto estado : {EstadoDeRegistro::Contabilizado, EstadoDeRegistro::EnSesion, EstadoDeRegistro::Fallado}) {
+            const auto cuantos = registros_->Registros().CuantosEn(estado);
+            if (cuantos > 0) partes << Cifra(cuantos) + QLatin1Char(' ') + PalabraDe(Textos(), estado);
+        }
+        if (resultado.volcado) partes << Literal("short dump");
+        if (resultado.detenido) partes << Literal("stopped");
+        PonerEstado(partes.join(QStringLiteral(", ")));
+    }
+    if (screen()->availableSize().height() < altoSinAjustes) ajustes_->setChecked(false);
+    if (resultado.registros.empty()) {
+        resultado_->setFocus();
+    } else {
+        registros_->Tabla()->setFocus();
+    }
+}
+
+void FormEnsayo::PonerEstado(const QString& texto) {
+    estado_->setText(texto);
+    estado_->setToolTip(texto);
+}
+
+bool FormEnsayo::PuedeCerrar() {
+    Detener();
+    return true;
+}
+
+// ---- What came of it ----
+
+void FormEnsayo::MostrarResultado(const ResultadoDeEnsayo* resultado) {
+    std::vector<LineaDeTotal> totales;
+    if (resultado != nullptr) totales = TotalesDe(*resultado, entorno_.documento.especificacion);
+    resultado_->Poner(resultado, totales);
+    registros_->Poner(resultado);
+    if (resultado == nullptr) MostrarRegistro();
+}
+
+void FormEnsayo::MostrarRegistro() {
+    const auto registro = Corriendo() || ensayo_ == nullptr ? 0 : registros_->Elegido();
+    std::vector<LineaDeEnvio> lineas;
+    QString titulo;
+    if (registro > 0) {
+        const auto estado = ensayo_->Resultado().registros.at(registro - 1);
+        titulo = Literal("Record %1: %2").arg(Cifra(registro), PalabraDe(Textos(), estado));
+        ConTrampa(entorno_.vista,
+                  [&] { lineas = LineasDe(ensayo_->EnviosDe(registro), registros_->Registros().Culpables(registro)); });
+        if (lineas.empty()) {
+            titulo += QStringLiteral(". ") +
+                      (estado == EstadoDeRegistro::SinLlegar ? Literal("It was not worked on.") : Literal("It sent nothing."));
+        }
+    }
+    titulo_->setText(titulo);
+    titulo_->setToolTip(titulo);
+    envios_->Poner(std::move(lineas));
+}
+
+// ---- Export ----
+
+void FormEnsayo::LlenarExportar() {
+    menuDeExportar_->clear();
+    menuDeExportar_
+        ->addAction(Literal("The &journal..."), this,
+                    [this] { Exportar(filtroDeDiario, [this](const fs::path& archivo) { ensayo_->ExportarDiario(archivo); }); })
+        ->setObjectName(QStringLiteral("ExportarDiario"));
+    auto* const fallados = menuDeExportar_->addAction(Literal("The &failed records..."), this, [this] { ExportarFallados(); });
+    fallados->setObjectName(QStringLiteral("ExportarFallados"));
+    fallados->setEnabled(ensayo_->Resultado().cuenta.fallados > 0 && !parametros_.empty());
+    std::vector<std::string> sesiones;
+    ConTrampa(entorno_.vista, [&] { sesiones = ensayo_->Sesiones(); });
+    if (sesiones.empty()) return;
+    menuDeExportar_->addSeparator();
+    for (std::size_t n = 0; n < sesiones.size(); ++n) {
+        menuDeExportar_->addAction(
+            Literal("The session %1...").arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
+            [this, n] { Exportar(filtroDeTextos, [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); }); });
+    }
+}
+
+void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs::path&)>& accion) {
+    const auto archivo = entorno_.vista.ElegirParaGrabar(filtro);
+    if (!archivo) return;
+    try {
+        const ConPunteroOcupado puntero(entorno_.vista);
+        accion(*archivo);
+        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+    } catch (const FalloDeArchivo& fallo) {
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
+        aviso.detalle = fallo.Detalle();
+        entorno_.vista.Advertir(aviso);
+    } catch (const FalloDeEjecucion& fallo) {
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
+        aviso.detalle = fallo.what();
+        entorno_.vista.Advertir(aviso);
+    }
+}
+
+void FormEnsayo::ExportarFallados() {
+    QStringList escritos;
+    Exportar(filtroDeTextos, [&](const fs::path& archivo) {
+        for (const auto& ruta : ensayo_->ExportarFallados(archivo)) escritos << NombreQt(ruta.filename());
+    });
+    if (escritos.size() > 1) PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
+}
+
+}  // namespace qor

@@ -1,0 +1,93 @@
+#include <QStandardPaths>
+#include <utility>
+
+#include "app/FormEjemplos.h"
+#include "app/FormEnsayo.h"
+#include "app/Principal.h"
+#include "app/examples.h"
+#include "app/practice_file.h"
+#include "app/qt/input_memory.h"
+#include "app/show_changes.h"
+#include "base/failure.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "editor/document_commands.h"
+#include "sap/import.h"
+
+// From an example to its rehearsal.
+namespace qor {
+
+namespace {
+
+// Where the copies of examples go.
+std::filesystem::path CarpetaDeCopias() {
+    return RutaDeQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) / "Qor Generator examples";
+}
+
+}  // namespace
+
+// The window stands beside this one, and what came of a rehearsal stays in it until the document is another one.
+void Principal::ClicEnsayo() {
+    if (!ensayo_) {
+        const auto ajustes = programa_.rutaDeAjustes.parent_path();
+        const auto memoria = ajustes / "qor-input.ini";
+        ensayo_ = std::make_unique<FormEnsayo>(EntornoDeEnsayo{
+            .textos = programa_.textos,
+            .vista = *vista_,
+            .documento = abierto_,
+            .generacion =
+                [this](Vista& vista) {
+                    auto pedido = Pedido(vista);
+                    pedido.sistema = nullptr;
+                    return pedido;
+                },
+            .sistema = [this, ajustes] { return OpcionesDelUsuario(programa_.ajustes, programa_.directorioDeDatos, ajustes); },
+            .archivoPropio = [] { return RutaDePracticaConDirectorio(EntornoDelProceso()); },
+            .mandar = [this](const std::function<void()>& accion) { return Mandar(accion); },
+            .recordado = [this, memoria](const auto& parametro) { return ArchivoRecordado(memoria, abierto_.ruta, parametro); },
+            .recordar = [this, memoria](const auto& parametro,
+                                        const auto& elegido) { RecordarArchivo(memoria, abierto_.ruta, parametro, elegido); },
+            .irA =
+                [this](const Lugar& lugar) {
+                    raise();
+                    activateWindow();
+                    Mandar([&] { IrA(DestinoDe(lugar, abierto_.especificacion, abierto_.opciones)); });
+                },
+            .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("rehearsal.html", ventana); },
+            .directorio = programa_.ajustes.DirectorioDocumentos});
+    }
+    ensayo_->Traer();
+}
+
+// Demonstrations are the examples that come with the program. A copy of the user's own is opened, with its input files beside it.
+void Principal::AbrirEjemplo() {
+    const auto directorio = DirectorioDeEjemplos(programa_.directorioDeDatos);
+    const auto ejemplos = LeerEjemplos(programa_.directorioDeDatos, directorio);
+    const auto destino = CarpetaDeCopias();
+    FormEjemplos dialogo(programa_.textos, ejemplos, destino, this);
+    dialogo.exec();
+    const auto elegido = dialogo.Elegido();
+    if (!elegido) return;
+    const auto& ejemplo = ejemplos.at(*elegido);
+    const bool deDatos = ejemplo.clase == EjemploIncluido::Clase::JuegoDeDatos;
+    if (!deDatos && !DejarDocumento(ventana_)) return;
+    std::filesystem::path archivo;
+    try {
+        archivo = CopiarEjemplo(directorio / ejemplo.carpeta, destino) / ejemplo.archivo;
+    } catch (const FalloDeArchivo& fallo) {
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, "The example can't be copied.")));
+        aviso.detalle = fallo.Detalle();
+        return vista_->Advertir(aviso);
+    }
+    switch (ejemplo.clase) {
+        case EjemploIncluido::Clase::Documento: OpenOption(ventana_, archivo); break;
+        case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
+        case EjemploIncluido::Clase::Grabacion: {
+            auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);
+            if (importacion) TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, "Rows")));
+            break;
+        }
+    }
+}
+
+}  // namespace qor

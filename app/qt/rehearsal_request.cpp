@@ -1,0 +1,220 @@
+#include "app/qt/rehearsal_request.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "app/pages/controls.h"
+#include "app/rehearsal_lines.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+
+namespace qor {
+
+namespace {
+
+constexpr int rotuloDeExaminar = 80;
+constexpr int filasSinBarra = 4;  // of files, seen at once
+constexpr const char* todosLosArchivos = "*.*|*";
+
+}  // namespace
+
+PanelDePedido::PanelDePedido(const TextosIdioma& textos, Vista& vista, QWidget* padre)
+    : QWidget(padre), textos_(textos), vista_(vista) {
+    setObjectName(QStringLiteral("PanelDePedido"));
+    zona_ = Nuevo<QScrollArea>("ArchivosDeEntrada", this);
+    zona_->setFrameShape(QFrame::NoFrame);
+    zona_->setWidgetResizable(true);
+    zona_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    zona_->setFocusPolicy(Qt::NoFocus);
+    auto* const orden = new QHBoxLayout(this);
+    orden->setContentsMargins(0, 0, 0, 0);
+    orden->setSpacing(12);
+    orden->addWidget(zona_, 5, Qt::AlignTop);
+    orden->addLayout(CrearEleccion(), 4);
+    PonerArchivos({}, {});
+}
+
+QLayout* PanelDePedido::CrearEleccion() {
+    registros_ = Nuevo<QComboBox>("Registros", this);
+    registros_->setEditable(true);
+    registros_->setInsertPolicy(QComboBox::NoInsert);
+    registros_->addItems({QStringLiteral("1-10"), QStringLiteral("1-100"), QStringLiteral("1-1000"), Palabra(textos_, "All")});
+    registros_->setToolTip(Palabra(textos_, "From one to another, such as 11-20"));
+    fallos_ = Nuevo<QLineEdit>("Fallos", this);
+    fallos_->setPlaceholderText(Palabra(textos_, "none; such as 2, 5=Credit limit exceeded"));
+    parametros_ = Nuevo<QLineEdit>("Parametros", this);
+    parametros_->setPlaceholderText(Palabra(textos_, "as the report has them; such as P_TEST=X"));
+    sistema_ = Nuevo<QComboBox>("Sistema", this);
+    sistema_->addItems({Palabra(textos_, "In memory, gone afterwards"), Palabra(textos_, "My own, in its file")});
+    auto* const rejilla = new QGridLayout;
+    rejilla->setVerticalSpacing(4);
+    int fila = 0;
+    const auto agregar = [&](const char* nombre, const char* rotulo, QWidget* control) {
+        auto* const texto = new QLabel(Palabra(textos_, rotulo), this);
+        texto->setObjectName(QString::fromLatin1(nombre));
+        texto->setBuddy(control);
+        control->setAccessibleName(Palabra(textos_, rotulo).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        rejilla->addWidget(texto, fila, 0);
+        rejilla->addWidget(control, fila++, 1);
+    };
+    agregar("RegistrosLabel", "Re&cords:", registros_);
+    agregar("FallosLabel", "Shall &fail:", fallos_);
+    agregar("ParametrosLabel", "&Parameters:", parametros_);
+    agregar("SistemaLabel", "Practice s&ystem:", sistema_);
+    rejilla->setColumnStretch(1, 1);
+    rejilla->setRowStretch(fila, 1);
+    return rejilla;
+}
+
+// ---- Files ----
+
+QLineEdit* PanelDePedido::NuevaRuta(int fila, const char* nombre, const QString& rotulo,
+                                    const std::function<void(QLineEdit*)>& examinar) {
+    QWidget* const padre = zona_->widget();
+    auto* const rejilla = static_cast<QGridLayout*>(padre->layout());
+    const QString propio = QString::fromLatin1(nombre);
+    const QString sinLetra = QString(rotulo).remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+    auto* const caja = new QLineEdit(padre);
+    caja->setObjectName(propio);
+    caja->setAccessibleName(sinLetra);
+    connect(caja, &QLineEdit::textChanged, caja, &QWidget::setToolTip);
+    auto* const texto = new QLabel(rotulo, padre);
+    texto->setObjectName(propio + QStringLiteral("Label"));
+    texto->setBuddy(caja);
+    auto* const boton = new QPushButton(TextoQt(textos_.Texto(rotuloDeExaminar)), padre);
+    boton->setObjectName(QStringLiteral("Examinar") + propio);
+    boton->setAccessibleName(boton->text() + QLatin1Char(' ') + sinLetra);
+    boton->setAutoDefault(false);
+    connect(boton, &QPushButton::clicked, this, [caja, examinar] { examinar(caja); });
+    rejilla->addWidget(texto, fila, 0);
+    rejilla->addWidget(caja, fila, 1);
+    rejilla->addWidget(boton, fila, 2);
+    return caja;
+}
+
+void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, const std::filesystem::path& directorio) {
+    const auto carpeta = valores_ == nullptr ? std::filesystem::path() : Valores();
+    directorio_ = directorio;
+    filas_.clear();
+    auto* const dentro = new QWidget(zona_);
+    auto* const rejilla = new QGridLayout(dentro);
+    rejilla->setContentsMargins(0, 0, 0, 0);
+    rejilla->setVerticalSpacing(4);
+    rejilla->setColumnStretch(1, 1);
+    zona_->setWidget(dentro);
+    int fila = 0;
+    for (const auto& archivo : archivos) {
+        const QString parametro = TextoQt(archivo.parametro);
+        const QString rotulo = fila == 0 ? Palabra(textos_, "&Main records (%1):").arg(parametro)
+                                         : Palabra(textos_, "Step-loop %1 (%2):").arg(QString::number(fila), parametro);
+        auto* const caja = NuevaRuta(fila, archivo.parametro.c_str(), rotulo,
+                                     [this, nombre = archivo.parametro](QLineEdit* suya) { Examinar(nombre, suya); });
+        caja->setText(NombreQt(archivo.ruta));
+        caja->setPlaceholderText(Palabra(textos_, "no file was chosen"));
+        connect(caja, &QLineEdit::editingFinished, this, [this, parametro, caja] { emit ArchivoElegido(parametro, caja->text()); });
+        filas_.push_back({archivo.parametro, caja});
+        ++fila;
+    }
+    tablas_ = nullptr;
+    if (archivos.empty()) {
+        auto* const sinArchivo = new QLabel(Palabra(textos_, "The records of this specification come from no file."), dentro);
+        sinArchivo->setObjectName(QStringLiteral("SinArchivo"));
+        sinArchivo->setWordWrap(true);
+        rejilla->addWidget(sinArchivo, fila++, 0, 1, 3);
+        tablas_ = Nuevo<QLineEdit>("Tablas", dentro);
+        tablas_->setAccessibleName(Palabra(textos_, "Ta&bles:").remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        tablas_->setPlaceholderText(Palabra(textos_, "none"));
+        tablas_->setToolTip(
+            Palabra(textos_, "Tables of the practice system, each from a file of comma-separated values: NAME=FILE"));
+        auto* const rotulo = new QLabel(Palabra(textos_, "Ta&bles:"), dentro);
+        rotulo->setBuddy(tablas_);
+        rejilla->addWidget(rotulo, fila, 0);
+        rejilla->addWidget(tablas_, fila++, 1, 1, 2);
+    }
+    valores_ = NuevaRuta(fila++, "Valores", Palabra(textos_, "&Value lists:"), [this](QLineEdit* caja) { ExaminarValores(caja); });
+    valores_->setPlaceholderText(Palabra(textos_, "none"));
+    valores_->setAccessibleDescription(Palabra(textos_, "Folder of the value lists that fields are checked by"));
+    PonerValores(carpeta);
+    rejilla->setRowStretch(fila, 1);
+    // The bar takes room beside the rows, and only where there are many of them.
+    const int alto = valores_->sizeHint().height() + rejilla->verticalSpacing();
+    zona_->setFixedHeight(alto * std::clamp(fila, 2, filasSinBarra));
+    zona_->setVerticalScrollBarPolicy(fila > filasSinBarra ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
+std::vector<ArchivoPedido> PanelDePedido::Archivos() const {
+    std::vector<ArchivoPedido> archivos;
+    for (const auto& fila : filas_) archivos.push_back({fila.parametro, RutaDeQt(fila.ruta->text().trimmed())});
+    return archivos;
+}
+
+void PanelDePedido::Examinar(const std::string& parametro, QLineEdit* caja) {
+    const auto presente = RutaDeQt(caja->text().trimmed());
+    const auto elegida = vista_.ElegirParaAbrir(presente.empty() ? directorio_ : presente.parent_path(), todosLosArchivos);
+    if (!elegida) return;
+    caja->setText(NombreQt(*elegida));
+    emit ArchivoElegido(TextoQt(parametro), caja->text());
+}
+
+void PanelDePedido::ExaminarValores(QLineEdit* caja) {
+    const QString presente = caja->text().trimmed();
+    const QString elegida = QFileDialog::getExistingDirectory(window(), {}, presente.isEmpty() ? NombreQt(directorio_) : presente);
+    if (!elegida.isEmpty()) caja->setText(elegida);
+}
+
+void PanelDePedido::PonerTablas(const std::string& tablas) {
+    if (tablas_ != nullptr) tablas_->setText(TextoQt(tablas));
+}
+
+void PanelDePedido::PonerValores(const std::filesystem::path& carpeta) { valores_->setText(NombreQt(carpeta)); }
+
+std::filesystem::path PanelDePedido::Valores() const { return RutaDeQt(valores_->text().trimmed()); }
+
+void PanelDePedido::EnfocarPrimero() { (filas_.empty() ? static_cast<QWidget*>(registros_) : filas_.front().ruta)->setFocus(); }
+
+// ---- What is typed ----
+
+bool PanelDePedido::Rehusar(QWidget* control, const char* motivo, const std::string& pieza) {
+    vista_.Advertir(MensajeLiteral(TextoDelModelo(Palabra(textos_, motivo).arg(TextoQt(pieza)))));
+    window()->activateWindow();
+    control->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+bool PanelDePedido::Leer(Pedido& pedido) {
+    const QString registros = registros_->currentText().trimmed();
+    const bool todos = registros.compare(Palabra(textos_, "All"), Qt::CaseInsensitive) == 0;
+    if (!LeerTramoPedido(todos ? std::string() : TextoDelModelo(registros), pedido.tramo)) {
+        return Rehusar(
+            registros_,
+            "The records to work on are two numbers from 1 on with a hyphen between them, of which the second is not below "
+            "the first. This is not of that form: %1",
+            TextoDelModelo(registros));
+    }
+    if (const auto mala = LeerFallosPedidos(TextoDelModelo(fallos_->text()), pedido.fallos); !mala.empty()) {
+        return Rehusar(fallos_,
+                       "The records that shall fail are numbers from 1 on with commas between them, each with its message behind a "
+                       "sign of equality where you like. This is not of that form: %1",
+                       mala);
+    }
+    if (const auto mala = LeerParesPedidos(TextoDelModelo(parametros_->text()), pedido.parametros); !mala.empty()) {
+        return Rehusar(parametros_, "Parameters are written NAME=VALUE, with commas between them. This is not of that form: %1",
+                       mala);
+    }
+    if (tablas_ == nullptr) return true;
+    if (const auto mala = LeerParesPedidos(TextoDelModelo(tablas_->text()), pedido.tablas); !mala.empty()) {
+        return Rehusar(tablas_, "Tables are written NAME=FILE, with commas between them. This is not of that form: %1", mala);
+    }
+    return true;
+}
+
+bool PanelDePedido::EnArchivoPropio() const { return sistema_->currentIndex() == 1; }
+
+}  // namespace qor
