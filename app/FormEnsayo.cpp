@@ -11,6 +11,7 @@
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <array>
 #include <exception>
 #include <system_error>
 #include <utility>
@@ -364,10 +365,16 @@ void FormEnsayo::Terminar() {
     } else if (!resultado.empezado) {
         PonerEstado(Literal("The report was not run."));
     } else {
-        QStringList partes{Literal("%1 records read").arg(Cifra(cuenta.registros))};
-        for (const auto estado : {EstadoDeRegistro::Contabilizado, EstadoDeRegistro::EnSesion, EstadoDeRegistro::Fallado}) {
+        QStringList partes{Literal(cuenta.registros == 1 ? "%1 record read" : "%1 records read").arg(Cifra(cuenta.registros))};
+        constexpr std::array deVarios = {std::pair{EstadoDeRegistro::Contabilizado, "%1 posted"},
+                                         std::pair{EstadoDeRegistro::EnSesion, "%1 in session"},
+                                         std::pair{EstadoDeRegistro::Fallado, "%1 failed"}};
+        for (const auto& [estado, palabras] : deVarios) {
             const auto cuantos = registros_->Registros().CuantosEn(estado);
-            if (cuantos > 0) partes << Cifra(cuantos) + QLatin1Char(' ') + PalabraDe(Textos(), estado);
+            if (cuantos == 1)
+                partes << Cifra(cuantos) + QLatin1Char(' ') + PalabraDe(Textos(), estado);
+            else if (cuantos > 1)
+                partes << Literal(palabras).arg(Cifra(cuantos));
         }
         if (resultado.volcado) partes << Literal("short dump");
         if (resultado.detenido) partes << Literal("stopped");

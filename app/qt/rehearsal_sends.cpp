@@ -158,6 +158,9 @@ ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
     setIndentation(fontMetrics().height());
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(true);
+    // Until there are records, as wide as the title.
+    const int deArchivo = header()->sectionSizeHint(ModeloDeEnvios::DeArchivo);
+    if (deArchivo > header()->defaultSectionSize()) setColumnWidth(ModeloDeEnvios::DeArchivo, deArchivo);
     connect(this, &QTreeView::activated, this, [this](const QModelIndex& lugar) {
         if (const auto* const linea = modelo_->Linea(lugar); linea != nullptr && linea->celda.parte != Lugar::Parte::Ninguna) {
             emit Activada(linea->celda);
