@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "input/convert.h"
 #include "input/convert_tables.h"
+#include "input/value_rules.h"
 #include "input/xlsx_writer.h"
 
 namespace qor {
@@ -138,7 +139,7 @@ private:
     }
 
     std::vector<std::string> LeerLista(const std::string& lista) const {
-        const auto texto = LeerArchivo(documento_.parent_path() / RutaDelSistema(lista), limiteDeCatalogo);
+        const auto texto = LeerListaDeValores(documento_.parent_path(), lista);
         std::vector<std::string> valores;
         for (const auto linea : PartirEnLineas(texto)) {
             if (!EstaEnBlanco(linea)) valores.emplace_back(linea.substr(0, linea.find_last_not_of(' ') + 1));

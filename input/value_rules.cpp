@@ -13,6 +13,16 @@ std::string_view SinBlancosDetras(std::string_view texto) { return texto.substr(
 
 }  // namespace
 
+std::string LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista) {
+    const auto archivo = directorio / RutaDelSistema(lista);
+    try {
+        return LeerArchivo(archivo, limiteDeCatalogo);
+    } catch (const FalloDeArchivo& fallo) {
+        throw FalloDeArchivo(std::string("The list of values that the checks of a field name can't be read: ") + fallo.what(),
+                             archivo);
+    }
+}
+
 ReglaDeValor::ReglaDeValor(const ClaseDeCampo& clase, const std::filesystem::path& directorio) : clase_(clase) {
     if (clase.tipo == ClaseDeCampo::Tipo::Fecha) {
         formato_ = FormatoDeFecha::Leer(clase.formato);
@@ -20,7 +30,7 @@ ReglaDeValor::ReglaDeValor(const ClaseDeCampo& clase, const std::filesystem::pat
     }
     if (!clase.patron.empty()) patron_.emplace(clase.patron);
     if (clase.lista.empty()) return;
-    const auto texto = LeerArchivo(directorio / RutaDelSistema(clase.lista), limiteDeCatalogo);
+    const auto texto = LeerListaDeValores(directorio, clase.lista);
     for (const auto linea : PartirEnLineas(texto)) {
         if (!EstaEnBlanco(linea)) lista_.emplace(SinBlancosDetras(linea));
     }

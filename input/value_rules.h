@@ -16,6 +16,9 @@
 
 namespace qor {
 
+// The text of a list of values that a kind names, relative to the directory of its document. Throws FalloDeArchivo.
+std::string LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista);
+
 // A kind made ready for many values.
 class ReglaDeValor {
 public:
