@@ -14,10 +14,6 @@ using Json = nlohmann::ordered_json;
 
 const char* Gravedad(const HallazgoDeDatos& hallazgo) { return EsAviso(hallazgo.clase) ? "hint" : "error"; }
 
-std::string Cuantos(std::uint64_t cuantos, const char* que) {
-    return std::to_string(cuantos) + ' ' + que + (cuantos == 1 ? "" : "s");
-}
-
 // A value of a file on a terminal, where its control characters would do something.
 std::string SinControles(std::string_view texto) {
     std::string limpio;

@@ -13,10 +13,6 @@ namespace {
 
 std::string EnUnaLinea(std::string_view texto) { return ReemplazarTodo(texto, "\n", " "); }
 
-std::string Cuantos(std::size_t cuantos, const char* que) {
-    return std::to_string(cuantos) + ' ' + que + (cuantos == 1 ? "" : "s");
-}
-
 // A value of a workflow command, behind "::" or as a property.
 std::string DatoDeOrden(std::string_view texto) {
     return ReemplazarTodo(ReemplazarTodo(ReemplazarTodo(texto, "%", "%25"), "\r", "%0D"), "\n", "%0A");

@@ -10,7 +10,6 @@
 #include "base/files.h"
 #include "base/new_file.h"
 #include "base/text.h"
-#include "practice/batch_rows.h"
 
 namespace qor {
 

@@ -8,7 +8,6 @@
 #include "base/text.h"
 #include "model/cells.h"
 #include "model/operations.h"
-#include "practice/batch_rows.h"
 
 namespace qor {
 

@@ -3,7 +3,6 @@
 
 #include "app/rehearsal_rows.h"
 #include "base/text.h"
-#include "practice/batch_rows.h"
 
 namespace qor {
 

@@ -89,10 +89,6 @@ bool Rechazar(const ContextoDeComando& contexto, const std::string& motivo, cons
 
 void Informar(const ContextoDeComando& contexto, const std::string& texto) { contexto.vista.Informar(MensajeLiteral(texto + ".")); }
 
-std::string Cuantos(std::int64_t cuantos, const char* uno, const char* muchos) {
-    return std::to_string(cuantos) + " " + (cuantos == 1 ? uno : muchos);
-}
-
 // A line of comma-separated values on the terminal.
 void Imprimir(const ContextoDeComando& contexto, std::initializer_list<std::string_view> valores) {
     const char* separador = "";
@@ -112,7 +108,7 @@ bool Load(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Sistema sistema(contexto, argumentos, Acceso::Escribir);
     try {
         const auto cargada = CargarTablaDeArchivo(sistema.base, nombre, argumentos.archivo);
-        std::string texto = nombre + ": " + Cuantos(cargada.filas, "row", "rows") + " loaded";
+        std::string texto = nombre + ": " + Cuantos(cargada.filas, "row") + " loaded";
         if (cargada.deOtroCliente > 0) {
             texto += "; " + std::to_string(cargada.deOtroCliente) + " of them of other clients than " + sistema.base.Cliente() +
                      ", which Open SQL does not see";
@@ -179,7 +175,7 @@ bool Download(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     const auto nombre = NombreDeTabla(argumentos);
     Sistema sistema(contexto, argumentos, Acceso::Leer);
     const auto bajadas = BajarTabla(sistema.base, nombre, argumentos.archivo);
-    Informar(contexto, nombre + ": " + Cuantos(bajadas.definiciones + bajadas.filas, "row", "rows") + " written");
+    Informar(contexto, nombre + ": " + Cuantos(bajadas.definiciones + bajadas.filas, "row") + " written");
     if (bajadas.definiciones == 0) {
         return Rechazar(contexto,
                         "The table " + nombre + " has no rows that define fields; the data-set editor does not know the file");
@@ -192,8 +188,8 @@ bool Upload(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     Sistema sistema(contexto, argumentos, Acceso::Escribir);
     try {
         const auto subidas = SubirTabla(sistema.base, nombre, argumentos.archivo);
-        Informar(contexto, nombre + ": " + Cuantos(subidas.cambiadas, "row", "rows") + " replaced, " +
-                               std::to_string(subidas.nuevas) + " added");
+        Informar(contexto,
+                 nombre + ": " + Cuantos(subidas.cambiadas, "row") + " replaced, " + std::to_string(subidas.nuevas) + " added");
         return true;
     } catch (const FalloDeArchivo& fallo) {
         return Rechazar(contexto, "The file can't be taken into the table " + nombre, fallo);
@@ -218,7 +214,7 @@ bool Export(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     const auto entrada = sistema.cola.Buscar(DeArgumento(argumentos.nombre));
     if (!entrada) return Rechazar(contexto, "The queue has no entry " + DeArgumento(argumentos.nombre));
     ExportarSesion(sistema.cola, *entrada, argumentos.archivo);
-    Informar(contexto, entrada->grupo + ": " + Cuantos(entrada->transacciones, "transaction", "transactions") + " written");
+    Informar(contexto, entrada->grupo + ": " + Cuantos(entrada->transacciones, "transaction") + " written");
     return true;
 }
 
@@ -286,7 +282,7 @@ bool Record(const ContextoDeComando& contexto, const Argumentos& argumentos) {
         const auto grabacion = LeerGrabacionDeArchivo(argumentos.archivo);
         Sistema sistema(contexto, argumentos, Acceso::Escribir);
         GuardarGrabacion(sistema.base, grabacion);
-        Informar(contexto, Cuantos(grabacion.transacciones, "transaction", "transactions") + " recorded");
+        Informar(contexto, Cuantos(grabacion.transacciones, "transaction") + " recorded");
         return true;
     } catch (const FalloDeGrabacion& fallo) {
         return Rechazar(contexto, fallo.Que(), fallo);

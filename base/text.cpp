@@ -120,6 +120,10 @@ std::string ConCeros(double numero, int digitos) {
     return cifras;
 }
 
+std::string Cuantos(std::uint64_t cuantos, std::string_view que) {
+    return std::to_string(cuantos) + ' ' + std::string(que) + (cuantos == 1 ? "" : "s");
+}
+
 std::string QuitarBlancos(std::string_view texto) {
     std::string resultado(texto);
     std::erase(resultado, ' ');

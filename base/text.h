@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -10,6 +12,22 @@ namespace qor {
 
 // The text without blanks at both ends.
 std::string_view Recortar(std::string_view texto);
+
+// The text without the blanks behind it. Fields of records and screens are mostly blanks, so they are passed over many at
+// a time.
+inline std::string_view SinBlancosDetras(std::string_view texto) {
+    constexpr std::uint64_t ochoBlancos = 0x2020202020202020;
+    const auto ocho = [&texto](std::size_t lugar) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, texto.data() + lugar, sizeof bytes);
+        return bytes ^ ochoBlancos;
+    };
+    std::size_t largo = texto.size();
+    while (largo >= 32 && (ocho(largo - 8) | ocho(largo - 16) | ocho(largo - 24) | ocho(largo - 32)) == 0) largo -= 32;
+    while (largo >= 8 && ocho(largo - 8) == 0) largo -= 8;
+    while (largo > 0 && texto[largo - 1] == ' ') --largo;
+    return texto.substr(0, largo);
+}
 
 bool EstaEnBlanco(std::string_view texto);
 
@@ -47,6 +65,9 @@ std::string TextoDeNumero(double numero);
 
 // The number, rounded, in at least `digitos` digits.
 std::string ConCeros(double numero, int digitos);
+
+// "1 file", "2 files": a number and the English name of what was counted.
+std::string Cuantos(std::uint64_t cuantos, std::string_view que);
 
 std::string QuitarBlancos(std::string_view texto);
 

@@ -13,12 +13,6 @@ namespace {
 
 constexpr std::size_t maximoMostrado = 200;
 
-std::string_view SinBlancosDetras(std::string_view texto) { return texto.substr(0, texto.find_last_not_of(' ') + 1); }
-
-std::string Cuantos(std::size_t cuantos, const char* que) {
-    return std::to_string(cuantos) + ' ' + que + (cuantos == 1 ? "" : "s");
-}
-
 // The two texts are one where blanks behind them don't count.
 bool EmpiezaCon(std::string_view linea, std::string_view identificador) {
     const auto comienzo = linea.substr(0, identificador.size());

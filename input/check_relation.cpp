@@ -20,8 +20,6 @@ std::size_t JuegoDe(std::string_view clave) {
     return static_cast<unsigned char>(clave[0]) * 256U + static_cast<unsigned char>(clave[1]);
 }
 
-std::string_view SinBlancosDetras(std::string_view texto) { return texto.substr(0, texto.find_last_not_of(' ') + 1); }
-
 std::uint64_t Resumen(std::string_view texto) { return std::hash<std::string_view>{}(texto); }
 
 // A cell holds the number, from 1, and above it what of the hash does not tell the cell already.

@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::size_t maximoDeLinea = std::size_t{16} << 20;
 
-std::string_view SinBlancosDetras(std::string_view texto) { return texto.substr(0, texto.find_last_not_of(' ') + 1); }
-
 }  // namespace
 
 LectorDeLayout::LectorDeLayout(const DisenoDeEntrada& diseno, int archivo, const std::filesystem::path& ruta,

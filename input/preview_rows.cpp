@@ -10,14 +10,9 @@ namespace qor {
 
 namespace {
 
-std::string_view SinBlancosFinales(std::string_view texto) {
-    const auto ultimo = texto.find_last_not_of(' ');
-    return texto.substr(0, ultimo == std::string_view::npos ? 0 : ultimo + 1);
-}
-
 TramoDeLinea TramoEn(std::string_view linea, std::size_t desde, std::size_t largo) {
     desde = std::min(desde, linea.size());
-    return {desde, SinBlancosFinales(linea.substr(desde, largo)).size()};
+    return {desde, SinBlancosDetras(linea.substr(desde, largo)).size()};
 }
 
 std::vector<TramoDeLinea> PartirPorTabuladores(const ClaseDeRegistro& clase, std::string_view linea) {

@@ -142,7 +142,7 @@ private:
         const auto texto = LeerListaDeValores(documento_.parent_path(), lista);
         std::vector<std::string> valores;
         for (const auto linea : PartirEnLineas(texto)) {
-            if (!EstaEnBlanco(linea)) valores.emplace_back(linea.substr(0, linea.find_last_not_of(' ') + 1));
+            if (!EstaEnBlanco(linea)) valores.emplace_back(SinBlancosDetras(linea));
         }
         return valores;
     }

@@ -7,11 +7,7 @@
 
 namespace qor {
 
-namespace {
-
-std::string_view SinBlancosDetras(std::string_view texto) { return texto.substr(0, texto.find_last_not_of(' ') + 1); }
-
-}  // namespace
+namespace {}  // namespace
 
 std::string LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista) {
     const auto archivo = directorio / RutaDelSistema(lista);

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 #include <span>
 #include <string_view>
 #include <vector>
 
 #include "abap/values/internal_table.h"
+#include "base/text.h"
 
 namespace qor {
 
@@ -18,21 +18,6 @@ struct FilaDeBDC {
     std::string_view campo;
     std::string_view valor;
 };
-
-// The text without the blanks behind it. Fields of screens are mostly blanks, so they are passed over many at a time.
-inline std::string_view SinBlancosDetras(std::string_view texto) {
-    constexpr std::uint64_t ochoBlancos = 0x2020202020202020;
-    const auto ocho = [&texto](std::size_t lugar) {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, texto.data() + lugar, sizeof bytes);
-        return bytes ^ ochoBlancos;
-    };
-    std::size_t largo = texto.size();
-    while (largo >= 32 && (ocho(largo - 8) | ocho(largo - 16) | ocho(largo - 24) | ocho(largo - 32)) == 0) largo -= 32;
-    while (largo >= 8 && ocho(largo - 8) == 0) largo -= 8;
-    while (largo > 0 && texto[largo - 1] == ' ') --largo;
-    return texto.substr(0, largo);
-}
 
 // Reads the rows of an internal table that has the components of BDCDATA, by their names; a line that has none of these names is
 // read by the places that they have in BDCDATA.

@@ -40,16 +40,15 @@ std::string NombreDeTabla(std::string_view dicho) {
     return Mayusculas(nombre);
 }
 
-std::string SinBlancosDetras(std::string texto) {
-    texto.erase(texto.find_last_not_of(' ') + 1);
-    return texto;
-}
-
 ValorDeBase LeerValor(const Sentencia& sentencia, int columna) {
     switch (sentencia.ClaseDe(columna)) {
         case Sentencia::Clase::Entero: return sentencia.Entero(columna);
         case Sentencia::Clase::Flotante: return sentencia.Flotante(columna);
-        case Sentencia::Clase::Texto: return SinBlancosDetras(sentencia.Texto(columna));
+        case Sentencia::Clase::Texto: {
+            std::string texto = sentencia.Texto(columna);
+            texto.resize(SinBlancosDetras(texto).size());
+            return texto;
+        }
         case Sentencia::Clase::Bloque: return std::string(sentencia.Bytes(columna));
         case Sentencia::Clase::Nada: break;
     }
@@ -63,7 +62,7 @@ std::string_view ParteLarga(std::span<const ValorDeBase> fila, int larga) {
     const auto* const largo = std::get_if<std::int64_t>(&fila[static_cast<std::size_t>(larga) - 1]);
     std::string_view parte = *texto;
     if (largo != nullptr) parte = parte.substr(0, static_cast<std::size_t>(std::max<std::int64_t>(*largo, 0)));
-    return parte.substr(0, parte.find_last_not_of(' ') + 1);
+    return SinBlancosDetras(parte);
 }
 
 }  // namespace
@@ -333,8 +332,7 @@ std::unique_ptr<abap::FilasDeBase> BaseDePractica::SeleccionarNativo(const std::
                 } else {
                     const auto* const letras = std::get_if<std::string>(&valores[i]);
                     std::string_view valor = letras == nullptr ? std::string_view{} : *letras;
-                    valor = valor.substr(0, valor.find_last_not_of(' ') + 1);
-                    sentencia->LigarTexto(lugar, valor, true);
+                    sentencia->LigarTexto(lugar, SinBlancosDetras(valor), true);
                 }
             }
             return std::make_unique<Cursor>(*this, std::move(clave), std::move(sentencia), volcadoNativo);

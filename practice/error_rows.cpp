@@ -45,7 +45,7 @@ std::optional<abap::ValorDeBase> Leer(const abap::TipoDeCampo& tipo, std::string
             if (!SonCifras(sinBlancos) || sinBlancos.size() != tipo.largo) return std::nullopt;
             return std::string(sinBlancos);
         case Tipo::C: {
-            const auto texto_ = texto.substr(0, texto.find_last_not_of(' ') + 1);
+            const auto texto_ = SinBlancosDetras(texto);
             if (texto_.size() > tipo.largo) return std::nullopt;
             return std::string(texto_);
         }

@@ -83,7 +83,7 @@ TablaCargada CargarEnNueva(BaseDePractica& base, std::string_view nombre, const 
     CadaLinea(texto, columnas.size(), [&](const LineaCsv& linea) {
         for (std::size_t i = 0; i < columnas.size(); ++i) {
             const std::string_view valor = linea.campos[i];
-            insertar->LigarTexto(static_cast<int>(i), valor.substr(0, valor.find_last_not_of(' ') + 1));
+            insertar->LigarTexto(static_cast<int>(i), SinBlancosDetras(valor));
         }
         insertar->Ejecutar();
         ++cargada.filas;

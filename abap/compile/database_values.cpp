@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "abap/values/conversion.h"
+#include "base/text.h"
 
 namespace qor::abap {
 

@@ -8,6 +8,7 @@
 #include "abap/values/number.h"
 #include "abap/values/packed.h"
 #include "abap/values/value_text.h"
+#include "base/text.h"
 
 namespace qor::abap {
 namespace {

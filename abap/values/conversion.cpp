@@ -11,6 +11,7 @@
 #include "abap/values/number.h"
 #include "abap/values/packed.h"
 #include "abap/values/value_text.h"
+#include "base/text.h"
 
 namespace qor::abap {
 namespace {
@@ -77,16 +78,6 @@ Calculo ClaseDe(Tipo origen, Tipo destino) {
 }
 
 }  // namespace
-
-std::string_view SinBlancosDetras(std::string_view texto) {
-    auto fin = texto.size();
-    for (std::uint64_t pieza = 0; fin >= sizeof pieza; fin -= sizeof pieza) {
-        std::memcpy(&pieza, texto.data() + fin - sizeof pieza, sizeof pieza);
-        if (pieza != ochoBlancos) break;
-    }
-    while (fin > 0 && texto[fin - 1] == ' ') --fin;
-    return texto.substr(0, fin);
-}
 
 void ExigirEscribible(const Campo& campo) {
     if (campo.soloLectura) throw Volcado("MOVE_TO_LIT_NOTALLOWED", "A literal or a constant was to be written");

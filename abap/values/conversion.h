@@ -30,8 +30,6 @@ std::string_view TextoDeOperando(const Campo& campo, std::string& resto);
 // Throws MOVE_TO_LIT_NOTALLOWED for a field that can't be written.
 void ExigirEscribible(const Campo& campo);
 
-std::string_view SinBlancosDetras(std::string_view texto);
-
 inline constexpr std::uint64_t ochoBlancos = 0x2020202020202020U;
 
 // ---- The frequent moves, at their place of use ----

@@ -8,6 +8,7 @@
 #include "abap/short_dump.h"
 #include "abap/values/arithmetic.h"
 #include "abap/values/conversion.h"
+#include "base/text.h"
 
 namespace qor::abap {
 namespace {

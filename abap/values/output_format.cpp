@@ -10,6 +10,7 @@
 #include "abap/values/edit_mask.h"
 #include "abap/values/number.h"
 #include "abap/values/value_text.h"
+#include "base/text.h"
 
 namespace qor::abap {
 namespace {
