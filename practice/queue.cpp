@@ -194,19 +194,11 @@ void ColaDePractica::CadaTransaccion(std::int64_t entrada, const std::function<b
 }
 
 void ColaDePractica::CadaRegistro(const EntradaDeCola& entrada, const Registro& registro) {
-    std::string bytes;
-    const auto poner = [&](std::string_view programa, std::string_view dynpro, char clase, std::string_view campo,
-                           std::string_view valor) {
-        EscribirRegistroDeSesion(bytes, programa, dynpro, clase, campo, valor);
-        registro(bytes);
-    };
-    poner({}, "0000", 'M', entrada.grupo, {});
+    EscritorDeRegistros escritor(registro);
+    escritor.Cabeza(entrada.grupo);
     CadaTransaccion(entrada.numero, [&](const TransaccionDeCola& transaccion) {
-        poner({}, "0000", 'T', transaccion.transaccion, {});
-        for (const auto& fila : transaccion.filas) {
-            const auto dynpro = fila.dynpro.empty() ? std::string_view("0000") : fila.dynpro;
-            poner(fila.programa, dynpro, fila.abre ? 'X' : ' ', fila.campo, fila.valor);
-        }
+        escritor.Transaccion(transaccion.transaccion);
+        for (const auto& fila : transaccion.filas) escritor.Fila(fila);
         return true;
     });
 }

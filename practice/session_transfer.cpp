@@ -86,14 +86,15 @@ private:
 
 }  // namespace
 
-void EscribirRegistroDeSesion(std::string& registro, std::string_view programa, std::string_view dynpro, char clase,
-                              std::string_view campo, std::string_view valor) {
-    registro.clear();
-    Columnas(registro, programa, anchoDePrograma);
-    Columnas(registro, dynpro, anchoDeDynpro);
-    registro += clase;
-    Columnas(registro, campo, anchoDeCampo);
-    Columnas(registro, valor, anchoDeCampo);
+void EscritorDeRegistros::Escribir(std::string_view programa, std::string_view dynpro, char clase, std::string_view campo,
+                                   std::string_view valor) {
+    bytes_.clear();
+    Columnas(bytes_, programa, anchoDePrograma);
+    Columnas(bytes_, dynpro.empty() ? "0000" : dynpro, anchoDeDynpro);
+    bytes_ += clase;
+    Columnas(bytes_, campo, anchoDeCampo);
+    Columnas(bytes_, valor, anchoDeCampo);
+    registro_(bytes_);
 }
 
 void ExportarSesion(ColaDePractica& cola, const EntradaDeCola& entrada, const std::filesystem::path& archivo) {

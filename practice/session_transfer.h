@@ -12,9 +12,21 @@ namespace qor {
 
 constexpr std::size_t largoDeRegistro = 309;
 
-// A record; texts that are too long are cut.
-void EscribirRegistroDeSesion(std::string& registro, std::string_view programa, std::string_view dynpro, char clase,
-                              std::string_view campo, std::string_view valor);
+// Hands out the records of an entry of the queue, 309 characters each; texts that are too long are cut.
+class EscritorDeRegistros {
+public:
+    explicit EscritorDeRegistros(const ColaDeSesiones::Registro& registro) : registro_(registro) {}
+
+    void Cabeza(std::string_view grupo) { Escribir({}, {}, 'M', grupo, {}); }
+    void Transaccion(std::string_view codigo) { Escribir({}, {}, 'T', codigo, {}); }
+    void Fila(const FilaDeBDC& fila) { Escribir(fila.programa, fila.dynpro, fila.abre ? 'X' : ' ', fila.campo, fila.valor); }
+
+private:
+    void Escribir(std::string_view programa, std::string_view dynpro, char clase, std::string_view campo, std::string_view valor);
+
+    const ColaDeSesiones::Registro& registro_;
+    std::string bytes_;
+};
 
 // Writes an entry of the queue into a file.
 void ExportarSesion(ColaDePractica& cola, const EntradaDeCola& entrada, const std::filesystem::path& archivo);

@@ -70,17 +70,12 @@ void GrabacionesDePractica::Borrar(std::string_view qid) {
 }
 
 void GrabacionesDePractica::CadaRegistro(const GrabacionGuardada& grabacion, const ColaDeSesiones::Registro& registro) {
-    std::string bytes;
-    const auto poner = [&](std::string_view programa, std::string_view dynpro, char clase, std::string_view campo,
-                           std::string_view valor) {
-        EscribirRegistroDeSesion(bytes, programa, dynpro, clase, campo, valor);
-        registro(bytes);
-    };
-    poner({}, "0000", 'M', grabacion.grupo, {});
+    EscritorDeRegistros escritor(registro);
+    escritor.Cabeza(grabacion.grupo);
     LeerGrabacion(grabacion.texto, [&](const TransaccionLeida& transaccion) {
-        poner({}, "0000", 'T', transaccion.codigo, {});
+        escritor.Transaccion(transaccion.codigo);
         for (const auto& fila : transaccion.filas) {
-            poner(fila.programa, fila.abre ? std::string_view(fila.dynpro) : "0000", fila.abre ? 'X' : ' ', fila.campo, fila.valor);
+            escritor.Fila({fila.programa, fila.dynpro, fila.abre, fila.campo, fila.valor});
         }
     });
 }

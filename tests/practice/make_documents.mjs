@@ -1,5 +1,7 @@
 // Varied documents with their input and their runs, the same ones for the same seed. Texts are strings of one character for each byte.
 
+import { makeRandom } from "./random.mjs";
+
 const NAMES = "MATNR MTART WERKS LIFNR BUKRS KOSTL WAERS MENGE PREIS DATUM1 SGTXT NAME1 LAND1 STRAS ZTERM MEINS GSBER PRCTR AUFNR XBLNR BLART".split(" ");
 const VALUES = ["", "", "A", "B", "X", "1", "0007", "12-", "-5", "1.234,56", "S\xfc\xdf \x80 \xe9", "lower  case", "  IN", "$", "YES", "LONG".repeat(35)];
 const DATES = ["", "31.12.1999", "01.02.03", "02/28/2004", "2004-02-29", "20040229"];
@@ -19,18 +21,6 @@ const BAPIS = {
   },
 };
 const crlf = (text) => text.replace(/\r?\n/g, "\r\n");
-
-function makeRandom(seed) {
-  let state = seed;
-  const next = () => {
-    state = (state + 0x6d2b79f5) | 0;
-    let t = Math.imul(state ^ (state >>> 15), 1 | state);
-    t = (t + Math.imul(t ^ (t >>> 7), 61 | t)) ^ t;
-    return ((t ^ (t >>> 14)) >>> 0) / 4294967296;
-  };
-  const upTo = (n) => Math.floor(next() * n);
-  return { upTo, from: (a, b) => a + upTo(b - a + 1), chance: (p) => next() < p, pick: (list) => list[upTo(list.length)] };
-}
 
 // The formulas that the program offers, as their names and their code with "!" for the field.
 export const formulaTexts = (text) =>

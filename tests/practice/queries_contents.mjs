@@ -1,6 +1,7 @@
 // Random contents of a practice system, the same ones for the same seed: what its files hold, and beside them what they mean. Texts
 // are strings of one character for each byte.
 
+import { makeRandom } from "./random.mjs";
 import { fit } from "./storage.mjs";
 
 const [LONG_NAME, LONG_FIELD] = ["A234567890B234567890C234567890", "Z_LONG_NAME_OF_THIRTY_CHARACTR"];
@@ -9,24 +10,6 @@ const FIELDS = ["MATNR", "TYPE", "MESSAGE", "MTART", LONG_FIELD, "ROW", "F1", "F
 const LETTERS = " abc XYZ,.:;-+*%_#@\"&<>/()=09\x80\x8a\x9a\x9f\xa0\xc4\xdf\xe9\xf7\xff";
 const GROUPS = ["LOAD", "Load 2", "ORDERS_12345", "\xc4NDERN", "A", "M&M"];
 const TYPES = { CHAR: 0, NUMC: 0, RAW: 0, DEC: 0, CURR: 0, QUAN: 0, CLNT: 3, LANG: 1, CUKY: 5, UNIT: 3, ACCP: 6, DATS: 8, TIMS: 6, INT1: 3, INT2: 5, INT4: 10, FLTP: 16 };
-
-export function makeRandom(seed) {
-  let state = seed;
-  const next = () => {
-    state = (state + 0x6d2b79f5) | 0;
-    let t = Math.imul(state ^ (state >>> 15), 1 | state);
-    t = (t + Math.imul(t ^ (t >>> 7), 61 | t)) ^ t;
-    return ((t ^ (t >>> 14)) >>> 0) / 4294967296;
-  };
-  const upTo = (n) => Math.floor(next() * n);
-  const from = (a, b) => a + upTo(b - a + 1);
-  const pick = (list) => list[upTo(list.length)];
-  const chance = (p) => next() < p;
-  const some = (n, make) => Array.from({ length: n }, (_, i) => make(i));
-  const text = (n, letters = LETTERS) => some(n, () => pick(letters)).join("");
-  const mixed = (list) => list.map((one) => [next(), one]).sort((a, b) => a[0] - b[0]).map((pair) => pair[1]);
-  return { upTo, from, pick, chance, some, text, mixed };
-}
 
 // A file of a catalogue, and its function modules in the order of the file.
 function makeCatalogue({ from, pick, chance, some, text, mixed, upTo }) {
@@ -134,7 +117,7 @@ function makeProgram({ from, pick, chance, some, text }) {
 }
 
 export function makeContents(seed) {
-  const random = makeRandom(seed);
+  const random = makeRandom(seed, LETTERS);
   const { from, pick, chance, some, text } = random;
   const value = () => pick(["", "/00", "'", "it's", `  ${text(9)}`, text(from(1, 40)), text(132), `${text(60)}  x `, text(5)]);
   // A value of a recording's text ends at the apostrophe in it.
