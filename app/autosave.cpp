@@ -128,10 +128,10 @@ fs::path NombreLibre(const fs::path& directorio) {
     return ruta;
 }
 
-void CrearDirectorio(const fs::path& directorio) {
+void CrearDirectorioPropio(const fs::path& directorio) {
+    CrearDirectorio(directorio);
     std::error_code error;
-    fs::create_directories(directorio, error);
-    if (!error) fs::permissions(directorio, fs::perms::owner_all, error);
+    fs::permissions(directorio, fs::perms::owner_all, error);
     if (error) throw FalloDeArchivo(error.value(), directorio);
 }
 
@@ -158,7 +158,7 @@ std::vector<CopiaDeTrabajo> CopiasDeTrabajo::Abandonadas() const {
 void CopiasDeTrabajo::Actualizar(const Documento& documento) {
     QuitarSiGuardado(documento);
     if (!documento.HayCambios() || (propia_.Abierto() && revision_ == documento.Revision())) return;
-    CrearDirectorio(directorio_);
+    CrearDirectorioPropio(directorio_);
     const auto ruta = propia_.Abierto() ? propia_.Ruta() : NombreLibre(directorio_);
     ArchivoNuevo nueva(ruta, ".tmp", propia_.Abierto() ? &propia_ : nullptr);
     nueva.Escribir(TextoDeCopia(documento));

@@ -1,6 +1,7 @@
 #include "app/practice_file.h"
 
 #include "base/failure.h"
+#include "base/new_file.h"
 #include "practice/role.h"
 
 namespace qor {
@@ -8,12 +9,6 @@ namespace qor {
 namespace {
 
 constexpr const char* nombreDePractica = "practice.sqlite";
-
-void CrearDirectorio(const std::filesystem::path& directorio) {
-    std::error_code error;
-    std::filesystem::create_directories(directorio, error);
-    if (error) throw FalloDeArchivo(error.value(), directorio);
-}
 
 }  // namespace
 

@@ -50,7 +50,7 @@ public:
     ResultadoActualizacion Correr() {
         bool enProgreso = false;
         try {
-            CrearDirectorio();
+            CrearDirectorio(p_.directorio);
             PrepararContinuacion();
             const auto lista = ListarBAPIs(p_.sesion);
             if (!lista) throw FalloDeEjecucion("the list of BAPIs can't be had");
@@ -82,12 +82,6 @@ private:
         Borrar(nuevo_);
         p_.vista.Advertir(ConMotivo(p_.sesion, ConDetalle(Componer(p_.textos, {441}), fallo)));
         return ResultadoActualizacion::Fallida;
-    }
-
-    void CrearDirectorio() const {
-        std::error_code error;
-        std::filesystem::create_directories(p_.directorio, error);
-        if (error) throw FalloDeArchivo(error.value(), p_.directorio);
     }
 
     // The practice system has the BAPIs of the catalogue in use. Without one there are none, and nothing worth a catalogue.

@@ -238,6 +238,12 @@ void ArchivoNuevo::Colocar() {
     trabajo_.clear();
 }
 
+void CrearDirectorio(const std::filesystem::path& directorio) {
+    std::error_code error;
+    std::filesystem::create_directories(directorio, error);
+    if (error) throw FalloDeArchivo(error.value(), directorio);
+}
+
 void GuardarArchivo(const fs::path& destino, std::string_view texto, std::string_view extension) {
     ArchivoNuevo archivo(destino, extension);
     archivo.Escribir(texto);

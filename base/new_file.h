@@ -79,6 +79,9 @@ private:
     bool incompleto_ = false;  // a write has failed
 };
 
+// Makes a directory where it is missing, with those above it. Throws FalloDeArchivo.
+void CrearDirectorio(const std::filesystem::path& directorio);
+
 // A text as the whole content of a file.
 void GuardarArchivo(const std::filesystem::path& destino, std::string_view texto, std::string_view extension = ".TMP");
 
