@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "app/data_document.h"
 #include "app/data_finding_formats.h"
 #include "app/output_check.h"
 #include "base/failure.h"
 #include "base/text.h"
 #include "input/convert.h"
+#include "input/sheet.h"
 #include "input/template.h"
 
 namespace qor {
@@ -41,7 +43,9 @@ file, and those of the file become dates and numbers. Numbers in other fields ar
 displayed, with all their digits, without the signs of thousands and with a point. Texts stay what they
 are, with their leading zeros. Rows without values are passed over.
 
-What does not fit is told with row and column, the status is 1, and nothing is written.)";
+Values have to be what their kinds say, in both directions. What does not fit is told with row and
+column, the status is 1, and nothing is written. With --leave-out the other records are written, but
+not where a whole file or table is wrong: its encoding, its headings, its numbers in "#".)";
 
 // The forms of a side.
 enum class Lado { Layout, Csv, Tabuladores, Xlsx };
@@ -82,13 +86,6 @@ FormaDeTabla FormaDe(Lado lado) {
     return lado == Lado::Xlsx ? FormaDeTabla::Xlsx : lado == Lado::Csv ? FormaDeTabla::Csv : FormaDeTabla::Tabuladores;
 }
 
-// "letter of a column, number of a row", as spreadsheets name cells.
-std::string NombreDeCelda(std::size_t columna, std::uint64_t fila) {
-    std::string letras;
-    for (; columna > 0; columna = (columna - 1) / 26) letras.insert(letras.begin(), static_cast<char>('A' + (columna - 1) % 26));
-    return letras + std::to_string(fila);
-}
-
 // A conversion as it was asked for.
 class PedidoDeConversion {
 public:
@@ -96,7 +93,8 @@ public:
         : contexto_(contexto),
           argumentos_(argumentos),
           diseno_(documento.especificacion, documento.opciones),
-          clases_(ClasesDeCampos::DeDocumento(documento.ruta)),
+          clases_(LeerClases(contexto, documento)),
+          reglas_(clases_, std::filesystem::path(documento.ruta).parent_path()),
           desde_(LadoDe(argumentos.desde, argumentos.entradas)),
           hacia_(LadoDe(argumentos.hacia, argumentos.salidas)) {
         if (!diseno_.HayArchivo()) throw FalloDeEjecucion("the records of the document come from no file");
@@ -107,6 +105,7 @@ public:
         ExigirArchivos("IN", desde_, argumentos_.entradas);
         ExigirArchivos("-o", hacia_, argumentos_.salidas);
         ProtegerEntradas(documento.ruta);
+        ExigirHojas();
         PonerOpciones(documento.opciones.ServidorOp());
     }
 
@@ -119,8 +118,8 @@ public:
         }
         const auto archivos = Rutas(alLayout ? argumentos_.salidas : argumentos_.entradas);
         const OyenteDeConversion oyente = [this](const HallazgoDeDatos& hallazgo) { Decir(hallazgo); };
-        const auto conversion = alLayout ? ConvertirALayout(diseno_, clases_, tablas, archivos, opciones_, oyente)
-                                         : ConvertirATablas(diseno_, clases_, archivos, tablas, opciones_, oyente);
+        const auto conversion = alLayout ? ConvertirALayout(diseno_, clases_, reglas_, tablas, archivos, opciones_, oyente)
+                                         : ConvertirATablas(diseno_, clases_, reglas_, archivos, tablas, opciones_, oyente);
         Resumir(conversion);
         return conversion.hallazgos == 0;
     }
@@ -142,13 +141,34 @@ private:
     }
 
     void ProtegerEntradas(const fs::path& documento) const {
-        auto leidos = Rutas(argumentos_.entradas);
-        leidos.insert(leidos.end(), {documento, ClasesDeCampos::ArchivoDe(documento)});
-        for (const auto& salida : argumentos_.salidas) {
-            ChequearSalida("-o", salida, leidos, "is read");
-            if (std::find(leidos.begin(), leidos.end(), salida) != leidos.end()) throw MalUso("-o: " + salida + " comes twice");
-            leidos.emplace_back(salida);
+        auto leidos = ArchivosDelDocumento(contexto_, documento, clases_);
+        const auto entradas = Rutas(argumentos_.entradas);
+        leidos.insert(leidos.end(), entradas.begin(), entradas.end());
+        ChequearSalidas("-o", Rutas(argumentos_.salidas), leidos, "is read");
+    }
+
+    void ExigirHojas() const {
+        const auto& hojas = argumentos_.hojas;
+        if (hojas.empty()) return;
+        if (desde_ != Lado::Xlsx) throw MalUso("--sheet: only sheets of a workbook that is read can be named");
+        if (hojas.size() > diseno_.Clases().size()) {
+            throw MalUso("--sheet: " + Cuantos(hojas.size(), "sheet") + " for " +
+                         Cuantos(diseno_.Clases().size(), "kind") + " of records");
         }
+        for (std::size_t i = 0; i < hojas.size(); ++i) {
+            const auto otra = std::find(hojas.begin() + static_cast<std::ptrdiff_t>(i) + 1, hojas.end(), hojas[i]);
+            if (otra != hojas.end()) throw MalUso("--sheet: " + hojas[i] + " comes twice");
+        }
+    }
+
+    // Without headings nothing tells what separates the values of a table.
+    void ExigirSeparador() const {
+        if (desde_ != Lado::Csv || opciones_.filaDeTitulos > 0 || opciones_.separador != 0) return;
+        const auto& clases = diseno_.Clases();
+        const bool haceFalta = std::any_of(clases.begin(), clases.end(), [this](const auto& clase) {
+            return Titulos(clase, ConNumero(diseno_, clase)).size() > 1;
+        });
+        if (haceFalta) throw MalUso("--separator: without headings it has to be told");
     }
 
     void PonerOpciones(bool servidor) {
@@ -164,6 +184,7 @@ private:
         if (!opciones_.porOrden && opciones_.filaDeTitulos == 0 && hacia_ == Lado::Layout) {
             throw MalUso("--heading-row: without headings columns go by their order, see --columns");
         }
+        ExigirSeparador();
         opciones_.otrasColumnas = argumentos_.otrasColumnas;
         opciones_.dejarFuera = argumentos_.dejarFuera;
         // On the server a CR would be part of the last field.
@@ -179,8 +200,9 @@ private:
         }
         auto sinLinea = hallazgo;
         sinLinea.linea = 0;
-        contexto_.salida << HallazgoDeDatosComoTexto(
-            argumentos_.entradas.front() + ':' + hojas_[lugar] + '!' + NombreDeCelda(hallazgo.columna, hallazgo.linea), sinLinea);
+        const auto celda =
+            hallazgo.columna > 0 ? NombreDeCelda(hallazgo.columna - 1, hallazgo.linea) : std::to_string(hallazgo.linea);
+        contexto_.salida << HallazgoDeDatosComoTexto(argumentos_.entradas.front() + ':' + hojas_[lugar] + '!' + celda, sinLinea);
     }
 
     void Resumir(const Conversion& conversion) const {
@@ -203,6 +225,7 @@ private:
     const Argumentos& argumentos_;
     DisenoDeEntrada diseno_;
     ClasesDeCampos clases_;
+    ReglasDeValores reglas_;
     Lado desde_;
     Lado hacia_;
     OpcionesDeConversion opciones_;
@@ -221,10 +244,10 @@ bool Template(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     const auto& documento = abierto.documento;
     const DisenoDeEntrada diseno(documento.especificacion, documento.opciones);
-    ChequearSalida("-o", argumentos.salidas.front(), {documento.ruta, ClasesDeCampos::ArchivoDe(documento.ruta)}, "is read");
+    const auto clases = LeerClases(contexto, documento);
+    ChequearSalida("-o", argumentos.salidas.front(), ArchivosDelDocumento(contexto, documento.ruta, clases), "is read");
     if (!diseno.HayArchivo()) throw FalloDeEjecucion("the records of the document come from no file");
-    EscribirPlantilla(diseno, documento.especificacion, ClasesDeCampos::DeDocumento(documento.ruta), documento.ruta,
-                      argumentos.salidas.front());
+    EscribirPlantilla(diseno, documento.especificacion, clases, documento.ruta, argumentos.salidas.front());
     return true;
 }
 
@@ -267,9 +290,8 @@ void AgregarConvert(Ordenes grupo) {
         ->check(CLI::IsMember({",", "."}))
         ->type_name("SIGN");
     orden->add_flag("--leave-out", argumentos->dejarFuera,
-                    "Write the records that fit, and leave out the others; in one file an order goes with all its items");
-    orden->add_option("--max-findings", argumentos->maximo, "Tell at most N findings, and count the others; by default 1000")
-        ->type_name("N");
+                    "Write the records that fit, and leave out the others; an order goes with all its items");
+    AgregarMaximo(*orden, argumentos->maximo, "findings");
     orden->callback([argumentos, &comando = grupo.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) { return Convert(contexto, *argumentos); };
     });

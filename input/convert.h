@@ -10,6 +10,7 @@
 #include "input/data_finding.h"
 #include "input/kinds.h"
 #include "input/layout.h"
+#include "input/value_rules.h"
 
 // Records of a layout as rows of tables, and back.
 //
@@ -41,7 +42,8 @@ struct Tablas {
     // only one takes the first sheet that is seen where the workbook has none of its name.
     std::vector<std::string> hojas = {};
 };
-// The sheets of the kinds as the workbook that is read names them. Throws FalloDeArchivo for one that isn't there.
+// The sheets of the kinds as the workbook that is read names them. Throws FalloDeArchivo for one that isn't there, for a hidden one
+// that is not named in `tablas`, and for one that two kinds would share.
 std::vector<std::string> BuscarHojas(const DisenoDeEntrada& diseno, const Tablas& tablas);
 
 struct OpcionesDeConversion {
@@ -50,8 +52,9 @@ struct OpcionesDeConversion {
     int filaDeTitulos = 1;       // what is in front of it is passed over; 0: there are no headings
     bool otrasColumnas = false;  // columns whose heading is no field are passed over; else each is a finding
     char separador = 0;          // of files of values; 0: by the headings, and a semicolon where they are written
-    // Records with findings are left out; else nothing is written where there are findings. Into a file of several kinds a main
-    // record goes with all that belongs to it or not at all; with a wrong number in a column "#" nothing is written either way.
+    // Records with findings are left out, each with all that belongs to it as LotesDeRegistros has it; else nothing is written where
+    // there are findings. What is wrong with a whole file or table lets nothing be written either way: a file that is not in
+    // windows-1252, headings, a required field without a column, numbers in a column "#" that can't be followed.
     bool dejarFuera = false;
     std::string finDeLinea = "\n";  // of the lines of a layout
 };
@@ -65,15 +68,19 @@ struct Conversion {
 };
 
 // Gets the findings. `archivo` is the place of the table, which is that of its kind of records, or that of the file of the layout;
-// `columna` is the number of the column of a table.
+// `columna` is the number of the column of a table; 0 where it has none.
 using OyenteDeConversion = std::function<void(const HallazgoDeDatos&)>;
 
+// Every value that is written has to be what its kind says; `clases` and `reglas` are the same kinds. Beyond that a line of the layout
+// has to be without errors for RevisorDeLineas. How records belong together is not checked, so that orders and items can be taken
+// into a workbook to put them right.
+//
 // `archivos` are those of the layout, in its order. Files take their places once all of them are on the disk; one that exists is
 // replaced. What fails, and an input that can't be read, throws FalloDeEjecucion or FalloDeArchivo; nothing is written then.
-Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const Tablas& tablas,
-                            const std::vector<std::filesystem::path>& archivos, const OpcionesDeConversion& opciones,
-                            const OyenteDeConversion& oyente);
-Conversion ConvertirATablas(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases,
+Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const ReglasDeValores& reglas,
+                            const Tablas& tablas, const std::vector<std::filesystem::path>& archivos,
+                            const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
+Conversion ConvertirATablas(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const ReglasDeValores& reglas,
                             const std::vector<std::filesystem::path>& archivos, const Tablas& tablas,
                             const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
 

@@ -1,5 +1,6 @@
 #include "input/convert_cell.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -191,6 +192,10 @@ bool ConversorDeCampo::Cabe(std::string& valor, std::string& motivo) const {
         motivo = valor[lugar] == '\t'   ? "the cell has a tab, which ends a field"
                  : valor[lugar] == '\0' ? "the cell has a NUL character"
                                         : "the cell has a line end, which ends a record";
+        return false;
+    }
+    if (std::any_of(valor.begin(), valor.end(), [](char c) { return c < 0 && EsInvisible(c); })) {
+        motivo = "the cell has a byte without a character in windows-1252";
         return false;
     }
     const auto usados = porTabuladores_ ? valor.size() : valor.find_last_not_of(' ') + 1;

@@ -33,12 +33,21 @@ std::vector<ConversorDeCampo> ConversoresDe(const DisenoDeEntrada& diseno, const
     return conversores;
 }
 
+std::vector<CampoDeTabla> CamposDeTabla(const DisenoDeEntrada& diseno, const ClaseDeRegistro& clase, const ClasesDeCampos& clases,
+                                        const ReglasDeValores& reglas, const OpcionesDeCeldas& opciones) {
+    std::vector<CampoDeTabla> campos;
+    for (auto& conversor : ConversoresDe(diseno, clase, clases, opciones)) {
+        campos.push_back({std::move(conversor), reglas.Buscar(clase.campos[campos.size()].nombre)});
+    }
+    return campos;
+}
+
 LectorDeTabla::LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase,
-                             std::vector<ConversorDeCampo> conversores, bool conNumero, int tabla,
+                             std::vector<CampoDeTabla> campos, bool conNumero, int tabla,
                              const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente)
     : filas_(std::move(filas)),
       clase_(clase),
-      conversores_(std::move(conversores)),
+      campos_(std::move(campos)),
       conNumero_(conNumero),
       tabla_(tabla),
       opciones_(opciones),
@@ -86,28 +95,58 @@ void LectorDeTabla::LeerTitulos() {
         }
         if (columnas_.back() != columnaDeNada) continue;
         if (conocido) {
-            Decir(fila_.numero, i, celda, "there is another column of this heading");
+            Decir(i, celda, "there is another column of this heading");
+            entera_ = false;
         } else if (!opciones_.otrasColumnas) {
-            Decir(fila_.numero, i, celda, "the heading is no field of the records");
+            Decir(i, celda, "the heading is no field of the records");
+            entera_ = false;
         }
     }
+    ExigirCampos(tomados);
     if (conNumero_ && !hayNumero) {
         throw FalloDeEjecucion(std::string("the table ") + NombreDeHoja(clase_) + " has no column \"" + tituloDeNumero +
                                "\" that tells where its records go in the file");
     }
 }
 
-void LectorDeTabla::Decir(std::uint64_t fila, std::size_t columna, const CeldaDeHoja& celda, const std::string& texto) {
-    const int campo = columna < columnas_.size() ? columnas_[columna] : columnaDeNada;
+// Some heading has to be a field, and a field that has to have a value a heading.
+void LectorDeTabla::ExigirCampos(const std::vector<bool>& tomados) {
+    if (std::find(tomados.begin(), tomados.end(), true) == tomados.end()) {
+        std::string hallados;
+        for (const auto& celda : fila_.celdas) {
+            if (!EstaVacia(celda)) hallados += (hallados.empty() ? "" : ", ") + ValorMostrado(Recortar(celda.texto));
+        }
+        std::string buscados;
+        for (const auto& titulo : Titulos(clase_, conNumero_)) buscados += (buscados.empty() ? "" : ", ") + titulo;
+        throw FalloDeEjecucion("none of the headings in row " + std::to_string(fila_.numero) + " of the table " +
+                               NombreDeHoja(clase_) + " is a field: " + hallados + ". The headings are " + buscados);
+    }
+    for (std::size_t campo = 0; campo < tomados.size(); ++campo) {
+        const auto* const regla = campos_[campo].regla;
+        if (tomados[campo] || regla == nullptr || !regla->Clase().obligatorio) continue;
+        auto hallazgo = Hallazgo(HallazgoDeEntrada::Obligatorio, static_cast<int>(campo));
+        hallazgo.texto = "required, but no column has the heading";
+        oyente_(hallazgo);
+        entera_ = false;
+    }
+}
+
+// About the present row, and a field or one of the columns that are none.
+HallazgoDeDatos LectorDeTabla::Hallazgo(HallazgoDeEntrada clase, int campo) const {
     HallazgoDeDatos hallazgo;
-    hallazgo.clase = HallazgoDeEntrada::CeldaSinLugar;
+    hallazgo.clase = clase;
     hallazgo.archivo = tabla_;
-    hallazgo.linea = fila;
-    hallazgo.columna = columna + 1;
+    hallazgo.linea = fila_.numero;
     if (campo >= 0) {
         hallazgo.fila = clase_.campos[static_cast<std::size_t>(campo)].fila;
         hallazgo.campo = clase_.campos[static_cast<std::size_t>(campo)].nombre;
     }
+    return hallazgo;
+}
+
+void LectorDeTabla::Decir(std::size_t columna, const CeldaDeHoja& celda, const std::string& texto) {
+    auto hallazgo = Hallazgo(HallazgoDeEntrada::CeldaSinLugar, columna < columnas_.size() ? columnas_[columna] : columnaDeNada);
+    hallazgo.columna = columna + 1;
     hallazgo.valor = ValorMostrado(ValorVisto(celda));
     hallazgo.texto = texto;
     oyente_(hallazgo);
@@ -120,12 +159,33 @@ void LectorDeTabla::LeerNumero(const CeldaDeHoja& celda, std::size_t columna, Re
                        (celda.clase == CeldaDeHoja::Clase::Texto && LeerNumeroDeCelda(Recortar(celda.texto), numero))) &&
                       numero >= 1 && numero < maximo && numero == static_cast<double>(static_cast<std::uint64_t>(numero));
     registro.numero = bien ? static_cast<std::uint64_t>(numero) : ultimo_;
-    if (!bien) Decir(fila_.numero, columna, celda, "the cell has no whole number that tells where the record goes in the file");
+    if (!bien) Decir(columna, celda, "the cell has no whole number that tells where the record goes in the file");
     const bool menor = registro.numero < ultimo_;
-    if (menor) Decir(fila_.numero, columna, celda, "the number is smaller than the one of the row before");
-    conOrden_ = conOrden_ && bien && !menor;
+    if (menor) Decir(columna, celda, "the number is smaller than the one of the row before");
+    entera_ = entera_ && bien && !menor;
     registro.numero = std::max(registro.numero, ultimo_);
     ultimo_ = registro.numero;
+}
+
+void LectorDeTabla::LeerValor(const CeldaDeHoja& celda, std::size_t columna, RegistroDeTabla& registro) {
+    const auto lugar = static_cast<std::size_t>(columnas_[columna]);
+    const auto& campo = campos_[lugar];
+    auto& valor = registro.valores[lugar];
+    std::string motivo;
+    if (!campo.conversor.ALayout(celda, valor, motivo)) {
+        Decir(columna, celda, motivo);
+        registro.bien = false;
+        return;
+    }
+    const auto falta = campo.regla != nullptr ? campo.regla->Falta(valor) : std::nullopt;
+    if (!falta) return;
+    // The value as it would stand in the file, as that is what the rule is about.
+    auto hallazgo = Hallazgo(*falta, columnas_[columna]);
+    hallazgo.columna = columna + 1;
+    hallazgo.valor = ValorMostrado(valor);
+    hallazgo.texto = campo.regla->Texto(*falta);
+    oyente_(hallazgo);
+    registro.bien = false;
 }
 
 bool LectorDeTabla::Siguiente(RegistroDeTabla& registro) {
@@ -139,20 +199,16 @@ bool LectorDeTabla::Siguiente(RegistroDeTabla& registro) {
     registro.valores.resize(clase_.campos.size());
     for (auto& valor : registro.valores) valor.clear();
     static const CeldaDeHoja vacia;
-    std::string motivo;
-    const auto cuantas = std::max(fila_.celdas.size(), conNumero_ ? columnas_.size() : 0);
+    const auto cuantas = std::max(fila_.celdas.size(), columnas_.size());
     for (std::size_t i = 0; i < cuantas; ++i) {
         const auto& celda = i < fila_.celdas.size() ? fila_.celdas[i] : vacia;
         const int campo = i < columnas_.size() ? columnas_[i] : columnaDeNada;
         if (campo == columnaDelNumero) {
             LeerNumero(celda, i, registro);
         } else if (campo >= 0) {
-            const auto lugar = static_cast<std::size_t>(campo);
-            if (conversores_[lugar].ALayout(celda, registro.valores[lugar], motivo)) continue;
-            Decir(fila_.numero, i, celda, motivo);
-            registro.bien = false;
+            LeerValor(celda, i, registro);
         } else if (!opciones_.otrasColumnas && !EstaVacia(celda) && (i >= columnas_.size() || opciones_.porOrden)) {
-            Decir(fila_.numero, i, celda, "the column is none of the records");
+            Decir(i, celda, "the column is none of the records");
             registro.bien = false;
         }
     }

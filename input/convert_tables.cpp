@@ -30,17 +30,20 @@ public:
         }
     }
 
-    bool Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores, std::size_t& campo,
-              std::string& motivo) override {
+    bool Cabe(int clase, const std::vector<std::string_view>& valores, std::size_t& campo, std::string& motivo) override {
         const auto& tabla = tablas_[static_cast<std::size_t>(clase)];
         const std::size_t delante = tabla.conNumero ? 1 : 0;
         fila_.resize(delante + valores.size());
-        if (tabla.conNumero) fila_[0] = std::to_string(linea);
         for (campo = 0; campo < valores.size(); ++campo) {
             if (!tabla.conversores[campo].AlTexto(valores[campo], fila_[delante + campo], motivo)) return false;
         }
-        tabla.archivo->Fila(fila_);
         return true;
+    }
+
+    void Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& /*valores*/) override {
+        const auto& tabla = tablas_[static_cast<std::size_t>(clase)];
+        if (tabla.conNumero) fila_[0] = std::to_string(linea);
+        tabla.archivo->Fila(fila_);
     }
 
     void PonerEnSuLugar() override {
@@ -55,7 +58,7 @@ private:
         bool conNumero;
     };
     std::vector<Tabla> tablas_;
-    std::vector<std::string> fila_;
+    std::vector<std::string> fila_;  // as Cabe has made it
 };
 
 // A workbook with a sheet for each kind.
@@ -83,14 +86,17 @@ public:
         }
     }
 
-    bool Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores, std::size_t& campo,
-              std::string& motivo) override {
-        auto& hoja = hojas_[static_cast<std::size_t>(clase)];
+    bool Cabe(int /*clase*/, const std::vector<std::string_view>& valores, std::size_t& campo, std::string& motivo) override {
         for (campo = 0; campo < valores.size(); ++campo) {
             if (valores[campo].size() <= maximoDeTextoDeCelda) continue;
             motivo = "the value is longer than a cell can hold";
             return false;
         }
+        return true;
+    }
+
+    void Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores) override {
+        auto& hoja = hojas_[static_cast<std::size_t>(clase)];
         if (hoja.fila >= maximoDeFilasDeHoja) throw FalloDeEjecucion("there are more records than a sheet has rows");
         const std::size_t delante = hoja.conNumero ? 1 : 0;
         if (hoja.conNumero) libro_.Numero(hoja.lugar, hoja.fila, 0, static_cast<double>(linea), "0");
@@ -105,7 +111,6 @@ public:
             }
         }
         ++hoja.fila;
-        return true;
     }
 
     void PonerEnSuLugar() override { libro_.PonerEnSuLugar(); }

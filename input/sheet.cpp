@@ -19,4 +19,14 @@ void CeldaDeHoja::PonerUtf8(std::string_view utf8) {
     }
 }
 
+std::string LetrasDeColumna(std::size_t columna) {
+    std::string letras;
+    for (++columna; columna > 0; columna = (columna - 1) / 26) {
+        letras.insert(letras.begin(), static_cast<char>('A' + (columna - 1) % 26));
+    }
+    return letras;
+}
+
+std::string NombreDeCelda(std::size_t columna, std::uint64_t fila) { return LetrasDeColumna(columna) + std::to_string(fila); }
+
 }  // namespace qor

@@ -45,6 +45,10 @@ struct FilaDeHoja {
     std::vector<CeldaDeHoja> celdas;
 };
 
+// The letters of a column, from 0, and the name of a cell in a row, from 1: "AB", "AB12".
+std::string LetrasDeColumna(std::size_t columna);
+std::string NombreDeCelda(std::size_t columna, std::uint64_t fila);
+
 // The rows of a table, one at a time and each one once. Whatever fails throws FalloDeArchivo.
 class FuenteDeFilas {
 public:

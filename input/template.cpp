@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "input/convert.h"
 #include "input/convert_tables.h"
+#include "input/sheet.h"
 #include "input/value_rules.h"
 #include "input/xlsx_writer.h"
 
@@ -25,13 +26,6 @@ using Tipo = ClaseDeCampo::Tipo;
 constexpr const char* hojaDeListas = "LISTS";
 constexpr const char* notaDelNumero =
     "Tells where a record goes in the file. Numbers rise; give an order and its items the same number.";
-
-std::string LetrasDeColumna(std::size_t columna) {
-    std::string letras;
-    for (++columna; columna > 0; columna = (columna - 1) / 26)
-        letras.insert(letras.begin(), static_cast<char>('A' + (columna - 1) % 26));
-    return letras;
-}
 
 std::string Caracteres(std::size_t cuantos) { return std::to_string(cuantos) + (cuantos == 1 ? " character" : " characters"); }
 

@@ -19,11 +19,6 @@ constexpr std::size_t maximoDeFila = std::size_t{16} << 20;
 constexpr std::uint64_t maximoDeFilas = 1048576;
 constexpr std::size_t maximoDeColumnas = 16384;
 
-std::string_view NombreLocal(const pugi::xml_node& nodo) {
-    const std::string_view nombre = nodo.name();
-    return nombre.substr(nombre.find(':') + 1);
-}
-
 pugi::xml_node Hijo(const pugi::xml_node& nodo, std::string_view nombre) {
     for (const auto& hijo : nodo.children()) {
         if (NombreLocal(hijo) == nombre) return hijo;
@@ -31,12 +26,12 @@ pugi::xml_node Hijo(const pugi::xml_node& nodo, std::string_view nombre) {
     return {};
 }
 
-// The column of a reference such as "AB12", from 0; the limit where there is none.
-std::size_t ColumnaDe(std::string_view referencia) {
+// The column of a reference such as "AB12", from 0; the limit where there is none. The reference loses its letters.
+std::size_t TomarColumna(std::string_view& referencia) {
     std::size_t columna = 0;
-    for (const char c : referencia) {
-        if (c < 'A' || c > 'Z' || columna > maximoDeColumnas) break;
-        columna = columna * 26 + static_cast<std::size_t>(c - 'A' + 1);
+    while (!referencia.empty() && referencia.front() >= 'A' && referencia.front() <= 'Z' && columna <= maximoDeColumnas) {
+        columna = columna * 26 + static_cast<std::size_t>(referencia.front() - 'A' + 1);
+        referencia.remove_prefix(1);
     }
     return columna == 0 || columna > maximoDeColumnas ? maximoDeColumnas : columna - 1;
 }
@@ -56,6 +51,7 @@ class LibroXlsx::Filas : public FuenteDeFilas {
 public:
     Filas(LibroXlsx& libro, const Hoja& hoja)
         : libro_(libro),
+          hoja_(hoja.nombre),
           parte_(libro.paquete_.Abrir(hoja.parte)),
           elementos_([this](char* donde, std::size_t cuanto) { return parte_->Leer(donde, cuanto); },
                      [this](const std::string& motivo) { parte_->Fallar(motivo); }, "row", maximoDeFila) {}
@@ -70,22 +66,45 @@ public:
         const auto nodo = xml_.document_element();
         const auto dicho = nodo.attribute("r");
         const std::uint64_t numero = dicho.empty() ? numero_ + 1 : dicho.as_ullong();
-        if (numero <= numero_ || numero > maximoDeFilas) parte_->Fallar("its rows are not in their order");
+        if (numero <= numero_ || numero > maximoDeFilas) {
+            Fallar("the rows are not in their order", "row " + std::to_string(numero));
+        }
         fila.numero = numero_ = numero;
+        numeroEscrito_ = std::to_string(numero);
         for (auto& celda : fila.celdas) celda.Vaciar();
         std::size_t columna = 0;
         for (const auto& hijo : nodo.children()) {
             if (NombreLocal(hijo) != "c") continue;
-            if (const auto referencia = hijo.attribute("r")) columna = ColumnaDe(referencia.value());
-            if (columna >= maximoDeColumnas) parte_->Fallar("a cell has no column");
+            if (const auto referencia = hijo.attribute("r")) columna = LeerReferencia(referencia.value());
+            if (columna >= maximoDeColumnas) Fallar("a cell has no column", "row " + numeroEscrito_);
             if (columna >= fila.celdas.size()) fila.celdas.resize(columna + 1);
-            LeerCelda(hijo, fila.celdas[columna++]);
+            if (columna >= filaDeColumna_.size()) filaDeColumna_.resize(columna + 1);
+            if (std::exchange(filaDeColumna_[columna], numero) == numero) {
+                Fallar("two cells have the same place", NombreDeCelda(columna, numero));
+            }
+            LeerCelda(hijo, columna, fila.celdas[columna]);
+            ++columna;
         }
         return true;
     }
 
 private:
-    void LeerCelda(const pugi::xml_node& nodo, CeldaDeHoja& celda) {
+    // What is wrong at a cell, or in a row.
+    [[noreturn]] void Fallar(const std::string& motivo, const std::string& lugar) const {
+        parte_->Fallar("sheet " + hoja_ + ", " + lugar + ": " + motivo);
+    }
+
+    // The column of a cell of the present row.
+    std::size_t LeerReferencia(std::string_view referencia) const {
+        auto resto = referencia;
+        const auto columna = TomarColumna(resto);
+        if (!resto.empty() && resto != numeroEscrito_) {
+            Fallar("the cell stands in row " + numeroEscrito_, std::string(referencia));
+        }
+        return columna;
+    }
+
+    void LeerCelda(const pugi::xml_node& nodo, std::size_t columna, CeldaDeHoja& celda) {
         using Clase = CeldaDeHoja::Clase;
         const std::string_view tipo = nodo.attribute("t").value();
         if (tipo == "inlineStr") {
@@ -100,7 +119,7 @@ private:
             double numero = -1;
             const bool bien = LeerNumeroDeCelda(Recortar(texto), numero) && numero >= 0 && libro_.Textos() != nullptr &&
                               libro_.Textos()->Texto(static_cast<std::uint64_t>(numero), utf8_);
-            if (!bien) parte_->Fallar("a shared string is missing");
+            if (!bien) Fallar("its shared string is missing", NombreDeCelda(columna, numero_));
             celda.PonerUtf8(utf8_);
         } else if (tipo == "str") {
             // What stands there is escaped as any other string.
@@ -130,11 +149,14 @@ private:
     }
 
     LibroXlsx& libro_;
+    std::string hoja_;
     std::unique_ptr<ParteXlsx> parte_;
     PartidorDeElementos elementos_;
     pugi::xml_document xml_;
     std::string utf8_;
     std::uint64_t numero_ = 0;
+    std::string numeroEscrito_;
+    std::vector<std::uint64_t> filaDeColumna_;  // the last row with a cell in it
 };
 
 LibroXlsx::LibroXlsx(const std::filesystem::path& ruta) : paquete_(ruta) { LeerLibro(); }

@@ -11,6 +11,9 @@ namespace qor {
 
 class ParteXlsx;
 
+// The name of an element without its prefix.
+std::string_view NombreLocal(const pugi::xml_node& nodo);
+
 // The text of a string item, shared or in a cell: that of its runs, without what only tells how it is read aloud. UTF-8; control
 // characters that are written as "_x000A_" are themselves again.
 std::string TextoDeElemento(const pugi::xml_node& elemento);

@@ -82,60 +82,50 @@ class Azar {
 public:
     int Hasta(int n) { return std::uniform_int_distribution<int>(0, n - 1)(azar_); }
 
-    // A value of at most so many characters: texts of every sort, numbers and dates as they are written, and nearly so.
-    std::string Valor(std::size_t ancho) {
-        static const std::vector<std::string> especiales = {"",
-                                                            "0",
-                                                            "007",
-                                                            "12,50",
-                                                            "-12,500",
-                                                            "1.234,5",
-                                                            "12345678901",
-                                                            "1E5",
-                                                            "24.12.2004",
-                                                            "31.02.2004",
-                                                            "01.01.1900",
-                                                            "28.02.1900",
-                                                            "01.03.1900",
-                                                            "20041224",
-                                                            "_x0041_",
-                                                            "\"a\"\"",
-                                                            "a;b,c",
-                                                            "=1+1",
-                                                            "'1",
-                                                            "#N/A",
-                                                            "TRUE",
-                                                            "-0",
-                                                            "-0,0",
-                                                            "1,",
-                                                            "  right",
-                                                            "\x80\xE4\xDF\xA0",
-                                                            "a & <b>",
-                                                            "0,123456789012345",
-                                                            "999999999999999",
-                                                            "00.00.0000",
-                                                            "\x01\x1F\x7F",
-                                                            "_x000A_x",
-                                                            "\x81"};
+    // A value of at most so many characters: numbers and dates in every form that their kind allows, and other texts of every sort.
+    std::string Valor(std::size_t ancho, char clase) {
+        if (clase == 'n') return Uno(numeros, ancho);
+        if (clase == 'd') return Uno(dias, ancho);
+        if (clase == 'y') return Uno(diasSeguidos, ancho);
         std::string valor;
         if (Hasta(3) > 0) {
-            valor = especiales[static_cast<std::size_t>(Hasta(static_cast<int>(especiales.size())))];
+            valor = Uno(especiales, ancho);
         } else {
             for (int i = Hasta(static_cast<int>(ancho) + 1); i > 0; --i)
                 valor += static_cast<char>(Hasta(2) ? 'a' + Hasta(26) : 0xA1 + Hasta(90));
         }
-        valor.resize(std::min(valor.size(), ancho));
-        return valor;
+        return clase == 'r' && valor.find_first_not_of(' ') == std::string::npos ? "x" : valor;
     }
 
 private:
+    using Textos = std::vector<std::string>;
+    static const Textos numeros;
+    static const Textos dias;
+    static const Textos diasSeguidos;
+    static const Textos especiales;
+
+    std::string Uno(const Textos& textos, std::size_t ancho) {
+        const auto& texto = textos[static_cast<std::size_t>(Hasta(static_cast<int>(textos.size())))];
+        return texto.size() <= ancho ? texto : texto.substr(0, &textos == &especiales ? ancho : 0);
+    }
+
     std::mt19937 azar_{20041224};
 };
+
+const Azar::Textos Azar::numeros = {"",      "0",  "007",  "12,50", "-12,500", "1.234,5",           "12345678901",    "5-",
+                                    "-0,0", "-0", "1,", ",5", "+3", "  7", "0,123456789012345", "999999999999999"};
+const Azar::Textos Azar::dias = {"", "24.12.2004", "01.01.1900", "28.02.1900", "01.03.1900", "29.02.2000", "31.12.9999"};
+const Azar::Textos Azar::diasSeguidos = {"", "20041224", "19000101", "19000228", "19000301"};
+const Azar::Textos Azar::especiales = {"",           "0",        "007",     "12,50",     "12345678901", "1E5",
+                                       "24.12.2004", "20041224", "_x0041_", "\"a\"\"",   "a;b,c",       "=1+1",
+                                       "'1",         "#N/A",     "TRUE",    "-0",        "  right",     "\x80\xE4\xDF\xA0",
+                                       "a & <b>",    "\x01\x1F\x7F", "_x000A_x"};
 
 struct CasoDeIda {
     const char* ejemplo;
     std::vector<std::string> ids;                  // of the kinds; empty: files of their own
     std::vector<std::vector<std::size_t>> anchos;  // of the kinds
+    std::vector<std::string> clases;               // of their fields, as Azar::Valor has them
     bool tabuladores = false;
 };
 
@@ -146,8 +136,9 @@ std::vector<std::string> HacerArchivos(const CasoDeIda& caso, Azar& azar) {
         const auto clase = static_cast<std::size_t>(azar.Hasta(static_cast<int>(caso.anchos.size())));
         std::string linea = caso.ids.empty() ? "" : caso.ids[clase];
         const auto id = linea.size();
-        for (const auto ancho : caso.anchos[clase]) {
-            const auto valor = azar.Valor(ancho);
+        for (std::size_t campo = 0; campo < caso.anchos[clase].size(); ++campo) {
+            const auto ancho = caso.anchos[clase][campo];
+            const auto valor = azar.Valor(ancho, caso.clases[clase][campo]);
             if (caso.tabuladores) {
                 linea += valor + '\t';
             } else {
@@ -164,10 +155,10 @@ std::vector<std::string> HacerArchivos(const CasoDeIda& caso, Azar& azar) {
 
 TEST(Conversion, ThereAndBackIsTheSame) {
     const std::vector<CasoDeIda> casos = {
-        {"mm01/materials.qor", {}, {{18, 1, 4, 40, 3, 9, 17, 3}}},
-        {"formulas/vendors.qor", {}, {{10, 4, 4, 4, 35, 10, 35, 10, 35, 3, 1, 10, 10, 3, 5, 16}}, true},
-        {"va01/orders.qor", {}, {{20, 4, 4, 2, 2, 10}, {20, 18, 13, 3}}},
-        {"va01-one-file/orders.qor", {"H", "I"}, {{20, 4, 4, 2, 2, 10}, {18, 13, 3}}},
+        {"mm01/materials.qor", {}, {{18, 1, 4, 40, 3, 9, 17, 3}}, {"r..n.yn."}},
+        {"formulas/vendors.qor", {}, {{10, 4, 4, 4, 35, 10, 35, 10, 35, 3, 1, 10, 10, 3, 5, 16}}, {"d...n..........."}, true},
+        {"va01/orders.qor", {}, {{20, 4, 4, 2, 2, 10}, {20, 18, 13, 3}}, {"d....n", "dr.."}},
+        {"va01-one-file/orders.qor", {"H", "I"}, {{20, 4, 4, 2, 2, 10}, {18, 13, 3}}, {"d....n", "r.."}},
     };
     Azar azar;
     for (const auto& caso : casos) {
