@@ -1,9 +1,12 @@
 #include "app/console_view.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <ostream>
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "input/encoding.h"
 
 namespace qor {
 
@@ -33,6 +36,25 @@ std::string LineasDe(const Mensaje& mensaje, const std::string& detras = "") {
 }  // namespace
 
 std::string TextoDeTerminal(std::string_view texto) { return AUtf8(ConFinesDeLinea(texto, "\n")); }
+
+std::string RutaDeTerminal(const std::filesystem::path& ruta) {
+    const std::string& bytes = ruta.native();
+    std::string texto;
+    for (std::size_t i = 0; i < bytes.size();) {
+        const auto largo = std::max<std::size_t>(LargoDeCaracter(std::string_view(bytes).substr(i)), 1);
+        const auto caracter = bytes.substr(i, largo);
+        // Of the characters outside ASCII those of two bytes up to C2 9F are controls.
+        const bool visible = largo == 1 ? !EsInvisible(caracter[0]) && caracter[0] > 0 : caracter >= "\xC2\xA0";
+        if (visible) texto += caracter;
+        for (const char c : visible ? std::string() : caracter) {
+            char escrito[8];
+            std::snprintf(escrito, sizeof escrito, "\\x%02X", static_cast<unsigned char>(c));
+            texto += escrito;
+        }
+        i += largo;
+    }
+    return texto;
+}
 
 void VistaDeConsola::Mostrar(const Mensaje& mensaje, Icono /*icono*/) { errores_ << LineasDe(mensaje); }
 

@@ -41,4 +41,7 @@ private:
 // A text of the model as the terminal takes it: UTF-8, with LF at line ends.
 std::string TextoDeTerminal(std::string_view texto);
 
+// A path as the terminal takes it: what would do something there, or is no UTF-8, is written like \x1B.
+std::string RutaDeTerminal(const std::filesystem::path& ruta);
+
 }  // namespace qor

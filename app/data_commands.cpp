@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/data_document.h"
 #include "app/data_finding_formats.h"
 #include "app/output_check.h"
 #include "base/failure.h"
@@ -39,6 +40,7 @@ struct Pedido {
     DisenoDeEntrada diseno;
     ReglasDeValores reglas;
     std::vector<fs::path> archivos;
+    std::vector<fs::path> protegidos;  // what no output may replace, other than the inputs
 };
 
 std::string NombresDeArchivos(const DisenoDeEntrada& diseno) {
@@ -67,20 +69,6 @@ std::vector<fs::path> ArchivosJuntoA(const fs::path& ruta, const Documento& docu
     return archivos;
 }
 
-void AvisarDeClasesSinCampo(const ContextoDeComando& contexto, const ClasesDeCampos& clases, const Especificacion& especificacion,
-                            const std::string& archivo) {
-    for (const auto& [campo, clase] : clases.Todas()) {
-        bool hay = false;
-        for (int fila = 0; fila < especificacion.FilasArchivo(); ++fila) {
-            hay = hay || Mayusculas(Recortar(especificacion.TablaArchivo[static_cast<std::size_t>(fila)].campo)) == campo;
-        }
-        if (hay) continue;
-        std::string texto = archivo;
-        texto.append(": the document has no field ").append(campo).append(".");
-        contexto.vista.Advertir(MensajeLiteral(texto));
-    }
-}
-
 // Nothing, with a message, where the document can't be opened or reads no files.
 std::optional<Pedido> Abrir(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DocumentoDeComando abierto;
@@ -97,9 +85,9 @@ std::optional<Pedido> Abrir(const ContextoDeComando& contexto, const Argumentos&
         throw MalUso("FILE: the document reads " + NombresDeArchivos(diseno) + " and no more");
     }
     if (archivos.empty()) archivos = ArchivosJuntoA(ruta, documento, diseno);
-    const auto clases = ClasesDeCampos::DeDocumento(ruta);
-    AvisarDeClasesSinCampo(contexto, clases, documento.especificacion, TextoDeRuta(ClasesDeCampos::ArchivoDe(ruta).filename()));
-    return Pedido{std::move(diseno), ReglasDeValores(clases, ruta.parent_path()), std::move(archivos)};
+    const auto clases = LeerClases(contexto, documento);
+    auto protegidos = ArchivosDelDocumento(contexto, ruta, clases);
+    return Pedido{std::move(diseno), ReglasDeValores(clases, ruta.parent_path()), std::move(archivos), std::move(protegidos)};
 }
 
 // Counts all findings and keeps the first ones of each severity.
@@ -167,18 +155,18 @@ bool Split(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     // An order whose items are not there could not take them along.
     if (cuantos != pedido->diseno.Archivos().size()) throw MalUso("FILE: the document reads " + NombresDeArchivos(pedido->diseno));
     std::vector<PartesDeArchivo> partes;
+    std::vector<fs::path> salidas;
     for (std::size_t i = 0; i < cuantos; ++i) {
         partes.push_back({pedido->archivos[i], argumentos.buenos[i], argumentos.malos[i], argumentos.motivos[i]});
-        const fs::path documento = argumentos.documento;
-        for (const auto* salida : {&partes.back().buenos, &partes.back().malos, &partes.back().motivos}) {
-            ChequearSalida("--good, --bad, --reasons", *salida, {documento, ClasesDeCampos::ArchivoDe(documento)},
-                           "is the document");
-        }
+        for (const auto* salida : {&partes.back().buenos, &partes.back().malos, &partes.back().motivos}) salidas.push_back(*salida);
     }
+    auto leidos = pedido->archivos;
+    leidos.insert(leidos.end(), pedido->protegidos.begin(), pedido->protegidos.end());
+    ChequearSalidas("--good, --bad, --reasons", salidas, leidos, "is read");
     const auto cuentas = PartirArchivos(pedido->diseno, pedido->reglas, partes);
     for (std::size_t i = 0; i < cuantos; ++i) {
-        contexto.errores << ReemplazarTodo(partes[i].archivo.string(), "\n", " ") << ": " << cuentas[i].buenas << " good, "
-                         << cuentas[i].malas << " bad\n";
+        contexto.errores << RutaDeTerminal(partes[i].archivo) << ": " << cuentas[i].buenas << " good, " << cuentas[i].malas
+                         << " bad\n";
     }
     return true;
 }
@@ -210,10 +198,7 @@ void AgregarCheck(Ordenes data) {
     orden->add_option("--format", argumentos->formato, "Form of the findings: text or json; by default text")
         ->check(CLI::IsMember({"text", "json"}))
         ->type_name("FORM");
-    orden
-        ->add_option("--max-findings", argumentos->maximo,
-                     "Tell at most N errors and N hints, and count the others; by default 1000")
-        ->type_name("N");
+    AgregarMaximo(*orden, argumentos->maximo, "errors and N hints");
 }
 
 void AgregarSplit(Ordenes data) {
@@ -244,7 +229,8 @@ void AgregarSplit(Ordenes data) {
 }  // namespace
 
 Ordenes AgregarComandosDeEntrada(Ordenes ordenes) {
-    auto* const data = ordenes.programa.add_subcommand("data", "Check input files against a document, and part them");
+    auto* const data = ordenes.programa.add_subcommand(
+        "data", "Check input files against a document, part them, and make them from spreadsheets and back");
     data->require_subcommand(1);
     data->fallthrough();
     const Ordenes grupo{*data, ordenes.comando};

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/console_view.h"
+#include "base/code_page.h"
 #include "base/text.h"
 
 namespace qor {
@@ -19,7 +20,7 @@ std::string SinControles(std::string_view texto) {
     std::string limpio;
     for (const char c : texto) {
         char escrito[8] = {c};
-        if (EsControl(c)) std::snprintf(escrito, sizeof escrito, "\\x%02X", static_cast<unsigned char>(c));
+        if (EsInvisible(c)) std::snprintf(escrito, sizeof escrito, "\\x%02X", static_cast<unsigned char>(c));
         limpio += escrito;
     }
     return limpio;
@@ -43,7 +44,7 @@ Json HallazgoEnJSON(const HallazgoDeDatos& hallazgo) {
 }  // namespace
 
 std::string HallazgoDeDatosComoTexto(std::string_view ruta, const HallazgoDeDatos& hallazgo) {
-    std::string linea = ReemplazarTodo(ruta, "\n", " ");
+    std::string linea = RutaDeTerminal(ruta);
     if (hallazgo.linea > 0) linea += ':' + std::to_string(hallazgo.linea);
     if (hallazgo.linea > 0 && hallazgo.columna > 0) linea += ':' + std::to_string(hallazgo.columna);
     linea.append(": ").append(Gravedad(hallazgo)).append(": ");
@@ -59,7 +60,7 @@ std::string ResumenDeDatos(const std::vector<ArchivoConHallazgos>& archivos, std
     std::uint64_t errores = 0;
     std::uint64_t avisos = 0;
     for (const auto& archivo : archivos) {
-        if (!archivo.completo) resumen += ReemplazarTodo(archivo.ruta, "\n", " ") + ": not checked to its end\n";
+        if (!archivo.completo) resumen += RutaDeTerminal(archivo.ruta) + ": not checked to its end\n";
         registros += archivo.registros;
         errores += archivo.errores;
         avisos += archivo.avisos;

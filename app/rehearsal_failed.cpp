@@ -91,22 +91,14 @@ private:
     // Calls with the kind of each record, its number among those of its kind from 1, its line and that line with its end.
     template <class Hacer>
     void Recorrer(const fs::path& entrada, std::size_t archivo, Hacer hacer) const {
-        const auto& clases = diseno_.Archivos()[archivo].clases;
         std::vector<std::size_t> cuentas(diseno_.Clases().size());
         LineasConFin lineas(entrada);
         while (lineas.Siguiente()) {
-            for (const int suya : clases) {
-                const auto clase = static_cast<std::size_t>(suya);
-                if (!EsDeClase(lineas.Linea(), diseno_.Clases()[clase].identificador)) continue;
-                hacer(clase, ++cuentas[clase], lineas.Linea(), lineas.ConFin());
-                break;
-            }
+            const int suya = diseno_.ClaseDeLinea(static_cast<int>(archivo), lineas.Linea());
+            if (suya < 0) continue;
+            const auto clase = static_cast<std::size_t>(suya);
+            hacer(clase, ++cuentas[clase], lineas.Linea(), lineas.ConFin());
         }
-    }
-
-    // An id is compared with as many characters of the line, which has blanks behind its end.
-    static bool EsDeClase(std::string_view linea, std::string_view identificador) {
-        return SinBlancosDetras(linea.substr(0, identificador.size())) == SinBlancosDetras(identificador);
     }
 
     bool EsDeFallado(std::size_t clase, std::size_t numero, std::string_view linea, bool enFallado) const {

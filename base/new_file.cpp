@@ -250,4 +250,18 @@ void GuardarArchivo(const fs::path& destino, std::string_view texto, std::string
     archivo.PonerEnSuLugar();
 }
 
+bool EsElMismoLugar(const fs::path& uno, const fs::path& otro) {
+    const auto hayUno = Mirar(uno, uno);
+    const auto hayOtro = Mirar(otro, otro);
+    if (hayUno && hayOtro) return !S_ISCHR(hayUno->st_mode) && EsElMismo(*hayUno, *hayOtro);
+    if (hayUno || hayOtro) return false;
+    const auto lugar = [](const fs::path& ruta) {
+        std::error_code error;
+        auto entera = fs::weakly_canonical(fs::absolute(SeguirEnlaces(ruta).value_or(ruta), error), error);
+        if (error) throw FalloDeArchivo(error.value(), ruta);
+        return entera;
+    };
+    return lugar(uno) == lugar(otro);
+}
+
 }  // namespace qor

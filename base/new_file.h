@@ -85,4 +85,8 @@ void CrearDirectorio(const std::filesystem::path& directorio);
 // A text as the whole content of a file.
 void GuardarArchivo(const std::filesystem::path& destino, std::string_view texto, std::string_view extension = ".TMP");
 
+// Whether what is written to one path would take the place of what the other one leads to, or would lead to: links of both kinds
+// are followed, and a file need not be there yet. A device takes in anything and is nobody's place. Throws FalloDeArchivo.
+bool EsElMismoLugar(const std::filesystem::path& uno, const std::filesystem::path& otro);
+
 }  // namespace qor

@@ -127,7 +127,7 @@ private:
         linea_.mala = false;
         LeerTexto();
         const auto propios = hallazgos_.size();
-        linea_.clase = revisor.ClaseDe(linea_.archivo, linea_.texto);
+        linea_.clase = revisor.Diseno().ClaseDeLinea(linea_.archivo, linea_.texto);
         if (linea_.clase >= 0) ++este_.registros;
         if (!faltas_.empty()) {
             revisor.Situar(Decir(HallazgoDeEntrada::SinCaracter, "windows-1252 has no such character"), linea_.clase, linea_.texto,

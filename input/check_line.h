@@ -25,9 +25,6 @@ public:
 
     const DisenoDeEntrada& Diseno() const { return diseno_; }
 
-    // The class of a line's record, a place in the layout's classes; -1 where it is none.
-    int ClaseDe(int archivo, std::string_view linea) const;
-
     // The values of a record as they stand in its line, in the order of its fields: all of it that the report reads, and no blanks
     // behind the end of the line.
     void Partir(int clase, std::string_view linea, std::vector<std::string_view>& valores) const;

@@ -10,23 +10,6 @@ namespace {
 
 unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 
-// How many bytes the character at the beginning of a text has: 0 where none stands there, and where the text ends before it does.
-std::size_t LargoDeCaracter(std::string_view texto) {
-    const auto primero = Byte(texto.front());
-    if (primero < 0x80) return 1;
-    const std::size_t largo = primero >= 0xF0 ? 4 : primero >= 0xE0 ? 3 : 2;
-    if (primero < 0xC2 || primero > 0xF4 || texto.size() < largo) return 0;
-    const auto segundo = Byte(texto[1]);
-    // No longer form than needed, no half of a pair of UTF-16, nothing behind the last character.
-    if ((primero == 0xE0 && segundo < 0xA0) || (primero == 0xED && segundo > 0x9F) || (primero == 0xF0 && segundo < 0x90) ||
-        (primero == 0xF4 && segundo > 0x8F))
-        return 0;
-    for (std::size_t i = 1; i < largo; ++i) {
-        if ((Byte(texto[i]) & 0xC0) != 0x80) return 0;
-    }
-    return largo;
-}
-
 bool EsAscii(std::string_view texto) {
     unsigned char todos = 0;
     for (const char c : texto) todos |= Byte(c);
@@ -90,6 +73,29 @@ bool EsUtf8Desde(const ArchivoAbierto& archivo, std::uint64_t lugar) {
     bool hayOtros = false;
     return EsUtf8Desde(archivo, lugar, hayOtros);
 }
+
+std::size_t LargoDeCaracter(std::string_view texto) {
+    const auto primero = Byte(texto.front());
+    if (primero < 0x80) return 1;
+    const std::size_t largo = primero >= 0xF0 ? 4 : primero >= 0xE0 ? 3 : 2;
+    if (primero < 0xC2 || primero > 0xF4 || texto.size() < largo) return 0;
+    const auto segundo = Byte(texto[1]);
+    // No longer form than needed, no half of a pair of UTF-16, nothing behind the last character.
+    if ((primero == 0xE0 && segundo < 0xA0) || (primero == 0xED && segundo > 0x9F) || (primero == 0xF0 && segundo < 0x90) ||
+        (primero == 0xF4 && segundo > 0x8F))
+        return 0;
+    for (std::size_t i = 1; i < largo; ++i) {
+        if ((Byte(texto[i]) & 0xC0) != 0x80) return 0;
+    }
+    return largo;
+}
+
+Codificacion CodificacionDe(std::string_view texto) {
+    const auto marca = MarcaDeOrden(texto);
+    return marca == Codificacion::Windows1252 && TieneUtf8(texto) ? Codificacion::Utf8 : marca;
+}
+
+bool TieneUtf8(std::string_view texto) { return !EsAscii(texto) && PasarCaracteres(texto).empty(); }
 
 bool EsAsciiSinNulos(std::string_view texto) {
     // The byte before NUL is FF; that before 80 is ASCII, so both are looked at.

@@ -23,6 +23,16 @@ Codificacion BuscarCodificacion(const ArchivoAbierto& archivo);
 // Whether what a file has from a place on is valid UTF-8, as far as what ends there: the place is the first byte of a character.
 bool EsUtf8Desde(const ArchivoAbierto& archivo, std::uint64_t lugar);
 
+// How many bytes the character of UTF-8 at the beginning of a text has, which is not empty: 0 where none stands there, and where
+// the text ends before it does.
+std::size_t LargoDeCaracter(std::string_view texto);
+
+// The rule, for a text.
+Codificacion CodificacionDe(std::string_view texto);
+
+// All of a text is UTF-8, and some of it is not ASCII.
+bool TieneUtf8(std::string_view texto);
+
 // All bytes are ASCII other than NUL.
 bool EsAsciiSinNulos(std::string_view texto);
 

@@ -51,38 +51,44 @@ std::string NombreEscrito(const std::string& campo) {
 bool ConTipo(const ClaseDeCampo& clase) { return clase.tipo != ClaseDeCampo::Tipo::Ninguno; }
 
 // A statement of a field's kind, behind its name.
-void LeerClase(ClaseDeCampo& clase, std::string_view palabra, std::string_view resto, std::size_t linea) {
+void LeerClase(ClaseDeCampo& clase, std::string_view palabra, std::string_view resto, std::size_t linea, const std::string& campo) {
+    const auto rechazar = [&](const std::string& motivo) { Rechazar(linea, AUtf8(campo) + ": " + motivo); };
     const auto unaVez = [&](bool yaDicho) {
-        if (yaDicho) Rechazar(linea, "this was said of the field already, or something else in its place");
+        if (yaDicho)
+            rechazar("\"" + std::string(palabra) + "\" or what stands in its place was said of the field already; once is allowed");
     };
-    if (palabra != "required" && resto.empty()) Rechazar(linea, "something is missing behind \"" + std::string(palabra) + "\"");
     if (palabra == "required") {
         unaVez(clase.obligatorio);
-        if (!resto.empty()) Rechazar(linea, "something stands behind \"required\"");
+        if (!resto.empty()) rechazar("something stands behind \"required\", where nothing is allowed");
         clase.obligatorio = true;
     } else if (palabra == "number") {
         unaVez(ConTipo(clase));
-        if (resto != "." && resto != ",") Rechazar(linea, R"(the decimal sign of a number is "." or ",")");
+        if (resto != "." && resto != ",") rechazar(R"(behind "number" stands its decimal sign, "." or ",")");
         clase.tipo = ClaseDeCampo::Tipo::Numero;
         clase.decimal = resto.front();
     } else if (palabra == "date") {
         unaVez(ConTipo(clase));
-        if (!FormatoDeFecha::Leer(resto)) Rechazar(linea, "no form of a date, such as DD.MM.YYYY: " + std::string(resto));
+        if (!FormatoDeFecha::Leer(resto)) {
+            rechazar("\"" + AUtf8(resto) + "\" is no form of a date; it has DD, MM and YY or YYYY, each once, such as DD.MM.YYYY");
+        }
         clase.tipo = ClaseDeCampo::Tipo::Fecha;
         clase.formato = resto;
     } else if (palabra == "pattern") {
         unaVez(!clase.patron.empty());
+        if (resto.empty()) rechazar("behind \"pattern\" stands a regular expression");
         try {
             PatronDeValor{resto};
         } catch (const FalloDeEjecucion& fallo) {
-            Rechazar(linea, fallo.what());
+            rechazar(std::string("the pattern is no regular expression that is allowed: ") + fallo.what());
         }
         clase.patron = resto;
     } else if (palabra == "list") {
         unaVez(!clase.lista.empty());
+        if (resto.empty()) rechazar("behind \"list\" stands the name of a file of values, relative to the document");
         clase.lista = resto;
     } else {
-        Rechazar(linea, R"(a field is "required", a "number", a "date", or has a "pattern" or a "list")");
+        rechazar((palabra.empty() ? "nothing stands behind the name" : "\"" + AUtf8(palabra) + "\" says nothing of a field") +
+                 R"(; allowed are "required", "number" with "." or ",", "date" with its form, "pattern" and "list")");
     }
 }
 
@@ -110,7 +116,7 @@ ClasesDeCampos ClasesDeCampos::Leer(std::string_view texto) {
     for (const auto enUtf8 : PartirEnLineas(texto)) {
         ++numero;
         const auto leida = DesdeUtf8(enUtf8);
-        if (!leida) Rechazar(numero, "no UTF-8, or a character outside windows-1252");
+        if (!leida) Rechazar(numero, "no UTF-8, or a character outside windows-1252; the file has to be in UTF-8");
         auto resto = SinBlancosAlrededor(*leida);
         if (resto.starts_with('#')) {
             comentario += *leida + '\n';
@@ -124,10 +130,13 @@ ClasesDeCampos ClasesDeCampos::Leer(std::string_view texto) {
             continue;
         }
         const auto campo = Mayusculas(Recortar(TomarNombre(resto, numero)));
-        if (campo.empty()) Rechazar(numero, "the name of the field is blank");
+        if (campo.empty()) Rechazar(numero, "the name of the field is blank, and a statement begins with it");
         if (!comentario.empty()) clases.comentarios_.push_back({campo, std::exchange(comentario, {})});
         const auto palabra = TomarPalabra(resto);
-        LeerClase(clases.clases_[campo], palabra, resto, numero);
+        LeerClase(clases.clases_[campo], palabra, resto, numero, campo);
+        auto& lineas = clases.lineas_[campo];
+        if (lineas.primera == 0) lineas.primera = numero;
+        if (palabra == "list") lineas.lista = numero;
     }
     if (!comentario.empty()) clases.comentarios_.push_back({alFinal, std::move(comentario)});
     return clases;
@@ -142,10 +151,17 @@ ClasesDeCampos ClasesDeCampos::DeDocumento(const std::filesystem::path& document
     if (!Existe(ruta)) return {};
     const auto texto = LeerArchivo(ruta);
     try {
-        return Leer(texto);
+        auto clases = Leer(texto);
+        clases.origen_ = ruta.filename().string();
+        return clases;
     } catch (const FalloDeEjecucion& fallo) {
         throw FalloDeArchivo(fallo.what(), ruta);
     }
+}
+
+ClasesDeCampos::Lineas ClasesDeCampos::LineasDe(std::string_view campo) const {
+    const auto lugar = lineas_.find(campo);
+    return lugar == lineas_.end() ? Lineas{} : lugar->second;
 }
 
 const ClaseDeCampo* ClasesDeCampos::Buscar(std::string_view campo) const {

@@ -42,6 +42,15 @@ public:
     static ClasesDeCampos DeDocumento(const std::filesystem::path& documento);
     static std::filesystem::path ArchivoDe(const std::filesystem::path& documento);
 
+    // Where in their file something is said of the field first, and where its list is; 0 for what did not come from a file.
+    struct Lineas {
+        std::size_t primera = 0;
+        std::size_t lista = 0;
+    };
+    Lineas LineasDe(std::string_view campo) const;
+    // Name of the file that they were read from, in UTF-8; empty for none.
+    const std::string& Origen() const { return origen_; }
+
     // Null where nothing is said of the field.
     const ClaseDeCampo* Buscar(std::string_view campo) const;
     // An empty kind takes the field out.
@@ -60,6 +69,8 @@ private:
     };
     std::vector<Comentario> comentarios_;  // in their order
     std::map<std::string, ClaseDeCampo, std::less<>> clases_;
+    std::map<std::string, Lineas, std::less<>> lineas_;
+    std::string origen_;
 };
 
 }  // namespace qor

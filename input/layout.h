@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/record_layout.h"
@@ -49,6 +50,10 @@ public:
 
     const std::vector<ClaseDeRegistro>& Clases() const { return clases_; }       // the main record first
     const std::vector<ArchivoDeEntrada>& Archivos() const { return archivos_; }  // that of the main record first
+
+    // The class of the record that a line of a file is, a place in `Clases`; -1 where it is none. In the one file the report
+    // compares an id with as many characters of the line, which has blanks behind its end.
+    int ClaseDeLinea(int archivo, std::string_view linea) const;
 
 private:
     bool hayArchivo_ = false;

@@ -6,7 +6,6 @@
 
 #include "base/failure.h"
 #include "base/new_file.h"
-#include "base/paths.h"
 #include "base/text.h"
 #include "input/check.h"
 
@@ -18,11 +17,10 @@ namespace {
 void ExigirSalidasPropias(const std::vector<PartesDeArchivo>& partes) {
     std::vector<std::filesystem::path> vistas;
     const auto agregar = [&](const std::filesystem::path& ruta) {
-        const auto identidad = Identidad(ruta);
         for (const auto& vista : vistas) {
-            const auto otra = Identidad(vista);
-            const bool misma = RutaAbsoluta(vista) == RutaAbsoluta(ruta) || (identidad && otra && identidad->EsElMismo(*otra));
-            if (misma) throw FalloDeEjecucion("the output " + ruta.string() + " is an input or another output as well");
+            if (EsElMismoLugar(vista, ruta)) {
+                throw FalloDeEjecucion("the output " + ruta.string() + " is an input or another output as well");
+            }
         }
         vistas.push_back(ruta);
     };

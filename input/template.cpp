@@ -89,7 +89,7 @@ private:
         std::string formula;
         std::string mensaje;
         if (clase != nullptr && !clase->lista.empty()) {
-            formula = FormulaDeLista(clase->lista);
+            formula = FormulaDeLista(clase->lista, campo.nombre);
             if (formula.empty()) return;
             regla.validate = LXW_VALIDATION_TYPE_LIST_FORMULA;
             regla.value_formula = formula.data();
@@ -119,10 +119,10 @@ private:
     }
 
     // The place of the values of a list; empty where there are none.
-    std::string FormulaDeLista(const std::string& lista) {
+    std::string FormulaDeLista(const std::string& lista, const std::string& campo) {
         auto lugar = listas_.find(lista);
         if (lugar == listas_.end()) {
-            auto valores = LeerLista(lista);
+            auto valores = LeerListaDeCampo(documento_.parent_path(), clases_, Mayusculas(Recortar(campo)));
             if (valores.size() > maximoDeFilasDeHoja) valores.resize(maximoDeFilasDeHoja);
             lugar = listas_.emplace(lista, Lista{listas_.size(), std::move(valores)}).first;
         }
@@ -130,15 +130,6 @@ private:
         const auto letras = LetrasDeColumna(lugar->second.columna);
         return std::string("=") + hojaDeListas + "!$" + letras + "$1:$" + letras + "$" +
                std::to_string(lugar->second.valores.size());
-    }
-
-    std::vector<std::string> LeerLista(const std::string& lista) const {
-        const auto texto = LeerListaDeValores(documento_.parent_path(), lista);
-        std::vector<std::string> valores;
-        for (const auto linea : PartirEnLineas(texto)) {
-            if (!EstaEnBlanco(linea)) valores.emplace_back(SinBlancosDetras(linea));
-        }
-        return valores;
     }
 
     void EscribirListas() {

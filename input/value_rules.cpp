@@ -1,35 +1,64 @@
 #include "input/value_rules.h"
 
+#include "base/code_page.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "input/encoding.h"
 
 namespace qor {
 
-namespace {}  // namespace
-
-std::string LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista) {
+std::vector<std::string> LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista) {
     const auto archivo = directorio / RutaDelSistema(lista);
+    const auto entero = LeerArchivo(archivo, limiteDeCatalogo);
+    std::string_view texto = entero;
+    const auto codificacion = CodificacionDe(texto);
+    if (codificacion == Codificacion::Utf16) {
+        throw FalloDeArchivo("the file is in UTF-16; allowed are windows-1252 and UTF-8", archivo);
+    }
+    if (MarcaDeOrden(texto) == Codificacion::Utf8) texto.remove_prefix(largoDeMarcaUtf8);
+    std::vector<std::string> valores;
+    std::size_t numero = 0;
+    for (const auto linea : PartirEnLineas(texto)) {
+        ++numero;
+        if (EstaEnBlanco(linea)) continue;
+        std::optional<std::string> valor(linea);
+        if (codificacion == Codificacion::Utf8) valor = DesdeUtf8(linea);
+        if (!valor) {
+            throw FalloDeArchivo("line " + std::to_string(numero) +
+                                     " of the list is no UTF-8, or has a character outside windows-1252, " +
+                                     "which no value can have",
+                                 archivo);
+        }
+        valores.emplace_back(SinBlancosDetras(*valor));
+    }
+    return valores;
+}
+
+std::vector<std::string> LeerListaDeCampo(const std::filesystem::path& directorio, const ClasesDeCampos& clases,
+                                          const std::string& campo) {
+    const auto& lista = clases.Buscar(campo)->lista;
     try {
-        return LeerArchivo(archivo, limiteDeCatalogo);
+        return LeerListaDeValores(directorio, lista);
     } catch (const FalloDeArchivo& fallo) {
-        throw FalloDeArchivo(std::string("The list of values that the checks of a field name can't be read: ") + fallo.what(),
-                             archivo);
+        std::string donde = clases.Origen();
+        if (const auto linea = clases.LineasDe(campo).lista; linea > 0) {
+            donde += (donde.empty() ? "line " : ", line ") + std::to_string(linea);
+        }
+        throw FalloDeArchivo(donde + (donde.empty() ? "" : ": ") + AUtf8(campo) +
+                                 ": the list, a text file whose name is relative to the document, can't be read: " + fallo.what(),
+                             directorio / RutaDelSistema(lista));
     }
 }
 
-ReglaDeValor::ReglaDeValor(const ClaseDeCampo& clase, const std::filesystem::path& directorio) : clase_(clase) {
+ReglaDeValor::ReglaDeValor(const ClaseDeCampo& clase, const std::vector<std::string>& lista)
+    : clase_(clase), lista_(lista.begin(), lista.end()) {
     if (clase.tipo == ClaseDeCampo::Tipo::Fecha) {
         formato_ = FormatoDeFecha::Leer(clase.formato);
         if (!formato_) throw FalloDeEjecucion("no form of a date: " + clase.formato);
     }
     if (!clase.patron.empty()) patron_.emplace(clase.patron);
-    if (clase.lista.empty()) return;
-    const auto texto = LeerListaDeValores(directorio, clase.lista);
-    for (const auto linea : PartirEnLineas(texto)) {
-        if (!EstaEnBlanco(linea)) lista_.emplace(SinBlancosDetras(linea));
-    }
 }
 
 std::optional<HallazgoDeEntrada> ReglaDeValor::Falta(std::string_view valor) const {
@@ -56,7 +85,8 @@ std::string ReglaDeValor::Texto(HallazgoDeEntrada falta) const {
 
 ReglasDeValores::ReglasDeValores(const ClasesDeCampos& clases, const std::filesystem::path& directorio) {
     for (const auto& [campo, clase] : clases.Todas()) {
-        reglas_.emplace(campo, std::make_unique<const ReglaDeValor>(clase, directorio));
+        const auto lista = clase.lista.empty() ? std::vector<std::string>() : LeerListaDeCampo(directorio, clases, campo);
+        reglas_.emplace(campo, std::make_unique<const ReglaDeValor>(clase, lista));
     }
 }
 

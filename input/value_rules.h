@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "input/data_finding.h"
 #include "input/kinds.h"
@@ -16,15 +17,20 @@
 
 namespace qor {
 
-// The text of a list of values that a kind names, relative to the directory of its document. Throws FalloDeArchivo.
-std::string LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista);
+// The values of a list that a kind names, relative to the directory of its document: one a line, the blanks behind it left out, in
+// windows-1252; the file is in that or in UTF-8, as input/encoding.h tells. Throws FalloDeArchivo, with the line of a character
+// that windows-1252 lacks.
+std::vector<std::string> LeerListaDeValores(const std::filesystem::path& directorio, const std::string& lista);
+
+// The list of a field of `clases`, which has one. A failure tells where it is named.
+std::vector<std::string> LeerListaDeCampo(const std::filesystem::path& directorio, const ClasesDeCampos& clases,
+                                          const std::string& campo);
 
 // A kind made ready for many values.
 class ReglaDeValor {
 public:
-    // Lists are relative to the directory: one value a line, in windows-1252, the blanks behind it left out. Throws FalloDeArchivo
-    // for a list that can't be read, FalloDeEjecucion for a pattern or form that is none.
-    ReglaDeValor(const ClaseDeCampo& clase, const std::filesystem::path& directorio);
+    // `lista` are the values of the kind's list. Throws FalloDeEjecucion for a pattern or form that is none.
+    explicit ReglaDeValor(const ClaseDeCampo& clase, const std::vector<std::string>& lista = {});
 
     // The first thing that is wrong with a value as it stands in a line. A blank one can only be missing. Numbers and dates count
     // without the blanks around them, patterns and lists without those behind them.
@@ -50,7 +56,7 @@ private:
 class ReglasDeValores {
 public:
     ReglasDeValores() = default;
-    // As ReglaDeValor; `directorio` is that of the document.
+    // `directorio` is that of the document. Throws FalloDeArchivo for a list, and as ReglaDeValor.
     ReglasDeValores(const ClasesDeCampos& clases, const std::filesystem::path& directorio);
 
     // Null for a field without a kind. It lives as long as this, wherever this is moved.

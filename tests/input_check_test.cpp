@@ -278,7 +278,7 @@ TEST(InputCheck, NumbersDatesAndPatterns) {
         {"pattern (a*)*(a?){30}.", {"b"}, {std::string(5000, 'a') + "bb"}},
     };
     for (const auto& caso : casos) {
-        const ReglaDeValor regla(*ClasesDeCampos::Leer(std::string("F ") + caso.sentencia).Buscar("f"), {});
+        const ReglaDeValor regla(*ClasesDeCampos::Leer(std::string("F ") + caso.sentencia).Buscar("f"));
         for (const auto& valor : caso.buenos) EXPECT_FALSE(regla.Falta(valor + "  ")) << caso.sentencia << ": " << valor;
         for (const auto& valor : caso.malos) EXPECT_TRUE(regla.Falta(valor)) << caso.sentencia << ": " << valor;
     }

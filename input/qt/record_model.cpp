@@ -85,7 +85,7 @@ void ModeloDeRegistros::ContarColumnas() {
 
 void ModeloDeRegistros::Partir(Fila& fila) const {
     const bool hay = archivo_ < static_cast<int>(diseno_->Archivos().size());
-    fila.clase = hay ? revisor_.ClaseDe(archivo_, fila.linea) : -1;
+    fila.clase = hay ? revisor_.Diseno().ClaseDeLinea(archivo_, fila.linea) : -1;
     fila.tramos.clear();
     if (fila.clase >= 0)
         fila.tramos = PartirRegistro(*diseno_, diseno_->Clases()[static_cast<std::size_t>(fila.clase)], fila.linea);
