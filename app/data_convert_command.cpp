@@ -152,8 +152,8 @@ private:
         if (hojas.empty()) return;
         if (desde_ != Lado::Xlsx) throw MalUso("--sheet: only sheets of a workbook that is read can be named");
         if (hojas.size() > diseno_.Clases().size()) {
-            throw MalUso("--sheet: " + Cuantos(hojas.size(), "sheet") + " for " +
-                         Cuantos(diseno_.Clases().size(), "kind") + " of records");
+            throw MalUso("--sheet: " + Cuantos(hojas.size(), "sheet") + " for " + Cuantos(diseno_.Clases().size(), "kind") +
+                         " of records");
         }
         for (std::size_t i = 0; i < hojas.size(); ++i) {
             const auto otra = std::find(hojas.begin() + static_cast<std::ptrdiff_t>(i) + 1, hojas.end(), hojas[i]);

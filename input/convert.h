@@ -52,8 +52,8 @@ struct OpcionesDeConversion {
     int filaDeTitulos = 1;       // what is in front of it is passed over; 0: there are no headings
     bool otrasColumnas = false;  // columns whose heading is no field are passed over; else each is a finding
     char separador = 0;          // of files of values; 0: by the headings, and a semicolon where they are written
-    // Records with findings are left out, each with all that belongs to it as LotesDeRegistros has it; else nothing is written where
-    // there are findings. What is wrong with a whole file or table lets nothing be written either way: a file that is not in
+    // Records with findings are left out, each with all that belongs to it as LotesDeRegistros has it; else nothing is written
+    // where there are findings. What is wrong with a whole file or table lets nothing be written either way: a file that is not in
     // windows-1252, headings, a required field without a column, numbers in a column "#" that can't be followed.
     bool dejarFuera = false;
     std::string finDeLinea = "\n";  // of the lines of a layout
@@ -71,9 +71,9 @@ struct Conversion {
 // `columna` is the number of the column of a table; 0 where it has none.
 using OyenteDeConversion = std::function<void(const HallazgoDeDatos&)>;
 
-// Every value that is written has to be what its kind says; `clases` and `reglas` are the same kinds. Beyond that a line of the layout
-// has to be without errors for RevisorDeLineas. How records belong together is not checked, so that orders and items can be taken
-// into a workbook to put them right.
+// Every value that is written has to be what its kind says; `clases` and `reglas` are the same kinds. Beyond that a line of the
+// layout has to be without errors for RevisorDeLineas. How records belong together is not checked, so that orders and items can be
+// taken into a workbook to put them right.
 //
 // `archivos` are those of the layout, in its order. Files take their places once all of them are on the disk; one that exists is
 // replaced. What fails, and an input that can't be read, throws FalloDeEjecucion or FalloDeArchivo; nothing is written then.

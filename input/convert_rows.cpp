@@ -42,9 +42,8 @@ std::vector<CampoDeTabla> CamposDeTabla(const DisenoDeEntrada& diseno, const Cla
     return campos;
 }
 
-LectorDeTabla::LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase,
-                             std::vector<CampoDeTabla> campos, bool conNumero, int tabla,
-                             const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente)
+LectorDeTabla::LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase, std::vector<CampoDeTabla> campos,
+                             bool conNumero, int tabla, const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente)
     : filas_(std::move(filas)),
       clase_(clase),
       campos_(std::move(campos)),
@@ -119,7 +118,7 @@ void LectorDeTabla::ExigirCampos(const std::vector<bool>& tomados) {
         std::string buscados;
         for (const auto& titulo : Titulos(clase_, conNumero_)) buscados += (buscados.empty() ? "" : ", ") + titulo;
         throw FalloDeEjecucion("none of the headings in row " + std::to_string(fila_.numero) + " of the table " +
-                               NombreDeHoja(clase_) + " is a field: " + hallados + ". The headings are " + buscados);
+                               NombreDeHoja(clase_) + " is a field: " + hallados + "; wanted are " + buscados);
     }
     for (std::size_t campo = 0; campo < tomados.size(); ++campo) {
         const auto* const regla = campos_[campo].regla;

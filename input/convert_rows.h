@@ -35,7 +35,8 @@ class LectorDeTabla {
 public:
     // `tabla` is the place that findings name. Reads up to the headings; throws FalloDeEjecucion where they are missing
     // and where none of them is a field.
-    LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase, std::vector<CampoDeTabla> campos, bool conNumero, int tabla, const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
+    LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase, std::vector<CampoDeTabla> campos,
+                  bool conNumero, int tabla, const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
 
     bool Siguiente(RegistroDeTabla& registro);
 

@@ -36,7 +36,8 @@ const LibroXlsx::Hoja& BuscarHoja(const LibroXlsx& libro, const DisenoDeEntrada&
         throw FalloDeArchivo("All sheets of the workbook are hidden, and none of them is named", tablas.archivos.at(0));
     }
     if (estaOculta) {
-        throw FalloDeArchivo("The sheet " + nombre + " of the workbook is hidden, and hidden sheets are read only by their names", tablas.archivos.at(0));
+        throw FalloDeArchivo("The sheet " + nombre + " of the workbook is hidden, and hidden sheets are read only by their names",
+                             tablas.archivos.at(0));
     }
     throw FalloDeArchivo("The workbook has no sheet " + nombre, tablas.archivos.at(0));
 }

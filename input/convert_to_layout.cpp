@@ -47,10 +47,10 @@ public:
             std::deque<Fuente> tablas;
             for (const int clase : diseno_.Archivos()[archivo].clases) {
                 const auto& registro = diseno_.Clases()[static_cast<std::size_t>(clase)];
-                auto& tabla = tablas.emplace_back(
-                    clase, LectorDeTabla(fuentes_.Abrir(clase), registro,
-                                         CamposDeTabla(diseno_, registro, clases_, reglas_, opciones_.celdas),
-                                         ConNumero(diseno_, registro), clase, opciones_, oyente_));
+                auto& tabla =
+                    tablas.emplace_back(clase, LectorDeTabla(fuentes_.Abrir(clase), registro,
+                                                             CamposDeTabla(diseno_, registro, clases_, reglas_, opciones_.celdas),
+                                                             ConNumero(diseno_, registro), clase, opciones_, oyente_));
                 tabla.hay = tabla.lector.Siguiente(tabla.registro);
             }
             for (Fuente* tabla = BuscarSiguiente(tablas); tabla != nullptr; tabla = BuscarSiguiente(tablas)) {

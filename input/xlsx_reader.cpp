@@ -98,7 +98,7 @@ private:
     std::size_t LeerReferencia(std::string_view referencia) const {
         auto resto = referencia;
         const auto columna = TomarColumna(resto);
-        if (!resto.empty() && resto != numeroEscrito_) {
+        if (columna < maximoDeColumnas && !resto.empty() && resto != numeroEscrito_) {
             Fallar("the cell stands in row " + numeroEscrito_, std::string(referencia));
         }
         return columna;

@@ -112,14 +112,13 @@ private:
     std::mt19937 azar_{20041224};
 };
 
-const Azar::Textos Azar::numeros = {"",      "0",  "007",  "12,50", "-12,500", "1.234,5",           "12345678901",    "5-",
-                                    "-0,0", "-0", "1,", ",5", "+3", "  7", "0,123456789012345", "999999999999999"};
+const Azar::Textos Azar::numeros = {"",     "0",  "007", "12,50", "-12,500", "1.234,5", "12345678901",       "5-",
+                                    "-0,0", "-0", "1,",  ",5",    "+3",      "  7",     "0,123456789012345", "999999999999999"};
 const Azar::Textos Azar::dias = {"", "24.12.2004", "01.01.1900", "28.02.1900", "01.03.1900", "29.02.2000", "31.12.9999"};
 const Azar::Textos Azar::diasSeguidos = {"", "20041224", "19000101", "19000228", "19000301"};
-const Azar::Textos Azar::especiales = {"",           "0",        "007",     "12,50",     "12345678901", "1E5",
-                                       "24.12.2004", "20041224", "_x0041_", "\"a\"\"",   "a;b,c",       "=1+1",
-                                       "'1",         "#N/A",     "TRUE",    "-0",        "  right",     "\x80\xE4\xDF\xA0",
-                                       "a & <b>",    "\x01\x1F\x7F", "_x000A_x"};
+const Azar::Textos Azar::especiales = {
+    "",     "0",  "007",  "12,50", "12345678901", "1E5",     "24.12.2004",       "20041224", "_x0041_",      "\"a\"\"", "a;b,c",
+    "=1+1", "'1", "#N/A", "TRUE",  "-0",          "  right", "\x80\xE4\xDF\xA0", "a & <b>",  "\x01\x1F\x7F", "_x000A_x"};
 
 struct CasoDeIda {
     const char* ejemplo;
@@ -379,6 +378,149 @@ TEST(Conversion, ItemsGoWithTheirOrder) {
     EXPECT_FALSE(Existe(prueba.directorio / "none.txt"));
 }
 
+// The first values of the rows of a table, or of the lines of a file.
+std::string Primeros(const std::string& texto) {
+    std::string primeros;
+    for (const auto linea : PartirEnLineas(texto)) {
+        if (!linea.empty()) primeros.append(linea.substr(0, linea.find_first_of("; "))).append("|");
+    }
+    return primeros;
+}
+
+// Orders with their items are left out as a whole: with ids in one file, and joined by keys in files of their own.
+TEST(Conversion, AnOrderIsLeftOutWithAllItsItems) {
+    const auto ancho = [](std::string texto, std::size_t n) {
+        texto.resize(n, ' ');
+        return texto;
+    };
+    const auto id = [&](char c, const std::string& valor, const std::string& cantidad = "") {
+        return c + ancho(valor, c == 'H' ? 20 : 18) + cantidad + "\n";
+    };
+    ConversionDePrueba unico("va01-one-file/orders.qor", "KWMENG number ,\n");
+    unico.directorio.Escribir("in.txt", id('H', "first") + id('I', "A", "1,5") + id('H', "second") + id('I', "B") +
+                                            id('I', "C", "0.5") + "X\n" + id('H', "third"));
+    EXPECT_EQ(unico.Convertir({"in.txt"}, {"o.csv", "i.csv"}, {"--leave-out"}), estadoRechazado);
+    EXPECT_EQ(unico.Dicho(),
+              "in.txt:5:20: error: KWMENG \"0.5\": no number with \",\" as its decimal sign [not-a-number]\n"
+              "in.txt:6:1: error: \"X\": begins with no id of a record: H, I [unknown-record]\n");
+    EXPECT_EQ(unico.errores, "FILE 2, SLOOP_1 1, 2 errors; records left out: 4\n");
+    EXPECT_EQ(Primeros(unico.Leer("o.csv")), "\xEF\xBB\xBF#|1|7|");
+    EXPECT_EQ(Primeros(unico.Leer("i.csv")), "\xEF\xBB\xBF#|2|");
+
+    ConversionDePrueba varios("va01/orders.qor", "KWMENG number ,\nKUNNR pattern \\d+\n");
+    const auto orden = [&](const std::string& numero, const std::string& cliente) { return ancho(numero, 32) + cliente + "\n"; };
+    const auto partida = [&](const std::string& numero, const std::string& material, const std::string& cantidad) {
+        return ancho(numero, 20) + ancho(material, 18) + cantidad + "\n";
+    };
+    varios.directorio.Escribir("o.txt", orden("1", "10") + orden("2", "20") + orden("3", "X") + orden("4", "40"));
+    varios.directorio.Escribir("i.txt", partida("4", "A", "1") + partida("2", "B", "1") + partida("2", "C", "one") +
+                                            partida("3", "D", "1") + partida("9", "E", "1"));
+    EXPECT_EQ(varios.Convertir({"o.txt", "i.txt"}, {"o.csv", "i.csv"}, {"--leave-out"}), estadoRechazado);
+    EXPECT_EQ(varios.errores, "FILE 2, SLOOP_1 2, 2 errors; records left out: 5\n");
+    EXPECT_EQ(Primeros(varios.Leer("o.csv")),
+              "\xEF\xBB\xBF"
+              "BSTKD|1|4|");
+    EXPECT_EQ(Primeros(varios.Leer("i.csv")),
+              "\xEF\xBB\xBF"
+              "BSTKD|4|9|");
+
+    varios.directorio.Escribir("o.csv", "BSTKD;KUNNR\n1;10\n2;20\n3;X\n4;40\n");
+    varios.directorio.Escribir("i.csv", "KWMENG;BSTKD\n1;4\n1;2\none;2\n1;3\n1;9\n");
+    EXPECT_EQ(varios.Convertir({"o.csv", "i.csv"}, {"o2.txt", "i2.txt"}, {"--leave-out"}), estadoRechazado);
+    EXPECT_EQ(varios.Dicho(),
+              "o.csv:4:2: error: KUNNR \"X\": does not fit the pattern \\d+ [pattern]\n"
+              "i.csv:4:1: error: KWMENG \"one\": no number with \",\" as its decimal sign [not-a-number]\n");
+    EXPECT_EQ(Primeros(varios.Leer("o2.txt")), "1|4|");
+    EXPECT_EQ(Primeros(varios.Leer("i2.txt")), "4|9|");
+}
+
+// Where a whole file or table is wrong, nothing is written, also with --leave-out.
+TEST(Conversion, WhatIsWrongWithAWholeFileIsToldOnce) {
+    struct Caso {
+        const char* nombre;
+        std::string texto;
+        std::vector<std::string> opciones;
+        std::string dicho;  // or a part of the message
+    };
+    const std::string valores = "MATNR;MTART;BRGEW\n";
+    const std::vector<Caso> casos = {
+        {"in.txt", "caf\xC3\xA9\n0123456789\n", {}, "in.txt:1: error: the file is in UTF-8"},
+        {"in.txt",
+         std::string("\xFF\xFE"
+                     "a\0",
+                     4),
+         {},
+         "in.txt:1: error: a byte order mark of UTF-16"},
+        {"in.csv", "MTART\nROH\nHAWA\n", {}, "in.csv:1: error: MATNR: required, but no column has the heading [missing-value]\n"},
+        {"in.csv", "MATNR;Remark\nA;x\n", {}, "in.csv:1:2: error: \"Remark\": the heading is no field of the records [cell-does"},
+        {"in.csv",
+         "Article;Kind\nA;ROH\n",
+         {"--other-columns"},
+         "none of the headings in row 1 of the table FILE is a field: "
+         "Article, Kind; wanted are MATNR, MBRSH, MTART,"},
+        {"in.csv", valores, {"--sheet", "A"}, "--sheet: only sheets of a workbook"},
+        {"in.csv", valores, {"--columns", "order", "--heading-row", "0"}, "--separator: without headings"},
+        {"in.csv", valores, {"--max-findings", "-1"}, "--max-findings: \"-1\""},
+        {"in.xlsx", "", {"--sheet", "A", "--sheet", "B"}, "--sheet: 2 sheets for 1 kind of records"},
+    };
+    ConversionDePrueba prueba("mm01/materials.qor", "MATNR required\nNOFIELD required\n");
+    for (const auto& caso : casos) {
+        prueba.directorio.Escribir(caso.nombre, caso.texto);
+        const std::string salida = std::string(caso.nombre) == "in.txt" ? "out.csv" : "out.txt";
+        auto opciones = caso.opciones;
+        opciones.emplace_back("--leave-out");
+        EXPECT_NE(prueba.Convertir({caso.nombre}, {salida}, opciones), estadoBien);
+        EXPECT_THAT(prueba.Dicho() + prueba.errores, HasSubstr(caso.dicho));
+        EXPECT_FALSE(Existe(prueba.directorio / salida)) << caso.dicho;
+    }
+    prueba.directorio.Escribir("in.csv", "MATNR\nA\n");
+    EXPECT_EQ(prueba.Convertir({"in.csv"}, {"out.txt"}), estadoBien);
+    EXPECT_THAT(prueba.errores, HasSubstr("the document has no field NOFIELD"));
+}
+
+// What is written is what the kinds say, in both directions.
+TEST(Conversion, ValuesAreWhatTheirKindsSay) {
+    const std::string clases = "MATNR required\nBRGEW number .\nMTART list values.txt\nMEINS pattern [A-Z]+\nMATKL date YYYYMMDD\n";
+    struct Caso {
+        const char* campo;
+        const char* valor;
+        const char* hallazgo;  // empty: it fits
+    };
+    const std::vector<Caso> casos = {
+        {"MATNR", "", "missing-value"},       {"MTART", "hawa", "not-in-list"},
+        {"MEINS", "kg", "pattern"},           {"MATKL", "20040230", "not-a-date"},
+        {"BRGEW", "1,5", "not-a-number"},     {"BRGEW", "0,870", "not-a-number"},
+        {"BRGEW", "012,345", "not-a-number"}, {"BRGEW", "1,870", ""},
+        {"BRGEW", "10,870,000.5", ""},        {"BRGEW", "0.870", ""},
+    };
+    ConversionDePrueba prueba("mm01/materials.qor", clases);
+    prueba.directorio.Escribir("values.txt", "HAWA\nROH\n");
+    for (const auto& caso : casos) {
+        const std::string campo = caso.campo;
+        std::vector<std::pair<std::string, std::size_t>> campos = {{"MATNR", 18}, {"MBRSH", 1}, {"MTART", 4}, {"MAKTX", 40},
+                                                                   {"MEINS", 3},  {"MATKL", 9}, {"BRGEW", 17}};
+        std::string titulos;
+        std::string fila;
+        std::string linea;
+        for (const auto& [nombre, ancho] : campos) {
+            const std::string valor = campo == nombre ? caso.valor : nombre == "MATNR" ? "A" : "";
+            titulos += nombre + ";";
+            fila += valor + ";";
+            linea += valor + std::string(ancho - valor.size(), ' ');
+        }
+        prueba.directorio.Escribir("in.csv", titulos + "GEWEI\n" + fila + "KG\n");
+        prueba.directorio.Escribir("in.txt", linea + "KG\n");
+        for (const bool alLayout : {true, false}) {
+            const int estado = prueba.Convertir({alLayout ? "in.csv" : "in.txt"}, {alLayout ? "out.txt" : "out.xlsx"});
+            const std::string hallazgo = caso.hallazgo;
+            EXPECT_EQ(estado, hallazgo.empty() ? estadoBien : estadoRechazado) << campo << caso.valor << prueba.salida;
+            const auto valor = std::string(caso.valor).empty() ? "" : " \"" + std::string(caso.valor) + '"';
+            if (!hallazgo.empty()) EXPECT_THAT(prueba.Dicho(), HasSubstr("error: " + campo + valor + ": "));
+            if (!hallazgo.empty()) EXPECT_THAT(prueba.Dicho(), testing::EndsWith("[" + hallazgo + "]\n"));
+        }
+    }
+}
+
 TEST(Conversion, TextsGetTheFormOfTheFile) {
     ConversionDePrueba prueba("fb01/postings.qor", "BLDAT date DDMMYYYY\nWRBTR number .\n");
     prueba.directorio.Escribir("in.txt",
@@ -502,7 +644,10 @@ TEST(Workbook, BadFilesAreToldAndNeverHarm) {
         {Hoja("<row r=\"2\"/><row r=\"1\"/>"), "order"},
         {Hoja("<row r=\"1048577\"/>"), "order"},
         {Hoja("<row><c r=\"ZZZZ1\"/></row>"), "no column"},
-        {Hoja("<row><c t=\"s\"><v>3</v></c></row>"), "shared string is missing"},
+        {Hoja("<row r=\"2\"><c r=\"B2\"><v>1</v></c><c><v>2</v></c><c r=\"B2\"/></row>"),
+         "sheet A, B2: two cells have the same place"},
+        {Hoja("<row r=\"2\"><c r=\"A3\"/></row>"), "sheet A, A3: the cell stands in row 2"},
+        {Hoja("<row/><row><c/><c t=\"s\"><v>3</v></c></row>"), "sheet A, B2: its shared string is missing"},
         {Hoja("<row>" + std::string(20 << 20, 'x') + "</row>"), "16 megabytes"},
         {Hoja("<row>" + std::string(80 << 20, ' ') + "</row>"), "no workbook is"},
         {"\xFF\xFE<\0", "UTF-8"},
@@ -517,6 +662,22 @@ TEST(Workbook, BadFilesAreToldAndNeverHarm) {
     ASSERT_NE(lugar, std::string::npos);
     bytes.replace(lugar, 2, std::string("\x10\0", 2));
     EXPECT_THAT(conBytes(bytes), HasSubstr("damaged"));
+}
+
+// A sheet that nobody sees is read only where it is named.
+TEST(Workbook, HiddenSheetsAreNotReadUnasked) {
+    ConversionDePrueba prueba("mm01/materials.qor", "");
+    const auto leer = [&](const std::string& hojas, const std::vector<std::string>& opciones = {}) {
+        EscribirLibro(prueba.directorio / "in.xlsx",
+                      {{"xl/workbook.xml", "<workbook xmlns:r=\"r\"><sheets>" + hojas + "</sheets></workbook>"},
+                       {"xl/s.xml", Hoja("<row><c t=\"inlineStr\"><is><t>MATNR</t></is></c></row>")}});
+        prueba.Convertir({"in.xlsx"}, {"out.txt"}, opciones);
+        return prueba.errores;
+    };
+    const std::string oculta = R"(<sheet name="FILE" state="hidden" r:id="a"/>)";
+    EXPECT_THAT(leer(oculta), HasSubstr("All sheets of the workbook are hidden"));
+    EXPECT_EQ(leer(oculta, {"--sheet", "FILE"}), "FILE 0, 0 errors\n");
+    EXPECT_EQ(leer(oculta + R"(<sheet name="Other" r:id="a"/>)"), "FILE 0, 0 errors\n");
 }
 
 TEST(Workbook, TheTemplateIsReadBackAndHasTheRules) {
