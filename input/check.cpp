@@ -116,7 +116,7 @@ private:
             dichoUtf8_ = true;
             Decir(HallazgoDeEntrada::Utf8, "the file is in UTF-8, of which this line has the first character outside ASCII");
         }
-        linea_.mala = true;
+        linea_.mala = linea_.enUtf8 = true;
         faltas_.clear();
         convertida_ = TextoDesdeUtf8(linea_.texto, faltas_);
         linea_.texto = convertida_;
@@ -124,7 +124,7 @@ private:
 
     bool Revisar() {
         const auto& revisor = revision_.revisor_;
-        linea_.mala = false;
+        linea_.mala = linea_.enUtf8 = false;
         LeerTexto();
         const auto propios = hallazgos_.size();
         linea_.clase = revisor.Diseno().ClaseDeLinea(linea_.archivo, linea_.texto);
@@ -133,6 +133,11 @@ private:
             revisor.Situar(Decir(HallazgoDeEntrada::SinCaracter, "windows-1252 has no such character"), linea_.clase, linea_.texto,
                            faltas_.front());
             faltas_.clear();
+        }
+        if (!linea_.leida.limpia && !enUtf8_ && TieneUtf8(linea_.texto)) {
+            const auto otro = std::find_if(linea_.texto.begin(), linea_.texto.end(), [](char c) { return c < 0; });
+            revisor.Situar(Decir(HallazgoDeEntrada::Utf8Mezclado, "the characters could be meant as UTF-8, which the file is not"),
+                           linea_.clase, linea_.texto, static_cast<std::size_t>(otro - linea_.texto.begin()));
         }
         revisor.Revisar(linea_.clase, linea_.texto, hallazgos_, linea_.leida.limpia, linea_.leida.sobra);
         for (auto& hallazgo : hallazgos_) hallazgo.linea = linea_.numero;

@@ -17,6 +17,7 @@
 //
 // - A byte order mark, UTF-8 and a change of line ends are told once for a file, at the first line that shows them. A file in UTF-8
 //   is read on as the characters that it means, without the mark, so that nothing else follows from it: columns count characters.
+// - In a file that is windows-1252 otherwise, a line is a hint whose characters outside ASCII would be UTF-8, all of them.
 // - A file in UTF-16 is not read beyond its mark. What needs all records is not told then.
 // - With fewer files than the layout has, the first ones are checked, and against one another what they hold.
 namespace qor {
@@ -28,6 +29,7 @@ struct LineaRevisada {
     int clase = -1;                                         // of its record: place in the layout's classes; -1 for none
     std::string_view texto;                                 // in windows-1252, without its end
     LineaLeida leida;                                       // its bytes and place in the file
+    bool enUtf8 = false;                                    // has characters outside ASCII, in a file in UTF-8
     bool mala = false;                                      // has an error of its own, or is read wrong for the file's encoding
     std::uint32_t unidad = RelacionDeRegistros::sinUnidad;  // as RelacionDeRegistros::Tomar answers it
 };

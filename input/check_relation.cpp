@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 #include "base/failure.h"
@@ -66,7 +67,8 @@ TablaDeTextos::Sitio TablaDeTextos::Poner(std::string_view texto) {
     return {ultimo_, true};
 }
 
-RelacionDeRegistros::RelacionDeRegistros(const RevisorDeLineas& revisor, std::size_t archivos) : revisor_(revisor) {
+RelacionDeRegistros::RelacionDeRegistros(const RevisorDeLineas& revisor, std::size_t archivos)
+    : revisor_(revisor), archivos_(archivos) {
     const auto& diseno = revisor.Diseno();
     const auto& clases = diseno.Clases();
     todos_ = archivos == diseno.Archivos().size();
@@ -74,18 +76,27 @@ RelacionDeRegistros::RelacionDeRegistros(const RevisorDeLineas& revisor, std::si
     bool sinClave = false;
     for (std::size_t clase = 1; clase < clases.size(); ++clase) {
         auto& claves = claves_[clase];
-        bool segura = true;
+        int insegura = -1;
+        const char* motivo = "it has no key field";
         for (std::size_t campo = 0; campo < clases[clase].campos.size(); ++campo) {
             const auto& este = clases[clase].campos[campo];
             if (!este.clave) continue;
             const int enPrincipal = clases.front().BuscarFila(este.fila);
-            segura = segura && enPrincipal >= 0 && !este.cambiante;
+            if (insegura < 0 && (enPrincipal < 0 || este.cambiante)) {
+                insegura = static_cast<int>(campo);
+                motivo = enPrincipal < 0
+                             ? "the main record has not this key"
+                             : "a conversion of the document names this key, and may change it before the report compares it";
+            }
             claves.enPartida.push_back(campo);
             claves.enPrincipal.push_back(static_cast<std::size_t>(enPrincipal));
         }
         sinClave = sinClave || claves.enPartida.empty();
-        claves.hay = segura && !claves.enPartida.empty();
-        if (!claves.hay) continue;
+        claves.hay = insegura < 0 && !claves.enPartida.empty();
+        if (!claves.hay) {
+            AgregarSinComparar(static_cast<int>(clase), insegura, motivo);
+            continue;
+        }
         claves.juego = 0;
         while (claves.juego < primeras_.size() && claves_[primeras_[claves.juego]].enPrincipal != claves.enPrincipal) {
             ++claves.juego;
@@ -94,6 +105,7 @@ RelacionDeRegistros::RelacionDeRegistros(const RevisorDeLineas& revisor, std::si
     }
     if (diseno.ArchivoUnico() && sinClave) {
         forma_ = Forma::PorPosicion;
+        sinComparar_.clear();
     } else if (!primeras_.empty()) {
         forma_ = Forma::PorClaves;
     }
@@ -185,6 +197,8 @@ std::uint32_t RelacionDeRegistros::TomarPartida(const Pendiente& partida, const 
 }
 
 void RelacionDeRegistros::Terminar(std::vector<HallazgoDeDatos>& hallazgos) {
+    std::copy_if(sinComparar_.begin(), sinComparar_.end(), std::back_inserter(hallazgos),
+                 [this](const auto& hallazgo) { return static_cast<std::size_t>(hallazgo.archivo) < archivos_; });
     if (forma_ == Forma::PorPosicion && principal_ != 0 && !conPartidas_) DecirSinPartidas(principal_, hallazgos);
     if (forma_ != Forma::PorClaves) return;
     for (const auto& partida : pendientes_) {
@@ -218,6 +232,19 @@ void RelacionDeRegistros::Unir(std::uint32_t uno, std::uint32_t otro) {
     if (uno == otro) return;
     nodos_[otro].padre = uno;
     nodos_[uno].conPartidas = nodos_[uno].conPartidas || nodos_[otro].conPartidas;
+}
+
+void RelacionDeRegistros::AgregarSinComparar(int clase, int campo, const char* motivo) {
+    const auto& diseno = revisor_.Diseno();
+    auto& hallazgo = sinComparar_.emplace_back();
+    hallazgo.clase = HallazgoDeEntrada::SinComparar;
+    hallazgo.archivo = diseno.ArchivoUnico() ? 0 : clase;
+    if (campo >= 0) {
+        const auto& este = diseno.Clases()[static_cast<std::size_t>(clase)].campos[static_cast<std::size_t>(campo)];
+        hallazgo.fila = este.fila;
+        hallazgo.campo = este.nombre;
+    }
+    hallazgo.texto = "the records of step-loop " + std::to_string(clase) + " are not compared with their main records: " + motivo;
 }
 
 void RelacionDeRegistros::DecirSinPartidas(std::uint64_t numero, std::vector<HallazgoDeDatos>& hallazgos) {

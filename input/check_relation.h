@@ -40,7 +40,8 @@ private:
 //   keys in a file of its own.
 //
 // Takes in records in the order in which they are read, and tells main records with a key that an earlier one has, records of
-// step-loops without a main record, and main records that no record of a step-loop belongs to. Grows with the number of keys only.
+// step-loops without a main record, and main records that no record of a step-loop belongs to; at the end, which step-loops it has
+// left out. Grows with the number of keys only.
 class RelacionDeRegistros {
 public:
     // How many of the layout's files are read: from the first one on. Keeps the reference.
@@ -56,7 +57,13 @@ public:
                         std::vector<HallazgoDeDatos>& hallazgos);
 
     // A record could not be read: nothing is told any more.
-    void Anular() { forma_ = Forma::Ninguna; }
+    void Anular() {
+        forma_ = Forma::Ninguna;
+        sinComparar_.clear();
+    }
+
+    // The step-loops of all files that are left out, each as a finding of its file as a whole that names the field and tells why.
+    const std::vector<HallazgoDeDatos>& SinComparar() const { return sinComparar_; }
 
     // Behind the last record of all.
     void Terminar(std::vector<HallazgoDeDatos>& hallazgos);
@@ -91,12 +98,15 @@ private:
     std::uint32_t TomarPartida(const Pendiente& partida, const Claves& claves, std::string_view linea,
                                std::vector<HallazgoDeDatos>& hallazgos);
     void Unir(std::uint32_t uno, std::uint32_t otro);
+    void AgregarSinComparar(int clase, int campo, const char* motivo);
     static void DecirSinPartidas(std::uint64_t numero, std::vector<HallazgoDeDatos>& hallazgos);
     HallazgoDeDatos DeClave(HallazgoDeEntrada falta, const Pendiente& registro, std::string texto) const;
 
     const RevisorDeLineas& revisor_;
     Forma forma_ = Forma::Ninguna;
     bool todos_ = false;  // all files are read
+    std::size_t archivos_;
+    std::vector<HallazgoDeDatos> sinComparar_;
 
     // By position
     std::uint32_t unidad_ = 0;

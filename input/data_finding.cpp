@@ -9,7 +9,8 @@ const char* NombreDe(HallazgoDeEntrada clase) {
         case HallazgoDeEntrada::Tabuladores:
         case HallazgoDeEntrada::TabuladoresDeMenos: return "tab-count";
         case HallazgoDeEntrada::SinCaracter: return "no-character";
-        case HallazgoDeEntrada::Utf8: return "utf-8";
+        case HallazgoDeEntrada::Utf8:
+        case HallazgoDeEntrada::Utf8Mezclado: return "utf-8";
         case HallazgoDeEntrada::MarcaDeOrden: return "byte-order-mark";
         case HallazgoDeEntrada::Nulo: return "nul";
         case HallazgoDeEntrada::FinesMezclados: return "mixed-line-ends";
@@ -17,6 +18,7 @@ const char* NombreDe(HallazgoDeEntrada clase) {
         case HallazgoDeEntrada::Desconocida: return "unknown-record";
         case HallazgoDeEntrada::SinPrincipal: return "item-without-order";
         case HallazgoDeEntrada::SinPartidas: return "order-without-items";
+        case HallazgoDeEntrada::SinComparar: return "keys-not-compared";
         case HallazgoDeEntrada::ClaveDoble: return "duplicate-key";
         case HallazgoDeEntrada::ValorLargo: return "value-too-long";
         case HallazgoDeEntrada::Obligatorio: return "missing-value";
@@ -35,6 +37,8 @@ bool EsAviso(HallazgoDeEntrada clase) {
         case HallazgoDeEntrada::TabuladoresDeMenos:
         case HallazgoDeEntrada::FinesMezclados:
         case HallazgoDeEntrada::SinFinDeLinea:
+        case HallazgoDeEntrada::Utf8Mezclado:
+        case HallazgoDeEntrada::SinComparar:
         case HallazgoDeEntrada::SinPartidas: return true;
         default: return false;
     }

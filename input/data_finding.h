@@ -13,6 +13,7 @@ enum class HallazgoDeEntrada : std::uint8_t {
     TabuladoresDeMenos,  // tab-count: too few, which leaves fields blank: a hint
     SinCaracter,         // no-character: a byte that windows-1252 has no character for
     Utf8,                // utf-8: UTF-8 in a file that is read as windows-1252
+    Utf8Mezclado,        // utf-8: a line of a file in windows-1252 that would be UTF-8 as well: a hint
     MarcaDeOrden,        // byte-order-mark
     Nulo,                // nul
     FinesMezclados,      // mixed-line-ends: a hint, as each of them ends a line
@@ -20,6 +21,7 @@ enum class HallazgoDeEntrada : std::uint8_t {
     Desconocida,         // unknown-record: a line that begins with no known id
     SinPrincipal,        // item-without-order
     SinPartidas,         // order-without-items: a hint
+    SinComparar,         // keys-not-compared: nothing is told of a step-loop's records and their main records: a hint
     ClaveDoble,          // duplicate-key
     ValorLargo,          // value-too-long: what is too much for the field is lost
     Obligatorio,         // missing-value

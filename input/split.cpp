@@ -44,7 +44,8 @@ public:
         : salidas_(salidas), relacion_(relacion), malas_(salidas.size()), nodos_(salidas.size()) {}
 
     bool Hallado(const HallazgoDeDatos& hallazgo) override {
-        if (EsAviso(hallazgo.clase)) return true;
+        // UTF-8 is told of each line.
+        if (EsAviso(hallazgo.clase) || hallazgo.clase == HallazgoDeEntrada::Utf8) return true;
         auto texto = hallazgo.valor.empty() ? hallazgo.texto : '"' + hallazgo.valor + "\": " + hallazgo.texto;
         std::replace_if(texto.begin(), texto.end(), EsControl, ' ');
         auto& motivos = salidas_[static_cast<std::size_t>(hallazgo.archivo)].motivos;
@@ -53,6 +54,11 @@ public:
     }
 
     bool Leida(const LineaRevisada& linea) override {
+        if (linea.enUtf8) {
+            salidas_[static_cast<std::size_t>(linea.archivo)].motivos.Escribir(
+                std::to_string(linea.numero) +
+                "\t\tthe line is in UTF-8, and the report reads its characters outside ASCII as other ones\r\n");
+        }
         auto& malas = malas_[static_cast<std::size_t>(linea.archivo)];
         if (relacion_.LaForma() == RelacionDeRegistros::Forma::PorPosicion) {
             if (linea.unidad != unidad_) TerminarUnidad();
@@ -140,6 +146,10 @@ std::vector<CuentaDePartes> PartirArchivos(const DisenoDeEntrada& diseno, const 
     std::vector<std::filesystem::path> archivos;
     for (const auto& parte : partes) archivos.push_back(parte.archivo);
     RevisionDeArchivos revision(diseno, reglas, archivos);
+    if (const auto& sueltas = revision.Relacion().SinComparar(); !sueltas.empty()) {
+        const auto& una = sueltas.front();
+        throw FalloDeEjecucion("the files can't be parted: " + una.campo + (una.campo.empty() ? "" : ": ") + una.texto);
+    }
     std::vector<IdentidadDeArchivo> identidades;
     identidades.reserve(partes.size());
     for (const auto& este : revision.Archivos()) identidades.push_back(este.archivo.Identidad());
@@ -149,7 +159,7 @@ std::vector<CuentaDePartes> PartirArchivos(const DisenoDeEntrada& diseno, const 
     MarcasDeLineas marcas(salidas, revision.Relacion());
     revision.Correr(marcas);
     for (const auto& este : revision.Archivos()) {
-        if (!este.leido) throw FalloDeArchivo("The file is in UTF-16", este.archivo.Ruta());
+        if (!este.leido) throw FalloDeArchivo("The file is in UTF-16, and the report reads windows-1252", este.archivo.Ruta());
     }
     marcas.Terminar();
 

@@ -29,12 +29,13 @@ struct CuentaDePartes {
 // - What belongs together stays together: an order goes with its items, whichever file they lie in, and is bad when one of them is;
 //   so is a line of no known id with the order before it, where order and items are told by their position. Orders with equal keys
 //   are together, too.
-// - In a file in UTF-8 each line with characters outside ASCII is bad, and the first one with its byte order mark.
+// - In a file in UTF-8 each line with characters outside ASCII is bad and has a reason, and the first one with its byte order mark.
 // - The reasons are lines in windows-1252 that end with CR LF: number of the line in the input, field (blank for a line as a whole)
 //   and what is wrong with it, tabs between them. One for each error; what goes with it has none of its own.
 //
 // The inputs are read twice, and the outputs take their places when all are whole. Throws FalloDeArchivo, also for an input that
-// was changed meanwhile or that can't be read to its end, and FalloDeEjecucion for an output that is an input or another output.
+// was changed meanwhile or that can't be read to its end, and FalloDeEjecucion for an output that is an input or another output,
+// and for step-loops whose records can't be told to belong to main records.
 std::vector<CuentaDePartes> PartirArchivos(const DisenoDeEntrada& diseno, const ReglasDeValores& reglas,
                                            const std::vector<PartesDeArchivo>& partes);
 

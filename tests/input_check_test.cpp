@@ -19,11 +19,11 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-enum class Forma { Fija, Tabuladores, PorClaves, Unica, UnicaPorClaves, DosClaves, ClaveCambiante };
+enum class Forma { Fija, Tabuladores, PorClaves, Unica, UnicaPorClaves, DosClaves, ClaveCambiante, ClaveAjena };
 
 // Orders of 22 characters: ORDER 6, DATE 8, AMOUNT 8; but for the first two forms items of MATERIAL 5 and QTY 4, behind ORDER where
-// that is their key. The last but one has items of TEXT 3 behind ORDER and DATE as well; in the last one a conversion names the
-// key.
+// that is their key. DosClaves has items of TEXT 3 behind ORDER and DATE as well, ClaveAjena behind a MATERIAL that orders lack; in
+// ClaveCambiante a conversion names the key.
 DisenoDeEntrada Diseno(Forma forma) {
     Especificacion e;
     e.TablaArchivo[0] = {"ORDER", "6", "", ""};
@@ -41,10 +41,11 @@ DisenoDeEntrada Diseno(Forma forma) {
     const std::string clave = forma == Forma::Unica ? "" : ",ORDER";
     e.TablaTransaccion[4] = {"", "", "M(1)", "MATERIAL", "!1 1!2items.txt!30!4!51!61!7" + clave};
     e.TablaTransaccion[5] = {"", "", "Q(1)", "QTY"};
-    if (forma == Forma::DosClaves) {
+    if (forma == Forma::DosClaves || forma == Forma::ClaveAjena) {
         e.TablaArchivo[5] = {"TEXT", "3", "", ""};
         e.TablaTransaccion[6] = {"P", "3"};
-        e.TablaTransaccion[7] = {"", "", "T(1)", "TEXT", "!1 1!2texts.txt!30!4!51!61!7,ORDER,DATE"};
+        e.TablaTransaccion[7] = {"", "", "T(1)", "TEXT", "!1 1!2texts.txt!30!4!51!61!7"};
+        e.TablaTransaccion[7].nota += forma == Forma::DosClaves ? ",ORDER,DATE" : ",MATERIAL";
     }
     if (forma == Forma::ClaveCambiante) e.TablaArchivo[2].conversion = "SHIFT #ORDER LEFT.";
     opciones.MultipleFilesOption = forma != Forma::Unica && forma != Forma::UnicaPorClaves;
@@ -147,7 +148,9 @@ TEST(InputCheck, EachFaultIsFoundAndNoneIsInvented) {
          {"P\xC3\x84"
           "001202401311       \nP\xC4"
           "0001202401311       \n"},
-         {"0:1:1 pattern ORDER 'P\xC3\x84"
+         {"0:1:2 utf-8 ORDER 'P\xC3\x84"
+          "001'",
+          "0:1:1 pattern ORDER 'P\xC3\x84"
           "001'",
           "0:2:1 pattern ORDER 'P\xC4"
           "0001'"}},
@@ -170,7 +173,11 @@ TEST(InputCheck, EachFaultIsFoundAndNoneIsInvented) {
          Forma::DosClaves,
          {o1 + "\n" + o2 + "\n", i1 + "\n", "PO000220240229x\nPO000120240229y\n"},
          {"2:2:1 item-without-order ORDER 'PO0001'"}},
-        {"keys that the report may change", Forma::ClaveCambiante, {o1 + "\n" + o1 + "\n", i2 + "\n"}, {}},
+        {"keys that the report may change",
+         Forma::ClaveCambiante,
+         {o1 + "\n" + o1 + "\n", i2 + "\n"},
+         {"1:0:0 keys-not-compared ORDER"}},
+        {"a key that orders lack", Forma::ClaveAjena, {o1 + "\n", i1 + "\n", "PUMP x\n"}, {"2:0:0 keys-not-compared MATERIAL"}},
         {"without orders nothing is said of items", Forma::PorClaves, {"\xFE\xFF", i1 + "\n"}, {"0:1:0 byte-order-mark"}},
         {"the first file alone", Forma::PorClaves, {o1 + "\n" + o1 + "\n"}, {"0:2:1 duplicate-key ORDER 'PO0001'"}},
         {"one file by position",
@@ -284,6 +291,32 @@ TEST(InputCheck, NumbersDatesAndPatterns) {
     }
 }
 
+TEST(InputCheck, ListsAreReadInTheirEncoding) {
+    const DirectorioTemporal directorio;
+    const auto deLista = ClasesDeCampos::Leer("# kinds\nF list l.txt");
+    const struct {
+        std::string lista;
+        const char* fallo;  // empty: the list has the value A umlaut
+    } casos[] = {{"x\n\xC4 \n", ""},
+                 {"\xC3\x84\r\nx\r\n", ""},
+                 {"\xEF\xBB\xBF\xC3\x84\n", ""},
+                 {"x\n\xC3\x84\n\xC4\x80\n",
+                  "line 2: F: the list, a text file whose name is relative to the document, can't be "
+                  "read: line 3 of the list is no UTF-8"},
+                 {std::string("\xFF\xFE\xC4\0", 4), "UTF-16"}};
+    for (const auto& caso : casos) {
+        directorio.Escribir("l.txt", caso.lista);
+        const auto leer = [&] { return ReglasDeValores(deLista, directorio.Ruta()); };
+        if (*caso.fallo != 0) {
+            EXPECT_THAT(leer, testing::ThrowsMessage<FalloDeArchivo>(HasSubstr(caso.fallo)));
+            continue;
+        }
+        const auto reglas = leer();
+        EXPECT_FALSE(reglas.Buscar("F")->Falta("\xC4")) << caso.lista;
+        EXPECT_TRUE(reglas.Buscar("F")->Falta("\xC3\x84")) << caso.lista;
+    }
+}
+
 TEST(InputCheck, KindsComeBackAsTheyWereWritten) {
     const std::string texto =
         "# Kinds of the materials.\n\n# One of \xC3\xA4\n# two lines\nMATNR required\nMATNR pattern [A-Z]{1,18}\n"
@@ -296,10 +329,21 @@ TEST(InputCheck, KindsComeBackAsTheyWereWritten) {
     EXPECT_EQ(leidas.Texto(orden),
               ReemplazarTodo(ReemplazarTodo(texto, "# gone\nGONE required\n", ""), "materials.\n\n", "materials.\n\n# gone\n"));
     const std::pair<const char*, const char*> malos[] = {
-        {"A required\nA required", "line 2"}, {"A number", "line 1"},           {"A number ;", "\",\""},
-        {"A date DD.MM.D", "DD.MM.D"},        {"A pattern (", "\")\""},         {"A pattern (?=x)", "not supported"},
-        {"A pattern (x{900}){900}", "large"}, {"\n\nA color red", "line 3"},    {"A number .\nA date MMYY", "line 2"},
-        {"A required x", "line 1"},           {"\"A required", "second quote"}, {"A list \xC4\x80", "line 1"}};
+        {"A required\nA required", "line 2"},
+        {"A number", "line 1"},
+        {"A number ;", "\",\""},
+        {"A date DD.MM.D", "DD.MM.D"},
+        {"A pattern (", "\")\""},
+        {"A pattern (?=x)", "not supported"},
+        {"A pattern (x{900}){900}", "large"},
+        {"\n\nA color red", "line 3"},
+        {"A number .\nA date MMYY", "line 2"},
+        {"\nA", "line 2: A: nothing stands behind the name; allowed are \"required\""},
+        {"A foo", "line 1: A: \"foo\" says nothing of a field; allowed are \"required\""},
+        {"A list", "line 1: A: behind \"list\" stands the name of a file"},
+        {"A required x", "line 1"},
+        {"\"A required", "second quote"},
+        {"A list \xC4\x80", "line 1"}};
     for (const auto& [malo, motivo] : malos) {
         try {
             ClasesDeCampos::Leer(malo);
@@ -408,6 +452,21 @@ TEST(InputSplit, ReasonsAndLongLines) {
     prueba.directorio.Escribir("in", "\xEF\xBB\xBFPO0001\nPO0002\n\xC3\x84\n");
     PartirArchivos(Diseno(Forma::Fija), {}, {{entrada, en("g"), en("b"), en("r")}});
     EXPECT_EQ(Leer(en("g")), "PO0002\n");
+    EXPECT_EQ(Leer(en("r")),
+              "1\t\ta byte order mark of UTF-8 begins the file, which the report takes for data\r\n"
+              "3\t\tthe line is in UTF-8, and the report reads its characters outside ASCII as other ones\r\n");
+    // Items that can't be told to orders would be torn from them.
+    const auto orden = prueba.directorio.Escribir("orders", "PO0001202402301,5     \n");
+    const auto partida = prueba.directorio.Escribir("items", "PO0001PUMP 1\n");
+    const auto partir = [&](Forma forma) {
+        PartirArchivos(Diseno(forma), prueba.reglas,
+                       {{orden, en("og"), en("ob"), en("or")}, {partida, en("ig"), en("ib"), en("ir")}});
+    };
+    EXPECT_THAT([&] { partir(Forma::ClaveCambiante); },
+                testing::ThrowsMessage<FalloDeEjecucion>(HasSubstr("ORDER: the records of step-loop 1")));
+    EXPECT_FALSE(fs::exists(en("og")));
+    partir(Forma::PorClaves);
+    EXPECT_EQ(Leer(en("ib")), "PO0001PUMP 1\n");
     // Nothing is written over an input, or twice.
     fs::create_symlink(entrada, en("link"));
     for (const auto* salida : {"in", "link", "./in", "b"}) {
@@ -485,7 +544,7 @@ TEST(InputCheck, CommandLine) {
     const auto fuera = archivo + ":4:67: error: MATKL \"FLUIDS\": not in the list values/MATKL.txt [not-in-list]\n";
     EXPECT_EQ(qorgen.Correr(revisar), 1);
     EXPECT_EQ(qorgen.salida, corta + fuera);
-    EXPECT_EQ(qorgen.errores, "0: materials.checks: the document has no field X.\n1 file, 4 records, 1 error, 1 hint\n");
+    EXPECT_EQ(qorgen.errores, "0: materials.checks, line 3: the document has no field X.\n1 file, 4 records, 1 error, 1 hint\n");
 
     auto comoJSON = revisar;
     comoJSON.insert(comoJSON.end(), {"--format", "json", "--max-findings", "0"});
@@ -514,8 +573,25 @@ TEST(InputCheck, CommandLine) {
     };
     EXPECT_EQ(partir("D/g"), 0);
     EXPECT_THAT(qorgen.errores, HasSubstr(archivo + ": 3 good, 1 bad\n"));
+    // Nothing takes the place of what is read, or of another output, whether that is there or not.
+    fs::create_symlink("none", qorgen.directorio / "link");
+    fs::create_hard_link(qorgen.directorio / "b", qorgen.directorio / "hard");
+    qorgen.directorio.Escribir("materials.checks", "MATKL list values/none.txt\n");
+    qorgen.directorio.Escribir("values/none.txt", "x");
+    for (const auto* salida : {"D/materials.txt", "D/materials.qor", "D/values/../materials.checks", "D/values/none.txt",
+                               "D/Tessaline.ini", "D/b", "D/hard"}) {
+        EXPECT_EQ(partir(salida), 2) << salida;
+    }
+    EXPECT_EQ(qorgen.Correr({"data", "split", "D/materials.qor", "D/materials.txt", "--good", "D/link", "--bad", "D/values/../none",
+                             "--reasons", "D/r"}),
+              2);
+    fs::remove(qorgen.directorio / "materials.checks");
     EXPECT_EQ(partir("D/materials.checks"), 2);
-    EXPECT_EQ(partir("D/materials.txt"), 1);
+    // What would do something on a terminal is written out.
+    const auto rara = qorgen.directorio.Escribir("\x1B[1m\xC3\xA4\xC2\x9B\xE9", "\x90\n");
+    qorgen.Correr({"data", "check", "D/materials.qor", rara.string()});
+    EXPECT_THAT(qorgen.salida, HasSubstr("/\\x1B[1m\xC3\xA4\\xC2\\x9B\\xE9:1:1: error: MATNR \"\\x90\": the byte 90"));
+    EXPECT_EQ(qorgen.Correr({"data", "check", "D/materials.qor", "D/g", "--max-findings", "-1"}), 2);
     EXPECT_EQ(qorgen.Correr({"data", "check", "D/materials.qor", "D/g", "D/g"}), 2);
     fs::remove(archivo);
     EXPECT_EQ(qorgen.Correr({"data", "check", "D/materials.qor"}), 2);

@@ -15,6 +15,7 @@ const char* TextoDeClase(HallazgoDeEntrada clase) {
         case HallazgoDeEntrada::TabuladoresDeMenos: return "the line has too few tabs, and the field is read as blank";
         case HallazgoDeEntrada::SinCaracter: return "a byte has no character in windows-1252";
         case HallazgoDeEntrada::Utf8: return "the file is in UTF-8";
+        case HallazgoDeEntrada::Utf8Mezclado: return "the characters could be meant as UTF-8, which the file is not";
         case HallazgoDeEntrada::MarcaDeOrden: return "a byte order mark begins the file";
         case HallazgoDeEntrada::Nulo: return "a NUL stands here, which no text has";
         case HallazgoDeEntrada::FinesMezclados: return "the line ends in another way than the lines before";
@@ -22,6 +23,7 @@ const char* TextoDeClase(HallazgoDeEntrada clase) {
         case HallazgoDeEntrada::Desconocida: return "the line begins with no id of a record";
         case HallazgoDeEntrada::SinPrincipal: return "the record belongs to no main record";
         case HallazgoDeEntrada::SinPartidas: return "no record of a step-loop belongs to this main record";
+        case HallazgoDeEntrada::SinComparar: return "the records of a step-loop are not compared with their main records";
         case HallazgoDeEntrada::ClaveDoble: return "the main record of line %1 has the same key";
         case HallazgoDeEntrada::ValorLargo: return "the value is longer than the field, and its end is lost";
         case HallazgoDeEntrada::Obligatorio: return "a value is required";
