@@ -55,6 +55,7 @@ struct OpcionesDeConversion {
     // Records with findings are left out, each with all that belongs to it as LotesDeRegistros has it; else nothing is written
     // where there are findings. What is wrong with a whole file or table lets nothing be written either way: a file that is not in
     // windows-1252, headings, a required field without a column, numbers in a column "#" that can't be followed.
+    // Where it can't be told what belongs together, FalloDeEjecucion is thrown before anything is left out.
     bool dejarFuera = false;
     std::string finDeLinea = "\n";  // of the lines of a layout
 };

@@ -125,16 +125,17 @@ Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos&
         // Which records are left out is known once all of them were read.
         const RevisorDeLineas revisor(diseno, reglas);
         RelacionDeRegistros relacion(revisor, diseno.Archivos().size());
-        LotesDeRegistros lotes(relacion, diseno);
+        LotesDeRegistros lotes(relacion, diseno.Archivos().size(), false);
         std::vector<HallazgoDeDatos> deRelacion;
         std::vector<std::uint64_t> numeros(diseno.Archivos().size());
         const LecturaRepetida lectura(tablas.archivos);
         pasada.Correr([&](int archivo, int clase, const RegistroDeTabla& registro, const std::string& linea) {
             deRelacion.clear();
             const auto numero = ++numeros[static_cast<std::size_t>(archivo)];
-            lotes.Agregar(archivo, clase, relacion.Tomar(archivo, clase, numero, linea, deRelacion), !registro.bien);
+            lotes.Agregar(archivo, relacion.Tomar(archivo, clase, numero, linea, deRelacion), !registro.bien);
         });
         if (!pasada.Entera()) return conversion;
+        if (conversion.hallazgos > 0) ExigirComparables(relacion, "records can't be left out");
         lotes.Terminar();
         numeros.assign(numeros.size(), 0);
         const OyenteDeConversion nadie = [](const HallazgoDeDatos&) {};

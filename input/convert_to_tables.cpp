@@ -117,13 +117,14 @@ Conversion ConvertirATablas(const DisenoDeEntrada& diseno, const ClasesDeCampos&
     } else {
         // Which records are left out is known once all of them were read.
         const LecturaRepetida lectura(archivos);
-        LotesDeRegistros lotes(revision.Relacion(), diseno);
+        LotesDeRegistros lotes(revision.Relacion(), archivos.size(), false);
         std::vector<std::uint64_t> numeros(archivos.size());
         PasadaDeArchivos primera(revisor, *salida, contado, [&](const LineaRevisada& linea, const auto&, bool bien) {
-            lotes.Agregar(linea.archivo, linea.clase, linea.unidad, !bien);
+            lotes.Agregar(linea.archivo, linea.unidad, !bien);
         });
         revision.Correr(primera);
         if (!primera.Entera()) return conversion;
+        if (conversion.hallazgos > 0) ExigirComparables(revision.Relacion(), "records can't be left out");
         lotes.Terminar();
         const OyenteDeConversion nadie = [](const HallazgoDeDatos&) {};
         PasadaDeArchivos segunda(

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/failure.h"
+
 namespace qor {
 
 namespace {
@@ -10,20 +12,27 @@ using Forma = RelacionDeRegistros::Forma;
 
 }  // namespace
 
-LotesDeRegistros::LotesDeRegistros(const RelacionDeRegistros& relacion, const DisenoDeEntrada& diseno)
-    : relacion_(relacion),
-      malos_(diseno.Archivos().size()),
-      nodos_(diseno.Archivos().size()),
-      porPosicion_(diseno.ArchivoUnico() && relacion.LaForma() != Forma::PorClaves) {}
+void ExigirComparables(const RelacionDeRegistros& relacion, const std::string& que) {
+    if (relacion.SinComparar().empty()) return;
+    const auto& una = relacion.SinComparar().front();
+    throw FalloDeEjecucion(que + ": " + una.campo + (una.campo.empty() ? "" : ": ") + una.texto);
+}
 
-void LotesDeRegistros::Agregar(int archivo, int clase, std::uint32_t unidad, bool malo) {
+LotesDeRegistros::LotesDeRegistros(const RelacionDeRegistros& relacion, std::size_t archivos, bool sueltosMalos)
+    : relacion_(relacion), sueltosMalos_(sueltosMalos), malos_(archivos), nodos_(archivos) {}
+
+void LotesDeRegistros::Agregar(int archivo, std::uint32_t unidad, bool malo) {
     const auto lugar = static_cast<std::size_t>(archivo);
-    if (porPosicion_ && clase == 0) TerminarPosicion();
-    unidadMala_ = unidadMala_ || malo;
+    if (relacion_.LaForma() == Forma::PorPosicion) {
+        if (unidad != unidad_) TerminarPosicion();
+        unidad_ = unidad;
+        unidadMala_ = unidadMala_ || malo;
+    }
     malos_[lugar].push_back(malo);
     if (relacion_.LaForma() == Forma::PorClaves) nodos_[lugar].push_back(unidad);
 }
 
+// The one file: all lines since the last main record.
 void LotesDeRegistros::TerminarPosicion() {
     auto& malos = malos_.front();
     if (unidadMala_) std::fill(malos.begin() + static_cast<std::ptrdiff_t>(principio_), malos.end(), true);
@@ -32,21 +41,21 @@ void LotesDeRegistros::TerminarPosicion() {
 }
 
 void LotesDeRegistros::Terminar() {
-    if (porPosicion_) TerminarPosicion();
+    if (relacion_.LaForma() == Forma::PorPosicion) TerminarPosicion();
     std::vector<bool> unidadesMalas;
     const auto cadaUnido = [this](auto hacer) {
         for (std::size_t archivo = 0; archivo < nodos_.size(); ++archivo) {
             for (std::size_t linea = 0; linea < nodos_[archivo].size(); ++linea) {
                 const auto nodo = nodos_[archivo][linea];
-                if (nodo != RelacionDeRegistros::sinUnidad) hacer(malos_[archivo][linea], relacion_.Unidad(nodo));
+                if (nodo != RelacionDeRegistros::sinUnidad) hacer(malos_[archivo][linea], nodo, relacion_.Unidad(nodo));
             }
         }
     };
-    cadaUnido([&](std::vector<bool>::reference malo, std::uint32_t unidad) {
+    cadaUnido([&](std::vector<bool>::reference malo, std::uint32_t nodo, std::uint32_t unidad) {
         if (unidad >= unidadesMalas.size()) unidadesMalas.resize(unidad + std::size_t{1});
-        if (malo) unidadesMalas[unidad] = true;
+        if (malo || (sueltosMalos_ && !relacion_.TienePrincipal(nodo))) unidadesMalas[unidad] = true;
     });
-    cadaUnido([&](std::vector<bool>::reference malo, std::uint32_t unidad) { malo = unidadesMalas[unidad]; });
+    cadaUnido([&](std::vector<bool>::reference malo, std::uint32_t, std::uint32_t unidad) { malo = unidadesMalas[unidad]; });
 }
 
 bool LotesDeRegistros::Malo(int archivo, std::uint64_t numero) const {

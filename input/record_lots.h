@@ -2,23 +2,25 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "input/check_relation.h"
-#include "input/layout.h"
 
 namespace qor {
 
+// Throws FalloDeEjecucion where it can't be told which records belong together: `que`, and the reason behind it.
+void ExigirComparables(const RelacionDeRegistros& relacion, const std::string& que);
+
 // Which records share the lot of bad ones, as an order is taken with all its items or not at all. Records belong together as
-// RelacionDeRegistros has it; in one file, where it does not tell, by their position behind a main record. A record that belongs to
-// no other one has a lot of its own. Grows by a bit for a record, and by its unit where keys join them.
+// RelacionDeRegistros has it. Grows by a bit for a record, and by its unit where keys join them.
 class LotesDeRegistros {
 public:
-    // Keeps the reference to the relation.
-    LotesDeRegistros(const RelacionDeRegistros& relacion, const DisenoDeEntrada& diseno);
+    // Keeps the reference. `sueltosMalos`: by keys, a record that lacks its main record is bad, and so is all that belongs to it.
+    LotesDeRegistros(const RelacionDeRegistros& relacion, std::size_t archivos, bool sueltosMalos);
 
-    // The next line of a file: its record's class, -1 for none, and the unit that the relation gave it.
-    void Agregar(int archivo, int clase, std::uint32_t unidad, bool malo);
+    // The next line of a file, with the unit that the relation gave its record.
+    void Agregar(int archivo, std::uint32_t unidad, bool malo);
     // Behind the last one of all.
     void Terminar();
 
@@ -29,11 +31,12 @@ private:
     void TerminarPosicion();
 
     const RelacionDeRegistros& relacion_;
+    bool sueltosMalos_;
     std::vector<std::vector<bool>> malos_;           // by file and line
     std::vector<std::vector<std::uint32_t>> nodos_;  // by file and line, where keys join records
-    bool porPosicion_;
+    std::uint32_t unidad_ = 0;                       // the present one, by position
     bool unidadMala_ = false;
-    std::size_t principio_ = 0;  // of the unit, by position
+    std::size_t principio_ = 0;  // its first line
 };
 
 }  // namespace qor
