@@ -432,6 +432,17 @@ TEST(Conversion, AnOrderIsLeftOutWithAllItsItems) {
               "i.csv:4:1: error: KWMENG \"one\": no number with \",\" as its decimal sign [not-a-number]\n");
     EXPECT_EQ(Primeros(varios.Leer("o2.txt")), "1|4|");
     EXPECT_EQ(Primeros(varios.Leer("i2.txt")), "4|9|");
+
+    // A conversion of the key may join other records than the file does.
+    const std::string clave = "\"The customer's order number relates orders and items\",\"";
+    varios.directorio.Escribir("doc.qor", ReemplazarTodo(varios.Leer("doc.qor"), clave, clave + "TRANSLATE BSTKD TO UPPER CASE."));
+    const std::vector<std::pair<std::vector<std::string>, std::vector<std::string>>> pedidos = {
+        {{"o.txt", "i.txt"}, {"o3.csv", "i3.csv"}}, {{"o.csv", "i.csv"}, {"o3.txt", "i3.txt"}}};
+    for (const auto& [entradas, salidas] : pedidos) {
+        EXPECT_EQ(varios.Convertir(entradas, salidas, {"--leave-out"}), estadoRechazado);
+        EXPECT_THAT(varios.errores, HasSubstr("records can't be left out: BSTKD: "));
+        EXPECT_FALSE(Existe(varios.directorio / salidas.front()));
+    }
 }
 
 // Where a whole file or table is wrong, nothing is written, also with --leave-out.
