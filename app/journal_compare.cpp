@@ -9,6 +9,7 @@
 #include "app/journal_line.h"
 #include "base/failure.h"
 #include "base/piecewise_reader.h"
+#include "base/text.h"
 
 namespace qor {
 
@@ -21,6 +22,8 @@ constexpr std::string_view comienzoDeInicio = "{\"event\":\"start\"";
 constexpr std::string_view comienzoDeFinal = "{\"event\":\"end\"";
 constexpr std::size_t eventosALaVez = 1000;  // of one record
 constexpr std::size_t valoresPorEvento = 3;
+constexpr const char* falta = "missing";
+constexpr const char* sobra = "not expected";
 constexpr std::size_t largoDeValor = 60;
 
 // Whether brackets, braces and quotation marks of a line open and close as those of one object do.
@@ -103,7 +106,13 @@ std::string EntreComillas(std::string_view texto) {
 std::string EnPalabras(const ValorDeDiario& valor) {
     if (valor.clase == Clase::Texto) return EntreComillas(valor.texto);
     if (valor.clase == Clase::Numero) return valor.texto;
-    return std::to_string(valor.partes.size()) + (valor.clase == Clase::Lista ? " rows" : " fields");
+    return Cuantos(valor.partes.size(), valor.clase == Clase::Lista ? "row" : "field");
+}
+
+// "1 row is missing", "2 rows are missing".
+std::string Dicho(const ValorDeDiario& valor, const char* que) {
+    const bool varios = (valor.clase == Clase::Lista || valor.clase == Clase::Objeto) && valor.partes.size() != 1;
+    return EnPalabras(valor) + (varios ? " are " : " is ") + que;
 }
 
 std::string NombreDeEvento(const ValorDeDiario& evento) {
@@ -143,8 +152,8 @@ private:
         if (diferencias.size() < valoresPorEvento) diferencias.push_back(donde.empty() ? que : donde + ": " + que);
     }
 
-    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " is missing"); }
-    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " is not expected"); }
+    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, Dicho(valor, falta)); }
+    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, Dicho(valor, sobra)); }
 
     static std::string Dentro(const std::string& donde, std::string_view que) {
         return donde.empty() ? std::string(que) : donde + ", " + std::string(que);
@@ -209,10 +218,10 @@ private:
                 CompararConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], mios[j]);
                 ++i, ++j;
             } else if (i < suyos.size() && (j == mios.size() || !esta(nombre(suyos[i]), mios, j))) {
-                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], " is missing");
+                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], falta);
                 ++i;
             } else {
-                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], " is not expected");
+                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], sobra);
                 ++j;
             }
         }
@@ -226,7 +235,8 @@ private:
         Comparar(donde, esperado, propio);
     }
     void FaltaConNombre(const std::string& donde, const ValorDeDiario& valor, const char* que) {
-        Decir(donde, (valor.clase == Clase::Lista && valor.partes.size() == 2 ? EnPalabras(valor.partes[1]) : "the screen") + que);
+        const bool conNombre = valor.clase == Clase::Lista && valor.partes.size() == 2;
+        Decir(donde, conNombre ? Dicho(valor.partes[1], que) : std::string("the screen is ") + que);
     }
 
     static std::string TextoDeMensajes(const std::vector<ValorDeDiario>& mensajes) {
@@ -263,10 +273,10 @@ public:
                 esperado_.Siguiente();
                 propio_.Siguiente();
             } else if (VaDelante(suyo, mio)) {
-                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], " is missing");
+                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], falta);
                 esperado_.Siguiente();
             } else {
-                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], " is not expected");
+                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], sobra);
                 propio_.Siguiente();
             }
         }
@@ -294,10 +304,10 @@ private:
             const auto quedan = [](std::size_t lugar, const auto& lineas) { return lineas.size() - lugar; };
             const bool otro = i < suyas.size() && j < mias.size() && Nombre(suyas[i]) != Nombre(mias[j]);
             if (j == mias.size() || (otro && quedan(i, suyas) > quedan(j, mias))) {
-                Suelto(esperado_.Numero(), i, suyas[i], " is missing");
+                Suelto(esperado_.Numero(), i, suyas[i], falta);
                 ++i;
             } else if (i == suyas.size() || (otro && quedan(i, suyas) < quedan(j, mias))) {
-                Suelto(propio_.Numero(), j, mias[j], " is not expected");
+                Suelto(propio_.Numero(), j, mias[j], sobra);
                 ++j;
             } else {
                 Pareja(esperado_.Numero(), j, suyas[i++], mias[j]);
@@ -321,7 +331,7 @@ private:
     void Suelto(NumeroDeGrupo grupo, std::size_t evento, const std::string& linea, const char* que) {
         ++resultado_.cuantas;
         if (Lleno()) return;
-        Decir(Lugar(grupo, evento) + NombreDeEvento(Leer(linea)) + que);
+        Decir(Lugar(grupo, evento) + NombreDeEvento(Leer(linea)) + " is " + que);
     }
 
     void Pareja(NumeroDeGrupo grupo, std::size_t evento, const std::string& suya, const std::string& mia) {
@@ -337,8 +347,7 @@ private:
         if (comparacion.diferencias.empty()) return Decir(lugar + nombre + ": written in another way");
         for (const auto& diferencia : comparacion.diferencias) Decir(lugar + nombre + ", " + diferencia);
         if (comparacion.cuantas > comparacion.diferencias.size()) {
-            Decir(lugar + nombre + ": and " + std::to_string(comparacion.cuantas - comparacion.diferencias.size()) +
-                  " other values");
+            Decir(lugar + nombre + ": and " + Cuantos(comparacion.cuantas - comparacion.diferencias.size(), "other value"));
         }
     }
 

@@ -34,18 +34,19 @@ namespace fs = std::filesystem;
 // A view that keeps what it warns of, for who asks later why there is no report.
 class VistaQueApunta : public VistaDeRechazo {
 public:
-    VistaQueApunta(Vista& vista, std::vector<std::string>& avisos) : VistaDeRechazo(vista), avisos_(avisos) {}
+    VistaQueApunta(Vista& vista, std::vector<Frase>& avisos) : VistaDeRechazo(vista), avisos_(avisos) {}
 
     void Mostrar(const qor::Mensaje& mensaje, Icono icono) override {
         if (icono == Icono::Advertencia) {
-            avisos_.push_back(mensaje.texto);
-            if (!mensaje.detalle.empty()) avisos_.back() += " " + DesdeUtf8ConFaltas(mensaje.detalle);
+            auto texto = mensaje.texto;
+            if (!mensaje.detalle.empty()) texto += " " + DesdeUtf8ConFaltas(mensaje.detalle);
+            avisos_.emplace_back(std::move(texto));
         }
         VistaDeRechazo::Mostrar(mensaje, icono);
     }
 
 private:
-    std::vector<std::string>& avisos_;
+    std::vector<Frase>& avisos_;
 };
 
 std::string TextoDeFallo(const FalloDeEjecucion& fallo) {
@@ -162,8 +163,8 @@ void Ensayo::Interior::Terminar(abap::Ejecucion& ejecucion) {
     resultado.pares = perfil->Pares();
     resultado.detenido = curso->Parado();
     if (const auto cortado = curso->Cortado(); cortado > 0 && resultado.fallos.size() < maximoDeFallos) {
-        const std::string delante = "record " + std::to_string(cortado) + ": ";
-        resultado.fallos.push_back({cortado, delante + curso->MotivoDelCorte(), {}, {}});
+        const Frase motivo = curso->MotivoDelCorte();
+        resultado.fallos.push_back({cortado, {"record %1: %2", {std::to_string(cortado), motivo}}, motivo, {}, {}, {}});
     }
 }
 
@@ -217,7 +218,7 @@ void Ensayo::Correr() {
         pedido.origen = [&yo](int linea) { return yo.origenes.De(linea); };
         qor::Correr(pedido, *yo.sistema, *yo.curso, *yo.vista, *yo.vista);
     } catch (const ParametroImposible& imposible) {
-        yo.resultado.porQueNo.emplace_back(imposible.what());
+        yo.resultado.porQueNo.emplace_back(std::string(imposible.what()));
     } catch (const FalloDeEjecucion& fallo) {
         if (yo.vista)
             static_cast<VistaDeCorrida&>(*yo.vista).Falla(fallo);

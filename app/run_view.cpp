@@ -76,8 +76,8 @@ bool VistaDeTerminal::Avanza(const CuentaDeCorrida& cuenta) {
 }
 
 void VistaDeTerminal::Falla(const FalloDeRegistro& fallo) {
-    Decir(LineaDeFallo(fallo));
-    for (const auto& linea : explicaciones_.De(fallo)) Decir("  " + linea);
+    Decir(LineaDeFallo(fallo.registro, MotivoDeFallo(fallo)).EnIngles());
+    for (const auto& linea : explicaciones_.De(fallo)) Decir("  " + linea.EnIngles());
 }
 
 void VistaDeTerminal::Falla(const FalloDeEjecucion& fallo) {

@@ -26,6 +26,7 @@ namespace {
 
 constexpr int papelDeRegistro = Qt::UserRole;
 constexpr int papelDeCelda = Qt::UserRole + 1;
+constexpr int papelDeFallo = Qt::UserRole + 2;  // its place among the failures
 
 QString Cifra(std::uint64_t numero) { return QLocale().toString(static_cast<qulonglong>(numero)); }
 
@@ -39,13 +40,11 @@ CajaDeLectura* NuevaCaja(const char* nombre, const QString& accesible, QWidget* 
     return caja;
 }
 
-QString Juntar(const std::vector<std::string>& lineas) {
-    QString texto;
-    for (const auto& linea : lineas) {
-        if (!texto.isEmpty()) texto += QLatin1Char('\n');
-        texto += TextoQt(linea);
-    }
-    return texto;
+template <class Linea, class EnQt>
+QString Juntar(const std::vector<Linea>& lineas, EnQt enQt) {
+    QStringList textos;
+    for (const auto& linea : lineas) textos << enQt(linea);
+    return textos.join(QLatin1Char('\n'));
 }
 
 void PonerCelda(QTreeWidgetItem* linea, const Lugar& celda) { linea->setData(0, papelDeCelda, QVariant::fromValue(celda)); }
@@ -149,7 +148,7 @@ void PestanasDeResultado::Poner(const ResultadoDeEnsayo* resultado, const std::v
     Titular();
 }
 
-void PestanasDeResultado::PonerLista(const ResultadoDeEnsayo& resultado) { lista_->setPlainText(Juntar(resultado.lista)); }
+void PestanasDeResultado::PonerLista(const ResultadoDeEnsayo& resultado) { lista_->setPlainText(Juntar(resultado.lista, TextoQt)); }
 
 void PestanasDeResultado::PonerFallos(const ResultadoDeEnsayo& resultado) {
     cuantosFallos_ = static_cast<int>(resultado.fallos.size());
@@ -157,17 +156,18 @@ void PestanasDeResultado::PonerFallos(const ResultadoDeEnsayo& resultado) {
     QList<QTreeWidgetItem*> lineas;
     lineas.reserve(cuantosFallos_);
     for (const auto& fallo : resultado.fallos) {
-        auto* const linea = new QTreeWidgetItem({TextoQt(fallo.texto)});
+        const auto llenar = [&](QTreeWidgetItem* linea, const Frase& frase) {
+            const QString texto = FraseQt(textos_, frase);
+            linea->setText(0, texto);
+            linea->setToolTip(0, ComoConsejo(texto));
+            linea->setData(0, papelDeRegistro, static_cast<qulonglong>(fallo.registro));
+            linea->setData(0, papelDeFallo, lineas.size());
+            PonerCelda(linea, fallo.celda);
+        };
+        auto* const linea = new QTreeWidgetItem;
         linea->setIcon(0, icono);
-        linea->setToolTip(0, ComoConsejo(TextoQt(fallo.texto)));
-        linea->setData(0, papelDeRegistro, static_cast<qulonglong>(fallo.registro));
-        PonerCelda(linea, fallo.celda);
-        for (const auto& explicacion : fallo.explicaciones) {
-            auto* const hijo = new QTreeWidgetItem(linea, {TextoQt(explicacion)});
-            hijo->setToolTip(0, ComoConsejo(TextoQt(explicacion)));
-            hijo->setData(0, papelDeRegistro, static_cast<qulonglong>(fallo.registro));
-            PonerCelda(hijo, fallo.celda);
-        }
+        llenar(linea, fallo.texto);
+        for (const auto& explicacion : fallo.explicaciones) llenar(new QTreeWidgetItem(linea), explicacion);
         lineas << linea;
     }
     const QSignalBlocker callado(fallos_);
@@ -211,7 +211,7 @@ void PestanasDeResultado::PonerTotales(const ResultadoDeEnsayo& resultado, const
                     : presente == Titulo::Pares     ? "Value pairs, how often used"
                                                     : "Lines without a record");
         }
-        QStringList textos{TextoQt(total.nombre)};
+        QStringList textos{FraseQt(textos_, total.nombre)};
         if (presente != Titulo::Huerfanos) textos << Cifra(total.veces);
         if (presente == Titulo::Condiciones) textos << Cifra(total.ciertas) << Cifra(total.veces - total.ciertas);
         PonerCelda(agregar(textos), total.celda);
@@ -225,7 +225,7 @@ void PestanasDeResultado::PonerAvisos(const ResultadoDeEnsayo& resultado) {
     lineas.insert(lineas.end(), resultado.avisos.begin(), resultado.avisos.end());
     lineas.insert(lineas.end(), resultado.huerfanos.begin(), resultado.huerfanos.end());
     cuantosAvisos_ = static_cast<int>(lineas.size());
-    QString texto = Juntar(lineas);
+    QString texto = Juntar(lineas, [this](const Frase& frase) { return FraseQt(textos_, frase); });
     const auto agregar = [&](const char* frase, std::size_t cuantos) {
         if (!texto.isEmpty()) texto += QLatin1Char('\n');
         texto += Palabra(textos_, frase).arg(Cifra(cuantos));

@@ -41,7 +41,8 @@ ModeloDeEnsayo::ModeloDeEnsayo(const TextosIdioma& textos, QObject* padre)
     : QAbstractTableModel(padre),
       textos_(textos),
       iconos_{IconoDeTema("record-waiting"), IconoDeTema("record-posted"), IconoDeTema("finding-error"),
-              IconoDeTema("record-session")} {}
+              IconoDeTema("record-session")},
+      registros_([&textos](const Frase& frase) { return FraseEnIdioma(textos, frase); }) {}
 
 void ModeloDeEnsayo::Poner(const ResultadoDeEnsayo* resultado) {
     beginResetModel();

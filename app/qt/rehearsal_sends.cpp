@@ -13,19 +13,15 @@
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "practice/messages.h"
 
 namespace qor {
 
 using Clase = LineaDeEnvio::Clase;
 
 QString MotivoQt(const TextosIdioma& textos, const std::string& motivo) {
-    constexpr std::string_view antes = "The condition ";
-    constexpr std::string_view detras = " is not met.";
-    if (motivo.size() > antes.size() + detras.size() && motivo.starts_with(antes) && motivo.ends_with(detras)) {
-        const auto nombre = motivo.substr(antes.size(), motivo.size() - antes.size() - detras.size());
-        return Palabra(textos, "The condition %1 is not met.").arg(TextoQt(nombre));
-    }
-    return Palabra(textos, motivo);
+    const auto condicion = ReconocerFrase(motivo, "The condition %1 is not met.");
+    return condicion ? FraseQt(textos, *condicion) : Palabra(textos, motivo);
 }
 
 namespace {
@@ -36,6 +32,14 @@ QString LugarCorto(const TextosIdioma& textos, const Lugar& celda) {
     const QString entero = LugarEnPalabras(textos, celda);
     const auto coma = entero.indexOf(QStringLiteral(", "));
     return celda.parte == Lugar::Parte::Programa && coma > 0 ? entero.mid(coma + 2) : entero;
+}
+
+// "E 00 058 Entry ROHX does not exist": type, class and number stay.
+QString MensajeQt(const TextosIdioma& textos, std::string_view mensaje) {
+    std::size_t detras = 0;
+    for (int palabras = 0; palabras < 3 && detras != std::string_view::npos; ++palabras) detras = mensaje.find(' ', detras + 1);
+    if (detras == std::string_view::npos) return TextoQt(mensaje);
+    return TextoQt(mensaje.substr(0, detras + 1)) + FraseQt(textos, FraseDeMensaje(mensaje.substr(detras + 1)));
 }
 
 }  // namespace
@@ -83,6 +87,7 @@ int ModeloDeEnvios::rowCount(const QModelIndex& padre) const {
 QString ModeloDeEnvios::Texto(const LineaDeEnvio& linea, int columna) const {
     switch (columna) {
         case Campo: {
+            if (linea.clase == Clase::Mensaje) return MensajeQt(textos_, linea.nombre);
             QString nombre = TextoQt(linea.nombre);
             if (linea.clase != Clase::Operacion) return nombre;
             if (linea.fallado) return nombre + QStringLiteral(" - ") + Palabra(textos_, "failed");

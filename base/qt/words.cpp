@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/qt/text.h"
 #include "base/text.h"
 
 namespace qor {
@@ -471,6 +472,61 @@ constexpr ParDePalabras palabras[] = {
     {"The first %1 failures are listed.", "Se muestran los primeros %1 fallos."},
     {"The first %1 lines of the list are shown.", "Se muestran las primeras %1 líneas de la lista."},
 
+    // Rehearsal: what its failures and notices say
+    {"record %1, %2", "registro %1, %2"},
+    {"record %1: %2", "registro %1: %2"},
+    {"Entry %1 does not exist", "La entrada %1 no existe"},
+    {"No batch input data for screen %1 %2", "No hay datos de batch input para la pantalla %1 %2"},
+    {"Field %1 does not exist in the screen %2 %3", "El campo %1 no existe en la pantalla %2 %3"},
+    {"Formatting error in the field %1", "Error de formato en el campo %1"},
+    {"Parameter %1 is missing or initial", "El parámetro %1 falta o está vacío"},
+    {"Transaction was processed", "La transacción se procesó"},
+    {"Asked to fail", "Se pidió que fallara"},
+    {"value \"%1\"", "valor \"%1\""},
+    {"value \"%1\" of %2", "valor \"%1\" de %2"},
+    {"field %1%2 (%3; %4)", "campo %1%2 (%3; %4)"},
+    {"field %1%2, after its conversion (%3; %4)", "campo %1%2, después de su conversión (%3; %4)"},
+    {"the variable %1 (%2)", "la variable %1 (%2)"},
+    {"the constant %1 (%2)", "la constante %1 (%2)"},
+    {"program side, row %1", "lado del programa, fila %1"},
+    {"file side, row %1", "lado del archivo, fila %1"},
+    {" of a record of the error table", " de un registro de la tabla de errores"},
+    {" of the database table", " de la tabla de la base de datos"},
+    {" of your own data source", " de su propio origen de datos"},
+    {", columns %1 to %2 of %3", ", columnas %1 a %2 de %3"},
+    {", the %1. field of %2", ", el %1.º campo de %2"},
+    {"the line of record %1", "la línea del registro %1"},
+    {"a line of step-loop %1 of record %2", "una línea del step-loop %1 del registro %2"},
+    {"%1 of the file %2", "%1 del archivo %2"},
+    {"in the file", "en el archivo"},
+    {"in the specification", "en la especificación"},
+    {"where it comes from", "donde se origina"},
+    {"correct the value %1, or add it to the value list of %2 in %3",
+     "corrija el valor %1, o agréguelo a la lista de valores de %2 en %3"},
+    {"the BAPI demands it, as the catalogue says: fill it in the specification",
+     "la BAPI lo exige, según el catálogo: complételo en la especificación"},
+    {"the value is longer than the field of the screen: shorten it %1",
+     "el valor es más largo que el campo de la pantalla: acórtelo %1"},
+    {"the value is longer than the field of the screen: shorten it %1, or the field's width",
+     "el valor es más largo que el campo de la pantalla: acórtelo %1, o el ancho del campo"},
+    {"the recording of this screen has no such field: correct its name%1, or record it",
+     "la grabación de esta pantalla no tiene ese campo: corrija su nombre%1, o grábelo"},
+    {"the recording of the transaction has no such screen: correct it%1, or record it",
+     "la grabación de la transacción no tiene esa pantalla: corríjala%1, o grábela"},
+    {"the first row has to open a screen, and each row behind it is a screen or a field",
+     "la primera fila debe abrir una pantalla, y cada fila siguiente es una pantalla o un campo"},
+    {"The rehearsal was stopped in its midst.", "El ensayo se detuvo en medio de él."},
+    {"It goes on without an end: the journal of this record alone has become larger than 256 MB.",
+     "Sigue sin fin: sólo el diario de este registro supera los 256 MB."},
+    {"No report was generated.", "No se generó ningún report."},
+    {"The run ended: %1", "La ejecución terminó: %1"},
+    {"line %1, column %2: %3", "línea %1, columna %2: %3"},
+    {"line %1, column %2, %3: %4", "línea %1, columna %2, %3: %4"},
+    {"message %1: %2", "mensaje %1: %2"},
+    {"record %1, message %2: %3", "registro %1, mensaje %2: %3"},
+    {"file %1: %2", "archivo %1: %2"},
+    {"%1: length not known, taken as C %2", "%1: longitud desconocida, se toma como C %2"},
+    {"%1: %2 of %3 lines belong to no record", "%1: %2 de %3 líneas no pertenecen a ningún registro"},
 };
 
 bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(0), "Espanol"); }
@@ -486,6 +542,12 @@ QString Palabra(const TextosIdioma& textos, std::string_view ingles) {
     }
     return QString::fromUtf8(elegida.data(), static_cast<qsizetype>(elegida.size()));
 }
+
+std::string FraseEnIdioma(const TextosIdioma& textos, const Frase& frase) {
+    return frase.En([&](std::string_view ingles) { return TextoDelModelo(Palabra(textos, ingles)); });
+}
+
+QString FraseQt(const TextosIdioma& textos, const Frase& frase) { return TextoQt(FraseEnIdioma(textos, frase)); }
 
 std::span<const ParDePalabras> TodasLasPalabras() { return palabras; }
 
