@@ -137,6 +137,8 @@ public:
     const ResultadoDeEnsayo& Resultado() const;
     // What record n sent, read back from the journal of the rehearsal, which lies in a temporary file.
     std::vector<Envio> EnviosDe(std::size_t registro) const;
+    // Where in the input files record n of a kind lies, with the file field of that name; nothing where it comes from none.
+    std::optional<LugarDeEntrada> EntradaDe(int grupo, std::size_t numero, std::string_view campo) const;
     // The journal, as `qorgen run --journal` writes it.
     void ExportarDiario(const std::filesystem::path& archivo) const;
     // The lines of the failed records, byte for byte, into files of the layout of `archivos`: the first one named `archivo`, the
