@@ -496,12 +496,16 @@ void FormEnsayo::LlenarExportar() {
 }
 
 void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs::path&)>& accion) {
-    const auto archivo = entorno_.vista.ElegirParaGrabar(filtro);
-    if (!archivo) return;
+    if (const auto archivo = entorno_.vista.ElegirParaGrabar(filtro); archivo && Escribir([&] { accion(*archivo); })) {
+        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+    }
+}
+
+bool FormEnsayo::Escribir(const std::function<void()>& accion) {
     try {
         const ConPunteroOcupado puntero(entorno_.vista);
-        accion(*archivo);
-        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+        accion();
+        return true;
     } catch (const FalloDeArchivo& fallo) {
         Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
         aviso.detalle = fallo.Detalle();
@@ -511,14 +515,31 @@ void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs:
         aviso.detalle = fallo.what();
         entorno_.vista.Advertir(aviso);
     }
+    return false;
+}
+
+// The dialog has asked about the chosen file; the others, whose names are made up beside it, are asked about here.
+bool FormEnsayo::PuedenReemplazarse(const std::vector<fs::path>& archivos) {
+    QStringList presentes;
+    for (const auto& archivo : archivos) {
+        if (Existe(archivo)) presentes << NombreQt(archivo.filename());
+    }
+    if (presentes.isEmpty()) return true;
+    const QString pregunta = Literal("Beside the chosen file these are written too, and they exist already: %1. Replace them?");
+    const auto mensaje = MensajeLiteral(TextoDelModelo(pregunta.arg(presentes.join(QStringLiteral(", ")))));
+    return entorno_.vista.Preguntar(mensaje, Botones::SiNo) == Respuesta::Si;
 }
 
 void FormEnsayo::ExportarFallados() {
+    const auto elegido = entorno_.vista.ElegirParaGrabar(filtroDeTextos);
+    if (!elegido) return;
+    const auto archivos = ensayo_->ArchivosDeFallados(*elegido);
+    if (!PuedenReemplazarse({archivos.begin() + 1, archivos.end()})) return;
+    if (!Escribir([&] { ensayo_->ExportarFallados(*elegido); })) return;
+    if (archivos.size() == 1) return PonerEstado(Literal("Written: %1").arg(NombreQt(archivos.front())));
     QStringList escritos;
-    Exportar(filtroDeTextos, [&](const fs::path& archivo) {
-        for (const auto& ruta : ensayo_->ExportarFallados(archivo)) escritos << NombreQt(ruta.filename());
-    });
-    if (escritos.size() > 1) PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
+    for (const auto& archivo : archivos) escritos << NombreQt(archivo.filename());
+    PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
 }
 
 }  // namespace qor

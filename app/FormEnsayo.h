@@ -99,6 +99,8 @@ private:
 
     void LlenarExportar();
     void Exportar(const char* filtro, const std::function<void(const std::filesystem::path&)>& accion);
+    bool Escribir(const std::function<void()>& accion);
+    bool PuedenReemplazarse(const std::vector<std::filesystem::path>& archivos);
     void ExportarFallados();
 
     EntornoDeEnsayo entorno_;

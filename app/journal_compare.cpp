@@ -22,8 +22,6 @@ constexpr std::string_view comienzoDeInicio = "{\"event\":\"start\"";
 constexpr std::string_view comienzoDeFinal = "{\"event\":\"end\"";
 constexpr std::size_t eventosALaVez = 1000;  // of one record
 constexpr std::size_t valoresPorEvento = 3;
-constexpr const char* falta = "missing";
-constexpr const char* sobra = "not expected";
 constexpr std::size_t largoDeValor = 60;
 
 // Whether brackets, braces and quotation marks of a line open and close as those of one object do.
@@ -109,12 +107,6 @@ std::string EnPalabras(const ValorDeDiario& valor) {
     return Cuantos(valor.partes.size(), valor.clase == Clase::Lista ? "row" : "field");
 }
 
-// "1 row is missing", "2 rows are missing".
-std::string Dicho(const ValorDeDiario& valor, const char* que) {
-    const bool varios = (valor.clase == Clase::Lista || valor.clase == Clase::Objeto) && valor.partes.size() != 1;
-    return EnPalabras(valor) + (varios ? " are " : " is ") + que;
-}
-
 std::string NombreDeEvento(const ValorDeDiario& evento) {
     const auto clase = evento.TextoDe("event");
     const auto con = [&](const char* delante, const char* miembro) { return delante + std::string(evento.TextoDe(miembro)); };
@@ -152,8 +144,8 @@ private:
         if (diferencias.size() < valoresPorEvento) diferencias.push_back(donde.empty() ? que : donde + ": " + que);
     }
 
-    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, Dicho(valor, falta)); }
-    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, Dicho(valor, sobra)); }
+    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " missing"); }
+    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " not expected"); }
 
     static std::string Dentro(const std::string& donde, std::string_view que) {
         return donde.empty() ? std::string(que) : donde + ", " + std::string(que);
@@ -218,10 +210,10 @@ private:
                 CompararConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], mios[j]);
                 ++i, ++j;
             } else if (i < suyos.size() && (j == mios.size() || !esta(nombre(suyos[i]), mios, j))) {
-                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], falta);
+                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], " missing");
                 ++i;
             } else {
-                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], sobra);
+                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], " not expected");
                 ++j;
             }
         }
@@ -235,8 +227,7 @@ private:
         Comparar(donde, esperado, propio);
     }
     void FaltaConNombre(const std::string& donde, const ValorDeDiario& valor, const char* que) {
-        const bool conNombre = valor.clase == Clase::Lista && valor.partes.size() == 2;
-        Decir(donde, conNombre ? Dicho(valor.partes[1], que) : std::string("the screen is ") + que);
+        Decir(donde, (valor.clase == Clase::Lista && valor.partes.size() == 2 ? EnPalabras(valor.partes[1]) : "the screen") + que);
     }
 
     static std::string TextoDeMensajes(const std::vector<ValorDeDiario>& mensajes) {
@@ -273,10 +264,10 @@ public:
                 esperado_.Siguiente();
                 propio_.Siguiente();
             } else if (VaDelante(suyo, mio)) {
-                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], falta);
+                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], " missing");
                 esperado_.Siguiente();
             } else {
-                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], sobra);
+                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], " not expected");
                 propio_.Siguiente();
             }
         }
@@ -304,10 +295,10 @@ private:
             const auto quedan = [](std::size_t lugar, const auto& lineas) { return lineas.size() - lugar; };
             const bool otro = i < suyas.size() && j < mias.size() && Nombre(suyas[i]) != Nombre(mias[j]);
             if (j == mias.size() || (otro && quedan(i, suyas) > quedan(j, mias))) {
-                Suelto(esperado_.Numero(), i, suyas[i], falta);
+                Suelto(esperado_.Numero(), i, suyas[i], " missing");
                 ++i;
             } else if (i == suyas.size() || (otro && quedan(i, suyas) < quedan(j, mias))) {
-                Suelto(propio_.Numero(), j, mias[j], sobra);
+                Suelto(propio_.Numero(), j, mias[j], " not expected");
                 ++j;
             } else {
                 Pareja(esperado_.Numero(), j, suyas[i++], mias[j]);
@@ -331,7 +322,7 @@ private:
     void Suelto(NumeroDeGrupo grupo, std::size_t evento, const std::string& linea, const char* que) {
         ++resultado_.cuantas;
         if (Lleno()) return;
-        Decir(Lugar(grupo, evento) + NombreDeEvento(Leer(linea)) + " is " + que);
+        Decir(Lugar(grupo, evento) + NombreDeEvento(Leer(linea)) + que);
     }
 
     void Pareja(NumeroDeGrupo grupo, std::size_t evento, const std::string& suya, const std::string& mia) {

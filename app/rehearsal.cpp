@@ -296,6 +296,10 @@ std::vector<fs::path> Ensayo::ExportarFallados(const fs::path& archivo) const {
     return EscribirFallados(yo.diseno, yo.entradas, fallados, archivo);
 }
 
+std::vector<fs::path> Ensayo::ArchivosDeFallados(const fs::path& archivo) const {
+    return qor::ArchivosDeFallados(interior_->diseno, archivo);
+}
+
 std::vector<std::string> Ensayo::Sesiones() const {
     std::vector<std::string> nombres;
     if (!interior_->resultado.empezado) return nombres;

@@ -144,6 +144,8 @@ public:
     // The lines of the failed records, byte for byte, into files of the layout of `archivos`: the first one named `archivo`, the
     // others beside it with the name of their parameter behind a hyphen.
     std::vector<std::filesystem::path> ExportarFallados(const std::filesystem::path& archivo) const;
+    // Those files.
+    std::vector<std::filesystem::path> ArchivosDeFallados(const std::filesystem::path& archivo) const;
     // A session of the rehearsal's queue, as `qorgen system export` writes it; the names of the sessions.
     std::vector<std::string> Sesiones() const;
     void ExportarSesion(std::size_t sesion, const std::filesystem::path& archivo) const;

@@ -407,6 +407,8 @@ constexpr ParDePalabras palabras[] = {
     {"The session %1...", "El juego de datos %1..."},
     {"Written: %1", "Escrito: %1"},
     {"The export failed.", "La exportación falló."},
+    {"Beside the chosen file these are written too, and they exist already: %1. Replace them?",
+     "Junto al archivo elegido se escriben también éstos, que ya existen: %1. ¿Reemplazarlos?"},
     {"%1 records, %2 failed, %3 s", "%1 registros, %2 fallados, %3 s"},
     {"%1 record read", "%1 registro leído"},
     {"%1 records read", "%1 registros leídos"},
