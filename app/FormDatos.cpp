@@ -77,7 +77,8 @@ FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesy
     EmpezarRevision();
     PonerTamano(190, 44);
     // On a small screen there is no room for a frame around it.
-    if (!RecuperarLugares(entorno_.memoria, *this) && size().height() + AltoDeLineas(3) > screen()->availableSize().height()) setWindowState(windowState() | Qt::WindowMaximized);
+    if (!RecuperarLugares(entorno_.memoria, *this) && size().height() + AltoDeLineas(3) > screen()->availableSize().height())
+        setWindowState(windowState() | Qt::WindowMaximized);
     tabla_->setFocus();
 }
 
@@ -139,11 +140,11 @@ QWidget* FormDatos::CrearVacio() {
                                                   "line is still a line of the file, and the "
                                                   "report reads it as a record."))));
     });
-    connect(deMarcas_, &QPushButton::clicked, this, [this] { 
+    connect(deMarcas_, &QPushButton::clicked, this, [this] {
         Editar([this] {
             if (Archivo().Indice()) LlenarLadoDeMarcas(ventana_, *diseno_, *Archivo().Indice(), regla_->Marcas());
         });
-     });
+    });
     auto* const fila = new QHBoxLayout(vacio_);
     fila->setContentsMargins(0, 0, 0, 0);
     fila->addWidget(explicacion, 1);
@@ -351,7 +352,8 @@ void FormDatos::Mirar() {
     if (Archivo().Indice()) tabla_->PonerLineas(Archivo().Indice()->Lineas());
     if (pedido_) {
         const auto [archivo, linea, fila] = *pedido_;
-        if (archivo == archivo_ && (Archivo().Indice()->Lineas() >= linea || Archivo().Indice()->Completo())) IrA(archivo, linea, fila);
+        if (archivo == archivo_ && (Archivo().Indice()->Lineas() >= linea || Archivo().Indice()->Completo()))
+            IrA(archivo, linea, fila);
     }
     if (++miradas_ % miradasPorIdentidad == 0) cambiado_ = Archivo().HaCambiado();
     MostrarEstado();

@@ -111,9 +111,9 @@ private:
     };
     std::optional<Pedido> pedido_;  // a line that is not counted yet
     bool cambiado_ = false;         // the file that is shown, since it was opened
-    int pasos_ = 0;  // steps to undo that were made here
-    QTimer reloj_;  // looks what the threads have found
-    QTimer pausa_;  // behind a change, until the files are checked anew
+    int pasos_ = 0;                 // steps to undo that were made here
+    QTimer reloj_;                  // looks what the threads have found
+    QTimer pausa_;                  // behind a change, until the files are checked anew
     int miradas_ = 0;
 
     QTabBar* pestanas_ = nullptr;

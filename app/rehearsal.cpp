@@ -257,7 +257,8 @@ std::optional<LugarDeEntrada> Ensayo::EntradaDe(int grupo, std::size_t numero, s
     const auto lugar = static_cast<int>(clase - clases.begin());
     LugarDeEntrada entrada{grupo, LineaDeRegistro(yo.diseno, lugar, numero, yo.entradas.at(archivo)), -1};
     if (entrada.linea == 0) return std::nullopt;
-    const auto suyo = std::find_if(clase->campos.begin(), clase->campos.end(), [&](const auto& uno) { return uno.nombre == campo; });
+    const auto suyo =
+        std::find_if(clase->campos.begin(), clase->campos.end(), [&](const auto& uno) { return uno.nombre == campo; });
     if (suyo != clase->campos.end()) entrada.fila = suyo->fila;
     return entrada;
 }

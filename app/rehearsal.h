@@ -66,9 +66,9 @@ struct Envio {
 
 struct FalloDeEnsayo {
     std::size_t registro = 0;
-    Frase texto;                            // the line of the failure
-    Frase motivo;                           // the same without the number of the record
-    std::vector<Frase> explicaciones;       // value, place in the input file, what to do
+    Frase texto;                       // the line of the failure
+    Frase motivo;                      // the same without the number of the record
+    std::vector<Frase> explicaciones;  // value, place in the input file, what to do
     Lugar celda;
     std::optional<LugarDeEntrada> entrada;  // of the value, where it comes from an input file
 };

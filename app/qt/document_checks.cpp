@@ -25,7 +25,8 @@ ControlesDelDocumento::ControlesDelDocumento(Ventana& ventana, std::function<voi
     try {
         clases_ = ClasesDeCampos::DeDocumento(ventana_.documento.ruta);
     } catch (const FalloDeEjecucion& fallo) {
-        fallo_ = Palabra(ventana_.textos, "The checks beside the document can't be read:") + QLatin1Char(' ') + TextoQt(fallo.what());
+        fallo_ =
+            Palabra(ventana_.textos, "The checks beside the document can't be read:") + QLatin1Char(' ') + TextoQt(fallo.what());
     }
 }
 

@@ -27,9 +27,9 @@ void LlenarLadoDeCabecera(Ventana& ventana, const DisenoDeEntrada& diseno, const
     if (!diseno.PorTabuladores()) {
         if (ventana.documento.opciones.ServidorOp())
             return ventana.vista.Advertir(mensaje("Fields separated by tabs are read from files of the workstation only."));
-        const auto pregunta =
-            mensaje("The first line holds names separated by tabs, but the specification reads fields of fixed width. Read fields "
-                    "separated by tabs from now on?");
+        const auto pregunta = mensaje(
+            "The first line holds names separated by tabs, but the specification reads fields of fixed width. Read fields "
+            "separated by tabs from now on?");
         if (ventana.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
         CambiarOpcion(ventana, &Opciones::AnchoFijo, false);
     }

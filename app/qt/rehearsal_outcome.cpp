@@ -273,7 +273,8 @@ std::optional<std::size_t> PestanasDeResultado::FalloConFoco() const {
 }
 
 void PestanasDeResultado::Activar(const QTreeWidgetItem* linea) {
-    if (linea->treeWidget() == fallos_) return emit FalloActivado(static_cast<std::size_t>(linea->data(0, papelDeFallo).toULongLong()));
+    if (linea->treeWidget() == fallos_)
+        return emit FalloActivado(static_cast<std::size_t>(linea->data(0, papelDeFallo).toULongLong()));
     const auto celda = linea->data(0, papelDeCelda).value<Lugar>();
     if (celda.parte != Lugar::Parte::Ninguna) emit Activada(celda);
 }
