@@ -22,6 +22,7 @@
 #include "app/qt/rehearsal_request.h"
 #include "app/qt/rehearsal_sends.h"
 #include "app/qt/theme_icon.h"
+#include "app/qt/window_memory.h"
 #include "app/rehearsal_lines.h"
 #include "base/busy_pointer.h"
 #include "base/failure.h"
@@ -97,11 +98,13 @@ FormEnsayo::FormEnsayo(EntornoDeEnsayo entorno) : Dialogo(entorno.textos, "FormE
     connect(&reloj_, &QTimer::timeout, this, &FormEnsayo::MirarAvance);
     PonerDocumento();
     PonerTamano(170, 46);
+    recuperado_ = RecuperarLugares(entorno_.memoria, *this);
     pedido_->EnfocarPrimero();
 }
 
 FormEnsayo::~FormEnsayo() {
     Detener();
+    RecordarLugares(entorno_.memoria, *this);
     // What shows the result goes before it.
     MostrarResultado(nullptr);
 }
@@ -179,9 +182,13 @@ QWidget* FormEnsayo::CrearVista() {
     todo->setSizes({AltoDeLineas(24), AltoDeLineas(11)});
     connect(registros_, &PanelDeRegistros::Cambiado, this, &FormEnsayo::MostrarRegistro);
     connect(resultado_, &PestanasDeResultado::RegistroElegido, registros_, &PanelDeRegistros::Elegir);
+    connect(resultado_, &PestanasDeResultado::FalloActivado, this, &FormEnsayo::VerFallo);
+    connect(envios_, &ArbolDeEnvios::EntradaActivada, this, [this](const LineaDeEnvio& linea) {
+        ConTrampa(entorno_.vista, [&] { VerEntrada(ensayo_->EntradaDe(linea.grupo, linea.deRegistro, linea.deArchivo)); });
+    });
     connect(resultado_, &PestanasDeResultado::Activada, this, [this](const Lugar& celda) { entorno_.irA(celda); });
     connect(envios_, &ArbolDeEnvios::Activada, this, [this](const Lugar& celda) { entorno_.irA(celda); });
-    connect(registros_->Tabla(), &QTableView::activated, this, [this] { envios_->setFocus(); });
+    connect(registros_->Tabla(), &QTableView::activated, this, [this] { VerRegistro(registros_->Elegido()); });
     return todo;
 }
 
@@ -190,6 +197,7 @@ void FormEnsayo::CrearTeclas() {
         connect(new QShortcut(combinacion, this), &QShortcut::activated, this, accion);
     };
     tecla(QKeySequence(Qt::Key_F9), [this] { Correr(); });
+    tecla(QKeySequence(Qt::Key_F7), [this] { VerLoElegido(); });
     tecla(QKeySequence::Find, [this] { registros_->EnfocarBusqueda(); });
 }
 
@@ -214,7 +222,7 @@ void FormEnsayo::Habilitar() {
 
 void FormEnsayo::Traer() {
     // A frame has to find room too.
-    if (!testAttribute(Qt::WA_WState_Created) && height() >= screen()->availableSize().height() - AltoDeLineas(2)) {
+    if (!recuperado_ && !testAttribute(Qt::WA_WState_Created) && height() >= screen()->availableSize().height() - AltoDeLineas(2)) {
         setWindowState(Qt::WindowMaximized);
     }
     show();
@@ -295,13 +303,15 @@ bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
     }
     pedido.sistema = entorno_.sistema();
     pedido.sistema.valores = pedido_->Valores();
+    const bool propios = pedido.sistema.valores.empty();
+    if (propios) pedido.sistema.valores = entorno_.valoresPropios;
     for (const auto& [nombre, archivo] : elegido.tablas) {
         const auto ruta = documento_.parent_path() / RutaDelSistema(archivo);
         if (!HayArchivo(ruta)) return rehusar("There is no file %1.", ruta);
         pedido.sistema.tablas.emplace_back(nombre, ruta);
     }
     std::error_code ignorado;
-    if (!pedido.sistema.valores.empty() && !fs::is_directory(pedido.sistema.valores, ignorado)) {
+    if (!propios && !fs::is_directory(pedido.sistema.valores, ignorado)) {
         return rehusar("There is no folder %1.", pedido.sistema.valores);
     }
     if (pedido_->EnArchivoPropio()) pedido.sistema.archivo = entorno_.archivoPropio();
@@ -427,6 +437,42 @@ void FormEnsayo::MostrarRegistro() {
     envios_->Poner(std::move(lineas));
 }
 
+// ---- In the input files ----
+
+void FormEnsayo::VerEntrada(const std::optional<LugarDeEntrada>& lugar) {
+    if (!lugar) return;
+    std::vector<fs::path> archivos;
+    for (const auto& archivo : pedido_->Archivos()) archivos.push_back(archivo.ruta);
+    entorno_.verDatos(archivos, *lugar, this);
+}
+
+// Of a value that comes from no file the cell is shown.
+void FormEnsayo::VerFallo(std::size_t fallo) {
+    const auto& suyo = ensayo_->Resultado().fallos.at(fallo);
+    if (suyo.entrada) return VerEntrada(suyo.entrada);
+    if (suyo.celda.parte != Lugar::Parte::Ninguna) return entorno_.irA(suyo.celda);
+    VerRegistro(suyo.registro);
+}
+
+// At the value that made it fail, else at its line.
+void FormEnsayo::VerRegistro(std::size_t registro) {
+    if (registro == 0) return;
+    const auto* const fallo = registros_->Registros().Fallo(registro);
+    if (fallo != nullptr && fallo->entrada) return VerEntrada(fallo->entrada);
+    ConTrampa(entorno_.vista, [&] {
+        const auto entrada = ensayo_->EntradaDe(0, registro, {});
+        entrada ? VerEntrada(entrada) : envios_->setFocus();
+    });
+}
+
+void FormEnsayo::VerLoElegido() {
+    if (Corriendo() || ensayo_ == nullptr) return;
+    if (const auto fallo = resultado_->FalloConFoco()) return VerFallo(*fallo);
+    const auto* const linea = envios_->hasFocus() ? envios_->Actual() : nullptr;
+    if (linea == nullptr || linea->deRegistro == 0) return VerRegistro(registros_->Elegido());
+    ConTrampa(entorno_.vista, [&] { VerEntrada(ensayo_->EntradaDe(linea->grupo, linea->deRegistro, linea->deArchivo)); });
+}
+
 // ---- Export ----
 
 void FormEnsayo::LlenarExportar() {
@@ -450,12 +496,16 @@ void FormEnsayo::LlenarExportar() {
 }
 
 void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs::path&)>& accion) {
-    const auto archivo = entorno_.vista.ElegirParaGrabar(filtro);
-    if (!archivo) return;
+    if (const auto archivo = entorno_.vista.ElegirParaGrabar(filtro); archivo && Escribir([&] { accion(*archivo); })) {
+        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+    }
+}
+
+bool FormEnsayo::Escribir(const std::function<void()>& accion) {
     try {
         const ConPunteroOcupado puntero(entorno_.vista);
-        accion(*archivo);
-        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+        accion();
+        return true;
     } catch (const FalloDeArchivo& fallo) {
         Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
         aviso.detalle = fallo.Detalle();
@@ -465,14 +515,31 @@ void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs:
         aviso.detalle = fallo.what();
         entorno_.vista.Advertir(aviso);
     }
+    return false;
+}
+
+// The dialog has asked about the chosen file; the others, whose names are made up beside it, are asked about here.
+bool FormEnsayo::PuedenReemplazarse(const std::vector<fs::path>& archivos) {
+    QStringList presentes;
+    for (const auto& archivo : archivos) {
+        if (Existe(archivo)) presentes << NombreQt(archivo.filename());
+    }
+    if (presentes.isEmpty()) return true;
+    const QString pregunta = Literal("Beside the chosen file these are written too, and they exist already: %1. Replace them?");
+    const auto mensaje = MensajeLiteral(TextoDelModelo(pregunta.arg(presentes.join(QStringLiteral(", ")))));
+    return entorno_.vista.Preguntar(mensaje, Botones::SiNo) == Respuesta::Si;
 }
 
 void FormEnsayo::ExportarFallados() {
+    const auto elegido = entorno_.vista.ElegirParaGrabar(filtroDeTextos);
+    if (!elegido) return;
+    const auto archivos = ensayo_->ArchivosDeFallados(*elegido);
+    if (!PuedenReemplazarse({archivos.begin() + 1, archivos.end()})) return;
+    if (!Escribir([&] { ensayo_->ExportarFallados(*elegido); })) return;
+    if (archivos.size() == 1) return PonerEstado(Literal("Written: %1").arg(NombreQt(archivos.front())));
     QStringList escritos;
-    Exportar(filtroDeTextos, [&](const fs::path& archivo) {
-        for (const auto& ruta : ensayo_->ExportarFallados(archivo)) escritos << NombreQt(ruta.filename());
-    });
-    if (escritos.size() > 1) PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
+    for (const auto& archivo : archivos) escritos << NombreQt(archivo.filename());
+    PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
 }
 
 }  // namespace qor

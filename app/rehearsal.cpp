@@ -10,6 +10,7 @@
 #include "app/refusal_view.h"
 #include "app/rehearsal_course.h"
 #include "app/rehearsal_failed.h"
+#include "app/rehearsal_place.h"
 #include "app/rehearsal_profile.h"
 #include "app/rehearsal_sends.h"
 #include "app/rehearsal_view.h"
@@ -246,6 +247,22 @@ std::vector<Envio> Ensayo::EnviosDe(std::size_t registro) const {
     return envios;
 }
 
+std::optional<LugarDeEntrada> Ensayo::EntradaDe(int grupo, std::size_t numero, std::string_view campo) const {
+    const auto& yo = *interior_;
+    if (!yo.resultado.empezado || yo.deErrores || !yo.diseno.HayArchivo() || numero == 0) return std::nullopt;
+    const auto& clases = yo.diseno.Clases();
+    const auto clase = std::find_if(clases.begin(), clases.end(), [&](const auto& una) { return una.grupo == grupo; });
+    if (clase == clases.end()) return std::nullopt;
+    const auto archivo = static_cast<std::size_t>(yo.diseno.ArchivoUnico() ? 0 : grupo);
+    const auto lugar = static_cast<int>(clase - clases.begin());
+    LugarDeEntrada entrada{grupo, LineaDeRegistro(yo.diseno, lugar, numero, yo.entradas.at(archivo)), -1};
+    if (entrada.linea == 0) return std::nullopt;
+    const auto suyo =
+        std::find_if(clase->campos.begin(), clase->campos.end(), [&](const auto& uno) { return uno.nombre == campo; });
+    if (suyo != clase->campos.end()) entrada.fila = suyo->fila;
+    return entrada;
+}
+
 void Ensayo::ExportarDiario(const fs::path& archivo) const {
     if (!interior_->resultado.empezado) throw FalloDeEjecucion("the rehearsal has not run");
     ArchivoNuevo nuevo(archivo);
@@ -278,6 +295,10 @@ std::vector<fs::path> Ensayo::ExportarFallados(const fs::path& archivo) const {
         }
     }
     return EscribirFallados(yo.diseno, yo.entradas, fallados, archivo);
+}
+
+std::vector<fs::path> Ensayo::ArchivosDeFallados(const fs::path& archivo) const {
+    return qor::ArchivosDeFallados(interior_->diseno, archivo);
 }
 
 std::vector<std::string> Ensayo::Sesiones() const {

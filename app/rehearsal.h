@@ -66,9 +66,9 @@ struct Envio {
 
 struct FalloDeEnsayo {
     std::size_t registro = 0;
-    Frase texto;                            // the line of the failure
-    Frase motivo;                           // the same without the number of the record
-    std::vector<Frase> explicaciones;       // value, place in the input file, what to do
+    Frase texto;                       // the line of the failure
+    Frase motivo;                      // the same without the number of the record
+    std::vector<Frase> explicaciones;  // value, place in the input file, what to do
     Lugar celda;
     std::optional<LugarDeEntrada> entrada;  // of the value, where it comes from an input file
 };
@@ -137,11 +137,15 @@ public:
     const ResultadoDeEnsayo& Resultado() const;
     // What record n sent, read back from the journal of the rehearsal, which lies in a temporary file.
     std::vector<Envio> EnviosDe(std::size_t registro) const;
+    // Where in the input files record n of a kind lies, with the file field of that name; nothing where it comes from none.
+    std::optional<LugarDeEntrada> EntradaDe(int grupo, std::size_t numero, std::string_view campo) const;
     // The journal, as `qorgen run --journal` writes it.
     void ExportarDiario(const std::filesystem::path& archivo) const;
     // The lines of the failed records, byte for byte, into files of the layout of `archivos`: the first one named `archivo`, the
     // others beside it with the name of their parameter behind a hyphen.
     std::vector<std::filesystem::path> ExportarFallados(const std::filesystem::path& archivo) const;
+    // Those files.
+    std::vector<std::filesystem::path> ArchivosDeFallados(const std::filesystem::path& archivo) const;
     // A session of the rehearsal's queue, as `qorgen system export` writes it; the names of the sessions.
     std::vector<std::string> Sesiones() const;
     void ExportarSesion(std::size_t sesion, const std::filesystem::path& archivo) const;

@@ -1,5 +1,6 @@
 #include "app/rehearsal_view.h"
 
+#include "app/run_phrases.h"
 #include "base/code_page.h"
 #include "base/failure.h"
 
@@ -41,12 +42,7 @@ void VistaDeEnsayo::Falla(const FalloDeEjecucion& fallo) {
 }
 
 void VistaDeEnsayo::FaltaDePrograma(const abap::FaltaDePrograma& falta, const OrigenDeLinea& origen) {
-    const auto n = [](int numero) { return Frase(std::to_string(numero)); };
-    if (origen.palabras.empty())
-        resultado_.porQueNo.emplace_back("line %1, column %2: %3", std::vector<Frase>{n(falta.linea), n(falta.columna), falta.texto});
-    else
-        resultado_.porQueNo.emplace_back("line %1, column %2, %3: %4",
-                                         std::vector<Frase>{n(falta.linea), n(falta.columna), origen.palabras, falta.texto});
+    resultado_.porQueNo.push_back(FraseDeFalta(falta, origen));
 }
 
 void VistaDeEnsayo::Volcado(std::size_t registro, const VolcadoDicho& volcado, const OrigenDeLinea& /*origen*/) {
@@ -54,15 +50,11 @@ void VistaDeEnsayo::Volcado(std::size_t registro, const VolcadoDicho& volcado, c
 }
 
 void VistaDeEnsayo::Mensaje(std::size_t registro, char tipo, std::string_view texto) {
-    const std::string dicho(texto);
-    if (registro == 0)
-        Apuntar({"message %1: %2", {std::string(1, tipo), dicho}});
-    else
-        Apuntar({"record %1, message %2: %3", {std::to_string(registro), std::string(1, tipo), dicho}});
+    Apuntar(FraseDeMensajeDelReporte(registro, tipo, texto));
 }
 
 void VistaDeEnsayo::ArchivoSinLeer(std::string_view nombre, std::string_view motivo) {
-    Apuntar({"file %1: %2", {std::string(nombre), std::string(motivo)}});
+    Apuntar(FraseDeArchivoSinLeer(nombre, motivo));
 }
 
 void VistaDeEnsayo::Aviso(std::string_view texto) {
@@ -74,9 +66,7 @@ void VistaDeEnsayo::Apuntar(Frase frase) {
 }
 
 void VistaDeEnsayo::SinRegistro(std::string_view tabla, std::size_t perdidas, std::size_t todas) {
-    resultado_.huerfanos.emplace_back(
-        "%1: %2 of %3 lines belong to no record",
-        std::vector<Frase>{std::string(tabla), std::to_string(perdidas), std::to_string(todas)});
+    resultado_.huerfanos.push_back(FraseSinRegistro(tabla, perdidas, todas));
 }
 
 }  // namespace qor

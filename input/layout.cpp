@@ -67,9 +67,7 @@ int DisenoDeEntrada::ClaseDeLinea(int archivo, std::string_view linea) const {
     const auto& clases = archivos_[static_cast<std::size_t>(archivo)].clases;
     if (!archivoUnico_) return clases.front();
     for (const int clase : clases) {
-        const std::string_view identificador = clases_[static_cast<std::size_t>(clase)].identificador;
-        const auto comienzo = linea.substr(0, identificador.size());
-        if (identificador.starts_with(comienzo) && EstaEnBlanco(identificador.substr(comienzo.size()))) return clase;
+        if (TieneIdentificador(linea, clases_[static_cast<std::size_t>(clase)].identificador)) return clase;
     }
     return -1;
 }

@@ -8,6 +8,7 @@
 #include "base/new_file.h"
 #include "base/text.h"
 #include "input/check.h"
+#include "input/line_copy.h"
 #include "input/record_lots.h"
 
 namespace qor {
@@ -73,24 +74,11 @@ CuentaDePartes Copiar(const ArchivoAbierto& archivo, int lugarDeArchivo, const L
     CuentaDePartes cuenta;
     LectorDeEntrada lector(archivo);
     LineaLeida linea;
-    std::string trozo;
     for (std::size_t numero = 0; lector.Linea(linea); ++numero) {
         const bool mala = lotes.Malo(lugarDeArchivo, numero);
         auto& salida = mala ? salidas.malos : salidas.buenos;
         ++(mala ? cuenta.malas : cuenta.buenas);
-        if (linea.bytes.size() == linea.largo) {
-            salida.Escribir(linea.bytes);
-            continue;
-        }
-        // A very long line, piece by piece.
-        trozo.resize(std::size_t{1} << 16);
-        for (std::uint64_t lugar = 0; lugar < linea.largo;) {
-            const auto quedan = std::min<std::uint64_t>(trozo.size(), linea.largo - lugar);
-            const auto leidos = archivo.LeerEn(trozo.data(), static_cast<std::size_t>(quedan), linea.lugar + lugar);
-            if (leidos == 0) throw FalloDeArchivo(motivoCambiado, archivo.Ruta());
-            salida.Escribir(std::string_view(trozo).substr(0, leidos));
-            lugar += leidos;
-        }
+        CopiarLinea(archivo, linea, salida);
     }
     return cuenta;
 }

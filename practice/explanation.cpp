@@ -35,8 +35,8 @@ std::vector<Frase> Explicaciones::De(const FalloDeRegistro& fallo) {
     const auto procedencia = Buscar(fallo);
     if (!fallo.lugar.campo.empty()) {
         const std::string valor(fallo.lugar.valor);
-        Frase linea = fallo.esBapi ? Frase("value \"%1\" of %2", {valor, std::string(fallo.lugar.campo)})
-                                   : Frase("value \"%1\"", {valor});
+        Frase linea =
+            fallo.esBapi ? Frase("value \"%1\" of %2", {valor, std::string(fallo.lugar.campo)}) : Frase("value \"%1\"", {valor});
         if (procedencia) linea = Frase("%1: %2", {std::move(linea), DeDondeViene(fallo, *procedencia)});
         lineas.push_back(std::move(linea));
     }
@@ -111,7 +111,7 @@ Frase Explicaciones::LugarEnArchivo(const FalloDeRegistro& fallo, const Proceden
     const auto n = [](std::size_t numero) { return Frase(std::to_string(numero)); };
     const auto sitio = diseno_->SitioDe(campo, grupo);
     const auto numero = lineas_->Buscar(fallo.registro, grupo, campo, fallo.lugar.valor);
-    Frase linea = numero > 0    ? Frase("line %1", {n(numero)})
+    Frase linea = numero > 0   ? Frase("line %1", {n(numero)})
                   : grupo == 0 ? Frase("the line of record %1", {n(fallo.registro)})
                                : Frase("a line of step-loop %1 of record %2", {std::to_string(grupo), n(fallo.registro)});
     if (const std::string archivo = lineas_->Archivo(grupo); !archivo.empty())
@@ -124,8 +124,7 @@ std::optional<LugarDeEntrada> Explicaciones::EntradaDe(const FalloDeRegistro& fa
     if (repeticion_ || !diseno_ || !diseno_->HayArchivo()) return std::nullopt;
     const auto procedencia = Buscar(fallo);
     if (!procedencia || procedencia->campoDeArchivo < 0) return std::nullopt;
-    const auto linea =
-        lineas_->Buscar(fallo.registro, procedencia->grupo, procedencia->campoDeArchivo, fallo.lugar.valor);
+    const auto linea = lineas_->Buscar(fallo.registro, procedencia->grupo, procedencia->campoDeArchivo, fallo.lugar.valor);
     if (linea == 0) return std::nullopt;
     return LugarDeEntrada{procedencia->grupo, linea, procedencia->campoDeArchivo};
 }

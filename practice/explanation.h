@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/phrase.h"
+#include "model/input_place.h"
 #include "model/naming.h"
 #include "model/options.h"
 #include "model/place.h"
@@ -15,13 +16,6 @@
 #include "practice/record_lines.h"
 
 namespace qor {
-
-// A place in the input files.
-struct LugarDeEntrada {
-    int grupo = 0;          // the kind of record: 0 the main record, else the step-loop
-    std::size_t linea = 0;  // of its file, from 1
-    int fila = -1;          // of the file side; -1 for the line as a whole
-};
 
 // What a user asks about a failure: which value it was, where that came from, and what is to be done. Answered from the
 // specification that the report was generated from. Lines are windows-1252.

@@ -35,9 +35,7 @@ Frase MotivoDeFallo(const FalloDeRegistro& fallo) {
     return {"%1%2", {lugar, FraseDeMensaje(fallo.mensaje.texto)}};
 }
 
-Frase LineaDeFallo(std::size_t registro, Frase motivo) {
-    return {"record %1, %2", {std::to_string(registro), std::move(motivo)}};
-}
+Frase LineaDeFallo(std::size_t registro, Frase motivo) { return {"record %1, %2", {std::to_string(registro), std::move(motivo)}}; }
 
 bool LeerFalloPedido(std::string_view texto, FallosPorRegistro& fallos) {
     const auto igual = texto.find('=');

@@ -68,9 +68,10 @@ TEST(RehearsalLines, RecordsAreFoundByStateNumberAndFailure) {
     volcado.nombre = "COMPUTE";
     volcado.texto = "by zero";
     // Looked for in the language of the user.
-    RegistrosVistos vistos([](const Frase& frase) { return frase.En([](std::string_view ingles) {
-        return std::string(ingles == "MM02: not found" ? "MM02: no existe" : ingles);
-    }); });
+    RegistrosVistos vistos([](const Frase& frase) {
+        return frase.En(
+            [](std::string_view ingles) { return std::string(ingles == "MM02: not found" ? "MM02: no existe" : ingles); });
+    });
     vistos.Poner(&resultado);
     EXPECT_EQ(vistos.Cuantos(), 100U);
     EXPECT_EQ(vistos.Motivo(40), "stopped at 17");

@@ -272,6 +272,19 @@ TEST(Rehearsal, LeavesNothingOutWithoutAReason) {
     ASSERT_EQ(resultado.fallos.size(), 1U);
     EXPECT_EQ(resultado.fallos[0].texto.EnIngles(), "record 4, TA, SAPX 0200: QP 001 No way");
     EXPECT_EQ(resultado.fallos[0].celda, Lugar::EnPrograma(5, 1));
+
+    const struct {
+        int grupo;
+        std::size_t numero;
+        const char* campo;
+        std::size_t linea;  // 0 for none
+        int fila;
+    } lugares[] = {{0, 4, "KIND", 4, 2}, {1, 5, "ITEM", 5, 3}, {0, 2, "NONE", 2, -1}, {0, 0, "A", 0, 0}, {2, 1, "A", 0, 0}};
+    for (const auto& lugar : lugares) {
+        const auto hallado = prueba.ensayo->EntradaDe(lugar.grupo, lugar.numero, lugar.campo);
+        ASSERT_EQ(hallado.has_value(), lugar.linea > 0) << lugar.grupo << ' ' << lugar.numero;
+        if (hallado) EXPECT_EQ(std::pair(hallado->linea, hallado->fila), std::pair(lugar.linea, lugar.fila)) << lugar.campo;
+    }
 }
 
 // The lines of a failed record byte for byte: those that have its keys, and those that the report came to although they have not.
@@ -336,8 +349,7 @@ TEST(Rehearsal, ReasonsAndSessions) {
     const auto porQueNo = [](const ResultadoDeEnsayo& resultado) {
         return resultado.porQueNo.size() == 1 ? resultado.porQueNo[0].EnIngles() : std::string();
     };
-    EXPECT_THAT(porQueNo(sinCompilar.ensayo->Resultado()),
-                HasSubstr("file side, row 3, conversion, line 1: NOPE is not declared"));
+    EXPECT_THAT(porQueNo(sinCompilar.ensayo->Resultado()), HasSubstr("file side, row 3, conversion, line 1: NOPE is not declared"));
     EXPECT_THAT(sinCompilar.ensayo->EnviosDe(1), IsEmpty());
 
     EnsayoDePrueba sinGenerar;

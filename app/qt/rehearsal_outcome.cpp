@@ -18,6 +18,7 @@
 #include "base/qt/fixed_font.h"
 #include "base/qt/read_only_box.h"
 #include "base/qt/text.h"
+#include "base/qt/whole_column.h"
 #include "base/qt/words.h"
 
 namespace qor {
@@ -62,6 +63,7 @@ PestanasDeResultado::PestanasDeResultado(const TextosIdioma& textos, QWidget* pa
     setDocumentMode(true);
     avisos_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     fallos_->setHeaderHidden(true);
+    MostrarEnteraLaUltimaColumna(*fallos_);
     totales_->setColumnCount(4);
     totales_->setHeaderLabels(
         {Palabra(textos, "What"), Palabra(textos, "Number"), Palabra(textos, "True"), Palabra(textos, "False")});
@@ -161,7 +163,7 @@ void PestanasDeResultado::PonerFallos(const ResultadoDeEnsayo& resultado) {
             linea->setText(0, texto);
             linea->setToolTip(0, ComoConsejo(texto));
             linea->setData(0, papelDeRegistro, static_cast<qulonglong>(fallo.registro));
-            linea->setData(0, papelDeFallo, lineas.size());
+            linea->setData(0, papelDeFallo, static_cast<qulonglong>(lineas.size()));
             PonerCelda(linea, fallo.celda);
         };
         auto* const linea = new QTreeWidgetItem;
@@ -195,7 +197,8 @@ void PestanasDeResultado::PonerTotales(const ResultadoDeEnsayo& resultado, const
     agregar({Palabra(textos_, "read"), Cifra(cuenta.registros)});
     for (const auto estado : {EstadoDeRegistro::Contabilizado, EstadoDeRegistro::EnSesion, EstadoDeRegistro::Fallado}) {
         const auto cuantos = std::count(resultado.registros.begin(), resultado.registros.end(), estado);
-        agregar({PalabraDe(textos_, estado), Cifra(static_cast<std::uint64_t>(cuantos))});
+        const bool siempre = estado == EstadoDeRegistro::Fallado;
+        if (cuantos > 0 || siempre) agregar({PalabraDe(textos_, estado), Cifra(static_cast<std::uint64_t>(cuantos))});
     }
     for (const auto& [que, cuantos] :
          {std::pair{"transactions called", cuenta.transacciones}, std::pair{"transactions put into sessions", cuenta.insertadas},
@@ -263,7 +266,15 @@ void PestanasDeResultado::PonerVolcado(const ResultadoDeEnsayo& resultado) {
     reporte_->centerCursor();
 }
 
+std::optional<std::size_t> PestanasDeResultado::FalloConFoco() const {
+    const auto* const linea = fallos_->hasFocus() ? fallos_->currentItem() : nullptr;
+    if (linea == nullptr) return std::nullopt;
+    return static_cast<std::size_t>(linea->data(0, papelDeFallo).toULongLong());
+}
+
 void PestanasDeResultado::Activar(const QTreeWidgetItem* linea) {
+    if (linea->treeWidget() == fallos_)
+        return emit FalloActivado(static_cast<std::size_t>(linea->data(0, papelDeFallo).toULongLong()));
     const auto celda = linea->data(0, papelDeCelda).value<Lugar>();
     if (celda.parte != Lugar::Parte::Ninguna) emit Activada(celda);
 }

@@ -107,7 +107,7 @@ PanelDeRegistros::PanelDeRegistros(const TextosIdioma& textos, QWidget* padre)
     filtro_->setAccessibleName(Palabra(textos, "State"));
     filtro_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     busqueda_->setAccessibleName(Palabra(textos, "Search"));
-    busqueda_->setPlaceholderText(Palabra(textos, "number, or text of the failure"));
+    busqueda_->setPlaceholderText(Palabra(textos, "(number, or text of the failure)"));
     busqueda_->setClearButtonEnabled(true);
     tabla_->setModel(modelo_);
     tabla_->setAccessibleName(Palabra(textos, "Records of the rehearsal"));

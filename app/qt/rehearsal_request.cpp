@@ -48,9 +48,9 @@ QLayout* PanelDePedido::CrearEleccion() {
     registros_->addItems({QStringLiteral("1-10"), QStringLiteral("1-100"), QStringLiteral("1-1000"), Palabra(textos_, "All")});
     registros_->setToolTip(Palabra(textos_, "From one to another, such as 11-20"));
     fallos_ = Nuevo<QLineEdit>("Fallos", this);
-    fallos_->setPlaceholderText(Palabra(textos_, "none; such as 2, 5=Credit limit exceeded"));
+    fallos_->setPlaceholderText(Palabra(textos_, "(none; such as 2, 5=Credit limit exceeded)"));
     parametros_ = Nuevo<QLineEdit>("Parametros", this);
-    parametros_->setPlaceholderText(Palabra(textos_, "as the report has them; such as P_TEST=X"));
+    parametros_->setPlaceholderText(Palabra(textos_, "(as the report has them; such as P_TEST=X)"));
     sistema_ = Nuevo<QComboBox>("Sistema", this);
     sistema_->addItems({Palabra(textos_, "In memory, gone afterwards"), Palabra(textos_, "My own, in its file")});
     auto* const rejilla = new QGridLayout;
@@ -117,7 +117,7 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, co
         auto* const caja = NuevaRuta(fila, archivo.parametro.c_str(), rotulo,
                                      [this, nombre = archivo.parametro](QLineEdit* suya) { Examinar(nombre, suya); });
         caja->setText(NombreQt(archivo.ruta));
-        caja->setPlaceholderText(Palabra(textos_, "no file was chosen"));
+        caja->setPlaceholderText(Palabra(textos_, "(no file was chosen)"));
         connect(caja, &QLineEdit::editingFinished, this, [this, parametro, caja] { emit ArchivoElegido(parametro, caja->text()); });
         filas_.push_back({archivo.parametro, caja});
         ++fila;
@@ -130,7 +130,7 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, co
         rejilla->addWidget(sinArchivo, fila++, 0, 1, 3);
         tablas_ = Nuevo<QLineEdit>("Tablas", dentro);
         tablas_->setAccessibleName(Palabra(textos_, "Ta&bles:").remove(QLatin1Char('&')).remove(QLatin1Char(':')));
-        tablas_->setPlaceholderText(Palabra(textos_, "none"));
+        tablas_->setPlaceholderText(Palabra(textos_, "(none)"));
         tablas_->setToolTip(
             Palabra(textos_, "Tables of the practice system, each from a file of comma-separated values: NAME=FILE"));
         auto* const rotulo = new QLabel(Palabra(textos_, "Ta&bles:"), dentro);
@@ -139,7 +139,7 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, co
         rejilla->addWidget(tablas_, fila++, 1, 1, 2);
     }
     valores_ = NuevaRuta(fila++, "Valores", Palabra(textos_, "&Value lists:"), [this](QLineEdit* caja) { ExaminarValores(caja); });
-    valores_->setPlaceholderText(Palabra(textos_, "none"));
+    valores_->setPlaceholderText(Palabra(textos_, "(the folder values of your practice system)"));
     valores_->setAccessibleDescription(Palabra(textos_, "Folder of the value lists that fields are checked by"));
     PonerValores(carpeta);
     rejilla->setRowStretch(fila, 1);

@@ -12,6 +12,7 @@
 #include "app/pages/findings_model.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
+#include "base/qt/whole_column.h"
 #include "base/qt/words.h"
 #include "practice/messages.h"
 
@@ -25,6 +26,8 @@ QString MotivoQt(const TextosIdioma& textos, const std::string& motivo) {
 }
 
 namespace {
+
+constexpr int maximoDeLetras = 60;  // of a column to begin with; a value can be of any length
 
 // The cell without its side, which is mostly the program side.
 QString LugarCorto(const TextosIdioma& textos, const Lugar& celda) {
@@ -162,14 +165,16 @@ ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
     setExpandsOnDoubleClick(false);
     setIndentation(fontMetrics().height());
     header()->setSectionsMovable(false);
-    header()->setStretchLastSection(true);
+    MostrarEnteraLaUltimaColumna(*this);
     // Until there are records, as wide as the title.
     const int deArchivo = header()->sectionSizeHint(ModeloDeEnvios::DeArchivo);
     if (deArchivo > header()->defaultSectionSize()) setColumnWidth(ModeloDeEnvios::DeArchivo, deArchivo);
     connect(this, &QTreeView::activated, this, [this](const QModelIndex& lugar) {
-        if (const auto* const linea = modelo_->Linea(lugar); linea != nullptr && linea->celda.parte != Lugar::Parte::Ninguna) {
-            emit Activada(linea->celda);
-        }
+        const auto* const linea = modelo_->Linea(lugar);
+        if (linea == nullptr) return;
+        const bool enArchivo = lugar.column() == ModeloDeEnvios::DeArchivo || lugar.column() == ModeloDeEnvios::Celda;
+        if (enArchivo && linea->deRegistro > 0) return emit EntradaActivada(*linea);
+        if (linea->celda.parte != Lugar::Parte::Ninguna) emit Activada(linea->celda);
     });
 }
 
@@ -186,15 +191,10 @@ void ArbolDeEnvios::Abarcar(const QModelIndex& padre) {
 void ArbolDeEnvios::AjustarColumnas() {
     if (ajustado_ || modelo_->rowCount() == 0) return;
     ajustado_ = true;
-    struct Parte {
-        int columna;
-        int centesimos;  // of the width, at most
-    };
-    for (const auto& [columna, centesimos] :
-         {Parte{ModeloDeEnvios::Campo, 40}, Parte{ModeloDeEnvios::Valor, 33}, Parte{ModeloDeEnvios::DeArchivo, 25}}) {
+    const int letra = fontMetrics().averageCharWidth();
+    for (const int columna : {ModeloDeEnvios::Campo, ModeloDeEnvios::Valor, ModeloDeEnvios::DeArchivo}) {
         resizeColumnToContents(columna);
-        setColumnWidth(columna,
-                       std::min(columnWidth(columna) + fontMetrics().averageCharWidth(), viewport()->width() * centesimos / 100));
+        setColumnWidth(columna, std::min(columnWidth(columna) + letra, letra * maximoDeLetras));
     }
 }
 

@@ -12,6 +12,7 @@
 
 #include "base/qt/fixed_font.h"
 #include "base/qt/text.h"
+#include "base/qt/whole_column.h"
 #include "base/qt/words.h"
 #include "input/preview_rows.h"
 #include "input/qt/finding_words.h"
@@ -120,6 +121,7 @@ PanelDeHallazgosDeDatos::PanelDeHallazgosDeDatos(const TextosIdioma& textos, con
     lista_->setTabKeyNavigation(false);
     lista_->header()->setSectionsMovable(false);
     lista_->setModel(modelo_);
+    MostrarEnteraLaUltimaColumna(*lista_);
     const auto letras = [this](int n) { return lista_->fontMetrics().averageCharWidth() * n; };
     const int anchos[] = {letras(9) + lista_->fontMetrics().height() * 2, letras(12), letras(11), letras(16), letras(22)};
     for (int columna = 0; columna < ModeloDeHallazgosDeDatos::Texto; ++columna) lista_->setColumnWidth(columna, anchos[columna]);

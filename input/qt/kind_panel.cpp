@@ -60,7 +60,7 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
     formato_->addItems({QStringLiteral("YYYYMMDD"), QStringLiteral("DD.MM.YYYY"), QStringLiteral("DDMMYYYY"),
                         QStringLiteral("MM/DD/YYYY"), QStringLiteral("YYYY-MM-DD"), QStringLiteral("DD.MM.YY")});
     formato_->setMinimumContentsLength(10);
-    lista_->setPlaceholderText(Palabra(textos, "file of allowed values"));
+    lista_->setPlaceholderText(Palabra(textos, "(file of allowed values)"));
     patron_->setPlaceholderText(QStringLiteral("[0-9]{10}"));
     examinar_->setAutoDefault(false);
     falta_->setWordWrap(true);

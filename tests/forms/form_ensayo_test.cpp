@@ -81,6 +81,30 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     ASSERT_TRUE(p.LaVentana().foco.has_value());
     EXPECT_EQ(p.LaVentana().transaccion.PrimeraFilaTransaccion + p.LaVentana().foco->linea, 12);
 
+    // Its line in the input file, from each place that tells of it.
+    const auto verLinea = [&](const std::function<void()>& abrir) {
+        std::string visto;
+        QApplication::setActiveWindow(Ventana());
+        ProgramaDePrueba::ConDialogo(abrir, [&](QDialog& dialogo) {
+            auto* const rejilla = dialogo.findChild<QTableView*>(QStringLiteral("TablaDeRegistros"));
+            visto = dialogo.findChild<QLabel*>(QStringLiteral("EstadoDeLineas"))->toolTip().left(11).toStdString() + ", " +
+                    rejilla->currentIndex().data().toString().toStdString();
+        });
+        return visto;
+    };
+    auto* const listaDeFallos = Parte<QTreeWidget>("ListaDeFallos");
+    listaDeFallos->setCurrentItem(listaDeFallos->topLevelItem(1));
+    const auto conTecla = [](QWidget* control, int tecla) {
+        return [=] {
+            control->setFocus();
+            QTest::keyClick(control, static_cast<Qt::Key>(tecla));
+        };
+    };
+    EXPECT_EQ(verLinea(conTecla(tabla, Qt::Key_Return)), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea(conTecla(listaDeFallos, Qt::Key_Return)), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea([&] { emit arbol->activated(arbol->currentIndex().siblingAtColumn(2)); }), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea(conTecla(arbol, Qt::Key_F7)), "Line 4 of 4, FLUIDS");
+
     // The third one has no weight.
     busqueda->setText(QStringLiteral("3"));
     const auto hallados = arbol->model()->match(arbol->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("MARA-BRGEW"), 1,
