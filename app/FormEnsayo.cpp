@@ -123,6 +123,7 @@ QLayout* FormEnsayo::CrearMando() {
     avance_->setMaximumWidth(AnchoDeLetras(20));
     estado_ = NuevoRotulo("Estado", {});
     estado_->setTextFormat(Qt::PlainText);
+    estado_->setWordWrap(true);
     estado_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ajustes_ = NuevoBoton("MostrarAjustes", Literal("Se&ttings"));
     ajustes_->setCheckable(true);

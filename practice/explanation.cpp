@@ -111,11 +111,12 @@ Frase Explicaciones::LugarEnArchivo(const FalloDeRegistro& fallo, const Proceden
     const auto n = [](std::size_t numero) { return Frase(std::to_string(numero)); };
     const auto sitio = diseno_->SitioDe(campo, grupo);
     const auto numero = lineas_->Buscar(fallo.registro, grupo, campo, fallo.lugar.valor);
-    Frase linea = numero > 0   ? Frase("line %1", {n(numero)})
-                  : grupo == 0 ? Frase("the line of record %1", {n(fallo.registro)})
-                               : Frase("a line of step-loop %1 of record %2", {std::to_string(grupo), n(fallo.registro)});
-    if (const std::string archivo = lineas_->Archivo(grupo); !archivo.empty())
-        linea = Frase("%1 of the file %2", {std::move(linea), DesdeUtf8ConFaltas(archivo)});
+    const std::string archivo = DesdeUtf8ConFaltas(lineas_->Archivo(grupo));
+    const auto enArchivo = [&](Frase linea) { return archivo.empty() ? linea : Frase("%1 of the file %2", {linea, archivo}); };
+    Frase linea = numero > 0 && !archivo.empty() ? Frase("line %1 of the file %2", {n(numero), archivo})
+                  : numero > 0                   ? Frase("line %1", {n(numero)})
+                  : grupo == 0                   ? enArchivo({"the line of record %1", {n(fallo.registro)}})
+                               : enArchivo({"a line of step-loop %1 of record %2", {std::to_string(grupo), n(fallo.registro)}});
     if (diseno_->PorTabuladores()) return {", the %1. field of %2", {std::to_string(sitio.numero), std::move(linea)}};
     return {", columns %1 to %2 of %3", {n(sitio.columna + 1), n(sitio.columna + sitio.ancho), std::move(linea)}};
 }

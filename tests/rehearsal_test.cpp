@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <thread>
 
+#include "app/rehearsal_place.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"
@@ -285,6 +287,14 @@ TEST(Rehearsal, LeavesNothingOutWithoutAReason) {
         ASSERT_EQ(hallado.has_value(), lugar.linea > 0) << lugar.grupo << ' ' << lugar.numero;
         if (hallado) EXPECT_EQ(std::pair(hallado->linea, hallado->fila), std::pair(lugar.linea, lugar.fila)) << lugar.campo;
     }
+
+    // In one file the lines of a kind are counted, between those of others and those that are of none.
+    prueba.documento.opciones.MultipleFilesOption = false;
+    prueba.documento.opciones.Identificadores = "H,I ";
+    const DisenoDeEntrada unico(prueba.documento.especificacion, prueba.documento.opciones);
+    const auto archivo = prueba.directorio.Escribir("one.txt", "H1\r\nI 1\n?\nI\rH2\n");
+    for (const auto& [clase, numero, linea] : {std::array<std::size_t, 3>{0, 2, 5}, {1, 1, 2}, {1, 2, 4}, {1, 3, 0}})
+        EXPECT_EQ(LineaDeRegistro(unico, static_cast<int>(clase), numero, archivo), linea) << clase << ' ' << numero;
 }
 
 // The lines of a failed record byte for byte: those that have its keys, and those that the report came to although they have not.

@@ -20,6 +20,8 @@ namespace qor {
 namespace {
 
 constexpr int rotuloDeExaminar = 80;
+constexpr int letrasDeRuta = 16;  // seen at least
+constexpr int letrasDeSistema = 14;
 constexpr int filasSinBarra = 4;  // of files, seen at once
 constexpr const char* todosLosArchivos = "*.*|*";
 
@@ -53,6 +55,10 @@ QLayout* PanelDePedido::CrearEleccion() {
     parametros_->setPlaceholderText(Palabra(textos_, "(as the report has them; such as P_TEST=X)"));
     sistema_ = Nuevo<QComboBox>("Sistema", this);
     sistema_->addItems({Palabra(textos_, "In memory, gone afterwards"), Palabra(textos_, "My own, in its file")});
+    for (auto* const combo : {registros_, sistema_}) {
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->setMinimumContentsLength(letrasDeSistema);
+    }
     auto* const rejilla = new QGridLayout;
     rejilla->setVerticalSpacing(4);
     int fila = 0;
@@ -84,6 +90,7 @@ QLineEdit* PanelDePedido::NuevaRuta(int fila, const char* nombre, const QString&
     auto* const caja = new QLineEdit(padre);
     caja->setObjectName(propio);
     caja->setAccessibleName(sinLetra);
+    caja->setMinimumWidth(fontMetrics().averageCharWidth() * letrasDeRuta);
     connect(caja, &QLineEdit::textChanged, caja, &QWidget::setToolTip);
     auto* const texto = new QLabel(rotulo, padre);
     texto->setObjectName(propio + QStringLiteral("Label"));
@@ -145,6 +152,8 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, co
     rejilla->setRowStretch(fila, 1);
     // The bar takes room beside the rows, and only where there are many of them.
     const int alto = valores_->sizeHint().height() + rejilla->verticalSpacing();
+    zona_->setMinimumWidth(dentro->minimumSizeHint().width() +
+                           (fila > filasSinBarra ? zona_->verticalScrollBar()->sizeHint().width() : 0));
     zona_->setFixedHeight(alto * std::clamp(fila, 2, filasSinBarra));
     zona_->setVerticalScrollBarPolicy(fila > filasSinBarra ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }

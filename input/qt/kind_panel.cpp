@@ -61,7 +61,7 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
                         QStringLiteral("MM/DD/YYYY"), QStringLiteral("YYYY-MM-DD"), QStringLiteral("DD.MM.YY")});
     formato_->setMinimumContentsLength(10);
     lista_->setPlaceholderText(Palabra(textos, "(file of allowed values)"));
-    patron_->setPlaceholderText(QStringLiteral("[0-9]{10}"));
+    patron_->setPlaceholderText(Palabra(textos, "(such as %1)").arg(QStringLiteral("[0-9]{10}")));
     examinar_->setAutoDefault(false);
     falta_->setWordWrap(true);
     falta_->setTextFormat(Qt::PlainText);
@@ -118,19 +118,25 @@ void PanelDeClase::Mostrar(const std::string& campo, const ClaseDeCampo& clase, 
     lista_->PonerTexto(clase.lista);
     clase_ = clase;
     falta_->clear();
-    Habilitar();
+    MostrarDeTipo();
     mostrando_ = false;
 }
 
-void PanelDeClase::Habilitar() {
+// What says nothing of a type is not shown.
+void PanelDeClase::MostrarDeTipo() {
     using Tipo = ClaseDeCampo::Tipo;
-    decimal_->setEnabled(tipo_->currentIndex() == static_cast<int>(Tipo::Numero));
-    formato_->setEnabled(tipo_->currentIndex() == static_cast<int>(Tipo::Fecha));
+    const auto mostrar = [this](QWidget* control, Tipo tipo) {
+        const bool deTipo = tipo_->currentIndex() == static_cast<int>(tipo);
+        control->setVisible(deTipo);
+        findChild<QLabel*>(control->objectName() + QStringLiteral("Label"))->setVisible(deTipo);
+    };
+    mostrar(decimal_, Tipo::Numero);
+    mostrar(formato_, Tipo::Fecha);
 }
 
 void PanelDeClase::Leer() {
     if (mostrando_) return;
-    Habilitar();
+    MostrarDeTipo();
     ClaseDeCampo clase;
     clase.obligatorio = obligatorio_->isChecked();
     clase.tipo = static_cast<ClaseDeCampo::Tipo>(tipo_->currentIndex());

@@ -44,7 +44,7 @@ private:
     template <typename Control>
     void AgregarFila(QGridLayout* orden, const char* nombre, const char* rotulo, Control* control);
     void Leer();
-    void Habilitar();
+    void MostrarDeTipo();
     void ElegirLista();
     QString Falta(const ClaseDeCampo& clase) const;
 
