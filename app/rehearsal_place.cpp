@@ -14,7 +14,7 @@ std::size_t LineaDeRegistro(const DisenoDeEntrada& diseno, int clase, std::size_
     LectorDeEntrada lector(abierto);
     LineaLeida linea;
     for (std::size_t lugar = 1; lector.Linea(linea); ++lugar) {
-        if (revisor.ClaseDe(0, linea.texto) == clase && --numero == 0) return lugar;
+        if (revisor.Diseno().ClaseDeLinea(0, linea.texto) == clase && --numero == 0) return lugar;
     }
     return 0;
 }
