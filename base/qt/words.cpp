@@ -384,7 +384,7 @@ constexpr ParDePalabras palabras[] = {
     {"&Parameters:", "Pa&rámetros:"},
     {"(as the report has them; such as P_TEST=X)", "(como los tiene el report; por ejemplo P_TEST=X)"},
     {"Practice s&ystem:", "Sistema de prá&ctica:"},
-    {"In memory, gone afterwards", "En memoria, después desaparece"},
+    {"In memory, gone afterwards", "Solo en memoria"},
     {"My own, in its file", "El mío, en su archivo"},
     {"The records to work on are two numbers from 1 on with a hyphen between them, of which the second is not below the first. "
      "This is "
@@ -522,7 +522,7 @@ constexpr ParDePalabras palabras[] = {
      "la primera fila debe abrir una pantalla, y cada fila siguiente es una pantalla o un campo"},
     {"The rehearsal was stopped in its midst.", "El ensayo se detuvo en medio de él."},
     {"It goes on without an end: the journal of this record alone has become larger than 256 MB.",
-     "Sigue sin fin: sólo el diario de este registro supera los 256 MB."},
+     "Sigue sin fin: solo el diario de este registro supera los 256 MB."},
     {"No report was generated.", "No se generó ningún report."},
     {"The run ended: %1", "La ejecución terminó: %1"},
     {"line %1, column %2: %3", "línea %1, columna %2: %3"},

@@ -92,8 +92,8 @@ protected:
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
         // The preview wants records from a file.
         e.documento.especificacion.OrigenUsuario = false;
-        agregar(
-            new FormDatos(e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .alCambiar = {}}, {}, nullptr));
+        agregar(new FormDatos(
+            e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .memoria = {}, .alCambiar = {}}, {}, nullptr));
         e.documento.especificacion.OrigenUsuario = true;
         agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
         agregar(
@@ -108,8 +108,11 @@ protected:
                                 .recordado = [](const std::string&) { return std::filesystem::path(); },
                                 .recordar = {},
                                 .irA = {},
+                                .verDatos = {},
+                                .valoresPropios = {},
                                 .ayuda = ayuda,
-                                .directorio = ""}));
+                                .directorio = "",
+                                .memoria = {}}));
         return todos;
     }
 
