@@ -46,12 +46,12 @@ struct EntornoDeEnsayo {
     // Brings the main form to the front, with the cell in the focus.
     std::function<void(const Lugar&)> irA;
     // Shows a place in the input files, above a window. The files are those of DisenoDeEntrada::Archivos.
-    std::function<void(const std::vector<std::filesystem::path>& archivos, const LugarDeEntrada& lugar, QWidget* ventana)> verDatos;
+    std::function<void(const std::vector<std::filesystem::path>& archivos, const LugarDeEntrada& lugar, QWidget* ventana)> verDatos = {};
     // The folder of the value lists of the user's own practice system.
-    std::filesystem::path valoresPropios;
+    std::filesystem::path valoresPropios = {};
     AbrirAyuda ayuda;
-    std::filesystem::path directorio;  // where a file is looked for first
-    std::filesystem::path memoria;     // the file that remembers windows; empty for none
+    std::filesystem::path directorio = {};  // where a file is looked for first
+    std::filesystem::path memoria = {};     // the file that remembers windows; empty for none
 };
 
 // The rehearsal: the report of the document runs on the practice system, and what it does with each record is looked at. The window

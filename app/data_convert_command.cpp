@@ -136,7 +136,7 @@ private:
             for (const auto& clase : diseno_.Clases()) nombres += " " + NombreDeHoja(clase);
         }
         if (archivos.size() == cuantos) return;
-        throw MalUso(argumento + ": " + std::to_string(archivos.size()) + " files are given, and " + std::to_string(cuantos) +
+        throw MalUso(argumento + ": " + Cuantos(archivos.size(), "file") + " given, and " + std::to_string(cuantos) +
                      " are needed" + (nombres.empty() ? "" : ":" + nombres));
     }
 
@@ -240,6 +240,8 @@ bool Convert(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 }
 
 bool Template(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto extension = Minusculas(fs::path(argumentos.salidas.front()).extension().string());
+    if (extension != ".xlsx") throw MalUso("-o: the workbook has the extension .xlsx, not \"" + extension + "\"");
     DocumentoDeComando abierto;
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     const auto& documento = abierto.documento;

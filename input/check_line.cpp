@@ -133,7 +133,7 @@ void RevisorDeLineas::RevisarLargo(int clase, std::string_view linea, bool sobra
         if (!sobra && EstaEnBlanco(resto)) return;
         auto& hallazgo =
             hallazgos.emplace_back(Nuevo(HallazgoDeEntrada::LineaLarga, "the record has " + Cuantos(registro.largo, "character") +
-                                                                            ", what stands behind them is lost"));
+                                                                            ", what stands behind is lost"));
         hallazgo.columna = registro.largo + 1;
         hallazgo.valor = ValorMostrado(resto);
         return;
@@ -169,7 +169,7 @@ void RevisorDeLineas::RevisarPartes(int clase, std::string_view linea, bool sobr
             if (!EstaEnBlanco(parte.substr(ancho))) {
                 auto& hallazgo =
                     hallazgos.emplace_back(Nuevo(HallazgoDeEntrada::ValorLargo, "the field takes " + Cuantos(ancho, "character") +
-                                                                                    ", what stands behind them is lost"));
+                                                                                    ", what stands behind is lost"));
                 SituarEnCampo(hallazgo, clase, linea, campo);
                 hallazgo.valor = ValorMostrado(parte);
             }
