@@ -246,8 +246,13 @@ void FormEnsayo::MirarDocumento() {
     if (parametros != parametros_) PonerArchivos();
 }
 
+void FormEnsayo::TomarArchivo(const std::string& parametro, const fs::path& ruta) {
+    if (!Corriendo() && entorno_.documento.ruta == documento_) pedido_->PonerArchivo(parametro, ruta);
+}
+
 void FormEnsayo::PonerDocumento() {
     documento_ = entorno_.documento.ruta;
+    pedido_->Reiniciar();
     revision_ = entorno_.documento.Revision();
     setWindowTitle(Literal("Rehearsal") +
                    (documento_.empty() ? QString() : QStringLiteral(" - ") + NombreQt(documento_.filename())));
@@ -358,6 +363,7 @@ void FormEnsayo::MirarAvance() {
     if (!Corriendo()) return;
     if (listo_) return Terminar();
     if (avance_->maximum() > 0) avance_->setValue(std::min(static_cast<int>(ensayo_->Empezados()), avance_->maximum()));
+    if (ensayo_->Empezados() == 0) return PonerEstado(Literal("The input files are being read"));
     const std::chrono::duration<double> segundos = std::chrono::steady_clock::now() - comienzo_;
     PonerEstado(Literal("%1 records, %2 failed, %3 s")
                     .arg(Cifra(ensayo_->Empezados()), Cifra(ensayo_->Fallados()), QLocale().toString(segundos.count(), 'f', 1)));

@@ -46,7 +46,8 @@ struct EntornoDeEnsayo {
     // Brings the main form to the front, with the cell in the focus.
     std::function<void(const Lugar&)> irA;
     // Shows a place in the input files, above a window. The files are those of DisenoDeEntrada::Archivos.
-    std::function<void(const std::vector<std::filesystem::path>& archivos, const LugarDeEntrada& lugar, QWidget* ventana)> verDatos = {};
+    std::function<void(const std::vector<std::filesystem::path>& archivos, const LugarDeEntrada& lugar, QWidget* ventana)>
+        verDatos = {};
     // The folder of the value lists of the user's own practice system.
     std::filesystem::path valoresPropios = {};
     AbrirAyuda ayuda;
@@ -64,6 +65,8 @@ public:
 
     // The document may be another one, or have other input files.
     void MirarDocumento();
+    // An input file that was chosen elsewhere.
+    void TomarArchivo(const std::string& parametro, const std::filesystem::path& ruta);
     // In front of all windows.
     void Traer();
     bool Corriendo() const { return hilo_.joinable(); }

@@ -139,6 +139,7 @@ private:
     // ---- PrincipalEnsayo.cpp ----
     void ClicEnsayo();
     void AbrirEjemplo();
+    void OfrecerConvenciones(const std::filesystem::path& carpeta);
 
     // ---- PrincipalHallazgos.cpp: the pane of findings ----
     QWidget* ConPanelDeHallazgos(QWidget* paginas);

@@ -119,6 +119,7 @@ void Principal::VerDatos(const std::function<std::filesystem::path(const std::st
                                  .recordar =
                                      [this, memoria = ajustes / "qor-input.ini"](const auto& parametro, const auto& elegido) {
                                          RecordarArchivo(memoria, abierto_.ruta, parametro, elegido);
+                                         if (ensayo_) ensayo_->TomarArchivo(parametro, elegido);
                                      },
                                  .directorio = programa_.ajustes.DirectorioDocumentos,
                                  .memoria = ajustes / "qor-window.ini",

@@ -74,6 +74,21 @@ void Principal::ClicEnsayo() {
     ensayo_->Traer();
 }
 
+// An example that is made with naming conventions has them in a settings file of its own.
+void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
+    auto& activas = programa_.ajustes.preferencias.CheckActivateNamingConventions;
+    ArchivoINI propios;
+    propios.CargarINI(carpeta / nombreDeAjustes);
+    if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
+    const Mensaje pregunta =
+        MensajeLiteral(TextoDelModelo(Palabra(programa_.textos,
+                                              "This example is made with naming conventions, and your settings have none. Activate "
+                                              "them? The options, page \"Naming conventions\", take them back.")));
+    if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
+    activas = 1;
+    GuardarElecciones(programa_);
+}
+
 // Demonstrations are the examples that come with the program. A copy of the user's own is opened, with its input files beside it.
 void Principal::AbrirEjemplo() {
     const auto directorio = DirectorioDeEjemplos(programa_.directorioDeDatos);
@@ -95,7 +110,9 @@ void Principal::AbrirEjemplo() {
         return vista_->Advertir(aviso);
     }
     switch (ejemplo.clase) {
-        case EjemploIncluido::Clase::Documento: OpenOption(ventana_, archivo); break;
+        case EjemploIncluido::Clase::Documento:
+            if (OpenOption(ventana_, archivo)) OfrecerConvenciones(archivo.parent_path());
+            break;
         case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
         case EjemploIncluido::Clase::Grabacion: {
             auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);

@@ -43,6 +43,18 @@ PanelDePedido::PanelDePedido(const TextosIdioma& textos, Vista& vista, QWidget* 
     PonerArchivos({}, {});
 }
 
+void PanelDePedido::PonerArchivo(const std::string& parametro, const std::filesystem::path& ruta) {
+    for (const auto& fila : filas_) {
+        if (fila.parametro == parametro) fila.ruta->setText(NombreQt(ruta));
+    }
+}
+
+void PanelDePedido::Reiniciar() {
+    registros_->setCurrentIndex(0);
+    fallos_->clear();
+    parametros_->clear();
+}
+
 QLayout* PanelDePedido::CrearEleccion() {
     registros_ = Nuevo<QComboBox>("Registros", this);
     registros_->setEditable(true);

@@ -32,6 +32,11 @@ public:
     // One row for each file. `directorio` is where files are looked for that have no path yet.
     void PonerArchivos(const std::vector<ArchivoPedido>& archivos, const std::filesystem::path& directorio);
     std::vector<ArchivoPedido> Archivos() const;
+    // A file that was chosen elsewhere.
+    void PonerArchivo(const std::string& parametro, const std::filesystem::path& ruta);
+
+    // For another document: the first records, none that shall fail, no parameters.
+    void Reiniciar();
 
     // Where the records come from no file: the tables they may come from, "NAME=FILE, NAME=FILE".
     void PonerTablas(const std::string& tablas);

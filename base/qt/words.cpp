@@ -532,6 +532,11 @@ constexpr ParDePalabras palabras[] = {
     {"file %1: %2", "archivo %1: %2"},
     {"%1: length not known, taken as C %2", "%1: longitud desconocida, se toma como C %2"},
     {"%1: %2 of %3 lines belong to no record", "%1: %2 de %3 líneas no pertenecen a ningún registro"},
+    {"The input files are being read", "Se están leyendo los archivos de entrada"},
+    {"This example is made with naming conventions, and your settings have none. Activate them? The options, page \"Naming "
+     "conventions\", take them back.",
+     "Este ejemplo usa convenciones de nombres, y sus ajustes no las tienen. ¿Activarlas? Las opciones, página \"Convenciones de "
+     "nombres\", permiten quitarlas."},
 };
 
 bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(0), "Espanol"); }
