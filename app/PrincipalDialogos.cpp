@@ -6,6 +6,7 @@
 #include "app/FormAbout.h"
 #include "app/FormDatos.h"
 #include "app/FormDirectorios.h"
+#include "app/FormEnsayo.h"
 #include "app/FormLenguaje.h"
 #include "app/FormSelectLanguage.h"
 #include "app/Principal.h"
