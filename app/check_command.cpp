@@ -30,9 +30,16 @@ struct Argumentos {
 const std::map<std::string, std::string (*)(const DocumentosRevisados&)> formatos = {
     {"text", HallazgosComoTexto}, {"json", HallazgosComoJSON}, {"sarif", HallazgosComoSARIF}, {"github", HallazgosParaGitHub}};
 
-bool Check(const ContextoDeComando& contexto, const std::string& documento) {
-    DocumentoDeComando abierto;
-    return abierto.Abrir(contexto, documento) && ChequearEspecificacion(abierto.Pedido(contexto));
+bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
+    const auto chequear = [&](const std::string& ruta) {
+        // Of several documents a line tells which one the messages are about.
+        if (!argumentos.otros.empty()) contexto.errores << ReemplazarTodo(ruta, "\n", " ") << ":\n";
+        DocumentoDeComando abierto;
+        return abierto.Abrir(contexto, ruta) && ChequearEspecificacion(abierto.Pedido(contexto));
+    };
+    bool bien = chequear(argumentos.documento);
+    for (const auto& otro : argumentos.otros) bien = chequear(otro) && bien;
+    return bien;
 }
 
 // Opens a document and finds what is wrong with it. Answers why it could not be done.
@@ -75,9 +82,10 @@ bool CheckAll(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 void AgregarComandoCheck(Ordenes ordenes) {
     const auto argumentos = std::make_shared<Argumentos>();
     CLI::App* const orden = ordenes.programa.add_subcommand("check", "Check a document as generate does, and write nothing");
-    orden->footer("Exit status 0 means that generate would open its output file; with --all, that there are no errors.");
+    orden->footer(
+        "Exit status 0 means that generate would open its output file, of every document; with --all, that there are no errors.");
     orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->add_option("OTHERS", argumentos->otros, "With --all, more documents");
+    orden->add_option("OTHERS", argumentos->otros, "More documents; a line with its path stands before the messages of each");
     auto* const todos = orden->add_flag("--all", argumentos->todos, "Tell all findings with their places, on the standard output");
     orden->add_option("--format", argumentos->formato, "Form of the findings: text, json, sarif or github; by default text")
         ->needs(todos)
@@ -85,9 +93,8 @@ void AgregarComandoCheck(Ordenes ordenes) {
         ->type_name("FORM");
     orden->add_flag("--warnings-as-errors", argumentos->avisosComoErrores, "Take warnings for errors")->needs(todos);
     orden->callback([argumentos, &comando = ordenes.comando] {
-        if (!argumentos->todos && !argumentos->otros.empty()) throw CLI::ExtrasError(argumentos->otros);
         comando = [argumentos](const ContextoDeComando& contexto) {
-            return argumentos->todos ? CheckAll(contexto, *argumentos) : Check(contexto, argumentos->documento);
+            return argumentos->todos ? CheckAll(contexto, *argumentos) : Check(contexto, *argumentos);
         };
     });
 }

@@ -41,6 +41,7 @@ public:
         programa_.add_option("--language", comunes.language, "Language of the messages and of the texts in reports")
             ->type_name("NAME");
         programa_.add_flag("--yes", comunes.yes, "Answer every question with yes");
+        programa_.set_version_flag("--version", "qorgen " QOR_VERSION, "Print the version and exit");
         const Ordenes ordenes{programa_, comando};
         AgregarComandosDeDocumento(ordenes);
         AgregarComandosDeBAPI(ordenes);
@@ -127,6 +128,9 @@ int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std
     LineaDeComandos linea;
     try {
         linea.Leer(argumentos);
+    } catch (const CLI::CallForVersion& version) {
+        salida << version.what() << '\n';
+        return estadoBien;
     } catch (const CLI::Success&) {
         salida << linea.Ayuda();
         return estadoBien;

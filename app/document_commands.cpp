@@ -20,6 +20,9 @@ namespace qor {
 
 namespace {
 
+// Stands for the standard output where a file is written.
+constexpr const char* salidaEstandar = "-";
+
 struct Argumentos {
     std::string documento;
     std::optional<std::string> archivo;
@@ -32,6 +35,11 @@ bool Generate(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DocumentoDeComando abierto;
     if (!abierto.Abrir(contexto, argumentos.documento)) return false;
     auto pedido = abierto.Pedido(contexto);
+    if (argumentos.archivo == salidaEstandar) {
+        const auto reporte = ComponerReporte(pedido);
+        if (reporte) contexto.salida << TextoDeTerminal(reporte->texto);
+        return reporte.has_value();
+    }
     pedido.salida = argumentos.archivo;
     EstadoDelGenerador estado;
     return Generar(pedido, estado).has_value();
@@ -87,7 +95,7 @@ bool Print(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     DispositivoDeTexto dispositivo;
     std::optional<ImpresionEnArchivo> archivo;
     const auto elegir = [&]() -> Dispositivo* {
-        if (!argumentos.archivo) return &dispositivo;
+        if (!argumentos.archivo || argumentos.archivo == salidaEstandar) return &dispositivo;
         return &archivo.emplace(*argumentos.archivo);
     };
     if (!PrintOption(abierto.Pedido(contexto), elegir)) return false;
@@ -144,7 +152,9 @@ void AgregarSource(Ordenes ordenes) {
 void AgregarComandosDeDocumento(Ordenes ordenes) {
     OrdenDeDocumento(
         ordenes, "generate", "Write the ABAP report of a document",
-        "The report goes to the document's own output file, or to FILE. A file that exists is replaced only\nwith --yes.", Generate)
+        "The report goes to the document's own output file, or to FILE. A file that exists is replaced only\nwith --yes. "
+        "With FILE \"-\" it goes to the standard output, in UTF-8 with LF at line ends.",
+        Generate)
         .ConSalida("FILE", "Output file, in the place of the document's own");
     AgregarComandoCheck(ordenes);
     OrdenDeDocumento(ordenes, "convert", "Save a document of either format under another name",
@@ -152,7 +162,7 @@ void AgregarComandosDeDocumento(Ordenes ordenes) {
         .ConSalida("NEW", "The new document")
         ->required();
     OrdenDeDocumento(ordenes, "print", "Print a document's specification as plain text",
-                     "The text goes to the standard output, or to FILE in windows-1252.", Print)
+                     "The text goes to the standard output (also with FILE \"-\"), or to FILE in windows-1252.", Print)
         .ConSalida("FILE", "File for the text");
     AgregarSource(ordenes);
 }

@@ -3,8 +3,10 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QTimer>
+#include <cstdio>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "app/Principal.h"
 #include "app/data_directory.h"
@@ -65,9 +67,35 @@ int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argume
     return 0;
 }
 
+constexpr const char* uso =
+    "Qor Generator: ABAP load programs from specifications.\n"
+    "Usage: qor [DOCUMENT]\n"
+    "       qor --data-set-editor [FILE]\n"
+    "\n"
+    "  DOCUMENT                  a .qor document to open\n"
+    "  --data-set-editor [FILE]  the data-set editor without the rest, for an end user who corrects a file\n"
+    "  --version                 print the version and exit\n"
+    "  -h, --help                print this help and exit\n"
+    "\n"
+    "The commands for scripts are those of qorgen.\n";
+
+// What is asked of the program itself, and needs no screen.
+bool ContestarSinPantalla(int cantidad, char** argumentos) {
+    const std::string_view primero = cantidad == 2 ? argumentos[1] : "";
+    if (primero == "--version") {
+        std::puts("qor " QOR_VERSION);
+    } else if (primero == "--help" || primero == "-h") {
+        std::fputs(uso, stdout);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 int main(int cantidad, char** argumentos) {
+    if (ContestarSinPantalla(cantidad, argumentos)) return 0;
     qor::PrepararProceso();
     QApplication aplicacion(cantidad, argumentos);
     QApplication::setApplicationName(QStringLiteral("qor-generator"));

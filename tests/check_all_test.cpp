@@ -299,7 +299,6 @@ TEST(CheckAll, StatusFollowsTheFindings) {
 
 TEST(CheckAll, NewArgumentsBelongTogether) {
     const std::vector<std::string> malos[] = {{"--all"},
-                                              {"a.qor", "b.qor"},
                                               {"a.qor", "--format", "text"},
                                               {"a.qor", "--warnings-as-errors"},
                                               {"--all", "--format", "xml", "a.qor"},

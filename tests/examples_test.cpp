@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "app/command_line.h"
+#include "base/code_page.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "tests/support/temporary_directory.h"
@@ -139,6 +140,7 @@ TEST(CommandLine, TellsStatusAndMessages) {
         {{"source", documento, "--model", "open-sql", "--table", ""}, "2\n"},
         {{"print", documento, "-o", (directorio / "no/such/place").string()}, "1\n0: "},
         {{"--help"}, "0\n"},
+        {{"--version"}, "0\nqorgen 1."},
         {{"check", documento}, "0\n"},
         {{"generate", documento, "-o", informe}, "0\n323: "},
         {{"generate", documento, "-o", informe}, "1\n337: "},
@@ -146,6 +148,8 @@ TEST(CommandLine, TellsStatusAndMessages) {
         {{"--yes", "generate", documento, "-o", (directorio / "no/such/place").string()}, "1\n326: "},
         {{"--language", "espanol", "check", (directorio / "missing.qor").string()}, "1\n335: No se pudo"},
         {{"check", vacio}, "1\n302: "},
+        {{"check", documento, vacio, documento}, "1\n"},
+        {{"generate", vacio, "-o", "-"}, "1\n302: "},
         {{"check", vacio, "--data", directorio.Ruta().string()}, "1\n0: Cannot find language file.\n  No such file or directory: "},
         {{"check", documento, "--settings", (directorio / "none").string()},
          "1\n0: The settings can't be read.\n  No such file or directory: "},
@@ -161,6 +165,10 @@ TEST(CommandLine, TellsStatusAndMessages) {
     // The answer stands behind the question.
     EXPECT_TRUE(Contiene(Correr({"generate", documento, "-o", informe}), "[cancel]\n"));
     EXPECT_TRUE(Contiene(Correr({"generate", documento, "-o", informe, "--yes"}), "[ok]\n"));
+    // To the standard output the same lines go as into the file.
+    EXPECT_EQ(Correr({"generate", documento, "-o", "-"}), "0\n" + AUtf8(ReemplazarTodo(LeerArchivo(informe), "\r\n", "\n")));
+    EXPECT_EQ(Correr({"print", documento, "-o", "-"}), Correr({"print", documento}));
+    EXPECT_TRUE(Correr({"check", documento, vacio}).ends_with(vacio + ":\n302: " + Correr({"check", vacio}).substr(7)));
     // No report overwrites the document that it is made from.
     const auto copia = (directorio / "copy.qor").string();
     std::filesystem::copy_file(documento, copia);
