@@ -32,13 +32,13 @@ set(CPACK_DEBIAN_QOR_PACKAGE_DEPENDS "${same_data}, qt6-qpa-plugins, qt6-transla
 set(CPACK_DEBIAN_QOR_PACKAGE_RECOMMENDS "qorgen")
 set(CPACK_DEBIAN_QOR_PACKAGE_SUGGESTS "qt6-wayland")
 set(CPACK_DEBIAN_QOR_DESCRIPTION "ABAP load programs from a description - desktop program
- Instead of programming the load of a file into SAP R/3 by hand, you describe
- it: on one side the fields of the file, on the other the screens and fields of
- the transactions, or the parameters of the BAPIs. From that comes one complete
- ABAP report.
- .
- It needs no SAP system: a practice system inside the program runs the report
- record by record, and shows what each transaction would receive.")
+Instead of programming the load of a file into SAP R/3 by hand, you describe
+it: on one side the fields of the file, on the other the screens and fields of
+the transactions, or the parameters of the BAPIs. From that comes one complete
+ABAP report.
+
+It needs no SAP system: a practice system inside the program runs the report
+record by record, and shows what each transaction would receive.")
 
 set(CPACK_DEBIAN_QORGEN_PACKAGE_NAME qorgen)
 set(CPACK_DEBIAN_QORGEN_PACKAGE_SECTION devel)
@@ -46,20 +46,20 @@ set(CPACK_DEBIAN_QORGEN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_QORGEN_PACKAGE_DEPENDS "${same_data}")
 set(CPACK_DEBIAN_QORGEN_PACKAGE_SUGGESTS "qor-generator")
 set(CPACK_DEBIAN_QORGEN_DESCRIPTION "ABAP load programs from a description - command line
- Writes ABAP reports that load files into SAP R/3 from documents that describe
- the load, checks documents and input files, converts tables into input files,
- and runs the reports on a practice system.
- .
- This is Qor Generator without a screen, for scripts and repositories.")
+Writes ABAP reports that load files into SAP R/3 from documents that describe
+the load, checks documents and input files, converts tables into input files,
+and runs the reports on a practice system.
+
+This is Qor Generator without a screen, for scripts and repositories.")
 
 set(CPACK_DEBIAN_DATA_PACKAGE_NAME qor-generator-data)
 set(CPACK_DEBIAN_DATA_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_DATA_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DATA_DESCRIPTION "ABAP load programs from a description - shared data
- Qor Generator writes ABAP reports that load files into SAP R/3 from a
- description of the load.
- .
- This package holds what its desktop program and its command line share: texts,
- help, the dictionary, a catalogue of BAPIs, examples and documents.")
+Qor Generator writes ABAP reports that load files into SAP R/3 from a
+description of the load.
+
+This package holds what its desktop program and its command line share: texts,
+help, the dictionary, a catalogue of BAPIs, examples and documents.")
 
 include(CPack)

@@ -229,8 +229,7 @@ end
 # Whether the words begin with these.
 function __qorgen_below
     set -l words (__qorgen_words)
-    test (count $argv) -eq 0; and return 0
-    test (count $words) -ge (count $argv); and test "$words[1..(count $argv)]" = "$argv"
+    test (count $argv) -eq 0; or string match -q -- "$argv *" "$words "
 end
 
 # Whether the words are these and nothing else.
