@@ -70,7 +70,8 @@ bool EscribirSiFalta(const ArchivoDeRegistro& archivo) {
 
 }  // namespace
 
-std::vector<ArchivoDeRegistro> PlanearRegistro(const Entorno& entorno, const fs::path& programa, const fs::path& directorioDeDatos) {
+std::vector<ArchivoDeRegistro> PlanearRegistro(const Entorno& entorno, const fs::path& programa,
+                                               const fs::path& directorioDeDatos) {
     const fs::path datos = DirectorioDeDatosDelUsuario(entorno);
     if (datos.empty()) return {};
     try {

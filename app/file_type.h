@@ -15,8 +15,8 @@ struct ArchivoDeRegistro {
     std::string contenido;  // UTF-8
 };
 
-// The files that make up the registration, below $XDG_DATA_HOME (by default ~/.local/share), from the directory "desktop" of the data.
-// None when there is no such place, when the data lack one of them, and when an installation in $XDG_DATA_DIRS brings them.
+// The files that make up the registration, below $XDG_DATA_HOME (by default ~/.local/share), from the directory "desktop" of the
+// data. None when there is no such place, when the data lack one of them, and when an installation in $XDG_DATA_DIRS brings them.
 std::vector<ArchivoDeRegistro> PlanearRegistro(const Entorno& entorno, const std::filesystem::path& programa,
                                                const std::filesystem::path& directorioDeDatos);
 

@@ -50,6 +50,7 @@ void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
 
 // The data-set editor without the rest, for an end user who corrects a file. The file is named behind the option, or chosen in it.
 int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
+    QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
     qor::VistaDePantalla vista(programa.textos);
     const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
         auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);

@@ -146,10 +146,10 @@ TEST(FileType, IsRegisteredOnceWhereNothingIsInstalled) {
     EXPECT_TRUE(RegistrarExtension(plan));
     std::set<std::string> rutas;
     for (const auto& archivo : plan) rutas.insert(fs::relative(archivo.ruta, directorio / "data").string());
-    EXPECT_EQ(rutas, (std::set<std::string>{"applications/qor-data-set-editor.desktop", "applications/qor-generator.desktop",
-                                            "icons/hicolor/scalable/apps/qor-data-set-editor.svg",
-                                            "icons/hicolor/scalable/apps/qor-generator.svg",
-                                            "icons/hicolor/scalable/mimetypes/application-x-qor.svg", "mime/packages/qor-generator.xml"}));
+    EXPECT_EQ(rutas, (std::set<std::string>{
+                         "applications/qor-data-set-editor.desktop", "applications/qor-generator.desktop",
+                         "icons/hicolor/scalable/apps/qor-data-set-editor.svg", "icons/hicolor/scalable/apps/qor-generator.svg",
+                         "icons/hicolor/scalable/mimetypes/application-x-qor.svg", "mime/packages/qor-generator.xml"}));
     for (const auto& [nombre, orden] :
          {std::pair{"qor-generator", "%f"}, std::pair{"qor-data-set-editor", "--data-set-editor %f"}}) {
         const std::string entrada = LeerArchivo(directorio / "data/applications" / (std::string(nombre) + ".desktop"));

@@ -7,7 +7,6 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 build=$1
 packages=$PWD/$build/packages
-root=$PWD/$build/clean_root
 suite=${SUITE:-$(. /etc/os-release && echo "$VERSION_CODENAME")}
 mirror=${MIRROR:-http://deb.debian.org/debian}
 
@@ -26,20 +25,19 @@ cpack -G DEB --config "$build/CPackConfig.cmake" -B "$packages" >"$build/cpack.l
 rm -rf "$packages/_CPack_Packages"
 lintian --fail-on error --tag-display-limit 0 "$packages"/*.deb
 
-# The system is kept beside the build without the packages, and a copy of it is used.
+# The system without the packages is kept beside the build, and a copy of it is used.
+root=$(mktemp -d /var/tmp/clean_root.XXXXXX)
+trap 'umount "$root/proc" 2>/dev/null || true; rm -rf --one-file-system "$root"' EXIT
 base=$PWD/$build/clean_root_$suite.tar
 if [ ! -e "$base" ]; then
-    rm -rf "$root"
     debootstrap --variant=minbase --include=ca-certificates "$suite" "$root" "$mirror"
     tar -C "$root" -cf "$base.part" . && mv "$base.part" "$base"
+else
+    tar -C "$root" -xf "$base"
 fi
-rm -rf "$root"
-mkdir -p "$root"
-tar -C "$root" -xf "$base"
-trap 'umount "$root/proc" 2>/dev/null || true; rm -rf "$root"' EXIT
+chmod 755 "$root"
 mount -t proc proc "$root/proc"
 [ ! -e /etc/resolv.conf ] || cp /etc/resolv.conf "$root/etc/resolv.conf"
-for setting in /etc/apt/apt.conf.d/*proxy*; do [ ! -e "$setting" ] || cp "$setting" "$root/etc/apt/apt.conf.d/"; done
 mkdir "$root/packages"
 cp "$packages"/*.deb "$root/packages/"
 
@@ -92,8 +90,8 @@ chmod 1777 "$root/tmp" "$root/tmp/.X11-unix"
 mkdir -p "$root/home/user/.config/qor-generator"
 printf 'Language=English\r\n' >"$root/home/user/.config/qor-generator/Tessaline.ini"
 chown -R 1000:1000 "$root/home/user"
-as_user xvfb-run -a /packages/start 'Qor Generator' qor /usr/share/doc/qor-generator/examples/mm01/materials.qor
-as_user xvfb-run -a /packages/start '' qor --data-set-editor /usr/share/doc/qor-generator/examples/data-sets/session.txt
+as_user xvfb-run -a /packages/start 'Qor Generator - ' qor /usr/share/doc/qor-generator/examples/mm01/materials.qor
+as_user xvfb-run -a /packages/start 'QOR End-User' qor --data-set-editor /usr/share/doc/qor-generator/examples/data-sets/session.txt
 [ ! -e "$root/home/user/.local/share/applications" ] || fail "the installed program registers itself once more"
 
 echo "== removed"
