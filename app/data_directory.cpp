@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-// QOR_INSTALLED_DATA: from the directory of the installed program. QOR_TREE_DATA: of the source tree, absolute.
+// QOR_INSTALLED_DATA: the way from the directory of the installed program. A build tree has a link "data" to those of its sources.
 namespace qor {
 
 namespace fs = std::filesystem;
@@ -13,9 +13,15 @@ fs::path DirectorioDeDatos() {
 }
 
 fs::path DirectorioDeDatos(const fs::path& programa) {
-    const auto instalado = (programa.parent_path() / QOR_INSTALLED_DATA).lexically_normal();
+    const fs::path directorio = programa.parent_path();
+    const fs::path instalado = (directorio / QOR_INSTALLED_DATA).lexically_normal();
     std::error_code ignorado;
-    return fs::is_regular_file(instalado / "language.txt", ignorado) ? instalado : fs::path(QOR_TREE_DATA);
+    for (const auto& ruta : {instalado, directorio / "data", directorio.parent_path() / "data"}) {
+        if (!fs::is_regular_file(ruta / "language.txt", ignorado)) continue;
+        const fs::path sinEnlaces = fs::canonical(ruta, ignorado);
+        return ruta == instalado || sinEnlaces.empty() ? ruta : sinEnlaces;
+    }
+    return instalado;
 }
 
 }  // namespace qor

@@ -4,7 +4,8 @@
 
 namespace qor {
 
-// Where language.txt and the other data files lie: beside the installed program, or else in the source tree that it was built from.
+// Where language.txt and the other data files lie: those of the installed program, or else the directory "data" beside the program
+// or one step above, where a build tree has a link to its sources. Where neither holds the file, the place of the installed ones.
 std::filesystem::path DirectorioDeDatos();
 
 // The same for a program file.

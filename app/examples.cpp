@@ -42,8 +42,7 @@ void PermitirEscritura(const fs::path& copia) {
 
 fs::path DirectorioDeEjemplos(const fs::path& directorioDeDatos) {
     std::error_code ignorado;
-    for (const auto& ruta :
-         {directorioDeDatos.parent_path() / "doc/qor-generator/examples", directorioDeDatos.parent_path() / "examples"}) {
+    for (const auto& ruta : {directorioDeDatos / "examples", directorioDeDatos.parent_path() / "examples"}) {
         if (fs::is_directory(ruta, ignorado)) return ruta;
     }
     return {};

@@ -1,7 +1,9 @@
 #include "app/file_type.h"
 
 #include <exception>
+#include <sstream>
 
+#include "base/files.h"
 #include "base/new_file.h"
 #include "base/text.h"
 
@@ -11,41 +13,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view tipoMIME = R"(<?xml version="1.0" encoding="UTF-8"?>
-<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info">
-  <mime-type type="application/x-qor">
-    <comment>QOR Document</comment>
-    <comment xml:lang="es">Documento QOR</comment>
-    <icon name="application-x-qor"/>
-    <glob pattern="*.qor"/>
-  </mime-type>
-</mime-info>
-)";
+// The files of the directory "desktop", and their places in a data directory of a desktop.
+struct Lugar {
+    const char* archivo;
+    const char* directorio;
+};
 
-constexpr std::string_view entradaDeEscritorio = R"([Desktop Entry]
-Type=Application
-Name=Qor Generator
-Comment=Generates ABAP load programs for SAP R/3
-Comment[es]=Genera programas de carga ABAP para SAP R/3
-Exec=@PROGRAMA@ %f
-Icon=application-x-qor
-Terminal=false
-Categories=Development;
-MimeType=application/x-qor;
-)";
-
-// A sheet whose two columns are tied together, as the fields of a file and those of a program are.
-constexpr std::string_view icono = R"(<?xml version="1.0" encoding="UTF-8"?>
-<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64" viewBox="0 0 64 64">
-  <path d="M12 4h28l12 12v44H12z" fill="#fff" stroke="#37474f" stroke-width="2" stroke-linejoin="round"/>
-  <path d="M40 4v12h12z" fill="#cfd8dc" stroke="#37474f" stroke-width="2" stroke-linejoin="round"/>
-  <g fill="#1565c0"><rect x="18" y="26" width="10" height="5"/><rect x="18" y="37" width="10" height="5"/>
-    <rect x="18" y="48" width="10" height="5"/></g>
-  <g fill="#2e7d32"><rect x="36" y="26" width="10" height="5"/><rect x="36" y="37" width="10" height="5"/>
-    <rect x="36" y="48" width="10" height="5"/></g>
-  <path d="M28 28.500h8M28 39.500l8 11M28 50.500l8-11" stroke="#b71c1c" stroke-width="2" fill="none"/>
-</svg>
-)";
+constexpr Lugar lugares[] = {{"qor-generator.xml", "mime/packages"},
+                             {"application-x-qor.svg", "icons/hicolor/scalable/mimetypes"},
+                             {"qor-generator.svg", "icons/hicolor/scalable/apps"},
+                             {"qor-data-set-editor.svg", "icons/hicolor/scalable/apps"},
+                             {"qor-generator.desktop", "applications"},
+                             {"qor-data-set-editor.desktop", "applications"}};
 
 // A program in the line Exec: in double quotes, with its special characters escaped.
 std::string ParaExec(const fs::path& programa) {
@@ -67,6 +46,17 @@ fs::path DirectorioDeDatosDelUsuario(const Entorno& entorno) {
     return casa.is_absolute() ? casa / ".local/share" : fs::path();
 }
 
+// Whether an installation that every desktop sees brings the registration.
+bool EstaInstalado(const Entorno& entorno) {
+    std::string directorios = entorno("XDG_DATA_DIRS");
+    if (directorios.empty()) directorios = "/usr/local/share:/usr/share";
+    std::istringstream lista(directorios);
+    for (std::string directorio; std::getline(lista, directorio, ':');) {
+        if (fs::path(directorio).is_absolute() && Existe(fs::path(directorio) / "applications/qor-generator.desktop")) return true;
+    }
+    return false;
+}
+
 bool EscribirSiFalta(const ArchivoDeRegistro& archivo) {
     try {
         if (Existe(archivo.ruta)) return false;
@@ -80,12 +70,22 @@ bool EscribirSiFalta(const ArchivoDeRegistro& archivo) {
 
 }  // namespace
 
-std::vector<ArchivoDeRegistro> PlanearRegistro(const Entorno& entorno, const fs::path& programa) {
+std::vector<ArchivoDeRegistro> PlanearRegistro(const Entorno& entorno, const fs::path& programa,
+                                               const fs::path& directorioDeDatos) {
     const fs::path datos = DirectorioDeDatosDelUsuario(entorno);
     if (datos.empty()) return {};
-    return {{datos / "mime/packages/qor-generator.xml", std::string(tipoMIME)},
-            {datos / "icons/hicolor/scalable/mimetypes/application-x-qor.svg", std::string(icono)},
-            {datos / "applications/qor-generator.desktop", ReemplazarTodo(entradaDeEscritorio, "@PROGRAMA@", ParaExec(programa))}};
+    try {
+        if (EstaInstalado(entorno)) return {};
+        std::vector<ArchivoDeRegistro> plan;
+        for (const auto& lugar : lugares) {
+            const std::string contenido = LeerArchivo(directorioDeDatos / "desktop" / lugar.archivo);
+            plan.push_back({datos / lugar.directorio / lugar.archivo,
+                            ReemplazarTodo(contenido, "\nExec=qor ", "\nExec=" + ParaExec(programa) + ' ')});
+        }
+        return plan;
+    } catch (const std::exception&) {
+        return {};
+    }
 }
 
 bool RegistrarExtension(const std::vector<ArchivoDeRegistro>& plan) {

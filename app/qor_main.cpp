@@ -38,9 +38,9 @@ std::string LineaDe(const QStringList& argumentos) {
     return QFile::encodeName(linea).toStdString();
 }
 
-void RegistrarTipoDeArchivo() {
+void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
     const auto entorno = qor::EntornoDelProceso();
-    const auto plan = qor::PlanearRegistro(entorno, QCoreApplication::applicationFilePath().toStdString());
+    const auto plan = qor::PlanearRegistro(entorno, QCoreApplication::applicationFilePath().toStdString(), directorioDeDatos);
     if (!qor::RegistrarExtension(plan)) return;
     for (const auto& comando : qor::ComandosDeRegistro(entorno)) {
         QStringList argumentos;
@@ -52,6 +52,7 @@ void RegistrarTipoDeArchivo() {
 
 // The data-set editor without the rest, for an end user who corrects a file. The file is named behind the option, or chosen in it.
 int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
+    QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
     qor::VistaDePantalla vista(programa.textos);
     const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
         auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);
@@ -113,7 +114,7 @@ int main(int cantidad, char** argumentos) {
     const QStringList dados = QApplication::arguments();
     if (dados.size() > 1 && dados.at(1) == QLatin1String("--data-set-editor")) return CorrerEditorDeDatos(programa, dados.mid(2));
     const std::string linea = LineaDe(QApplication::arguments());
-    RegistrarTipoDeArchivo();
+    RegistrarTipoDeArchivo(programa.directorioDeDatos);
 
     qor::Principal principal(programa, std::make_unique<qor::VistaDePantalla>(programa.textos), qor::ConexionSAP);
     principal.show();

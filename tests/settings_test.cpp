@@ -242,15 +242,17 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     }
 }
 
-TEST(DataDirectory, IsTheInstalledOneOnlyWhereTheLanguageFileLies) {
+TEST(DataDirectory, IsTheInstalledOneOrThatOfTheTreeByTheLanguageFile) {
     const DirectorioTemporal directorio;
     const auto programa = directorio.Escribir("bin/qorgen", "");
-    const auto delArbol = DirectorioDeDatos(programa);
-    EXPECT_EQ(delArbol, fs::path(QOR_TEST_SOURCE_DIR) / "data");
+    EXPECT_EQ(DirectorioDeDatos(programa), directorio / "share/qor-generator");
+    directorio.Escribir("tree/data/language.txt", "0,\"English\"\r\n");
+    fs::create_directory_symlink(directorio / "tree/data", directorio / "data");
+    EXPECT_EQ(DirectorioDeDatos(programa), fs::canonical(directorio / "tree/data"));
     directorio.Escribir("share/qor-generator/language.txt", "0,\"English\"\r\n");
     EXPECT_EQ(DirectorioDeDatos(programa), directorio / "share/qor-generator");
     // This program isn't installed.
-    EXPECT_EQ(DirectorioDeDatos(), delArbol);
+    EXPECT_EQ(DirectorioDeDatos(), fs::path(QOR_TEST_SOURCE_DIR) / "data");
 }
 
 }  // namespace

@@ -133,30 +133,41 @@ TEST(Closing, LeavesSettingsThatCouldNotBeRead) {
     EXPECT_EQ(LeerArchivo(directorio / "Tessaline.ini"), "FIELDSFILE=/mine\r\n");
 }
 
-TEST(FileType, IsRegisteredOnce) {
+TEST(FileType, IsRegisteredOnceWhereNothingIsInstalled) {
     const DirectorioTemporal directorio;
-    const auto entorno = EntornoDe({{"XDG_DATA_HOME", (directorio / "data").string()}, {"HOME", "/home/ana"}});
-    const auto plan = PlanearRegistro(entorno, "/opt/my $dir/50%/qor");
+    const fs::path datos = fs::path(QOR_TEST_SOURCE_DIR) / "data";
+    const auto planear = [&](const std::string& casaDeDatos) {
+        return PlanearRegistro(EntornoDe({{"XDG_DATA_HOME", casaDeDatos},
+                                          {"XDG_DATA_DIRS", "relative:" + (directorio / "system").string()},
+                                          {"HOME", "/home/ana"}}),
+                               "/opt/my $dir/50%/qor", datos);
+    };
+    const auto plan = planear((directorio / "data").string());
     EXPECT_TRUE(RegistrarExtension(plan));
     std::set<std::string> rutas;
-    for (const auto& archivo : plan) {
-        rutas.insert(fs::relative(archivo.ruta, directorio / "data").string());
-        EXPECT_EQ(LeerArchivo(archivo.ruta), archivo.contenido);
+    for (const auto& archivo : plan) rutas.insert(fs::relative(archivo.ruta, directorio / "data").string());
+    EXPECT_EQ(rutas, (std::set<std::string>{
+                         "applications/qor-data-set-editor.desktop", "applications/qor-generator.desktop",
+                         "icons/hicolor/scalable/apps/qor-data-set-editor.svg", "icons/hicolor/scalable/apps/qor-generator.svg",
+                         "icons/hicolor/scalable/mimetypes/application-x-qor.svg", "mime/packages/qor-generator.xml"}));
+    for (const auto& [nombre, orden] :
+         {std::pair{"qor-generator", "%f"}, std::pair{"qor-data-set-editor", "--data-set-editor %f"}}) {
+        const std::string entrada = LeerArchivo(directorio / "data/applications" / (std::string(nombre) + ".desktop"));
+        const std::string linea = std::string("\nExec=\"/opt/my \\\\$dir/50%%/qor\" ") + orden + '\n';
+        EXPECT_NE(entrada.find(linea), std::string::npos) << entrada;
     }
-    EXPECT_EQ(rutas,
-              (std::set<std::string>{"applications/qor-generator.desktop", "icons/hicolor/scalable/mimetypes/application-x-qor.svg",
-                                     "mime/packages/qor-generator.xml"}));
-    const std::string entrada = LeerArchivo(directorio / "data/applications/qor-generator.desktop");
-    EXPECT_NE(entrada.find("\nExec=\"/opt/my \\\\$dir/50%%/qor\" %f\n"), std::string::npos) << entrada;
 
     directorio.Escribir("data/applications/qor-generator.desktop", "changed by the user");
     EXPECT_FALSE(RegistrarExtension(plan));
     EXPECT_EQ(LeerArchivo(directorio / "data/applications/qor-generator.desktop"), "changed by the user");
 
-    EXPECT_EQ(PlanearRegistro(EntornoDe({{"XDG_DATA_HOME", "relative"}, {"HOME", "/home/ana"}}), "/q").front().ruta,
-              "/home/ana/.local/share/mime/packages/qor-generator.xml");
-    EXPECT_TRUE(PlanearRegistro(EntornoDe({}), "/q").empty());
+    EXPECT_EQ(planear("relative").front().ruta, "/home/ana/.local/share/mime/packages/qor-generator.xml");
+    EXPECT_TRUE(PlanearRegistro(EntornoDe({}), "/q", datos).empty());
+    EXPECT_TRUE(PlanearRegistro(EntornoDe({{"HOME", "/home/ana"}}), "/q", directorio.Ruta()).empty());
     EXPECT_FALSE(RegistrarExtension({{directorio / "data/mime/packages/qor-generator.xml/x", ""}}));
+
+    directorio.Escribir("system/applications/qor-generator.desktop", "");
+    EXPECT_TRUE(planear((directorio / "data").string()).empty());
 }
 
 }  // namespace
