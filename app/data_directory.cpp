@@ -2,14 +2,15 @@
 
 #include <system_error>
 
+#include "base/process.h"
+
 // QOR_INSTALLED_DATA: from the directory of the installed program. QOR_TREE_DATA: of the source tree, absolute.
 namespace qor {
 
 namespace fs = std::filesystem;
 
 fs::path DirectorioDeDatos() {
-    std::error_code ignorado;
-    return DirectorioDeDatos(fs::read_symlink("/proc/self/exe", ignorado));
+    return DirectorioDeDatos(RutaDelPrograma());
 }
 
 fs::path DirectorioDeDatos(const fs::path& programa) {

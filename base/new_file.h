@@ -71,7 +71,7 @@ private:
     IdentidadDeArchivo identidad_;
     bool directo_ = false;
     bool hayDestino_ = false;
-    std::optional<struct stat> anterior_;  // the old file, as last seen
+    std::optional<EstadoDeArchivo> anterior_;  // the old file, as last seen
     Descriptor bloqueo_;                   // of the old file
     Descriptor descriptor_;                // of the new file
     std::filesystem::path trabajo_;        // empty while the work file has no name

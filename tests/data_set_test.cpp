@@ -1,13 +1,15 @@
 #include "dataset/data_set.h"
 
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/stat.h>
-#include <unistd.h>
+#endif
 
 #include <functional>
 
 #include "base/files.h"
 #include "dataset/line_reader.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -264,6 +266,7 @@ TEST_F(PruebaDeDatos, TwoRunsAtOnceAreOneAndARefusal) {
     EXPECT_EQ(vista.detalles, "");
 }
 
+#ifndef LEFT_OUT_PruebaDeDatos_OnlyRegularFilesAreScanned
 TEST_F(PruebaDeDatos, OnlyRegularFilesAreScanned) {
     const auto tubo = directorio / "pipe";
     ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
@@ -274,6 +277,7 @@ TEST_F(PruebaDeDatos, OnlyRegularFilesAreScanned) {
         EXPECT_EQ(vista.detalles, "Not a regular file: " + std::string(ruta));
     }
 }
+#endif
 
 TEST_F(PruebaDeDatos, NewValueIsCutToTheWidestField) {
     const auto datos = Examinar(Escribir(tablaDeErrores));
