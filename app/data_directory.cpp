@@ -9,9 +9,7 @@ namespace qor {
 
 namespace fs = std::filesystem;
 
-fs::path DirectorioDeDatos() {
-    return DirectorioDeDatos(RutaDelPrograma());
-}
+fs::path DirectorioDeDatos() { return DirectorioDeDatos(RutaDelPrograma()); }
 
 fs::path DirectorioDeDatos(const fs::path& programa) {
     const auto instalado = (programa.parent_path() / QOR_INSTALLED_DATA).lexically_normal();

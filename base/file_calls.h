@@ -81,7 +81,7 @@ int Bloquear(int descriptor);                                                   
 int Truncar(int descriptor, std::int64_t largo);
 std::int64_t Colocar(int descriptor, std::int64_t lugar);
 int DarPermisos(int descriptor, unsigned permisos);
-int DarDueno(int descriptor, unsigned dueno, unsigned grupo);             // `mismo` leaves one as it is
+int DarDueno(int descriptor, unsigned dueno, unsigned grupo);    // `mismo` leaves one as it is
 int Nombrar(int descriptor, const std::filesystem::path& ruta);  // gives a name to an opened file that has none
 int Renombrar(const std::filesystem::path& vieja, const std::filesystem::path& nueva);  // in the place of what has the name
 int Borrar(const std::filesystem::path& ruta);

@@ -116,8 +116,8 @@ bool ArchivoNuevo::AbrirSinNombre() {
     Descriptor sinNombre(llamadas::Abrir(DirectorioDe(objetivo_), modos::sinNombre | modos::leerYEscribir, permisos));
     EstadoDeArchivo propio;
     EstadoDeArchivo deProc;
-    if (!sinNombre.Abierto() || llamadas::Mirar(sinNombre.Valor(), propio) != 0 || llamadas::Mirar(sistema::RutaDeAbierto(sinNombre.Valor()), deProc) != 0 ||
-        !EsElMismo(propio, deProc)) {
+    if (!sinNombre.Abierto() || llamadas::Mirar(sinNombre.Valor(), propio) != 0 ||
+        llamadas::Mirar(sistema::RutaDeAbierto(sinNombre.Valor()), deProc) != 0 || !EsElMismo(propio, deProc)) {
         return false;
     }
     descriptor_ = std::move(sinNombre);

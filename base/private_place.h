@@ -14,6 +14,7 @@ bool EsPrivado(const std::filesystem::path& directorio);
 std::filesystem::path CrearDirectorioPrivado(const std::filesystem::path& padre, std::string_view comienzo);
 
 // The same for an empty file, with an extension behind the six characters.
-std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo, std::string_view extension);
+std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo,
+                                          std::string_view extension);
 
 }  // namespace qor

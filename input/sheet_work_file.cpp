@@ -32,7 +32,8 @@ std::size_t ArchivoDeTrabajo::LeerEn(char* donde, std::size_t cuanto, std::uint6
     if (!pendiente_.empty()) Vaciar();
     std::size_t leidos = 0;
     while (leidos < cuanto) {
-        const auto n = llamadas::LeerEn(archivo_.Numero(), donde + leidos, cuanto - leidos, static_cast<std::int64_t>(lugar + leidos));
+        const auto n =
+            llamadas::LeerEn(archivo_.Numero(), donde + leidos, cuanto - leidos, static_cast<std::int64_t>(lugar + leidos));
         if (n < 0) throw FalloDeArchivo(errno, directorio_);
         if (n == 0) break;
         leidos += static_cast<std::size_t>(n);

@@ -16,7 +16,8 @@ constexpr std::size_t bytesQueSeJuntan = std::size_t{1} << 16;
 
 // Opens a regular file for writing, and follows no link: the path was resolved before.
 Descriptor AbrirParaEscribir(const std::filesystem::path& ruta, bool anadir) {
-    const unsigned modo = modos::soloEscribir | modos::crear | modos::sinEsperar | modos::sinEnlaces | (anadir ? modos::alFinal : 0U);
+    const unsigned modo =
+        modos::soloEscribir | modos::crear | modos::sinEsperar | modos::sinEnlaces | (anadir ? modos::alFinal : 0U);
     Descriptor descriptor(llamadas::Abrir(ruta, modo, 0666));
     if (!descriptor.Abierto()) throw FalloDeArchivo(errno, ruta);
     EstadoDeArchivo datos;

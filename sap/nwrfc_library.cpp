@@ -15,8 +15,8 @@ std::shared_ptr<void> Abrir(const std::filesystem::path& ruta) {
     std::string motivo;
     auto modulo = CargarBiblioteca(ruta, "sapucum", motivo);
     if (modulo == nullptr) {
-        throw FalloDelServicio("The SAP NetWeaver RFC library can't be loaded: " +
-                               DesdeUtf8(motivo).value_or("unknown error") + ".");
+        throw FalloDelServicio("The SAP NetWeaver RFC library can't be loaded: " + DesdeUtf8(motivo).value_or("unknown error") +
+                               ".");
     }
     return modulo;
 }

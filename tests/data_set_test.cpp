@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #endif
 
+#include <chrono>
 #include <functional>
+#include <thread>
 
 #include "base/files.h"
 #include "dataset/line_reader.h"
@@ -231,7 +233,7 @@ TEST_F(PruebaDeDatos, AnotherProgramsFileIsNotOverwritten) {
     for (const auto& caso : casos) {
         for (const bool alPreguntar : {false, true}) {
             auto datos = Examinar(Escribir(dosTransacciones));
-            ::usleep(10000);  // the clock of the file system goes on
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the clock of the file system goes on
             VistaDePrueba vista;
             vista.respuestas = {Respuesta::Si};
             if (alPreguntar) {

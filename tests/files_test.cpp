@@ -273,7 +273,8 @@ void FallarCadaLlamada(const Escritura& escritura) {
             EXPECT_EQ(LeerArchivo(ruta), dicho.empty() ? nuevo : viejo) << lugar;
             EXPECT_EQ(Nombres(directorio), nombres) << lugar;
             EXPECT_EQ(PermisosDe(ruta), permisos) << lugar;
-            if (!dicho.empty()) EXPECT_THAT(dicho, HasSubstr("Input/output error: " + directorio.Ruta().root_path().string())) << lugar;
+            if (!dicho.empty())
+                EXPECT_THAT(dicho, HasSubstr("Input/output error: " + directorio.Ruta().root_path().string())) << lugar;
             if (!ocurrio) break;
         }
     }
@@ -367,7 +368,7 @@ TEST(KilledWriter, LeavesTheOldFileOrTheNewOne) {
 
 #ifdef QOR_TEST_QORGEN
 // The program itself, in a shell that sets its descriptors and limits. Answers the status, then the standard error.
-std::string EnShell(const DirectorioTemporal& directorio, const std::string& comando) {
+[[maybe_unused]] std::string EnShell(const DirectorioTemporal& directorio, const std::string& comando) {
     const std::string linea = "cd " + directorio.Ruta().string() + " && { " + comando + "; } 2> errors; echo $? > status";
     EXPECT_EQ(std::system(linea.c_str()), 0);
     return LeerArchivo(directorio / "status") + LeerArchivo(directorio / "errors");

@@ -29,7 +29,8 @@ std::filesystem::path CrearDirectorioPrivado(const std::filesystem::path& padre,
     return nombre;
 }
 
-std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo, std::string_view extension) {
+std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo,
+                                          std::string_view extension) {
     std::string nombre = Plantilla(padre, comienzo).append(extension);
     const int descriptor = ::mkstemps(nombre.data(), static_cast<int>(extension.size()));
     if (descriptor < 0) return {};

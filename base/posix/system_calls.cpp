@@ -25,9 +25,10 @@ auto SinInterrupcion(Llamada llamada) {
 }
 
 int ModoDelSistema(unsigned modo) {
-    constexpr std::pair<unsigned, int> marcas[] = {{modos::soloEscribir, O_WRONLY}, {modos::leerYEscribir, O_RDWR},  {modos::crear, O_CREAT},
-                                                   {modos::soloNuevo, O_EXCL},      {modos::alFinal, O_APPEND},      {modos::sinEsperar, O_NONBLOCK},
-                                                   {modos::sinEnlaces, O_NOFOLLOW}, {modos::directorio, O_DIRECTORY}, {modos::sinNombre, O_TMPFILE}};
+    constexpr std::pair<unsigned, int> marcas[] = {
+        {modos::soloEscribir, O_WRONLY}, {modos::leerYEscribir, O_RDWR},   {modos::crear, O_CREAT},
+        {modos::soloNuevo, O_EXCL},      {modos::alFinal, O_APPEND},       {modos::sinEsperar, O_NONBLOCK},
+        {modos::sinEnlaces, O_NOFOLLOW}, {modos::directorio, O_DIRECTORY}, {modos::sinNombre, O_TMPFILE}};
     int delSistema = O_RDONLY | O_CLOEXEC;
     for (const auto& [marca, suya] : marcas) {
         if ((modo & marca) != 0) delSistema |= suya;

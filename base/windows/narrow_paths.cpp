@@ -3,14 +3,14 @@
 #include <cwchar>
 #include <string>
 
-// A std::filesystem::path is made from a narrow text by way of this function of the C library, whose texts can't be UTF-8 on Windows; what a
-// path gives back as a narrow text is UTF-8 all the same. This one, which is linked in its place, takes UTF-8 too. The programs
-// convert no other texts with it.
+// A std::filesystem::path is made from a narrow text by way of this function of the C library, whose texts can't be UTF-8 on
+// Windows; what a path gives back as a narrow text is UTF-8 all the same. This one, which is linked in its place, takes UTF-8 too.
+// The programs convert no other texts with it.
 namespace {
 
 struct Secuencia {
     std::size_t largo;
-    std::uint32_t bits;    // of the first byte
+    std::uint32_t bits;   // of the first byte
     std::uint32_t menor;  // a smaller one has a shorter sequence
 };
 
@@ -27,8 +27,8 @@ constexpr auto estaIncompleto = static_cast<std::size_t>(-2);
 
 }  // namespace
 
-// Where a character has two units of UTF-16, the first call takes all bytes but one, and the second that one; in between the state is
-// the second unit.
+// Where a character has two units of UTF-16, the first call takes all bytes but one, and the second that one; in between the state
+// is the second unit.
 extern "C" std::size_t mbrtowc(wchar_t* unidad, const char* texto, std::size_t largo, std::mbstate_t* estado) {
     static std::mbstate_t propio{};
     if (estado == nullptr) estado = &propio;

@@ -15,8 +15,10 @@ std::filesystem::path CrearDirectorioPrivado(const std::filesystem::path& padre,
     return ::CreateDirectoryW(ruta.c_str(), nullptr) ? ruta : std::filesystem::path();
 }
 
-std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo, std::string_view extension) {
-    auto ruta = padre / (std::filesystem::path(comienzo).wstring() + sistema::NombreAlAzar() + std::filesystem::path(extension).wstring());
+std::filesystem::path CrearArchivoPrivado(const std::filesystem::path& padre, std::string_view comienzo,
+                                          std::string_view extension) {
+    auto ruta =
+        padre / (std::filesystem::path(comienzo).wstring() + sistema::NombreAlAzar() + std::filesystem::path(extension).wstring());
     const sistema::Mango mango(
         ::CreateFileW(ruta.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY, nullptr));
     return mango.Abierto() ? ruta : std::filesystem::path();

@@ -15,7 +15,8 @@ namespace {
 
 std::string DesdeUtf16(std::wstring_view texto) {
     const int largo = static_cast<int>(texto.size());
-    std::string utf8(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, texto.data(), largo, nullptr, 0, nullptr, nullptr)), '\0');
+    std::string utf8(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, texto.data(), largo, nullptr, 0, nullptr, nullptr)),
+                     '\0');
     ::WideCharToMultiByte(CP_UTF8, 0, texto.data(), largo, utf8.data(), static_cast<int>(utf8.size()), nullptr, nullptr);
     return utf8;
 }
@@ -85,9 +86,11 @@ std::filesystem::path RutaDelPrograma() {
 
 long NumeroDeProceso() { return static_cast<long>(::GetCurrentProcessId()); }
 
+// One that takes the sequences by which a line is written over.
 bool EsTerminal(int descriptor) {
+    const HANDLE mango = reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
     DWORD modo = 0;
-    return ::GetConsoleMode(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor)), &modo) != 0;
+    return ::GetConsoleMode(mango, &modo) && ::SetConsoleMode(mango, modo | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
 struct Interrupcion::Anterior {};

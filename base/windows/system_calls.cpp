@@ -18,8 +18,8 @@
 #include "base/windows/handle.h"
 #include "base/windows/random_name.h"
 
-// Every file is opened so that others may read, write, rename and delete it meanwhile, as on POSIX; what holds others off is the lock.
-// Descriptors are those of the C library.
+// Every file is opened so that others may read, write, rename and delete it meanwhile, as on POSIX; what holds others off is the
+// lock. Descriptors are those of the C library.
 namespace qor::sistema {
 
 namespace {
@@ -99,14 +99,14 @@ int MirarRuta(const fs::path& ruta, DWORD marcas, EstadoDeArchivo& estado) {
     return mango.Abierto() ? MirarMango(mango.Valor(), estado) : FallarComoC();
 }
 
-// Who may do what with the old file holds for the new one too. Where that can't be read or given, the new one has what its directory
-// gives.
+// Who may do what with the old file holds for the new one too. Where that can't be read or given, the new one has what its
+// directory gives.
 void CopiarDerechos(const fs::path& de, const fs::path& a) {
     PACL derechos = nullptr;
     PSECURITY_DESCRIPTOR todo = nullptr;
     std::wstring nombre = de.wstring();
-    if (::GetNamedSecurityInfoW(nombre.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &derechos, nullptr, &todo) !=
-        ERROR_SUCCESS) {
+    if (::GetNamedSecurityInfoW(nombre.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &derechos, nullptr,
+                                &todo) != ERROR_SUCCESS) {
         return;
     }
     nombre = a.wstring();
@@ -115,7 +115,8 @@ void CopiarDerechos(const fs::path& de, const fs::path& a) {
     ::GetSecurityDescriptorControl(todo, &control, &revision);
     const SECURITY_INFORMATION herencia =
         (control & SE_DACL_PROTECTED) != 0 ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION;
-    ::SetNamedSecurityInfoW(nombre.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | herencia, nullptr, nullptr, derechos, nullptr);
+    ::SetNamedSecurityInfoW(nombre.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | herencia, nullptr, nullptr, derechos,
+                            nullptr);
     ::LocalFree(todo);
 }
 
@@ -145,8 +146,8 @@ bool RenombrarComoPosix(const fs::path& vieja, const fs::path& nueva) {
 
 constexpr DWORD alDisco = MOVEFILE_WRITE_THROUGH;
 
-// For file systems where an opened file can't be replaced: it steps aside, and goes when it is closed. It steps back when the new one
-// can't take its place.
+// For file systems where an opened file can't be replaced: it steps aside, and goes when it is closed. It steps back when the new
+// one can't take its place.
 bool RenombrarApartando(const fs::path& vieja, const fs::path& nueva) {
     const auto aparte = nueva.parent_path() / (L"qor-" + NombreAlAzar() + L".old");
     if (!::MoveFileExW(nueva.c_str(), aparte.c_str(), 0)) return false;
@@ -170,8 +171,8 @@ int Abrir(const fs::path& ruta, unsigned modo, unsigned /*permisos*/) {
     const bool carpeta = (modo & modos::directorio) != 0;
     // The entries of a directory reach the disk through an opening that may write.
     const DWORD acceso = carpeta ? GENERIC_READ | GENERIC_WRITE : AccesoDe(modo);
-    const DWORD marcas = FILE_ATTRIBUTE_NORMAL | (carpeta ? FILE_FLAG_BACKUP_SEMANTICS : 0) |
-                         (sinEnlaces ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+    const DWORD marcas =
+        FILE_ATTRIBUTE_NORMAL | (carpeta ? FILE_FLAG_BACKUP_SEMANTICS : 0) | (sinEnlaces ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
     Mango mango(::CreateFileW(ruta.c_str(), acceso, compartido, nullptr, DisposicionDe(modo), marcas, nullptr));
     if (!mango.Abierto()) {
         const int fallo = FallarComoC();
@@ -234,7 +235,8 @@ int LeerEnlace(const fs::path& ruta, fs::path& destino) {
     }
     const Mango mango = AbrirParaMirar(ruta, 0);
     std::wstring nombre(32768, L'\0');
-    const DWORD largo = mango.Abierto() ? ::GetFinalPathNameByHandleW(mango.Valor(), nombre.data(), static_cast<DWORD>(nombre.size()), 0) : 0;
+    const DWORD largo =
+        mango.Abierto() ? ::GetFinalPathNameByHandleW(mango.Valor(), nombre.data(), static_cast<DWORD>(nombre.size()), 0) : 0;
     // A link that leads nowhere is no name that a new file could have: what it says can be seen from another place.
     if (largo == 0) return FallarComoC() < 0 && errno == ENOENT ? FallarCon(EACCES) : -1;
     nombre.resize(largo);
