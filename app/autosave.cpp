@@ -1,8 +1,5 @@
 #include "app/autosave.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <charconv>
 #include <system_error>
@@ -11,6 +8,7 @@
 #include "base/clock.h"
 #include "base/failure.h"
 #include "base/new_file.h"
+#include "base/process.h"
 #include "base/text.h"
 #include "base/values.h"
 #include "model/document_format.h"
@@ -122,7 +120,7 @@ void Borrar(ArchivoBloqueado& archivo) {
 
 // A name that no copy has: one that was left behind can be of a process with the same number.
 fs::path NombreLibre(const fs::path& directorio) {
-    const std::string proceso = std::to_string(::getpid());
+    const std::string proceso = std::to_string(NumeroDeProceso());
     fs::path ruta = directorio / (proceso + std::string(extension));
     for (int n = 2; ExisteNombre(ruta); ++n) ruta = directorio / (proceso + "-" + std::to_string(n) + std::string(extension));
     return ruta;

@@ -2,15 +2,14 @@
 
 #include <system_error>
 
+#include "base/process.h"
+
 // QOR_INSTALLED_DATA: the way from the directory of the installed program. A build tree has a link "data" to those of its sources.
 namespace qor {
 
 namespace fs = std::filesystem;
 
-fs::path DirectorioDeDatos() {
-    std::error_code ignorado;
-    return DirectorioDeDatos(fs::read_symlink("/proc/self/exe", ignorado));
-}
+fs::path DirectorioDeDatos() { return DirectorioDeDatos(RutaDelPrograma()); }
 
 fs::path DirectorioDeDatos(const fs::path& programa) {
     const fs::path directorio = programa.parent_path();

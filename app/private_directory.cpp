@@ -1,19 +1,17 @@
 #include "app/private_directory.h"
 
-#include <stdlib.h>
-
-#include <string>
 #include <system_error>
 
 #include "base/failure.h"
+#include "base/private_place.h"
 
 namespace qor {
 
 DirectorioPrivado::DirectorioPrivado() {
     std::error_code error;
-    std::string nombre = (std::filesystem::temp_directory_path(error) / "qor-generator-XXXXXX").string();
-    if (error || ::mkdtemp(nombre.data()) == nullptr) throw FalloDeEjecucion("no directory for temporary files can be made");
-    ruta_ = nombre;
+    const auto padre = std::filesystem::temp_directory_path(error);
+    if (!error) ruta_ = CrearDirectorioPrivado(padre, "qor-generator-");
+    if (ruta_.empty()) throw FalloDeEjecucion("no directory for temporary files can be made");
 }
 
 DirectorioPrivado::~DirectorioPrivado() {

@@ -16,7 +16,7 @@
 #include "app/qt/screen_view.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
-#include "base/file_calls.h"
+#include "base/process.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
 

@@ -1,7 +1,5 @@
 #include "app/rehearsal_steps.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -38,7 +36,7 @@ std::vector<PasoLeido> LeerPasos(std::string_view pasos) {
 
 NotasDeEnsayo::NotasDeEnsayo() : directorio_(std::make_unique<DirectorioPrivado>()) {
     const auto ruta = directorio_->Ruta() / nombreDePasos;
-    pasos_ = Descriptor(llamadas::Abrir(ruta.c_str(), O_RDWR | O_CREAT | O_EXCL, 0600));
+    pasos_ = Descriptor(llamadas::Abrir(ruta, modos::leerYEscribir | modos::crear | modos::soloNuevo, 0600));
     if (!pasos_.Abierto()) throw FalloDeArchivo(errno, ruta);
 }
 
@@ -102,7 +100,7 @@ void NotasDeEnsayo::CadaPasada(std::size_t registro, Hacer hacer) const {
         std::size_t leidos = 0;
         while (leidos < pasos.size()) {
             const auto cuantos = llamadas::LeerEn(pasos_.Valor(), pasos.data() + leidos, pasos.size() - leidos,
-                                                  static_cast<off_t>(i->pasos + leidos));
+                                                  static_cast<std::int64_t>(i->pasos + leidos));
             if (cuantos <= 0) break;
             leidos += static_cast<std::size_t>(cuantos);
         }

@@ -1,7 +1,5 @@
 #include "app/run_view.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <iostream>
 
@@ -14,13 +12,9 @@ namespace qor {
 
 namespace {
 
+constexpr int descriptorDeErrores = 2;
 constexpr auto pausaHastaElAvance = std::chrono::milliseconds(700);
 constexpr auto pausaDelAvance = std::chrono::milliseconds(250);
-
-// What a handler of signals can reach.
-volatile std::sig_atomic_t hayInterrupcion = 0;
-
-void AlInterrumpir(int /*senal*/) { hayInterrupcion = 1; }
 
 // A line as a terminal takes it: UTF-8, with "#" for what is no character to be seen.
 std::string LineaDeTerminal(std::string_view texto) {
@@ -31,28 +25,11 @@ std::string LineaDeTerminal(std::string_view texto) {
 
 }  // namespace
 
-Interrupcion::Interrupcion() {
-    hayInterrupcion = 0;
-    struct sigaction accion {};
-    accion.sa_handler = AlInterrumpir;
-    accion.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigemptyset(&accion.sa_mask);
-    sigaction(SIGINT, &accion, &anteriorInt_);
-    sigaction(SIGTERM, &accion, &anteriorTerm_);
-}
-
-Interrupcion::~Interrupcion() {
-    sigaction(SIGINT, &anteriorInt_, nullptr);
-    sigaction(SIGTERM, &anteriorTerm_, nullptr);
-}
-
-bool Interrupcion::Pedida() const { return hayInterrupcion != 0; }
-
 VistaDeTerminal::VistaDeTerminal(std::ostream& salida, std::ostream& errores, Explicaciones& explicaciones)
     : salida_(salida),
       errores_(errores),
       explicaciones_(explicaciones),
-      enTerminal_(errores.rdbuf() == std::cerr.rdbuf() && isatty(STDERR_FILENO) == 1) {}
+      enTerminal_(errores.rdbuf() == std::cerr.rdbuf() && EsTerminal(descriptorDeErrores)) {}
 
 void VistaDeTerminal::Linea(std::string_view linea) {
     BorrarAvance();

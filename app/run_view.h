@@ -1,32 +1,16 @@
 #pragma once
 
 #include <chrono>
-#include <csignal>
 #include <functional>
 #include <iosfwd>
-#include <memory>
 #include <string>
 #include <string_view>
 
+#include "base/process.h"
 #include "practice/explanation.h"
 #include "practice/run.h"
 
 namespace qor {
-
-// While it lives, the first SIGINT or SIGTERM is only remembered; a second one ends the process.
-class Interrupcion {
-public:
-    Interrupcion();
-    ~Interrupcion();
-    Interrupcion(const Interrupcion&) = delete;
-    Interrupcion& operator=(const Interrupcion&) = delete;
-
-    bool Pedida() const;
-
-private:
-    struct sigaction anteriorInt_ {};
-    struct sigaction anteriorTerm_ {};
-};
 
 // A run as the terminal shows it. The list and the summary go to `salida`; what fails, and what the user should know, to `errores`.
 // While a terminal stands behind `errores`, a line there tells how far a long run is, and goes with its end.

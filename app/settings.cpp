@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
 #include "base/failure.h"
 #include "base/new_file.h"
 #include "base/paths.h"
+#include "base/process.h"
 #include "base/text.h"
 
 namespace qor {
@@ -95,12 +95,7 @@ std::string LeerSiExiste(const fs::path& ruta) { return Existe(ruta) ? LeerArchi
 
 }  // namespace
 
-Entorno EntornoDelProceso() {
-    return [](const char* nombre) {
-        const char* valor = std::getenv(nombre);
-        return std::string(valor == nullptr ? "" : valor);
-    };
-}
+Entorno EntornoDelProceso() { return VariableDeEntorno; }
 
 fs::path RutaDeAjustes(const Entorno& entorno) {
     const std::string propio = entorno("tessaline_ini");

@@ -1,7 +1,5 @@
 #include "base/files.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -20,13 +18,12 @@ namespace {
 
 bool Falta(int error) { return error == ENOENT || error == ENOTDIR; }
 
-// O_NONBLOCK keeps a pipe's name from blocking the opener; it means nothing for a regular file.
 Descriptor AbrirRegular(const std::filesystem::path& ruta) {
-    Descriptor descriptor(llamadas::Abrir(ruta.c_str(), O_RDONLY | O_NONBLOCK));
+    Descriptor descriptor(llamadas::Abrir(ruta, modos::soloLeer | modos::sinEsperar));
     if (!descriptor.Abierto()) Fallar(ruta);
-    struct stat datos {};
+    EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor.Valor(), datos) != 0) Fallar(ruta);
-    if (!S_ISREG(datos.st_mode)) throw FalloDeArchivo("Not a regular file", ruta);
+    if (!datos.EsRegular()) throw FalloDeArchivo("Not a regular file", ruta);
     return descriptor;
 }
 
@@ -49,20 +46,19 @@ std::vector<std::string_view> PartirEnLineas(std::string_view texto) {
 bool Existe(const std::filesystem::path& ruta) { return Identidad(ruta).has_value(); }
 
 bool ExisteNombre(const std::filesystem::path& ruta) {
-    struct stat datos {};
-    if (llamadas::MirarEnlace(ruta.c_str(), datos) == 0) return true;
+    EstadoDeArchivo datos;
+    if (llamadas::MirarEnlace(ruta, datos) == 0) return true;
     if (!Falta(errno)) Fallar(ruta);
     return false;
 }
 
-IdentidadDeArchivo IdentidadDe(const struct stat& datos) {
-    const auto hora = static_cast<std::int64_t>(datos.st_mtim.tv_sec) * 1'000'000'000 + datos.st_mtim.tv_nsec;
-    return {datos.st_dev, datos.st_ino, static_cast<std::uintmax_t>(datos.st_size), hora};
+IdentidadDeArchivo IdentidadDe(const EstadoDeArchivo& estado) {
+    return {estado.dispositivo, estado.inodo, estado.tamano, estado.cambiadoEn};
 }
 
 std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta) {
-    struct stat datos {};
-    if (llamadas::Mirar(ruta.c_str(), datos) == 0) return IdentidadDe(datos);
+    EstadoDeArchivo datos;
+    if (llamadas::Mirar(ruta, datos) == 0) return IdentidadDe(datos);
     if (!Falta(errno)) Fallar(ruta);
     return std::nullopt;
 }
@@ -76,7 +72,7 @@ std::size_t ArchivoAbierto::Leer(char* donde, std::size_t cuanto) {
 }
 
 std::size_t ArchivoAbierto::LeerEn(char* donde, std::size_t cuanto, std::uint64_t lugar) const {
-    const auto leidos = llamadas::LeerEn(descriptor_.Valor(), donde, cuanto, static_cast<off_t>(lugar));
+    const auto leidos = llamadas::LeerEn(descriptor_.Valor(), donde, cuanto, static_cast<std::int64_t>(lugar));
     if (leidos < 0) Fallar(ruta_);
     return static_cast<std::size_t>(leidos);
 }
@@ -95,7 +91,7 @@ std::string ArchivoAbierto::LeerTodo(std::uintmax_t limite) const {
 }
 
 IdentidadDeArchivo ArchivoAbierto::Identidad() const {
-    struct stat datos {};
+    EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor_.Valor(), datos) != 0) Fallar(ruta_);
     return IdentidadDe(datos);
 }
@@ -125,23 +121,23 @@ void EscribirEn(int descriptor, std::string_view texto, const std::filesystem::p
 }
 
 ArchivoDeSalida::ArchivoDeSalida(const std::filesystem::path& ruta)
-    : ruta_(ruta), descriptor_(llamadas::Abrir(ruta.c_str(), O_WRONLY | O_CREAT, 0666)) {
+    : ruta_(ruta), descriptor_(llamadas::Abrir(ruta, modos::soloEscribir | modos::crear, 0666)) {
     if (!descriptor_.Abierto()) Fallar(ruta);
-    struct stat datos {};
+    EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor_.Valor(), datos) != 0) Fallar(ruta);
-    if (!S_ISREG(datos.st_mode)) return;
+    if (!datos.EsRegular()) return;
     Bloquear(descriptor_.Valor(), ruta);
     if (llamadas::Truncar(descriptor_.Valor(), 0) != 0) Fallar(ruta);
 }
 
 void ReemplazarArchivo(const std::filesystem::path& nuevo, const std::filesystem::path& destino) {
-    if (llamadas::Renombrar(nuevo.c_str(), destino.c_str()) != 0) Fallar(destino);
+    if (llamadas::Renombrar(nuevo, destino) != 0) Fallar(destino);
     LlevarDirectorioAlDisco(destino);
 }
 
 void LlevarDirectorioAlDisco(const std::filesystem::path& archivo) {
-    const auto directorio = archivo.has_parent_path() ? archivo.parent_path() : std::filesystem::path(".");
-    const Descriptor descriptor(llamadas::Abrir(directorio.c_str(), O_RDONLY | O_DIRECTORY));
+    const auto carpeta = archivo.has_parent_path() ? archivo.parent_path() : std::filesystem::path(".");
+    const Descriptor descriptor(llamadas::Abrir(carpeta, modos::soloLeer | modos::directorio));
     if (descriptor.Abierto()) llamadas::LlevarAlDisco(descriptor.Valor());
 }
 

@@ -43,7 +43,7 @@ struct IdentidadDeArchivo {
 // Why a file that is another one now is left alone.
 constexpr const char* motivoCambiado = "Another program has changed the file";
 
-IdentidadDeArchivo IdentidadDe(const struct stat& datos);
+IdentidadDeArchivo IdentidadDe(const EstadoDeArchivo& estado);
 
 // Of the file that a path leads to; nothing where there is none.
 std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta);

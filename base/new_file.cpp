@@ -1,16 +1,12 @@
 #include "base/new_file.h"
 
-#include <fcntl.h>
-#include <linux/magic.h>
-#include <sys/statfs.h>
-#include <unistd.h>
-
 #include <cerrno>
-#include <climits>
 #include <utility>
 
 #include "base/failure.h"
 #include "base/paths.h"
+#include "base/process.h"
+#include "base/system_calls.h"
 
 namespace qor {
 
@@ -21,48 +17,44 @@ namespace fs = std::filesystem;
 constexpr std::size_t bloque = std::size_t{1} << 20;
 constexpr int maximoEnlaces = 40;
 constexpr int maximoIntentos = 1000;
-constexpr mode_t lecturaYEscritura = 0600;
-constexpr mode_t todos = 0666;  // without what the process keeps from new files
+constexpr unsigned lecturaYEscritura = 0600;
+constexpr unsigned todos = 0666;  // without what the process keeps from new files
 
 fs::path DirectorioDe(const fs::path& ruta) { return ruta.has_parent_path() ? ruta.parent_path() : fs::path("."); }
-
-// Links there lead to open files, which have to be written to as they are.
-bool EstaEnProc(const fs::path& ruta) {
-    struct statfs sistema {};
-    return ::statfs(DirectorioDe(ruta).c_str(), &sistema) == 0 && sistema.f_type == PROC_SUPER_MAGIC;
-}
 
 // Where the links at a path lead; nothing where they lead to an open file of a process.
 std::optional<fs::path> SeguirEnlaces(const fs::path& destino) {
     fs::path ruta = destino;
     for (int i = 0; i < maximoEnlaces; ++i) {
-        char texto[PATH_MAX];
-        const auto largo = llamadas::LeerEnlace(ruta.c_str(), texto, sizeof texto);
-        if (largo < 0 && errno != EINVAL && errno != ENOENT && errno != ENOTDIR) throw FalloDeArchivo(errno, destino);
-        if (largo < 0) return ruta;
-        if (EstaEnProc(ruta)) return std::nullopt;
+        fs::path siguiente;
+        const bool esEnlace = llamadas::LeerEnlace(ruta, siguiente) == 0;
+        if (!esEnlace && errno != EINVAL && errno != ENOENT && errno != ENOTDIR) throw FalloDeArchivo(errno, destino);
+        if (!esEnlace) return ruta;
+        if (sistema::LlevaAAbierto(ruta)) return std::nullopt;
         // A target that isn't absolute is one seen from the link's directory.
-        ruta = DirectorioDe(ruta) / std::string(texto, static_cast<std::size_t>(largo));
+        ruta = DirectorioDe(ruta) / siguiente;
     }
     throw FalloDeArchivo(ELOOP, destino);
 }
 
-std::optional<struct stat> Mirar(const fs::path& ruta, const fs::path& destino) {
-    struct stat datos {};
-    if (llamadas::Mirar(ruta.c_str(), datos) == 0) return datos;
+std::optional<EstadoDeArchivo> Mirar(const fs::path& ruta, const fs::path& destino) {
+    EstadoDeArchivo estado;
+    if (llamadas::Mirar(ruta, estado) == 0) return estado;
     if (errno != ENOENT && errno != ENOTDIR) throw FalloDeArchivo(errno, destino);
     return std::nullopt;
 }
 
-bool EsElMismo(const struct stat& uno, const struct stat& otro) { return uno.st_dev == otro.st_dev && uno.st_ino == otro.st_ino; }
+bool EsElMismo(const EstadoDeArchivo& uno, const EstadoDeArchivo& otro) {
+    return uno.dispositivo == otro.dispositivo && uno.inodo == otro.inodo;
+}
 
 }  // namespace
 
 ArchivoNuevo::ArchivoNuevo(const fs::path& destino, std::string_view extension, const ArchivoAbierto* propio)
     : destino_(destino), extension_(extension), propio_(propio) {
     const auto hay = Mirar(destino_, destino_);
-    if (hay && S_ISDIR(hay->st_mode)) Fallar(EISDIR);
-    const bool regular = !hay || S_ISREG(hay->st_mode);
+    if (hay && hay->EsDirectorio()) Fallar(EISDIR);
+    const bool regular = !hay || hay->EsRegular();
     const auto objetivo = regular ? SeguirEnlaces(destino_) : std::nullopt;
     if (objetivo) {
         objetivo_ = *objetivo;
@@ -74,14 +66,14 @@ ArchivoNuevo::ArchivoNuevo(const fs::path& destino, std::string_view extension, 
 }
 
 ArchivoNuevo::~ArchivoNuevo() {
-    if (!trabajo_.empty()) llamadas::Borrar(trabajo_.c_str());
+    if (!trabajo_.empty()) llamadas::Borrar(trabajo_);
 }
 
 void ArchivoNuevo::Fallar(int error) const { throw FalloDeArchivo(error, destino_); }
 
 void ArchivoNuevo::AbrirDirecto(bool regular) {
     directo_ = true;
-    descriptor_ = Descriptor(llamadas::Abrir(destino_.c_str(), O_WRONLY));
+    descriptor_ = Descriptor(llamadas::Abrir(destino_, modos::soloEscribir));
     if (!descriptor_.Abierto()) Fallar(errno);
     if (!regular) return;
     Bloquear(descriptor_.Valor(), destino_);
@@ -96,10 +88,10 @@ void ArchivoNuevo::TomarDestino() {
         hayDestino_ = hay.has_value();
         if (!hay) return;
         anterior_ = hay;
-        struct stat tomado {};
+        EstadoDeArchivo tomado;
         if (bloqueo_.Abierto() && llamadas::Mirar(bloqueo_.Valor(), tomado) != 0) Fallar(errno);
         if (bloqueo_.Abierto() && EsElMismo(*hay, tomado)) return;
-        bloqueo_ = Descriptor(llamadas::Abrir(objetivo_.c_str(), O_WRONLY | O_NONBLOCK));
+        bloqueo_ = Descriptor(llamadas::Abrir(objetivo_, modos::soloEscribir | modos::sinEsperar));
         if (!bloqueo_.Abierto() && errno == ENOENT) continue;
         if (!bloqueo_.Abierto()) Fallar(errno);
         if (propio_ != nullptr && propio_->Abierto() && propio_->Identidad().EsElMismo(IdentidadDe(*hay))) return;
@@ -111,8 +103,8 @@ void ArchivoNuevo::TomarDestino() {
 
 void ArchivoNuevo::AbrirTrabajo() {
     if (AbrirSinNombre()) return;
-    DarNombreDeTrabajo([this](const char* nombre) {
-        const int modo = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
+    DarNombreDeTrabajo([this](const fs::path& nombre) {
+        constexpr unsigned modo = modos::leerYEscribir | modos::crear | modos::soloNuevo | modos::sinEnlaces;
         descriptor_ = Descriptor(llamadas::Abrir(nombre, modo, hayDestino_ ? lecturaYEscritura : todos));
         return descriptor_.Abierto();
     });
@@ -121,12 +113,11 @@ void ArchivoNuevo::AbrirTrabajo() {
 // Such a file gets its name by way of /proc, which must be there.
 bool ArchivoNuevo::AbrirSinNombre() {
     const auto permisos = hayDestino_ ? lecturaYEscritura : todos;
-    Descriptor sinNombre(llamadas::Abrir(DirectorioDe(objetivo_).c_str(), O_TMPFILE | O_RDWR, permisos));
-    struct stat propio {};
-    struct stat deProc {};
-    const std::string enProc = "/proc/self/fd/" + std::to_string(sinNombre.Valor());
-    if (!sinNombre.Abierto() || llamadas::Mirar(sinNombre.Valor(), propio) != 0 || llamadas::Mirar(enProc.c_str(), deProc) != 0 ||
-        !EsElMismo(propio, deProc)) {
+    Descriptor sinNombre(llamadas::Abrir(DirectorioDe(objetivo_), modos::sinNombre | modos::leerYEscribir, permisos));
+    EstadoDeArchivo propio;
+    EstadoDeArchivo deProc;
+    if (!sinNombre.Abierto() || llamadas::Mirar(sinNombre.Valor(), propio) != 0 ||
+        llamadas::Mirar(sistema::RutaDeAbierto(sinNombre.Valor()), deProc) != 0 || !EsElMismo(propio, deProc)) {
         return false;
     }
     descriptor_ = std::move(sinNombre);
@@ -139,7 +130,7 @@ fs::path ArchivoNuevo::NombreDeTrabajo(int intento) const {
         if (dicho.parent_path() == objetivo_.parent_path() && dicho != objetivo_) return dicho;
         ++intento;
     }
-    return DirectorioDe(objetivo_) / ("qor-" + std::to_string(::getpid()) + "-" + std::to_string(intento) + extension_);
+    return DirectorioDe(objetivo_) / ("qor-" + std::to_string(NumeroDeProceso()) + "-" + std::to_string(intento) + extension_);
 }
 
 // Tries names until one is free. What has a name already is never touched.
@@ -147,7 +138,7 @@ template <typename Hacer>
 void ArchivoNuevo::DarNombreDeTrabajo(Hacer hacer) {
     for (int intento = 0; intento < maximoIntentos; ++intento) {
         const auto nombre = NombreDeTrabajo(intento);
-        if (hacer(nombre.c_str())) {
+        if (hacer(nombre)) {
             trabajo_ = nombre;
             return;
         }
@@ -191,7 +182,7 @@ ArchivoBloqueado ArchivoNuevo::PonerEnSuLugar(const std::optional<IdentidadDeArc
     if (anterior_) DarAtributos();
     LlevarAlDisco();
     Bloquear(descriptor_.Valor(), destino_);
-    struct stat nuevo {};
+    EstadoDeArchivo nuevo;
     if (llamadas::Mirar(descriptor_.Valor(), nuevo) != 0) Fallar(errno);
     Colocar();
     identidad_ = IdentidadDe(nuevo);
@@ -210,31 +201,31 @@ void ArchivoNuevo::PonerLoHecho() {
 
 void ArchivoNuevo::DarAtributos() {
     const int descriptor = descriptor_.Valor();
-    struct stat nuevo {};
+    EstadoDeArchivo nuevo;
     if (llamadas::Mirar(descriptor, nuevo) != 0) Fallar(errno);
-    const uid_t dueno = nuevo.st_uid == anterior_->st_uid ? static_cast<uid_t>(-1) : anterior_->st_uid;
-    const gid_t grupo = nuevo.st_gid == anterior_->st_gid ? static_cast<gid_t>(-1) : anterior_->st_gid;
-    const bool otroDueno = dueno != static_cast<uid_t>(-1);
-    const bool otroGrupo = grupo != static_cast<gid_t>(-1);
-    mode_t permisos = anterior_->st_mode & 0777;
+    const bool otroDueno = nuevo.dueno != anterior_->dueno;
+    const bool otroGrupo = nuevo.grupo != anterior_->grupo;
+    const unsigned dueno = otroDueno ? anterior_->dueno : llamadas::mismo;
+    const unsigned grupo = otroGrupo ? anterior_->grupo : llamadas::mismo;
+    unsigned permisos = anterior_->permisos & 0777;
     if ((otroDueno || otroGrupo) && llamadas::DarDueno(descriptor, dueno, grupo) != 0 && otroGrupo &&
-        (!otroDueno || llamadas::DarDueno(descriptor, static_cast<uid_t>(-1), grupo) != 0)) {
+        (!otroDueno || llamadas::DarDueno(descriptor, llamadas::mismo, grupo) != 0)) {
         permisos &= 0707 | ((permisos & 07) << 3);
     }
-    if ((nuevo.st_mode & 07777) != permisos && llamadas::DarPermisos(descriptor, permisos) != 0) Fallar(errno);
+    if (nuevo.permisos != permisos && llamadas::DarPermisos(descriptor, permisos) != 0) Fallar(errno);
 }
 
 void ArchivoNuevo::Colocar() {
     if (trabajo_.empty()) {
-        const auto nombrar = [this](const char* nombre) { return llamadas::Nombrar(descriptor_.Valor(), nombre) == 0; };
+        const auto nombrar = [this](const fs::path& nombre) { return llamadas::Nombrar(descriptor_.Valor(), nombre) == 0; };
         if (!hayDestino_) {
-            if (nombrar(objetivo_.c_str())) return;
+            if (nombrar(objetivo_)) return;
             if (errno == EEXIST) throw FalloDeArchivo(motivoCambiado, destino_);  // it has come up since it was looked for
             Fallar(errno);
         }
         DarNombreDeTrabajo(nombrar);
     }
-    if (llamadas::Renombrar(trabajo_.c_str(), objetivo_.c_str()) != 0) Fallar(errno);
+    if (llamadas::Renombrar(trabajo_, objetivo_) != 0) Fallar(errno);
     trabajo_.clear();
 }
 

@@ -71,10 +71,10 @@ private:
     IdentidadDeArchivo identidad_;
     bool directo_ = false;
     bool hayDestino_ = false;
-    std::optional<struct stat> anterior_;  // the old file, as last seen
-    Descriptor bloqueo_;                   // of the old file
-    Descriptor descriptor_;                // of the new file
-    std::filesystem::path trabajo_;        // empty while the work file has no name
+    std::optional<EstadoDeArchivo> anterior_;  // the old file, as last seen
+    Descriptor bloqueo_;                       // of the old file
+    Descriptor descriptor_;                    // of the new file
+    std::filesystem::path trabajo_;            // empty while the work file has no name
     std::string pendiente_;
     bool incompleto_ = false;  // a write has failed
 };

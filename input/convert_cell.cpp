@@ -116,7 +116,7 @@ bool ConversorDeCampo::DeNumero(const CeldaDeHoja& celda, std::string& valor, st
     };
     if (fecha && clase_.tipo == Tipo::Fecha) {
         const double dia = std::floor(celda.numero);
-        const auto delAno = dia < 1e7 ? DiaDeNumero(static_cast<long>(dia)) : std::nullopt;
+        const auto delAno = dia < 1e7 ? DiaDeNumero(static_cast<std::int64_t>(dia)) : std::nullopt;
         if (!delAno || !formato->TieneDia()) {
             motivo = "the cell has no day";
             return false;
@@ -247,7 +247,7 @@ ValorDeCelda ConversorDeCampo::AlLibro(std::string_view valor) const {
         celda.clase = ValorDeCelda::Clase::Numero;
     } else if (diaEntero_) {
         // Programs don't agree on the days before March 1900.
-        constexpr long primeroSeguro = 61;
+        constexpr std::int64_t primeroSeguro = 61;
         const auto dia = LeerDia(valor, clase_.formato);
         const auto numero = dia ? NumeroDeDia(*dia) : std::nullopt;
         if (!numero || *numero < primeroSeguro) return celda;

@@ -11,8 +11,8 @@ namespace {
 
 namespace cr = std::chrono;
 
-constexpr long diaQueNoHubo = 60;
-constexpr long ultimoDia = 2958465;
+constexpr std::int64_t diaQueNoHubo = 60;
+constexpr std::int64_t ultimoDia = 2958465;
 const cr::sys_days origen{cr::year{1899} / 12 / 30};
 
 // A run of one letter of a format, from `lugar` on; `lugar` goes behind it.
@@ -28,18 +28,18 @@ int& ParteDe(DiaDelAno& dia, char letra) { return letra == 'D' ? dia.dia : letra
 
 }  // namespace
 
-std::optional<DiaDelAno> DiaDeNumero(long numero) {
+std::optional<DiaDelAno> DiaDeNumero(std::int64_t numero) {
     if (numero < 1 || numero == diaQueNoHubo || numero > ultimoDia) return std::nullopt;
     const cr::year_month_day dia{origen + cr::days{numero + (numero < diaQueNoHubo ? 1 : 0)}};
     return DiaDelAno{static_cast<int>(dia.year()), static_cast<int>(static_cast<unsigned>(dia.month())),
                      static_cast<int>(static_cast<unsigned>(dia.day()))};
 }
 
-std::optional<long> NumeroDeDia(const DiaDelAno& dia) {
+std::optional<std::int64_t> NumeroDeDia(const DiaDelAno& dia) {
     if (dia.mes < 1 || dia.dia < 1 || dia.ano > 9999) return std::nullopt;
     const auto fecha = cr::year{dia.ano} / cr::month{static_cast<unsigned>(dia.mes)} / cr::day{static_cast<unsigned>(dia.dia)};
     if (!fecha.ok()) return std::nullopt;
-    long numero = (cr::sys_days{fecha} - origen).count();
+    std::int64_t numero = (cr::sys_days{fecha} - origen).count();
     if (numero <= diaQueNoHubo) --numero;
     if (numero < 1) return std::nullopt;
     return numero;

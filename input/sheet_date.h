@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,9 +20,9 @@ struct DiaDelAno {
 constexpr int diasEntreSistemas = 1462;  // a day of the 1904 system has a number that is so much smaller
 
 // Nothing for a number that stands for no day of the years 1900 to 9999.
-std::optional<DiaDelAno> DiaDeNumero(long numero);
+std::optional<DiaDelAno> DiaDeNumero(std::int64_t numero);
 // Nothing for a day that the calendar doesn't have, and for one that the 1900 system doesn't have.
-std::optional<long> NumeroDeDia(const DiaDelAno& dia);
+std::optional<std::int64_t> NumeroDeDia(const DiaDelAno& dia);
 
 // A format is what ClaseDeCampo has of one: letters D, M and Y with signs between them. Two letters Y are the last two digits.
 std::string DiaComoTexto(const DiaDelAno& dia, std::string_view formato);

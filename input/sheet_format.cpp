@@ -374,7 +374,7 @@ std::optional<std::string> FormatoDeNumero::MostrarFecha(double numero, const Se
     for (int i = 0; i < (conSegundos ? decimales : decimalesDeSegundo); ++i) porSegundo *= 10;
     const std::int64_t unidades = std::llround(numero * segundosPorDia * static_cast<double>(porSegundo));
     const std::int64_t segundos = unidades / porSegundo;
-    const auto dia = DiaDeNumero(static_cast<long>(segundos / segundosPorDia));
+    const auto dia = DiaDeNumero(segundos / segundosPorDia);
     if (conDia && !dia) return std::nullopt;
     const std::int64_t delDia = segundos % segundosPorDia;
     std::string texto;

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/file_calls.h"
+#include "base/unnamed_file.h"
 
 namespace qor {
 
@@ -24,14 +24,16 @@ public:
     // Bytes at a place, as many as there are. What was put in last is read too.
     std::size_t LeerEn(char* donde, std::size_t cuanto, std::uint64_t lugar);
 
-    // A path to it for what opens files on its own; valid in this process, as long as this lives.
-    std::filesystem::path Ruta() const;
+    // A path to it for what opens files on its own, and the same while the file is given away, see base/unnamed_file.h.
+    std::filesystem::path Ruta() const { return archivo_.Ruta(); }
+    std::filesystem::path Prestar() { return archivo_.Prestar(); }
+    void Retomar() { archivo_.Retomar(); }
 
 private:
     void Vaciar();
 
     std::filesystem::path directorio_;
-    Descriptor descriptor_;
+    ArchivoSinNombre archivo_;
     std::string pendiente_;
     std::uint64_t escritos_ = 0;
 };

@@ -1,7 +1,5 @@
 #include "input/xlsx_package.h"
 
-#include <fcntl.h>
-#include <unistd.h>
 #include <zip.h>
 
 #include <algorithm>
@@ -65,11 +63,11 @@ void ParteXlsx::Fallar(const std::string& motivo) const { paquete_.Fallar(motivo
 
 PaqueteXlsx::PaqueteXlsx(const std::filesystem::path& ruta) : archivo_(ruta) {
     Reconocer();
-    const int propio = ::fcntl(archivo_.Numero(), F_DUPFD_CLOEXEC, 0);
+    const int propio = llamadas::Duplicar(archivo_.Numero());
     int error = ZIP_ER_OPEN;
     zip_ = propio < 0 ? nullptr : zip_fdopen(propio, ZIP_RDONLY, &error);
     if (zip_ != nullptr) return;
-    if (propio >= 0) ::close(propio);
+    if (propio >= 0) llamadas::Cerrar(propio);
     if (error == ZIP_ER_NOZIP) throw FalloDeArchivo("The file is no workbook in the format .xlsx, or it is cut off", ruta);
     zip_error_t detalle;
     zip_error_init_with_code(&detalle, error);

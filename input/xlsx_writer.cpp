@@ -58,7 +58,7 @@ LibroNuevo::LibroNuevo(const std::filesystem::path& destino, Modo modo, bool gra
     opciones.constant_memory = modo == Modo::PorFilas ? LXW_TRUE : LXW_FALSE;
     opciones.tmpdir = temporal_.data();
     opciones.use_zip64 = grande ? LXW_TRUE : LXW_FALSE;
-    libro_ = workbook_new_opt(trabajo_.Ruta().c_str(), &opciones);
+    libro_ = workbook_new_opt(trabajo_.Prestar().string().c_str(), &opciones);
     if (libro_ == nullptr) Fallar("There is no memory for the workbook");
     lxw_format* const titulos = formatos_[formatoDeTitulos] = workbook_add_format(libro_);
     lxw_format* const marcados = formatos_[formatoDeMarcados] = workbook_add_format(libro_);
@@ -153,6 +153,7 @@ void LibroNuevo::Cerrar() {
     lxw_workbook* const libro = libro_;
     libro_ = nullptr;
     Exigir(workbook_close(libro));
+    trabajo_.Retomar();
 }
 
 // Every sheet has to be there to its end.

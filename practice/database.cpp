@@ -1,13 +1,13 @@
 #include "practice/database.h"
 
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <utility>
 
 #include "abap/short_dump.h"
+#include "base/system_calls.h"
 #include "base/text.h"
 #include "practice/database_entry.h"
 #include "practice/query_text.h"
@@ -70,13 +70,13 @@ constexpr const char* noEsSistema = "It is no practice system";
 
 std::unique_ptr<Conexion> AbrirParaLeer(const std::filesystem::path& ruta) {
     const auto directorio = ruta.parent_path();
-    if (access(ruta.c_str(), W_OK) == 0 && access(directorio.c_str(), W_OK) == 0) {
+    if (sistema::SePuedeEscribir(ruta) && sistema::SePuedeEscribir(directorio)) {
         return std::make_unique<Conexion>(ruta, SQLITE_OPEN_READWRITE);
     }
     // Where nothing can be written beside the file, it is read as one that nobody changes.
     auto registro = ruta;
     registro += "-wal";
-    if (access(directorio.c_str(), W_OK) == 0 || std::filesystem::exists(registro)) {
+    if (sistema::SePuedeEscribir(directorio) || std::filesystem::exists(registro)) {
         return std::make_unique<Conexion>(ruta, SQLITE_OPEN_READONLY);
     }
     std::string uri = "file:";

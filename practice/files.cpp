@@ -1,8 +1,5 @@
 #include "practice/files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <cerrno>
 
 #include "abap/short_dump.h"
@@ -19,12 +16,13 @@ constexpr std::size_t bytesQueSeJuntan = std::size_t{1} << 16;
 
 // Opens a regular file for writing, and follows no link: the path was resolved before.
 Descriptor AbrirParaEscribir(const std::filesystem::path& ruta, bool anadir) {
-    const int modo = O_WRONLY | O_CREAT | O_NONBLOCK | O_NOFOLLOW | (anadir ? O_APPEND : 0);
-    Descriptor descriptor(llamadas::Abrir(ruta.c_str(), modo, 0666));
+    const unsigned modo =
+        modos::soloEscribir | modos::crear | modos::sinEsperar | modos::sinEnlaces | (anadir ? modos::alFinal : 0U);
+    Descriptor descriptor(llamadas::Abrir(ruta, modo, 0666));
     if (!descriptor.Abierto()) throw FalloDeArchivo(errno, ruta);
-    struct stat datos {};
+    EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor.Valor(), datos) != 0) throw FalloDeArchivo(errno, ruta);
-    if (!S_ISREG(datos.st_mode)) throw FalloDeArchivo("Not a regular file", ruta);
+    if (!datos.EsRegular()) throw FalloDeArchivo("Not a regular file", ruta);
     Bloquear(descriptor.Valor(), ruta);
     if (!anadir && llamadas::Truncar(descriptor.Valor(), 0) != 0) throw FalloDeArchivo(errno, ruta);
     return descriptor;
@@ -112,9 +110,9 @@ void ArchivosDePractica::Cerrar(std::string_view nombre) {
 bool ArchivosDePractica::Borrar(std::string_view nombre) {
     const auto ruta = nombres_.ParaEscribir(nombre);
     if (!ruta) return false;
-    struct stat datos {};
-    if (llamadas::MirarEnlace(ruta->c_str(), datos) != 0 || !S_ISREG(datos.st_mode)) return false;
-    return llamadas::Borrar(ruta->c_str()) == 0;
+    EstadoDeArchivo datos;
+    if (llamadas::MirarEnlace(*ruta, datos) != 0 || !datos.EsRegular()) return false;
+    return llamadas::Borrar(*ruta) == 0;
 }
 
 ArchivosDePractica::Abierto& ArchivosDePractica::Exigir(std::string_view nombre) {

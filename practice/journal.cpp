@@ -1,7 +1,5 @@
 #include "practice/journal.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <utility>
 
@@ -44,11 +42,11 @@ void PonerRespuesta(EscritorJson& evento, const TransaccionProbada& transaccion)
 }  // namespace
 
 void Diario::Abrir() {
-    descriptor_ = Descriptor(llamadas::Abrir(ruta_.c_str(), O_WRONLY | O_CREAT, 0666));
+    descriptor_ = Descriptor(llamadas::Abrir(ruta_, modos::soloEscribir | modos::crear, 0666));
     if (!descriptor_.Abierto()) throw FalloDeArchivo(errno, ruta_);
-    struct stat datos {};
+    EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor_.Valor(), datos) != 0) throw FalloDeArchivo(errno, ruta_);
-    regular_ = S_ISREG(datos.st_mode);
+    regular_ = datos.EsRegular();
     if (!regular_) return;
     Bloquear(descriptor_.Valor(), ruta_);
     if (llamadas::Truncar(descriptor_.Valor(), 0) != 0) throw FalloDeArchivo(errno, ruta_);
@@ -192,7 +190,7 @@ void Diario::Vaciar() {
         if (cuantos < 0) {
             const int error = errno;
             const auto entera = desde == 0 ? 0 : bloque_.rfind('\n', desde - 1) + 1;
-            if (regular_) llamadas::Truncar(descriptor_.Valor(), static_cast<off_t>(escritos_ + entera));
+            if (regular_) llamadas::Truncar(descriptor_.Valor(), static_cast<std::int64_t>(escritos_ + entera));
             Fallar(error);
         }
         desde += static_cast<std::size_t>(cuantos);

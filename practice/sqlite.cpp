@@ -139,7 +139,7 @@ void Conexion::Cierre::operator()(sqlite3* mango) const { sqlite3_close_v2(mango
 
 Conexion::Conexion(const std::filesystem::path& ruta, int modo) : ruta_(ruta) {
     sqlite3* mango = nullptr;
-    const int codigo = sqlite3_open_v2(ruta.c_str(), &mango, modo, nullptr);
+    const int codigo = sqlite3_open_v2(ruta.string().c_str(), &mango, modo, nullptr);
     mango_.reset(mango);
     if (mango == nullptr) throw FalloDeBase(codigo, sqlite3_errstr(codigo), ruta_);
     if (codigo != SQLITE_OK) Fallar(codigo);

@@ -1,10 +1,9 @@
 #include "sap/nwrfc_library.h"
 
-#include <dlfcn.h>
-
 #include <filesystem>
 
 #include "base/code_page.h"
+#include "base/library.h"
 #include "base/paths.h"
 #include "sap/utf16.h"
 
@@ -12,27 +11,18 @@ namespace qor::nwrfc {
 
 namespace {
 
-constexpr const char* nombreDeBiblioteca = "libsapnwrfc.so";
-constexpr const char* bibliotecaDeTextos = "libsapucum.so";
-
-std::string ErrorDelCargador() {
-    const char* const error = ::dlerror();
-    return DesdeUtf8(error == nullptr ? "unknown error" : error).value_or("unknown error");
-}
-
 std::shared_ptr<void> Abrir(const std::filesystem::path& ruta) {
-    // The library needs its companion, which the loader doesn't look for beside it.
-    if (ruta.has_parent_path()) ::dlopen((ruta.parent_path() / bibliotecaDeTextos).c_str(), RTLD_NOW | RTLD_GLOBAL);
-    // It stays in the process for good: it may have threads of its own.
-    void* const modulo = ::dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    std::string motivo;
+    auto modulo = CargarBiblioteca(ruta, "sapucum", motivo);
     if (modulo == nullptr) {
-        throw FalloDelServicio("The SAP NetWeaver RFC library can't be loaded: " + ErrorDelCargador() + ".");
+        throw FalloDelServicio("The SAP NetWeaver RFC library can't be loaded: " + DesdeUtf8(motivo).value_or("unknown error") +
+                               ".");
     }
-    return {modulo, [](void* abierto) { ::dlclose(abierto); }};
+    return modulo;
 }
 
 std::string VersionDe(void* modulo) {
-    auto* const version = reinterpret_cast<RfcGetVersion*>(::dlsym(modulo, "RfcGetVersion"));
+    auto* const version = reinterpret_cast<RfcGetVersion*>(BuscarEnBiblioteca(modulo, "RfcGetVersion"));
     if (version == nullptr) return {};
     unsigned mayor = 0;
     unsigned menor = 0;
@@ -43,7 +33,7 @@ std::string VersionDe(void* modulo) {
 
 template <typename Funcion>
 void BuscarSiHay(void* modulo, const char* nombre, Funcion*& funcion) {
-    funcion = reinterpret_cast<Funcion*>(::dlsym(modulo, nombre));
+    funcion = reinterpret_cast<Funcion*>(BuscarEnBiblioteca(modulo, nombre));
 }
 
 template <typename Funcion>
@@ -59,7 +49,7 @@ void Buscar(void* modulo, const char* nombre, Funcion*& funcion) {
 
 std::shared_ptr<const Biblioteca> Biblioteca::Cargar(const std::string& ruta) {
     auto biblioteca = std::make_shared<Biblioteca>();
-    biblioteca->modulo = Abrir(ruta.empty() ? std::filesystem::path(nombreDeBiblioteca) : RutaDelSistema(ruta));
+    biblioteca->modulo = Abrir(ruta.empty() ? std::filesystem::path(NombreDeBiblioteca("sapnwrfc")) : RutaDelSistema(ruta));
     void* const modulo = biblioteca->modulo.get();
     Buscar(modulo, "RfcOpenConnection", biblioteca->OpenConnection);
     Buscar(modulo, "RfcCloseConnection", biblioteca->CloseConnection);

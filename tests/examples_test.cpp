@@ -9,6 +9,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "tests/support/environment.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor::pruebas {
@@ -40,7 +41,7 @@ std::string LeerSiEsta(const std::filesystem::path& archivo) {
 }
 
 TEST(Examples, ReportsAreAsExpected) {
-    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
+    PonerVariable("SOURCE_DATE_EPOCH", "1100000000");
     DirectorioTemporal directorio;
     int informes = 0;
     for (const auto& ejemplo : std::filesystem::directory_iterator(ejemplos)) {
@@ -66,7 +67,7 @@ TEST(Examples, ReportsAreAsExpected) {
 // The commands of each README that run a report or show a table, in their order and in a copy of the folder. The last word, without
 // ".jsonl", names what is expected: NAME.txt on the standard output, NAME.err on the error output, and the journal.
 TEST(Examples, RunsAreAsExpected) {
-    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
+    PonerVariable("SOURCE_DATE_EPOCH", "1100000000");
     DirectorioTemporal directorio;
     const auto antes = std::filesystem::current_path();
     int corridas = 0;

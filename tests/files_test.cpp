@@ -1,10 +1,13 @@
 #include "base/files.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
+#ifndef _WIN32
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <cerrno>
 #include <cstdlib>
@@ -18,7 +21,9 @@
 #include "base/failure.h"
 #include "base/messages.h"
 #include "base/new_file.h"
+#include "tests/support/environment.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor::pruebas {
@@ -43,16 +48,13 @@ std::set<std::string> Nombres(const DirectorioTemporal& directorio) {
     return nombres;
 }
 
-mode_t PermisosDe(const fs::path& ruta) {
-    struct stat datos {};
-    ::stat(ruta.c_str(), &datos);
-    return datos.st_mode & 07777;
-}
+unsigned PermisosDe(const fs::path& ruta) { return static_cast<unsigned>(fs::status(ruta).permissions()); }
 
 struct NewFile : testing::Test {
     DirectorioTemporal directorio;
 };
 
+#ifndef LEFT_OUT_NewFile_KeepsLinksAndPermissions
 TEST_F(NewFile, KeepsLinksAndPermissions) {
     const auto ruta = directorio.Escribir("a.qor", "old");
     fs::create_directory(directorio / "links");
@@ -78,7 +80,9 @@ TEST_F(NewFile, KeepsLinksAndPermissions) {
     EXPECT_EQ(PermisosDe(directorio / "missing.qor"), 0640u);
     EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor", "links", "outer.qor", "dangling.qor", "missing.qor"}));
 }
+#endif
 
+#ifndef LEFT_OUT_NewFile_KeepsTheOwner
 TEST_F(NewFile, KeepsTheOwner) {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can give files away";
     const auto ruta = directorio.Escribir("a.qor", "old");
@@ -104,7 +108,9 @@ TEST_F(NewFile, KeepsTheOwner) {
     EXPECT_EQ(dueno(), std::pair(uid_t{0}, gid_t{0}));
     EXPECT_EQ(PermisosDe(ruta), 0644u);  // our own group has no more rights than all others
 }
+#endif
 
+#ifndef LEFT_OUT_NewFile_LeavesAUsersFilesAlone
 // Names under which work files could come.
 TEST_F(NewFile, LeavesAUsersFilesAlone) {
     const auto ruta = directorio.Escribir("a.qor", "old");
@@ -127,7 +133,9 @@ TEST_F(NewFile, LeavesAUsersFilesAlone) {
     EXPECT_TRUE(fs::is_symlink(directorio / "a.TMP"));
     EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor", "a.TMP", "precious"}));
 }
+#endif
 
+#ifndef LEFT_OUT_NewFile_WorkFileIsTheUsersAlone
 TEST_F(NewFile, WorkFileIsTheUsersAlone) {
     const auto ruta = directorio.Escribir("a.qor", "old");
     PonerTrampa([abiertos = 0](LlamadaDeArchivo llamada) mutable {
@@ -142,6 +150,7 @@ TEST_F(NewFile, WorkFileIsTheUsersAlone) {
     EXPECT_EQ(Nombres(directorio), (std::set<std::string>{"a.qor"}));
     EXPECT_EQ(LeerArchivo(ruta), "old");
 }
+#endif
 
 TEST_F(NewFile, IsRefusedWhereTheOldOneMustStay) {
     const auto ruta = directorio.Escribir("a.qor", "old");
@@ -182,6 +191,7 @@ TEST_F(NewFile, IsRefusedWhereTheOldOneMustStay) {
     EXPECT_FALSE(fs::exists(ruta));
 }
 
+#ifndef LEFT_OUT_NewFile_WritesPipesAndDevicesWhereTheyStand
 TEST_F(NewFile, WritesPipesAndDevicesWhereTheyStand) {
     const auto tubo = directorio / "pipe";
     ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
@@ -201,6 +211,7 @@ TEST_F(NewFile, WritesPipesAndDevicesWhereTheyStand) {
     GuardarArchivo("/proc/self/fd/" + std::to_string(abierto.Valor()), "new");
     EXPECT_EQ(::pread(abierto.Valor(), leido, sizeof leido, 0), 3);
 }
+#endif
 
 TEST_F(NewFile, LargeFilesAreRefusedNotHeld) {
     const auto ruta = directorio.Escribir("large", "");
@@ -244,7 +255,8 @@ void FallarCadaLlamada(const Escritura& escritura) {
             const DirectorioTemporal directorio;
             escritura.preparar(directorio);
             const auto ruta = directorio / escritura.destino;
-            ::chmod(ruta.c_str(), 0640);
+            fs::permissions(ruta, static_cast<fs::perms>(0640));
+            const auto permisos = PermisosDe(ruta);
             const auto viejo = LeerArchivo(ruta);
             const auto nombres = Nombres(directorio);
             std::string dicho;
@@ -260,8 +272,9 @@ void FallarCadaLlamada(const Escritura& escritura) {
             ASSERT_NE(nuevo, viejo) << lugar;
             EXPECT_EQ(LeerArchivo(ruta), dicho.empty() ? nuevo : viejo) << lugar;
             EXPECT_EQ(Nombres(directorio), nombres) << lugar;
-            EXPECT_EQ(PermisosDe(ruta), 0640u) << lugar;
-            if (!dicho.empty()) EXPECT_THAT(dicho, HasSubstr("Input/output error: /")) << lugar;
+            EXPECT_EQ(PermisosDe(ruta), permisos) << lugar;
+            if (!dicho.empty())
+                EXPECT_THAT(dicho, HasSubstr("Input/output error: " + directorio.Ruta().root_path().string())) << lugar;
             if (!ocurrio) break;
         }
     }
@@ -290,7 +303,7 @@ void PrepararParaComandos(const DirectorioTemporal& directorio) {
 }
 
 TEST(FailingCalls, LeaveTheOldFileOrTheNewOne) {
-    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
+    PonerVariable("SOURCE_DATE_EPOCH", "1100000000");
     const std::string grande(3 << 20, 'n');
     const auto conViejo = [](const DirectorioTemporal& directorio) { directorio.Escribir("a.qor", "old"); };
     const Escritura escrituras[] = {
@@ -325,6 +338,7 @@ TEST(FailingCalls, LeaveTheOldFileOrTheNewOne) {
     for (const auto& escritura : escrituras) FallarCadaLlamada(escritura);
 }
 
+#ifndef LEFT_OUT_KilledWriter_LeavesTheOldFileOrTheNewOne
 // Killed before any of its calls, a process leaves one of the two files, whole; and no work file but where it had got its name.
 TEST(KilledWriter, LeavesTheOldFileOrTheNewOne) {
     for (int cual = 1;; ++cual) {
@@ -350,15 +364,17 @@ TEST(KilledWriter, LeavesTheOldFileOrTheNewOne) {
         if (WIFEXITED(estado)) break;
     }
 }
+#endif
 
 #ifdef QOR_TEST_QORGEN
 // The program itself, in a shell that sets its descriptors and limits. Answers the status, then the standard error.
-std::string EnShell(const DirectorioTemporal& directorio, const std::string& comando) {
+[[maybe_unused]] std::string EnShell(const DirectorioTemporal& directorio, const std::string& comando) {
     const std::string linea = "cd " + directorio.Ruta().string() + " && { " + comando + "; } 2> errors; echo $? > status";
     EXPECT_EQ(std::system(linea.c_str()), 0);
     return LeerArchivo(directorio / "status") + LeerArchivo(directorio / "errors");
 }
 
+#ifndef LEFT_OUT_Process_OutputThatCanNotBeWrittenIsAFailure
 TEST(Process, OutputThatCanNotBeWrittenIsAFailure) {
     const DirectorioTemporal directorio;
     PrepararParaComandos(directorio);
@@ -372,7 +388,9 @@ TEST(Process, OutputThatCanNotBeWrittenIsAFailure) {
             << comando;
     }
 }
+#endif
 
+#ifndef LEFT_OUT_Process_ClosedDescriptorsAreNoFilesOfTheCommand
 TEST(Process, ClosedDescriptorsAreNoFilesOfTheCommand) {
     const DirectorioTemporal directorio;
     PrepararParaComandos(directorio);
@@ -384,7 +402,9 @@ TEST(Process, ClosedDescriptorsAreNoFilesOfTheCommand) {
     EXPECT_EQ(EnShell(directorio, reemplazo + " <&- >&- 2>&-"), "0\n");
     EXPECT_EQ(LeerArchivo(directorio / "session.txt"), esperado);
 }
+#endif
 
+#ifndef LEFT_OUT_Process_AFileOverTheLimitIsAFailedCall
 TEST(Process, AFileOverTheLimitIsAFailedCall) {
     const DirectorioTemporal directorio;
     PrepararParaComandos(directorio);
@@ -392,6 +412,7 @@ TEST(Process, AFileOverTheLimitIsAFailedCall) {
                 testing::MatchesRegex("1\n337: .*\n326: .*\n  File too large: out.txt\n"));
     EXPECT_EQ(LeerArchivo(directorio / "out.txt"), "old");
 }
+#endif
 #endif
 
 }  // namespace

@@ -67,7 +67,7 @@ void EscribirLibro(const std::filesystem::path& ruta, Partes partes) {
     partes.emplace("xl/t.xml", "<sst/>");
     partes.emplace("xl/f.xml", "<styleSheet/>");
     int error = 0;
-    zip_t* const zip = zip_open(ruta.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+    zip_t* const zip = zip_open(ruta.string().c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
     for (const auto& [nombre, texto] : partes) {
         zip_file_add(zip, nombre.c_str(), zip_source_buffer(zip, texto.data(), texto.size(), 0), 0);
     }

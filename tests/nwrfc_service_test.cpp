@@ -1,12 +1,12 @@
 #include "sap/nwrfc_service.h"
 
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <thread>
 
+#include "base/library.h"
 #include "sap/remote_reports.h"
 #include "sap/utf16.h"
 #include "tests/nwrfc/standin.h"
@@ -19,7 +19,8 @@ using testing::HasSubstr;
 
 template <typename Funcion>
 Funcion* DelSustituto(const char* nombre) {
-    return reinterpret_cast<Funcion*>(::dlsym(::dlopen(QOR_TEST_NWRFC, RTLD_NOW), nombre));
+    std::string motivo;
+    return reinterpret_cast<Funcion*>(BuscarEnBiblioteca(CargarBiblioteca(QOR_TEST_NWRFC, "none", motivo).get(), nombre));
 }
 
 int ConexionesAbiertas() { return DelSustituto<StandInConexiones>("ConexionesAbiertas")(); }

@@ -1,14 +1,16 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sqlite3.h>
+#ifndef _WIN32
+#include <signal.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include "abap/short_dump.h"
 #include "app/command_line.h"
-#include "base/file_calls.h"
 #include "base/files.h"
+#include "base/process.h"
 #include "base/text.h"
 #include "practice/database.h"
 #include "practice/dictionary.h"
@@ -21,6 +23,7 @@
 #include "practice/system_tables.h"
 #include "practice/table_load.h"
 #include "practice/table_transfer.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor::pruebas {
@@ -491,6 +494,7 @@ TEST_F(PruebaDeBase, AUnitOfWorkIsKeptOrDroppedWhole) {
     EXPECT_EQ(cuantas("ZERR"), "1");
 }
 
+#ifndef LEFT_OUT_PruebaDeBase_AKilledProcessLeavesTheLastFinishedUnit
 TEST_F(PruebaDeBase, AKilledProcessLeavesTheLastFinishedUnit) {
     const pid_t hijo = fork();
     if (hijo == 0) {
@@ -509,16 +513,17 @@ TEST_F(PruebaDeBase, AKilledProcessLeavesTheLastFinishedUnit) {
     EXPECT_EQ(Filas(base.Seleccionar(Consulta("ZERR", {{"*", "COUNT", false}}))), "3000");
     EXPECT_EQ(Filas(base.SeleccionarNativo("SELECT max(sequence) FROM zerr", {})), "0000003000");
 }
+#endif
 
 TEST_F(PruebaDeBase, FilesThatAreNoneAreLeftAlone) {
     const auto ajena = directorio / "other.sqlite";
     sqlite3* mango = nullptr;
-    sqlite3_open(ajena.c_str(), &mango);
+    sqlite3_open(ajena.string().c_str(), &mango);
     sqlite3_exec(mango, "CREATE TABLE t (x)", nullptr, nullptr, nullptr);
     sqlite3_close(mango);
     { const BaseDePractica hecha(ruta); }
     std::filesystem::copy_file(ruta, directorio / "newer.sqlite");
-    sqlite3_open((directorio / "newer.sqlite").c_str(), &mango);
+    sqlite3_open((directorio / "newer.sqlite").string().c_str(), &mango);
     sqlite3_exec(mango, "PRAGMA user_version=3", nullptr, nullptr, nullptr);
     sqlite3_close(mango);
     std::string danado = LeerArchivo(ruta);
@@ -550,6 +555,7 @@ TEST_F(PruebaDeBase, FilesThatAreNoneAreLeftAlone) {
     EXPECT_FALSE(std::filesystem::exists(directorio / "missing"));
 }
 
+#ifndef LEFT_OUT_PruebaDeBase_AFileOfTheFirstVersionIsUpgraded
 // The first version kept recordings by their name alone.
 TEST_F(PruebaDeBase, AFileOfTheFirstVersionIsUpgraded) {
     { const BaseDePractica hecha(ruta); }
@@ -592,7 +598,9 @@ TEST_F(PruebaDeBase, AFileOfTheFirstVersionIsUpgraded) {
     EXPECT_EQ(todas[0].qid + todas[0].texto, "00000000000000900001new");
     EXPECT_GT(todas[2].qid, todas[1].qid);
 }
+#endif
 
+#ifndef LEFT_OUT_PruebaDeBase_AFullDiskIsADump
 // A disk without room: the report ends with a dump, and what was finished before is there.
 TEST_F(PruebaDeBase, AFullDiskIsADump) {
     const pid_t hijo = fork();
@@ -620,6 +628,7 @@ TEST_F(PruebaDeBase, AFullDiskIsADump) {
     BaseDePractica base(ruta);
     EXPECT_EQ(Filas(base.Seleccionar(Consulta("ZERR", {{"*", "COUNT", false}}))), "1");
 }
+#endif
 
 // ---- The dictionary ----
 

@@ -1,12 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/stat.h>
+#endif
 
 #include <cstdlib>
 
 #include "sap/queue_choice.h"
 #include "sap/session.h"
 #include "sap/temporary_file.h"
+#include "tests/support/environment.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
@@ -220,6 +224,7 @@ TEST(Session, AConnectionThatIsLostOverAnEntryIsTold) {
 
 // ---- Files of a moment ----
 
+#ifndef LEFT_OUT_Session_FilesOfAMomentAreTheUsersAlone
 mode_t Modo(const std::filesystem::path& ruta) {
     struct stat estado {};
     EXPECT_EQ(::lstat(ruta.c_str(), &estado), 0) << ruta;
@@ -233,7 +238,7 @@ TEST(Session, FilesOfAMomentAreTheUsersAlone) {
     const mode_t mascara = ::umask(0);
     for (const auto& deEjecucion : {privado.Ruta(), abierto.Ruta(), privado / "absent", std::filesystem::path("relative")}) {
         SCOPED_TRACE(deEjecucion);
-        ::setenv("XDG_RUNTIME_DIR", deEjecucion.c_str(), 1);
+        PonerVariable("XDG_RUNTIME_DIR", deEjecucion.string());
         const bool sirve = deEjecucion == privado.Ruta();
         std::filesystem::path directorio;
         {
@@ -253,11 +258,12 @@ TEST(Session, FilesOfAMomentAreTheUsersAlone) {
         EXPECT_EQ(std::filesystem::exists(directorio), sirve);  // one of its own goes with the session
     }
     ::umask(mascara);
-    ::unsetenv("XDG_RUNTIME_DIR");
+    PonerVariable("XDG_RUNTIME_DIR", "");
     SesionSAP sinLugar;
     sinLugar.DirectorioTemporal = "/nowhere";
     EXPECT_EQ(CrearTemporal(sinLugar), "");
 }
+#endif
 
 }  // namespace
 }  // namespace qor

@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
+#include "tests/support/environment.h"
 #include "tests/support/failing_calls.h"
 #include "tests/support/parser_findings.h"
 #include "tests/support/window_fixture.h"
@@ -111,7 +112,7 @@ TEST(Spread, ReportsOfAllCombinationsAreWritten) {
     const std::filesystem::path directorio =
         pedido != nullptr ? std::filesystem::path(pedido) : std::filesystem::path(QOR_TEST_BINARY_DIR) / "spread";
     std::filesystem::create_directories(directorio);
-    ::setenv("SOURCE_DATE_EPOCH", "1100000000", 1);
+    PonerVariable("SOURCE_DATE_EPOCH", "1100000000");
     const SinEsperarAlDisco disco;
     std::string sumas;
     constexpr int total = 3 * 4 * 2 * 2 * 2 * 2 * 2;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -9,15 +7,16 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/private_place.h"
+
 namespace qor::pruebas {
 
 // A fresh directory that goes with the object.
 class DirectorioTemporal {
 public:
     DirectorioTemporal() {
-        std::string plantilla = (std::filesystem::temp_directory_path() / "qor-test-XXXXXX").string();
-        if (::mkdtemp(plantilla.data()) == nullptr) throw std::runtime_error("no temporary directory");
-        ruta_ = plantilla;
+        ruta_ = CrearDirectorioPrivado(std::filesystem::temp_directory_path(), "qor-test-");
+        if (ruta_.empty()) throw std::runtime_error("no temporary directory");
     }
     DirectorioTemporal(const DirectorioTemporal&) = delete;
     DirectorioTemporal& operator=(const DirectorioTemporal&) = delete;
