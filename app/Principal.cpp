@@ -100,7 +100,8 @@ void Principal::Construir() {
 void Principal::CrearPaginas() {
     const EntornoDePagina entorno{programa_, ventana_, *vista_, lazos_};
     rejillas_ =
-        new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); }},
+        new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); },
+                                        [this](LugarDeCelda, const QPoint& punto) { MenuDeCelda(punto); }},
                                        {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
                                        {[this] { ClicOrigen(); }, [this](const auto& archivo) { ClicDatos(archivo); }}});
     opciones_ = new PaginaDeOpciones(entorno);
@@ -381,6 +382,7 @@ void Principal::changeEvent(QEvent* evento) {
 void Principal::RestaurarVentana() {
     const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
+    rejillas_->RestaurarReparto(ajustes);
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
     for (auto* const orden : findChildren<QLayout*>()) orden->invalidate();
@@ -403,6 +405,7 @@ void Principal::RestaurarVentana() {
 void Principal::GuardarVentana() const {
     QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    rejillas_->GuardarReparto(ajustes);
     if (division_->Alto() > 0) ajustes.setValue(QStringLiteral("findings/height"), division_->Alto());
 }
 
