@@ -101,7 +101,7 @@ void Principal::CrearPaginas() {
     const EntornoDePagina entorno{programa_, ventana_, *vista_, lazos_};
     rejillas_ =
         new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); },
-                                        [this](LugarDeCelda, const QPoint& punto) { MenuDeCelda(punto); }},
+                                        [this](LugarDeCelda lugar, const QPoint& punto) { MenuDeCelda(lugar, punto); }},
                                        {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
                                        {[this] { ClicOrigen(); }, [this](const auto& archivo) { ClicDatos(archivo); }}});
     opciones_ = new PaginaDeOpciones(entorno);

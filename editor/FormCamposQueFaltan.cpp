@@ -16,9 +16,9 @@ FormCamposQueFaltan::FormCamposQueFaltan(const TextosIdioma& textos, const std::
     lista_->setAccessibleName(windowTitle());
     for (const auto& campo : campos_) lista_->addItem(TextoQt(campo));
     Marcar(true);
-    auto* const explicacion =
-        NuevaExplicacion("Explicacion", Literal("These fields are named on the program side and missing on the file side. The ticked "
-                                                "ones are added behind its last field, without widths."));
+    auto* const explicacion = NuevaExplicacion(
+        "Explicacion", Literal("These fields are named on the program side and missing on the file side. The ticked "
+                               "ones are added behind its last field, without widths."));
     auto* const todos = NuevoBoton("MarcarTodos", Literal("&All"));
     auto* const ninguno = NuevoBoton("MarcarNinguno", Literal("&None"));
     auto* const aceptar = NuevoBoton("OKButton", Literal("A&dd"));

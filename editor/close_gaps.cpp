@@ -31,8 +31,7 @@ bool OfrecerQuitarHuecos(Ventana& ventana) {
     if (huecos.empty()) return true;
     const Lugar& primero = huecos.front();
     const int lado = primero.parte == Lugar::Parte::Archivo ? 445 : 446;
-    const auto pregunta =
-        Componer(ventana.textos, {444, " ", std::to_string(primero.fila + 1), " ", lado, "\r\r", 447});
+    const auto pregunta = Componer(ventana.textos, {373, "\r\r", 444, " ", std::to_string(primero.fila + 1), " ", lado, " ", 447});
     if (ventana.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return false;
     return QuitarFilasEnBlanco(ventana);
 }

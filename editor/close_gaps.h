@@ -13,8 +13,8 @@ bool QuitarFilasEnBlanco(Ventana& ventana);
 // The user's command: the same, and a message where there is nothing to remove.
 void RemoveBlankOption(Ventana& ventana);
 
-// In front of a command that no blank row may stand in the way of: where there is one between others, asks with its row whether to
-// remove them. False when they stay.
+// In front of a command that no blank row may stand in the way of: where there is one between others, message 373 names its row and
+// asks whether to remove them. False when they stay.
 bool OfrecerQuitarHuecos(Ventana& ventana);
 
 }  // namespace qor

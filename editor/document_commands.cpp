@@ -104,9 +104,7 @@ bool SaveOption(Ventana& ventana) {
     return GuardarDondeSeElija(ventana);
 }
 
-bool SaveAsOption(Ventana& ventana) {
-    return OfrecerQuitarHuecos(ventana) && GuardarDondeSeElija(ventana);
-}
+bool SaveAsOption(Ventana& ventana) { return OfrecerQuitarHuecos(ventana) && GuardarDondeSeElija(ventana); }
 
 bool CerrarDocumento(Ventana& ventana) {
     if (!OfrecerGrabacion(ventana, 300)) return false;

@@ -37,8 +37,9 @@ void AgregarCampos(Ventana& ventana, const std::vector<std::string>& campos) {
     DejarCelda(ventana);
     const int visible = std::clamp(primero - ventana.archivo.PrimeraFilaArchivo, 0, lineasArchivo - 1);
     ventana.documento.GuardarDeshacer(PasoDeTablas(ventana, {Columna::CampoDeArchivo, visible}));
-    std::transform(campos.begin(), campos.end(), especificacion.TablaArchivo.begin() + primero,
-                   [](const std::string& campo) { return FilaDeArchivo{campo, "", "", ""}; });
+    std::transform(campos.begin(), campos.end(), especificacion.TablaArchivo.begin() + primero, [](const std::string& campo) {
+        return FilaDeArchivo{campo, "", "", ""};
+    });
     const int fin = primero + static_cast<int>(campos.size());
     const int antes = ventana.archivo.PrimeraFilaArchivo;
     const bool aLaVista = primero >= antes && fin <= antes + lineasArchivo;

@@ -84,8 +84,9 @@ public:
     // Why the block can't be taken; nothing when it is in the copy.
     std::optional<Mensaje> Poner(const Bloque& bloque) {
         const auto columnas = ColumnasDe(tabla_).subspan(NumeroDeColumna(columna_));
-        const auto ancho =
-            std::max_element(bloque.begin(), bloque.end(), [](const Fila& a, const Fila& b) { return a.size() < b.size(); })->size();
+        const auto ancho = std::max_element(bloque.begin(), bloque.end(), [](const Fila& a, const Fila& b) {
+                               return a.size() < b.size();
+                           })->size();
         if (ancho > columnas.size()) return Componer(textos_, {431, " ", std::to_string(columnas.size()), "."});
         const int lugarParaFilas = ultimaFila - fila_ + 1;
         if (static_cast<int>(bloque.size()) > lugarParaFilas) {
@@ -113,7 +114,8 @@ public:
     // The line of a row, which the grid shows behind this.
     int Linea(int fila) {
         const int lineas = LineasDe(columna_);
-        const int& primera = tabla_ == Tabla::Archivo ? prueba.archivo.PrimeraFilaArchivo : prueba.transaccion.PrimeraFilaTransaccion;
+        const int& primera =
+            tabla_ == Tabla::Archivo ? prueba.archivo.PrimeraFilaArchivo : prueba.transaccion.PrimeraFilaTransaccion;
         const auto mostrar = tabla_ == Tabla::Archivo ? MostrarArchivoSinFocus : MostrarTransaccionSinFocus;
         if (fila < primera) mostrar(prueba, fila);
         if (fila >= primera + lineas) mostrar(prueba, fila - lineas + 1);

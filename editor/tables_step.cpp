@@ -5,8 +5,7 @@ namespace qor {
 RegistroDeshacer PasoDeTablas(const Ventana& ventana, LugarDeCelda lugar) {
     const auto& especificacion = ventana.documento.especificacion;
     const Tabla tabla = TablaDe(lugar.columna);
-    const int primera =
-        tabla == Tabla::Archivo ? ventana.archivo.PrimeraFilaArchivo : ventana.transaccion.PrimeraFilaTransaccion;
+    const int primera = tabla == Tabla::Archivo ? ventana.archivo.PrimeraFilaArchivo : ventana.transaccion.PrimeraFilaTransaccion;
     return {RegistroDeshacer::Paso::Cambio, lugar.linea, primera,
             TablasDeAntes{lugar.columna, especificacion.TablaArchivo, especificacion.TablaTransaccion,
                           especificacion.VariablesGlobales}};

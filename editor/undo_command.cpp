@@ -45,8 +45,7 @@ void DeshacerEnTransaccion(Ventana& ventana, const RegistroDeshacer& registro, c
 }
 
 void DeshacerMovimiento(Ventana& ventana, const RegistroDeshacer& registro, const FilasCambiadas& antes) {
-    std::copy(antes.begin(), antes.end(),
-              ventana.documento.especificacion.TablaTransaccion.begin() + registro.FilaDeLaTabla());
+    std::copy(antes.begin(), antes.end(), ventana.documento.especificacion.TablaTransaccion.begin() + registro.FilaDeLaTabla());
     MostrarTransaccionSinFocus(ventana, registro.primeraFila);
     EnfocarCelda(ventana, {Columna::Programa, registro.linea});
 }

@@ -88,12 +88,12 @@ struct Ventana {
     RejillaArchivo archivo;
     RejillaTransaccion transaccion;
     Busquedas busquedas;
-    std::optional<LugarDeCelda> foco;  // the cell that has the focus
-    bool DuplicadoRevisado = false;    // the duplicate rule has run since a name of the file grid changed
+    std::optional<LugarDeCelda> foco;            // the cell that has the focus
+    bool DuplicadoRevisado = false;              // the duplicate rule has run since a name of the file grid changed
     std::optional<FilasMarcadas> filasMarcadas;  // by Shift and the arrow keys, until the focus goes elsewhere
-    std::string aviso;                 // a hint for the user under the grid, until the next value; in windows-1252
-    bool ExpandirCampo = false;        // the field column has the room of the two in front of it; the button shows "-"
-    int SSTab1 = 0;                    // pages shown
+    std::string aviso;                           // a hint for the user under the grid, until the next value; in windows-1252
+    bool ExpandirCampo = false;                  // the field column has the room of the two in front of it; the button shows "-"
+    int SSTab1 = 0;                              // pages shown
     int SSTab2 = 0;
     std::filesystem::path ReporteTrans;  // file to import
 

@@ -84,8 +84,7 @@ private:
 
 }  // namespace
 
-CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre,
-                           const AccionesDeRejilla& acciones) {
+CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre, const AccionesDeRejilla& acciones) {
     auto* const celda = new CeldaDeRejilla(lugar, padre);
     celda->setMinimumWidth(celda->fontMetrics().averageCharWidth() * 3);
     celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);

@@ -25,8 +25,8 @@ public:
     CeldaDeRejilla(LugarDeCelda lugar, QWidget* padre);
 
     LugarDeCelda Lugar() const { return lugar_; }
-    // Sets the text as the editor has it, and whether its row is marked. A text that changes under the cursor is selected whole, as on
-    // entering the cell; without the cursor a cell shows its text from the beginning, and no selection.
+    // Sets the text as the editor has it, and whether its row is marked. A text that changes under the cursor is selected whole, as
+    // on entering the cell; without the cursor a cell shows its text from the beginning, and no selection.
     void Sincronizar(const Celda& celda, bool marcada = false);
     // The selected text goes to the clipboard; the row where there is none, or the marked rows.
     void Copiar();
