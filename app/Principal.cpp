@@ -136,6 +136,13 @@ void Principal::CrearEstado() {
     ConnectionStatus_->setTextFormat(Qt::PlainText);
     constexpr int margen = 6;
     for (auto* const rotulo : {documento_, ConnectionStatus_}) rotulo->setContentsMargins(margen, 0, margen, 0);
+    // The hint under the grid, where the page has been scrolled away from it.
+    lazos_.AlMostrar([this, mostrado = QString()]() mutable {
+        const QString aviso = TextoQt(ventana_.aviso);
+        if (aviso == std::exchange(mostrado, aviso)) return;
+        const bool aLaVista = !controles_.Buscar<QLabel>("AvisoDeRejilla")->visibleRegion().isEmpty();
+        aviso.isEmpty() || aLaVista ? statusBar()->clearMessage() : statusBar()->showMessage(aviso);
+    });
     statusBar()->addWidget(documento_, 1);
     statusBar()->addPermanentWidget(ConnectionStatus_);
 }

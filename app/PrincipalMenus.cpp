@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
+#include <vector>
 
 #include "app/Principal.h"
 #include "app/examples.h"
@@ -235,14 +236,15 @@ void Principal::CrearAccionesDeFila(QMenu* edicion) {
 // What the row of a cell can do; the cell has the keyboard.
 void Principal::MenuDeCelda(LugarDeCelda lugar, const QPoint& punto) {
     const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
-    using Nombres = std::initializer_list<const char*>;
+    using Nombres = std::vector<const char*>;
+    const std::vector<Nombres> grupos = {
+        {"CutOption", "CopyOption", "PasteOption"},
+        {"CopyRowsOption", "InsertBlankOption", "InsertOption", "DeleteOption"},
+        deArchivo ? Nombres{"UpOption", "DownOption"} : Nombres{"RowUpOption", "RowDownOption"},
+        deArchivo ? Nombres{"NoteOption", "CodeOption"} : Nombres{"NoteOption", "ConditionOption", "GoToFieldOption"}};
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("MenuDeCelda"));
-    for (const auto& grupo :
-         {Nombres{"CutOption", "CopyOption", "PasteOption"},
-          Nombres{"CopyRowsOption", "InsertBlankOption", "InsertOption", "DeleteOption"},
-          deArchivo ? Nombres{"UpOption", "DownOption"} : Nombres{"RowUpOption", "RowDownOption"},
-          deArchivo ? Nombres{"NoteOption", "CodeOption"} : Nombres{"NoteOption", "ConditionOption", "GoToFieldOption"}}) {
+    for (const auto& grupo : grupos) {
         for (const char* const nombre : grupo) menu.addAction(controles_.Buscar<QAction>(nombre));
         menu.addSeparator();
     }

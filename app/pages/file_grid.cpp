@@ -82,6 +82,16 @@ QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
     return boton;
 }
 
+// The buttons have the room of their bold text, so that code of a row moves nothing.
+void PanelDeArchivo::ReservarCodigo() {
+    QFont negrita = font();
+    negrita.setBold(true);
+    const QToolButton* const boton = ABAP_.front();
+    const int crece = QFontMetrics(negrita).horizontalAdvance(boton->text()) - fontMetrics().horizontalAdvance(boton->text());
+    const bool yaNegrita = boton->font().bold();
+    marco_->Orden()->setColumnMinimumWidth(2, boton->sizeHint().width() + (yaNegrita ? 0 : crece));
+}
+
 void PanelDeArchivo::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
     MostrarCeldas(ventana, celdas_);
@@ -96,6 +106,7 @@ void PanelDeArchivo::MostrarLineas() {
         letra.setBold(color == Color::Rojo);
         ABAP_[i]->setFont(letra);
     }
+    ReservarCodigo();
     linea_->setText(QString::number(ventana.archivo.LineaArchivo + 1));
     barra_->setValue(ventana.archivo.PrimeraFilaArchivo);
     signos_->MostrarDesde(ventana.archivo.PrimeraFilaArchivo);

@@ -23,6 +23,7 @@ public:
     MarcoDeRejilla& Marco() { return *marco_; }
 
 private:
+    void ReservarCodigo();
     QToolButton* NuevoBotonDeCodigo(int linea, QWidget* padre);
 
     EntornoDePagina entorno_;

@@ -16,7 +16,7 @@ namespace qor {
 
 namespace {
 
-constexpr int parteDelArchivo = 4;
+constexpr int parteDelArchivo = 5;
 constexpr int parteDelPrograma = 9;
 constexpr int pixelesPorParte = 100;
 constexpr int anchoDeDivision = 12;
@@ -44,6 +44,7 @@ PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Accione
     auto* const lado = new QWidget(this);
     auto* const derecha = new QVBoxLayout(lado);
     derecha->setContentsMargins(0, 0, 0, 0);
+    derecha->setSpacing(2);
     derecha->addWidget(programa_, 1);
     derecha->addWidget(NuevoAviso(entorno, lado));
     derecha->addWidget(edicion_);
