@@ -51,6 +51,9 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
     marco_ = marco;
     auto* const columnas = marco->Orden();
     for (const auto& cabecera : cabeceras) marco->NuevaCabecera(cabecera.nombre, cabecera.letras);
+    // In the place of the two headings that are hidden while the field column has their room.
+    relleno_ = ComoCabecera(new QLabel(marco));
+    columnas->addWidget(relleno_, 0, 0, 1, 2);
     for (int i = 0; i < lineasTransaccion; ++i) {
         for (const Columna c : {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor}) {
             celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones));
@@ -103,6 +106,7 @@ void PanelDePrograma::RepartirColumnas() {
     const bool expandido = entorno_.ventana.ExpandirCampo;
     if (expandido_ >= 0) partes_[static_cast<std::size_t>(expandido_)] = marco_->Partes();
     expandido_ = static_cast<int>(expandido);
+    relleno_->setVisible(expandido);
     marco_->PonerPartes(partes_[static_cast<std::size_t>(expandido)]);
     expandir_->setText(QString::fromLatin1(RotuloDeExpandirCampo(entorno_.ventana)));
 }

@@ -32,6 +32,7 @@ private:
     EntornoDePagina entorno_;
     std::vector<CeldaDeRejilla*> celdas_;
     MarcoDeRejilla* marco_;
+    QLabel* relleno_;
     std::array<std::vector<int>, 2> partes_;
     QPushButton* expandir_;
     QLabel* linea_;
