@@ -100,7 +100,8 @@ void Principal::Construir() {
 void Principal::CrearPaginas() {
     const EntornoDePagina entorno{programa_, ventana_, *vista_, lazos_};
     rejillas_ =
-        new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); }},
+        new PaginaDeRejillas(entorno, {{[this](FilaDeTabla fila) { ClicNotas(fila); }, [this](int fila) { ClicCodigo(fila); },
+                                        [this](LugarDeCelda lugar, const QPoint& punto) { MenuDeCelda(lugar, punto); }},
                                        {[this] { ClicAgregarOperacion(); }, [this] { ClicCondiciones(); }},
                                        {[this] { ClicOrigen(); }, [this](const auto& archivo) { ClicDatos(archivo); }}});
     opciones_ = new PaginaDeOpciones(entorno);
@@ -135,6 +136,13 @@ void Principal::CrearEstado() {
     ConnectionStatus_->setTextFormat(Qt::PlainText);
     constexpr int margen = 6;
     for (auto* const rotulo : {documento_, ConnectionStatus_}) rotulo->setContentsMargins(margen, 0, margen, 0);
+    // The hint under the grid, where the page has been scrolled away from it.
+    lazos_.AlMostrar([this, mostrado = QString()]() mutable {
+        const QString aviso = TextoQt(ventana_.aviso);
+        if (aviso == std::exchange(mostrado, aviso)) return;
+        const bool aLaVista = !controles_.Buscar<QLabel>("AvisoDeRejilla")->visibleRegion().isEmpty();
+        aviso.isEmpty() || aLaVista ? statusBar()->clearMessage() : statusBar()->showMessage(aviso);
+    });
     statusBar()->addWidget(documento_, 1);
     statusBar()->addPermanentWidget(ConnectionStatus_);
 }
@@ -381,6 +389,7 @@ void Principal::changeEvent(QEvent* evento) {
 void Principal::RestaurarVentana() {
     const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
+    rejillas_->RestaurarReparto(ajustes);
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
     for (auto* const orden : findChildren<QLayout*>()) orden->invalidate();
@@ -403,6 +412,7 @@ void Principal::RestaurarVentana() {
 void Principal::GuardarVentana() const {
     QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    rejillas_->GuardarReparto(ajustes);
     if (division_->Alto() > 0) ajustes.setValue(QStringLiteral("findings/height"), division_->Alto());
 }
 

@@ -101,6 +101,10 @@ private:
     void CrearMenus();
     void CrearMenuDeArchivo();
     void CrearMenuDeEdicion();
+    void CrearPortapapeles(QMenu* edicion);
+    void CrearMenuDeFilas(QMenu* edicion);
+    void CrearAccionesDeFila(QMenu* edicion);
+    void MenuDeCelda(LugarDeCelda lugar, const QPoint& punto);
     void CrearOtrosMenus();
     void CrearBarra();
     QMenu* NuevoMenu(const char* nombre);
@@ -128,6 +132,8 @@ private:
                   const std::filesystem::path& archivo, const std::optional<LugarDeEntrada>& lugar, QWidget* ventana);
     void MostrarEstructuras(const std::string& texto, QWidget* ventana);
     void ClicAgregarOperacion();
+    // Offers the fields that the file side lacks; where there are none, says so if asked.
+    void ClicCamposQueFaltan(bool pedido);
     void NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila);
     void ClicEditorBDC(const std::filesystem::path& archivo = {});
     void ClicDirectorios();

@@ -20,13 +20,16 @@
 #include "base/qt/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/FormABAPWindow.h"
+#include "editor/FormCamposQueFaltan.h"
 #include "editor/FormConditions.h"
 #include "editor/FormDataSource.h"
 #include "editor/FormNotas.h"
 #include "editor/FormNuevasVariables.h"
 #include "editor/add_operation.h"
+#include "editor/close_gaps.h"
 #include "editor/data_source.h"
 #include "editor/grids.h"
+#include "editor/missing_fields.h"
 #include "generator/generate.h"
 #include "input/layout.h"
 #include "print/FormPreview.h"
@@ -49,6 +52,7 @@ PedidoDeGeneracion Principal::Pedido(Vista& vista) {
 
 // A run cuts the name of the error table in the options.
 void Principal::ClicGenerar() {
+    if (!OfrecerQuitarHuecos(ventana_)) return;
     const std::string antes = abierto_.opciones.TablaZ;
     VistaDeRechazo vista(*vista_);
     const bool escrito = Generar(Pedido(vista), programa_.generador).has_value();
@@ -57,6 +61,7 @@ void Principal::ClicGenerar() {
 }
 
 void Principal::ClicImprimir() {
+    if (!OfrecerQuitarHuecos(ventana_)) return;
     ImpresionEnPapel papel(programa_.textos, *vista_, this);
     PrintOption(Pedido(*vista_), [&] { return papel.Elegir(); });
 }
@@ -97,6 +102,7 @@ void Principal::ClicOrigen(const Destino* destino) {
 }
 
 void Principal::ClicPreview() {
+    if (!OfrecerQuitarHuecos(ventana_)) return;
     const std::string texto = TextoDePreview(ventana_, programa_.ajustes.preferencias);
     if (!texto.empty()) MostrarEstructuras(texto, this);
 }
@@ -134,13 +140,27 @@ void Principal::MostrarEstructuras(const std::string& texto, QWidget* ventana) {
     FormPreview(programa_.textos, *vista_, texto, Ayuda(), ventana).exec();
 }
 
+void Principal::ClicCamposQueFaltan(bool pedido) {
+    const auto campos = CamposQueFaltan(abierto_.especificacion);
+    if (campos.empty()) {
+        if (pedido) vista_->Informar(Componer(programa_.textos, {448}));
+        return;
+    }
+    FormCamposQueFaltan dialogo(programa_.textos, campos, this);
+    dialogo.exec();
+    AgregarCampos(ventana_, dialogo.Elegidos());
+}
+
 void Principal::ClicAgregarOperacion() {
-    AgregarOperacion(ventana_, [this](int fila) {
+    int cabeza = -1;
+    AgregarOperacion(ventana_, [this, &cabeza](int fila) {
+        cabeza = fila;
         FormTrans dialogo(
             programa_.textos, [this, fila](QWidget* ventana) { NavegarBAPIs(ventana, false, fila); }, this);
         dialogo.exec();
         return dialogo.OperacionElegida();
     });
+    if (cabeza >= 0 && abierto_.especificacion.TablaTransaccion[cabeza].EsCabezaBAPI()) ClicCamposQueFaltan(false);
 }
 
 // An update of the catalogue is written beside the settings, where the user may write. That of the practice system goes apart, and

@@ -12,6 +12,7 @@
 #include "base/failure.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "editor/close_gaps.h"
 #include "editor/document_commands.h"
 #include "input/layout.h"
 #include "sap/import.h"
@@ -30,6 +31,7 @@ std::filesystem::path CarpetaDeCopias() {
 
 // The window stands beside this one, and what came of a rehearsal stays in it until the document is another one.
 void Principal::ClicEnsayo() {
+    if (!OfrecerQuitarHuecos(ventana_)) return;
     if (!ensayo_) {
         const auto ajustes = programa_.rutaDeAjustes.parent_path();
         const auto memoria = ajustes / "qor-input.ini";

@@ -43,6 +43,7 @@ void Principal::CrearMenuDeHallazgos(QMenu* menu) {
     auto* const mostrar = Nuevo<QAction>("FindingsOption", this);
     mostrar->setCheckable(true);
     menu->addAction(mostrar);
+    mostrar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     connect(mostrar, &QAction::triggered, this, [this](bool puesta) { EncenderHallazgos(puesta); });
     lazos_.AlMostrar([this, mostrar] { mostrar->setChecked(vigia_.Pedido()); });
     NuevaAccion("NextFindingOption", menu, [this] { IrAVecino(1); })->setShortcut(QKeySequence(Qt::Key_F8));

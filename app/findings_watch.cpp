@@ -7,8 +7,6 @@
 
 #include "base/failure.h"
 #include "base/text.h"
-#include "editor/cell_focus.h"
-#include "editor/grids.h"
 #include "model/cells.h"
 
 namespace qor {
@@ -23,7 +21,6 @@ constexpr int columnaConversion = 3;
 constexpr int columnaNotaDePrograma = 4;
 constexpr int codigoSinSalida = 110;
 constexpr int milisegundosDePausa = 500;
-constexpr int filasDeContexto = 2;  // that are seen above a row which the grid has to go to
 
 int EnTabla(int fila) { return std::clamp(fila, 0, ultimaFila); }
 
@@ -109,7 +106,7 @@ bool SinFilas(const Especificacion& especificacion) {
 Hallazgos Analizar(const MateriaDeHallazgos& m) {
     if (SinFilas(m.documento.especificacion)) return {};
     Hallazgos hallazgos = BuscarHallazgos({m.documento.especificacion, m.documento.opciones, m.preferencias, m.textos,
-                                           m.documento.RutaDocumento(), m.documento.NombreDocumento()});
+                                           m.documento.RutaDocumento(), m.documento.NombreDocumento(), 1});
     if (m.conectado) std::erase_if(hallazgos.lista, [](const Hallazgo& h) { return h.codigo == codigoSinSalida; });
     return hallazgos;
 }
@@ -131,17 +128,6 @@ Destino DestinoDe(const Lugar& lugar, const Especificacion& especificacion, cons
         case Parte::Ninguna: break;
     }
     return {};
-}
-
-void MostrarCelda(Ventana& ventana, Columna columna, int fila) {
-    const bool deArchivo = TablaDe(columna) == Tabla::Archivo;
-    const int& primera = deArchivo ? ventana.archivo.PrimeraFilaArchivo : ventana.transaccion.PrimeraFilaTransaccion;
-    const int lineas = deArchivo ? lineasArchivo : lineasTransaccion;
-    DejarCelda(ventana);
-    if (fila < primera || fila >= primera + lineas) {
-        (deArchivo ? MostrarArchivoSinFocus : MostrarTransaccionSinFocus)(ventana, fila - filasDeContexto);
-    }
-    EnfocarCelda(ventana, {columna, fila - primera});
 }
 
 SignosDeFilas SignosDe(const std::vector<Hallazgo>& lista, Tabla tabla, const Especificacion& especificacion,

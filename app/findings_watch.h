@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "editor/row_places.h"
 #include "editor/window.h"
 #include "findings/finding.h"
 
@@ -42,9 +43,6 @@ struct Destino {
 
 // A note that no dialog can show, because its row has no field, heads the table or has marks that can't be read, leads to the cell.
 Destino DestinoDe(const Lugar& lugar, const Especificacion& especificacion, const Opciones& opciones);
-
-// Brings a row into its grid, where it isn't seen already, and gives one of its cells the focus.
-void MostrarCelda(Ventana& ventana, Columna columna, int fila);
 
 // ---- The findings of rows ----
 

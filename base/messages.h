@@ -3,6 +3,7 @@
 #include <array>
 #include <exception>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -24,11 +25,20 @@ private:
     std::array<std::string, ultimo + 1> textos_;
 };
 
+// A row of one of the sides that a message is about. The person counts rows from 1, the tables from 0.
+struct FilaDeMensaje {
+    bool delArchivo = false;  // of the file side, else of the program side
+    int fila = 0;             // from 0
+};
+
 // What a message box shows: its text, and the numbers of the messages that it was built from.
 struct Mensaje {
     std::vector<int> numeros;
     std::string texto;
     std::string detalle = {};  // what the system said about a failed operation on a file, in UTF-8; mostly nothing
+    // What only the screen says: the row, and the text where its rows are counted otherwise than on paper.
+    std::optional<FilaDeMensaje> fila = {};
+    std::string enPantalla = {};  // empty where it is `texto`
 
     // The first of the numbers, or 0 for a literal text.
     int Numero() const { return numeros.empty() ? 0 : numeros.front(); }

@@ -21,6 +21,7 @@ void EntrarEnCelda(Ventana& ventana, LugarDeCelda lugar) {
     if (ventana.foco != lugar) {
         DejarCelda(ventana);
         ventana.foco = lugar;
+        ventana.filasMarcadas.reset();
     }
     const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
     (deArchivo ? ventana.archivo.LineaArchivo : ventana.transaccion.LineaTransaccion) = FilaDe(ventana, lugar);

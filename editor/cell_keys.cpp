@@ -6,6 +6,7 @@
 #include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
+#include "editor/row_range.h"
 
 namespace qor {
 
@@ -56,7 +57,14 @@ void InsertarFila(Ventana& ventana, LugarDeCelda lugar) {
     TablaDe(lugar.columna) == Tabla::Archivo ? InsertarArchivo(ventana, lugar.linea) : InsertarTransaccion(ventana, lugar.linea);
 }
 
+void InsertarFilaEnBlanco(Ventana& ventana, LugarDeCelda lugar) {
+    const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
+    deArchivo ? InsertarArchivoEnBlanco(ventana, lugar.linea) : InsertarTransaccionEnBlanco(ventana, lugar.linea);
+}
+
 void BorrarFila(Ventana& ventana, LugarDeCelda lugar) {
+    const auto filas = FilasDelComando(ventana, lugar);
+    if (filas.desde < filas.hasta) return BorrarFilas(ventana, lugar, filas);
     TablaDe(lugar.columna) == Tabla::Archivo ? BorrarArchivo(ventana, lugar.linea) : BorrarTransaccion(ventana, lugar.linea);
 }
 
@@ -73,6 +81,9 @@ void TeclaEnCelda(Ventana& ventana, LugarDeCelda lugar, Tecla tecla) {
         case Tecla::AvPag: return IrPagina(ventana, lugar, 1);
         case Tecla::F5: return InsertarFila(ventana, lugar);
         case Tecla::F6: return BorrarFila(ventana, lugar);
+        case Tecla::MarcarArriba: return ExtenderFilas(ventana, lugar, -1);
+        case Tecla::MarcarAbajo: return ExtenderFilas(ventana, lugar, 1);
+        case Tecla::MayusF5: return InsertarFilaEnBlanco(ventana, lugar);
     }
 }
 

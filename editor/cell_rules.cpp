@@ -88,6 +88,7 @@ std::string NombreDeControl(LugarDeCelda lugar) {
 void EscribirEnCelda(Ventana& ventana, LugarDeCelda lugar, const std::string& texto) {
     if (TextoDe(ventana, lugar) == texto) return;
     GuardarFila(ventana, lugar);
+    if (lugar.columna == Columna::Valor) ventana.aviso.clear();
     Cambiar(ventana, lugar, texto, EscribirEnCelda);
 }
 

@@ -5,8 +5,8 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "editor/cell_rules.h"
+#include "editor/close_gaps.h"
 #include "editor/grids.h"
-#include "model/gaps.h"
 
 namespace qor {
 
@@ -99,13 +99,12 @@ void RestaurarTrabajo(Ventana& ventana, Documento trabajo) {
 
 bool SaveOption(Ventana& ventana) {
     auto& documento = ventana.documento;
+    if (!OfrecerQuitarHuecos(ventana)) return false;
     if (!documento.ruta.empty()) return GuardarDocumento(documento, ventana.textos, ventana.vista);
-    return TablasOK(documento.especificacion, ventana.textos, ventana.vista) && GuardarDondeSeElija(ventana);
+    return GuardarDondeSeElija(ventana);
 }
 
-bool SaveAsOption(Ventana& ventana) {
-    return TablasOK(ventana.documento.especificacion, ventana.textos, ventana.vista) && GuardarDondeSeElija(ventana);
-}
+bool SaveAsOption(Ventana& ventana) { return OfrecerQuitarHuecos(ventana) && GuardarDondeSeElija(ventana); }
 
 bool CerrarDocumento(Ventana& ventana) {
     if (!OfrecerGrabacion(ventana, 300)) return false;

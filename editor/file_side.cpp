@@ -4,6 +4,7 @@
 
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
+#include "editor/tables_step.h"
 
 namespace qor {
 
@@ -18,7 +19,9 @@ void LlenarLadoDeArchivo(Ventana& ventana, std::vector<FilaDeArchivo> filas) {
     auto& tabla = documento.especificacion.TablaArchivo;
     if (filas.empty() || documento.especificacion.FilasArchivo() > 0) return;
     filas.resize(filasTabla);
-    documento.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, 0, 0, std::exchange(tabla, std::move(filas))});
+    MostrarArchivoSinFocus(ventana, 0);
+    documento.GuardarDeshacer(PasoDeTablas(ventana, {Columna::CampoDeArchivo, 0}));
+    tabla = std::move(filas);
     MostrarArchivoSinFocus(ventana, 0);
 }
 

@@ -217,6 +217,18 @@ void InsertarTransaccion(Ventana& ventana, int linea) {
     AbrirFilaTransaccion(ventana, linea);
 }
 
+void InsertarArchivoEnBlanco(Ventana& ventana, int linea) {
+    ventana.documento.GuardarDeshacer(
+        {RegistroDeshacer::Paso::Insercion, linea, ventana.archivo.PrimeraFilaArchivo, FilaDeArchivo{}});
+    AbrirFilaArchivo(ventana, linea);
+    for (const Columna columna : columnasDeCeldasDeArchivo) PonerEnCelda(ventana, {columna, linea}, "");
+}
+
+void InsertarTransaccionEnBlanco(Ventana& ventana, int linea) {
+    InsertarTransaccion(ventana, linea);
+    for (const Columna columna : columnasDeCeldasDeTransaccion) PonerEnCelda(ventana, {columna, linea}, "");
+}
+
 void QuitarFilaArchivo(Ventana& ventana, int linea) {
     const int primera = ventana.archivo.PrimeraFilaArchivo;
     auto& tabla = ventana.documento.especificacion.TablaArchivo;
@@ -254,6 +266,23 @@ void BorrarTransaccion(Ventana& ventana, int linea) {
 void UpButton(Ventana& ventana) { MoverFila(ventana, -1); }
 
 void DownButton(Ventana& ventana) { MoverFila(ventana, 1); }
+
+void MoverTransaccion(Ventana& ventana, LugarDeCelda lugar, int paso) {
+    auto& tabla = ventana.documento.especificacion.TablaTransaccion;
+    const int primera = ventana.transaccion.PrimeraFilaTransaccion;
+    const int fila = primera + lugar.linea;
+    const int otra = fila + paso;
+    if (otra < 0 || otra > ultimaFila) return;
+    const int arriba = std::min(fila, otra);
+    ventana.documento.GuardarDeshacer(
+        {RegistroDeshacer::Paso::Cambio, arriba - primera, primera, FilasCambiadas{tabla[arriba], tabla[arriba + 1]}});
+    std::swap(tabla[fila], tabla[otra]);
+    const int linea = otra - primera;
+    const int corrida = std::min(linea, 0) + std::max(linea - lineasTransaccion + 1, 0);
+    MostrarTransaccionSinFocus(ventana, primera + corrida);
+    ventana.foco.reset();
+    EnfocarCelda(ventana, {lugar.columna, linea - corrida});
+}
 
 void DobleClicLineaArchivo(Ventana& ventana) {
     MostrarArchivo(ventana, 0);

@@ -34,6 +34,9 @@ void DesplazarTransaccion(Ventana& ventana, int filas);
 // note and code; the last row of the table is lost. On the file side the repeated name gets a number at once.
 void InsertarArchivo(Ventana& ventana, int linea);
 void InsertarTransaccion(Ventana& ventana, int linea);
+// The same with a row that has no text.
+void InsertarArchivoEnBlanco(Ventana& ventana, int linea);
+void InsertarTransaccionEnBlanco(Ventana& ventana, int linea);
 void BorrarArchivo(Ventana& ventana, int linea);
 void BorrarTransaccion(Ventana& ventana, int linea);
 
@@ -46,6 +49,10 @@ void QuitarFilaTransaccion(Ventana& ventana, int linea);
 // Moves the file row last entered by one row, with its note and code; the focus goes with it.
 void UpButton(Ventana& ventana);
 void DownButton(Ventana& ventana);
+
+// Moves a row of the program side by one row up (-1) or down (1), with its note; the focus goes with it, in its column. One step to
+// undo. Nothing at the ends of the table.
+void MoverTransaccion(Ventana& ventana, LugarDeCelda lugar, int paso);
 
 // A double click on the label of the row number.
 void DobleClicLineaArchivo(Ventana& ventana);

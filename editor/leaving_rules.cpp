@@ -73,6 +73,12 @@ void Autofill(Ventana& ventana, const std::string& campo) {
     MostrarArchivoSinFocus(ventana, r >= lineasArchivo ? r - linea : ventana.archivo.PrimeraFilaArchivo);
 }
 
+// Characters of the value were replaced: it may have been meant as a constant.
+void Avisar(Ventana& ventana, const std::string& escrito, const std::string& campo) {
+    const auto aviso = Componer(ventana.textos, {435, " ", escrito, " ", 436, " ", campo, ". ", 437, " '", escrito, "'"});
+    ventana.aviso = aviso.texto;
+}
+
 // The text with the number at its end raised by one; a text without one gets 2.
 std::string SiguienteNombre(std::string_view texto) {
     const auto resto = texto.substr(0, texto.find_last_not_of("0123456789") + 1);
@@ -125,6 +131,7 @@ bool ReglaDeValor(Ventana& ventana, int linea) {
         campo.resize(largoMaximoDeCampo);
     }
     Corregir(ventana, {Columna::Valor, linea}, campo);
+    if (admitido && campo != texto) Avisar(ventana, texto, campo);
     if (ventana.documento.opciones.Autofill == 1) Autofill(ventana, Mayusculas(campo));
     return admitido;
 }

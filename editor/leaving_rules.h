@@ -14,7 +14,8 @@ bool ReglaDeDuplicados(Ventana& ventana, int linea);
 
 // Text5: a constant stays. A variable is declared as a parameter, with message 312, when no definition has it; its name has at most
 // eight characters. Anything else becomes the name of a file field, at most 30 characters (message 333), and with Autofill on that
-// field is added to the file side where it is missing.
+// field is added to the file side where it is missing. Where characters had to be replaced, the window's hint tells how a constant
+// is written.
 bool ReglaDeValor(Ventana& ventana, int linea);
 
 }  // namespace qor

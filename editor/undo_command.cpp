@@ -1,5 +1,7 @@
 #include "editor/undo_command.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
@@ -42,23 +44,39 @@ void DeshacerEnTransaccion(Ventana& ventana, const RegistroDeshacer& registro, c
     EnfocarCelda(ventana, {Columna::Programa, linea});
 }
 
+void DeshacerMovimiento(Ventana& ventana, const RegistroDeshacer& registro, const FilasCambiadas& antes) {
+    std::copy(antes.begin(), antes.end(), ventana.documento.especificacion.TablaTransaccion.begin() + registro.FilaDeLaTabla());
+    MostrarTransaccionSinFocus(ventana, registro.primeraFila);
+    EnfocarCelda(ventana, {Columna::Programa, registro.linea});
+}
+
+void DeshacerTablas(Ventana& ventana, const RegistroDeshacer& registro, const TablasDeAntes& antes) {
+    auto& especificacion = ventana.documento.especificacion;
+    especificacion.TablaArchivo = antes.archivo;
+    especificacion.TablaTransaccion = antes.programa;
+    especificacion.VariablesGlobales = antes.VariablesGlobales;
+    const bool deArchivo = TablaDe(antes.columna) == Tabla::Archivo;
+    MostrarArchivoSinFocus(ventana, deArchivo ? registro.primeraFila : ventana.archivo.PrimeraFilaArchivo);
+    MostrarTransaccionSinFocus(ventana, deArchivo ? ventana.transaccion.PrimeraFilaTransaccion : registro.primeraFila);
+    EnfocarCelda(ventana, {antes.columna, registro.linea});
+}
+
 }  // namespace
 
 void Deshacer(Ventana& ventana) {
     const auto registro = ventana.documento.deshacer.Recuperar();
     if (!registro) return;
     ventana.documento.Cambiar();
+    ventana.aviso.clear();
     ventana.foco.reset();
     if (const auto* const archivo = std::get_if<FilaDeArchivo>(&registro->antes)) {
         DeshacerEnArchivo(ventana, *registro, *archivo);
     } else if (const auto* const transaccion = std::get_if<FilaDeTransaccion>(&registro->antes)) {
         DeshacerEnTransaccion(ventana, *registro, *transaccion);
-    } else if (const auto* const lado = std::get_if<std::vector<FilaDeArchivo>>(&registro->antes)) {
-        ventana.documento.especificacion.TablaArchivo = *lado;
-        MostrarArchivo(ventana, 0);
+    } else if (const auto* const filas = std::get_if<FilasCambiadas>(&registro->antes)) {
+        DeshacerMovimiento(ventana, *registro, *filas);
     } else {
-        ventana.documento.especificacion.TablaTransaccion = std::get<std::vector<FilaDeTransaccion>>(registro->antes);
-        MostrarTablaNueva(ventana);
+        DeshacerTablas(ventana, *registro, std::get<TablasDeAntes>(registro->antes));
     }
 }
 

@@ -7,6 +7,8 @@ void Ventana::Reiniciar() {
     transaccion = {};
     busquedas = {};
     foco.reset();
+    filasMarcadas.reset();
+    aviso.clear();
     DuplicadoRevisado = false;
     ExpandirCampo = false;
     SSTab1 = SSTab2 = 0;

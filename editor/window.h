@@ -34,6 +34,13 @@ struct FilaDeTabla {
     bool operator==(const FilaDeTabla&) const = default;
 };
 
+// Rows of a grid that are marked: from where the marking began to where the focus is, in any order.
+struct FilasMarcadas {
+    Tabla tabla = Tabla::Archivo;
+    int ancla = 0;
+    int ultima = 0;
+};
+
 struct Celda {
     std::string texto;
     Color color = Color::Negro;
@@ -81,10 +88,12 @@ struct Ventana {
     RejillaArchivo archivo;
     RejillaTransaccion transaccion;
     Busquedas busquedas;
-    std::optional<LugarDeCelda> foco;  // the cell that has the focus
-    bool DuplicadoRevisado = false;    // the duplicate rule has run since a name of the file grid changed
-    bool ExpandirCampo = false;        // the field column has the room of the two in front of it; the button shows "-"
-    int SSTab1 = 0;                    // pages shown
+    std::optional<LugarDeCelda> foco;            // the cell that has the focus
+    bool DuplicadoRevisado = false;              // the duplicate rule has run since a name of the file grid changed
+    std::optional<FilasMarcadas> filasMarcadas;  // by Shift and the arrow keys, until the focus goes elsewhere
+    std::string aviso;                           // a hint for the user under the grid, until the next value; in windows-1252
+    bool ExpandirCampo = false;                  // the field column has the room of the two in front of it; the button shows "-"
+    int SSTab1 = 0;                              // pages shown
     int SSTab2 = 0;
     std::filesystem::path ReporteTrans;  // file to import
 

@@ -132,7 +132,7 @@ private:
                 const bool repuesta = nuevo && CambiaEnCadaRegistro(valor.substr(1));
                 if (!repuesta) libreta_.Agregar(402, lugar, {valor, codigo}, 2);
             } else if (!nuevo && PuedeSer(valor, codigo)) {
-                libreta_.Agregar(402, lugar, {valor, codigo, std::to_string(antes->second)}, 1);
+                libreta_.Agregar(402, lugar, {valor, codigo, libreta_.NumeroDeFila(static_cast<int>(antes->second))}, 1);
             }
         }
     }

@@ -38,6 +38,7 @@ struct PedidoDeHallazgos {
     const TextosIdioma& textos;
     std::string RutaDocumento;
     std::string NombreDocumento;
+    int primeraFila = 0;  // by which number sentences call the first row of a table
 };
 
 struct Hallazgos {

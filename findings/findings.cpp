@@ -65,7 +65,7 @@ public:
             return false;
         }
         HallazgosDeObservaciones(g, recolector.observaciones, lista_);
-        Libreta libreta(g, lista_);
+        Libreta libreta(g, lista_, pedido_.primeraFila);
         if (EstaEnBlanco(opciones_.Programa)) AgregarSinSalida(libreta);
         ReglasDeNombres(g, libreta);
         ReglasDeTextos(g, libreta);

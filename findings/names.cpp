@@ -79,7 +79,7 @@ public:
             BuscarEnAncho(f, fila.ancho);
             const auto [lugar, nuevo] = primeros.try_emplace(Mayusculas(Recortar(fila.campo)), f);
             if (!nuevo && EnUnRegistro(lugar->second, f)) {
-                libreta_.Agregar(327, Lugar::EnArchivo(f, 0), {fila.campo, std::to_string(lugar->second)});
+                libreta_.Agregar(327, Lugar::EnArchivo(f, 0), {fila.campo, libreta_.NumeroDeFila(lugar->second)});
             }
             if (LeeTabla(c_) && EsDePalabras(fila.campo)) libreta_.Agregar(323, Lugar::EnArchivo(f, 0), {fila.campo}, 2);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <string>
 #include <string_view>
 
 #include "findings/catalogue.h"
@@ -13,13 +14,18 @@ namespace qor {
 // Adds findings to the list, with the cell's text taken from the place. Both outlive it.
 class Libreta {
 public:
-    Libreta(const Generacion& g, std::vector<Hallazgo>& lista) : g_(g), lista_(lista) {}
+    // Sentences call the first row of a table by the number `primeraFila`.
+    Libreta(const Generacion& g, std::vector<Hallazgo>& lista, int primeraFila = 0)
+        : g_(g), lista_(lista), primeraFila_(primeraFila) {}
     // `variante` tells which of a kind's sentences it is.
     Hallazgo& Agregar(int codigo, const Lugar& lugar, std::initializer_list<std::string_view> valores = {}, int variante = 0);
+    // A row of a table in a sentence.
+    std::string NumeroDeFila(int fila) const { return std::to_string(fila + primeraFila_); }
 
 private:
     const Generacion& g_;
     std::vector<Hallazgo>& lista_;
+    int primeraFila_;
 };
 
 // The text that stands at a place: a cell, one line of a text, an option that is a text; empty for a choice.

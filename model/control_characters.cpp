@@ -145,7 +145,10 @@ std::vector<CaracterDeControl> BuscarCaracteresDeControl(const Especificacion& e
 Mensaje MensajeDe(const CaracterDeControl& caracter) {
     constexpr std::string_view cifras = "0123456789ABCDEF";
     const std::string codigo{cifras[caracter.caracter / 16U], cifras[caracter.caracter % 16U]};
-    return MensajeLiteral("A control character (" + codigo + ") stands in " + caracter.lugar + ".");
+    Mensaje mensaje = MensajeLiteral("A control character (" + codigo + ") stands in " + caracter.lugar + ".");
+    const auto enFila = [](int fila) { return " in row " + std::to_string(fila) + " of the "; };
+    mensaje.enPantalla = ReemplazarTodo(mensaje.texto, enFila(caracter.fila), enFila(caracter.fila + 1));
+    return mensaje;
 }
 
 bool SinCaracteresDeControl(const Especificacion& especificacion, const Opciones& opciones, Vista& vista) {

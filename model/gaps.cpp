@@ -34,6 +34,18 @@ bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, 
     return false;
 }
 
+std::vector<FilaDeArchivo> ArchivoSinHuecos(const Especificacion& especificacion) {
+    const auto& antes = especificacion.TablaArchivo;
+    int ultima = ultimaFila;
+    while (ultima >= 0 && especificacion.FilaArchivoVacia(ultima)) --ultima;
+    std::vector<FilaDeArchivo> tabla;
+    for (int r = 0; r < filasTabla; ++r) {
+        if (r > ultima || !especificacion.FilaArchivoVacia(r)) tabla.push_back(antes[r]);
+    }
+    tabla.resize(filasTabla);
+    return tabla;
+}
+
 std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion) {
     std::vector<FilaDeTransaccion> tabla;
     tabla.push_back(especificacion.TablaTransaccion[0]);

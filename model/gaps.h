@@ -14,6 +14,10 @@ std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion);
 // False when a table has such a gap, behind which rows would be lost: message 373.
 bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista);
 
+// The rows of the file side without those in front of the last named one that have no name; their widths, notes and code go with
+// them.
+std::vector<FilaDeArchivo> ArchivoSinHuecos(const Especificacion& especificacion);
+
 // The rows of the program side without the blank ones behind row 0, among them rows with text only where it doesn't count.
 std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion);
 

@@ -1,12 +1,26 @@
 #pragma once
 
+#include <array>
 #include <optional>
+#include <string>
 #include <variant>
 #include <vector>
 
+#include "model/columns.h"
 #include "model/specification.h"
 
 namespace qor {
+
+// Both sides and the declarations, for a change of many rows; `columna` had the focus.
+struct TablasDeAntes {
+    Columna columna = Columna::CampoDeArchivo;
+    std::vector<FilaDeArchivo> archivo;
+    std::vector<FilaDeTransaccion> programa;
+    std::string VariablesGlobales;
+};
+
+// Two rows of the program side that changed places, the upper one first.
+using FilasCambiadas = std::array<FilaDeTransaccion, 2>;
 
 // One step to undo: what was done, and what it was done to as it stood before.
 struct RegistroDeshacer {
@@ -15,8 +29,7 @@ struct RegistroDeshacer {
     Paso paso = Paso::Cambio;
     int linea = 0;        // line of the grid at that moment
     int primeraFila = 0;  // offset of the grid at that moment
-    // The row; or the whole side, where it was changed as a whole.
-    std::variant<FilaDeArchivo, FilaDeTransaccion, std::vector<FilaDeArchivo>, std::vector<FilaDeTransaccion>> antes;
+    std::variant<FilaDeArchivo, FilaDeTransaccion, FilasCambiadas, TablasDeAntes> antes;
 
     int FilaDeLaTabla() const { return primeraFila + linea; }
 };

@@ -182,7 +182,10 @@ std::optional<Importacion> LeerImportacion(const Especificacion& especificacion,
 }
 
 void Importar(Documento& documento, Importacion importacion) {
-    documento.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, 0, 0, documento.especificacion.TablaTransaccion});
+    const auto& antes = documento.especificacion;
+    documento.GuardarDeshacer(
+        {RegistroDeshacer::Paso::Cambio, 0, 0,
+         TablasDeAntes{Columna::Programa, antes.TablaArchivo, antes.TablaTransaccion, antes.VariablesGlobales}});
     documento.especificacion.TablaTransaccion = std::move(importacion.tabla);
 }
 

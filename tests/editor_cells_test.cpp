@@ -184,6 +184,21 @@ TEST(LeavingText5, CompletesTheValue) {
     }
 }
 
+TEST(LeavingText5, TellsHowAConstantIsWritten) {
+    VentanaDePrueba p;
+    p.Transaccion({"TRANS|T", "||BDC_OKCODE", "||G"});
+    p.Escribir({Col::Valor, 1}, "/00");
+    TeclaEnCelda(p.ventana, {Col::Valor, 1}, Tecla::Derecha);
+    EXPECT_EQ(p.Texto({Col::Valor, 1}), "_00");
+    EXPECT_EQ(p.ventana.aviso, "<435> /00 <436> _00. <437> '/00'");
+    p.Escribir({Col::Campo, 2}, "G2");
+    EXPECT_NE(p.ventana.aviso, "");
+    p.Escribir({Col::Valor, 2}, "matnr");
+    SalirDeCelda(p.ventana, {Col::Valor, 2});
+    EXPECT_EQ(p.ventana.aviso, "");
+    EXPECT_EQ(p.vista.TomarAvisos(), "");
+}
+
 TEST(LeavingText5, DeclaresAParameterOnce) {
     VentanaDePrueba p;
     p.Transaccion({"TRANS|T", "||F", "||G"});
@@ -194,6 +209,14 @@ TEST(LeavingText5, DeclaresAParameterOnce) {
     }
     EXPECT_EQ(p.ventana.documento.especificacion.VariablesGlobales, "PARAMETERS: MY_PARAM(30).");
     EXPECT_TRUE(p.ventana.documento.HayDefiniciones());
+    // The user's own declaration counts, in whatever case.
+    const std::string propia = "parameters: p_plant like t001w-werks.";
+    p.ventana.documento.especificacion.VariablesGlobales = propia;
+    p.vista.TomarAvisos();
+    p.Escribir({Col::Valor, 2}, "@p_Plant");
+    SalirDeCelda(p.ventana, {Col::Valor, 2});
+    EXPECT_EQ(p.ventana.documento.especificacion.VariablesGlobales, propia);
+    EXPECT_EQ(p.vista.TomarAvisos(), "");
 }
 
 TEST(LeavingText5, AutofillBringsTheNewRowIntoSight) {

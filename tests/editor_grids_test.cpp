@@ -1,12 +1,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <tuple>
+#include <utility>
+
 #include "editor/add_operation.h"
 #include "editor/cell_focus.h"
+#include "editor/cell_keys.h"
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
 #include "editor/find.h"
 #include "editor/grids.h"
+#include "editor/missing_fields.h"
+#include "editor/row_block.h"
+#include "editor/row_places.h"
+#include "editor/row_range.h"
 #include "editor/undo_command.h"
 #include "tests/support/window_fixture.h"
 
@@ -286,24 +295,216 @@ TEST(AddOperation, ChangesNothingWithoutAnAnswerOrARow) {
     EXPECT_FALSE(!otro.ventana.documento.deshacer.Vacia());
 }
 
-TEST(RemoveBlankRows, ClosesGapsBehindRowZeroOnly) {
+TEST(RemoveBlankRows, ClosesGapsOfBothSides) {
     VentanaDePrueba p;
+    p.Archivo({"A|1", "", "|2|n", "B|3", "|4"});
     p.Transaccion({"", "TRANS|T", "|x||y", "||F|V|n", "", " ", "||G"});
     p.PonerTransaccion(1001, "||LAST");
     p.Escribir({Col::Valor, 3}, "Z");
     MostrarTransaccion(p.ventana, 4);
     ASSERT_TRUE(QuitarFilasEnBlanco(p.ventana));
     EXPECT_THAT(p.FilasTransaccion(), ElementsAre("", "TRANS|T", "||F|Z|n", "||G", "||LAST"));
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("A|1", "Z", "B|3", "|4"));
     EXPECT_EQ(p.Texto({Col::Campo, 3}), "G");
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 2}), "B");
     EXPECT_TRUE(p.documento.HayCambios());
-    EXPECT_FALSE(QuitarFilasEnBlanco(p.ventana));
+    EXPECT_EQ(p.vista.TomarAvisos(), "");
+    RemoveBlankOption(p.ventana);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<443>");
     // One step brings them back; the next ones take back the field that was added for the value, and the value.
     Deshacer(p.ventana);
     EXPECT_EQ(p.FilaTransaccion(6), "||G");
-    EXPECT_EQ(p.FilaTransaccion(3), "||F|Z|n");
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("A|1", "Z", "|2|n", "B|3", "|4"));
     Deshacer(p.ventana);
     Deshacer(p.ventana);
     EXPECT_EQ(p.FilaTransaccion(3), "||F|V|n");
+}
+
+TEST(RemoveBlankRows, IsOfferedWhereTheyStandInTheWay) {
+    VentanaDePrueba p;
+    EXPECT_TRUE(OfrecerQuitarHuecos(p.ventana));
+    p.Transaccion({"TRANS|T", "", "||F"});
+    p.vista.respuestas = {Respuesta::No, Respuesta::Si};
+    EXPECT_FALSE(OfrecerQuitarHuecos(p.ventana));
+    EXPECT_EQ(p.FilaTransaccion(2), "||F");
+    p.Archivo({"A", "", "", "B"});
+    EXPECT_TRUE(OfrecerQuitarHuecos(p.ventana));
+    EXPECT_EQ(p.vista.TomarAvisos(), "<373>\r\r<444> 2 <446> <447> <373>\r\r<444> 2 <445> <447>");
+    EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F"));
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("A", "B"));
+}
+
+TEST(Rows, OfTheProgramSideMoveWithAStepToUndo) {
+    VentanaDePrueba p;
+    p.LlenarTransaccion(20);
+    p.PonerTransaccion(10, "||TEN|V|n");
+    MostrarTransaccionSinFocus(p.ventana, 0);
+    MoverTransaccion(p.ventana, {Col::Valor, 10}, 1);
+    EXPECT_EQ(p.FilaTransaccion(11), "||TEN|V|n");
+    EXPECT_EQ(p.FilaTransaccion(10), "||F11");
+    EXPECT_EQ(p.Foco(), "Text5_10");
+    EXPECT_EQ(p.ventana.transaccion.PrimeraFilaTransaccion, 1);
+    MoverTransaccion(p.ventana, {Col::Campo, 0}, -1);
+    EXPECT_EQ(p.Foco(), "Text4_0");
+    EXPECT_EQ(p.Texto({Col::Campo, 0}), "F1");
+    MoverTransaccion(p.ventana, {Col::Campo, 0}, -1);
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilaTransaccion(0), "||F0");
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilaTransaccion(10), "||TEN|V|n");
+}
+
+TEST(Rows, BlankOnesAreInsertedToo) {
+    VentanaDePrueba p;
+    p.Archivo({"A|1|n", "B|2"});
+    p.Transaccion({"TRANS|T", "||F|V|n"});
+    InsertarArchivoEnBlanco(p.ventana, 0);
+    InsertarTransaccionEnBlanco(p.ventana, 1);
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("", "A|1|n", "B|2"));
+    EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "", "||F|V|n"));
+    EXPECT_EQ(p.ColorDe({Col::Campo, 1}), Color::Negro);
+    Deshacer(p.ventana);
+    Deshacer(p.ventana);
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("A|1|n", "B|2"));
+    EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F|V|n"));
+}
+
+TEST(MarkedRows, AreCopiedAndDeletedTogether) {
+    VentanaDePrueba p;
+    p.LlenarTransaccion(20);
+    EntrarEnCelda(p.ventana, {Col::Valor, 9});
+    for (int n = 0; n < 2; ++n) TeclaEnCelda(p.ventana, *p.ventana.foco, Tecla::MarcarAbajo);
+    EXPECT_EQ(CopiarFilas(p.ventana, *p.ventana.foco), "\t\tF9\t\n\t\tF10\t\n\t\tF11\t\n");
+    TeclaEnCelda(p.ventana, *p.ventana.foco, Tecla::F6);
+    EXPECT_EQ(p.FilaTransaccion(9), "||F12");
+    EXPECT_EQ(p.Foco(), "Text5_8");
+    EXPECT_EQ(p.ventana.transaccion.LineaTransaccion, 9);
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilaTransaccion(11), "||F11");
+    // Upward, and gone with the next move.
+    EntrarEnCelda(p.ventana, {Col::Valor, 3});
+    TeclaEnCelda(p.ventana, {Col::Valor, 3}, Tecla::MarcarArriba);
+    EXPECT_EQ(FilasDelComando(p.ventana, *p.ventana.foco).hasta - FilasDelComando(p.ventana, *p.ventana.foco).desde, 1);
+    TeclaEnCelda(p.ventana, *p.ventana.foco, Tecla::Arriba);
+    const auto filas = FilasDelComando(p.ventana, *p.ventana.foco);
+    EXPECT_EQ(filas.desde, filas.hasta);
+}
+
+TEST(RowBlocks, AreReadAsSpreadsheetsWriteThem) {
+    const std::pair<const char*, std::vector<std::vector<std::string>>> casos[] = {
+        {"MATNR", {}},
+        {"MATNR\r\n", {}},
+        {"A\t1", {{"A", "1"}}},
+        {"A\t1\r\nB \t 2\r\n", {{"A", "1"}, {"B", "2"}}},
+        {"A\rB\n\nC", {{"A"}, {"B"}, {""}, {"C"}}},
+        {"\t\"say \"\"so\"\"\tand\nso\"\tx", {{"", "say \"so\"\tand\nso", "x"}}},
+        {"a \"b\"\t\"open", {{"a \"b\"", "open"}}},
+    };
+    for (const auto& [texto, filas] : casos) EXPECT_EQ(LeerBloque(texto), filas) << texto;
+}
+
+TEST(RowBlocks, FillTheGridsByTheRulesOfTyping) {
+    VentanaDePrueba p;
+    p.Archivo({"KEEP|9", "OLD|8|note", "MATNR|7"});
+    ASSERT_TRUE(PegarBloque(p.ventana, {Col::CampoDeArchivo, 1}, "matnr\t18\nmak tx\t40\nmatnr\t\nkeep\t1\n"));
+    // Names that the block itself covers are free; the note of the row stays.
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("KEEP|9", "MATNR|18|note", "MAK_TX|40", "MATNR2", "KEEP2|1"));
+    EXPECT_EQ(p.Foco(), "Text1_4");
+    ASSERT_TRUE(PegarBloque(p.ventana, {Col::Ancho, 0}, "5\n6"));
+    EXPECT_EQ(p.FilaArchivo(1), "MATNR|6|note");
+    p.vista.TomarAvisos();
+
+    std::string bloque = "trans\tva01\nsapmv45a\t0101\n\t\tvbak-auart\tauart\n\t\tbdc_okcode\t'/00'\n\t\tvbak-vkorg\t@vkorg x\n";
+    for (int n = 0; n < 8; ++n) bloque += "\t\tF" + std::to_string(n) + "\tkeep\n";
+    ASSERT_TRUE(PegarBloque(p.ventana, {Col::Programa, 0}, bloque));
+    EXPECT_EQ(p.vista.TomarAvisos(), "<312> VKORG_X <350>");
+    EXPECT_EQ(p.FilaTransaccion(2), "||VBAK-AUART|AUART");
+    EXPECT_EQ(p.FilaTransaccion(3), "||BDC_OKCODE|'/00'");
+    EXPECT_EQ(p.FilaTransaccion(4), "||VBAK-VKORG|@VKORG_X");
+    EXPECT_EQ(p.FilaArchivo(5), "AUART");
+    EXPECT_EQ(p.documento.especificacion.VariablesGlobales, "PARAMETERS: VKORG_X LIKE VBAK-VKORG.");
+    // The last row is in sight.
+    EXPECT_EQ(p.Texto({Col::Campo, 10}), "F7");
+    EXPECT_EQ(p.Foco(), "Text6_10");
+    // What was copied can be pasted as it is.
+    const std::string copiado = CopiarFilas(p.ventana, Tabla::Transaccion, 0, 12);
+    const auto antes = p.FilasTransaccion();
+    ASSERT_TRUE(PegarBloque(p.ventana, {Col::Programa, 10}, copiado));
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilasTransaccion(), antes);
+    // One step takes back rows, fields and declarations.
+    Deshacer(p.ventana);
+    EXPECT_TRUE(p.FilasTransaccion().empty());
+    EXPECT_EQ(p.FilasArchivo().size(), 5U);
+    EXPECT_EQ(p.documento.especificacion.VariablesGlobales, "");
+    Deshacer(p.ventana);
+    Deshacer(p.ventana);
+    EXPECT_THAT(p.FilasArchivo(), ElementsAre("KEEP|9", "OLD|8|note", "MATNR|7"));
+    EXPECT_TRUE(p.documento.deshacer.Vacia());
+}
+
+TEST(RowBlocks, ThatCannotBeTakenWholeChangeNothing) {
+    std::string muchas;
+    for (int n = 0; n < 1001; ++n) muchas += "F" + std::to_string(n) + "\n";
+    const std::string largo(31, 'X');
+    const std::tuple<LugarDeCelda, std::string, const char*> casos[] = {
+        {{Col::CampoDeArchivo, 1}, "A\tB\tC", "<431> 2."},
+        {{Col::Valor, 1}, "A\tB", "<431> 1."},
+        {{Col::CampoDeArchivo, 1}, muchas, "<432> 1000."},
+        {{Col::CampoDeArchivo, 1}, "A\n\nB", "<433> 3.\r\r<339>"},
+        {{Col::CampoDeArchivo, 3}, "A\nB", "<433> 1.\r\r<339>"},
+        {{Col::CampoDeArchivo, 1}, "A\t1\nB\t1.5", "<433> 2.\r\r<434>"},
+        {{Col::CampoDeArchivo, 1}, "A\n" + largo, "<433> 2.\r\r<333> 30."},
+        {{Col::Ancho, 0}, "1\n2", "<433> 2.\r\r<340>"},
+        {{Col::Programa, 2}, "SAPM\t0100\tF\tV", "<433> 1.\r\r<344>"},
+        {{Col::Dynpro, 1}, "1\n2", "<433> 1.\r\r<341>"},
+        {{Col::Valor, 1}, "V\nW", "<433> 2.\r\r<349>"},
+        {{Col::Programa, 2}, "A;C\t1", "<433> 1.\r\r<351>"},
+    };
+    for (const auto& [lugar, texto, aviso] : casos) {
+        VentanaDePrueba p;
+        p.Archivo({"KEEP|9"});
+        p.Transaccion({"TRANS|T", "||F|V"});
+        EXPECT_FALSE(PegarBloque(p.ventana, lugar, texto));
+        EXPECT_EQ(p.vista.TomarAvisos(), aviso);
+        EXPECT_THAT(p.FilasArchivo(), ElementsAre("KEEP|9"));
+        EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F|V"));
+        EXPECT_FALSE(p.documento.HayCambios());
+    }
+}
+
+TEST(MissingFields, AreThoseThatTheProgramSideNames) {
+    VentanaDePrueba p;
+    p.LlenarArchivo(15);
+    p.Transaccion({"BAPI|B", "||A|F3", "||B|NEW", "||C|'x'", "||D|@v", "||E|new", "||F|NOT A NAME", "||G|OTHER", "", "||H|BEHIND"});
+    const auto faltan = CamposQueFaltan(p.documento.especificacion);
+    EXPECT_THAT(faltan, ElementsAre("NEW", "OTHER"));
+    AgregarCampos(p.ventana, faltan);
+    EXPECT_EQ(p.FilaArchivo(16), "NEW");
+    EXPECT_EQ(p.FilaArchivo(17), "OTHER");
+    EXPECT_EQ(p.Foco(), "Text2_12");
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 13}), "OTHER");
+    Deshacer(p.ventana);
+    EXPECT_EQ(p.FilasArchivo().size(), 16U);
+    // All of them or none.
+    p.LlenarArchivo(999);
+    AgregarCampos(p.ventana, faltan);
+    EXPECT_EQ(p.vista.TomarAvisos(), "<432> 1.");
+    EXPECT_EQ(p.FilaArchivo(1000), "");
+}
+
+TEST(RowPlaces, LeadToFieldAndCondition) {
+    VentanaDePrueba p;
+    p.Archivo({"A", "MATNR"});
+    p.Transaccion({"TRANS|T;COND", "||F;OTHER|matnr", "||G;NONE|'MATNR'", "||H"});
+    p.documento.especificacion.TablaCondiciones[0].nombre = "OTHER";
+    p.documento.especificacion.TablaCondiciones[1].nombre = "COND";
+    const std::tuple<std::optional<int>, std::optional<int>> esperados[] = {
+        {std::nullopt, 1}, {1, 0}, {std::nullopt, std::nullopt}, {std::nullopt, std::nullopt}};
+    for (int linea = 0; linea < 4; ++linea) {
+        const LugarDeCelda lugar{Col::Programa, linea};
+        EXPECT_EQ(std::tuple(CampoDelValor(p.ventana, lugar), CondicionDeFila(p.ventana, lugar)), esperados[linea]) << linea;
+    }
 }
 
 }  // namespace

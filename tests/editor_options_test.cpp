@@ -111,11 +111,12 @@ TEST(ClosingDocument, SavesOrKeepsItOpen) {
         bool cierra;
         std::string avisos;
     };
-    const Caso casos[] = {{"no changes", {}, false, false, true, ""},
-                          {"not saved on purpose", {Respuesta::No}, true, false, true, "<300>"},
-                          {"cancelled", {Respuesta::Cancelar}, true, false, false, "<300>"},
-                          {"saved", {Respuesta::Si}, true, false, true, "<300>"},
-                          {"the save fails, so nothing is lost", {Respuesta::Si}, true, true, false, "<300> <373>"}};
+    const Caso casos[] = {
+        {"no changes", {}, false, false, true, ""},
+        {"not saved on purpose", {Respuesta::No}, true, false, true, "<300>"},
+        {"cancelled", {Respuesta::Cancelar}, true, false, false, "<300>"},
+        {"saved", {Respuesta::Si}, true, false, true, "<300>"},
+        {"the save fails, so nothing is lost", {Respuesta::Si}, true, true, false, "<300> <373>\r\r<444> 2 <445> <447>"}};
     for (const auto& caso : casos) {
         const DirectorioTemporal directorio;
         VentanaDePrueba p;

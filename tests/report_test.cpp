@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "generator/generate.h"
+#include "generator/observation.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -318,6 +320,23 @@ TEST(Report, TemporaryReportsGoWithTheNextRun) {
     EXPECT_FALSE(std::filesystem::exists(segundo));
     ASSERT_FALSE(informe.Generar());  // the report that is there is the user's own, and stays
     EXPECT_TRUE(std::filesystem::exists(RutaDelSistema(informe.o.Programa)));
+}
+
+TEST(Messages, TellTheScreenTheirRow) {
+    struct VistaConFila : pruebas::VistaDePrueba {
+        std::optional<FilaDeMensaje> fila;
+        void Mostrar(const Mensaje& mensaje, Icono /*icono*/) override { fila = mensaje.fila; }
+    } vista;
+    OyenteDeVista oyente(vista);
+    oyente.Recibir({MensajeLiteral("a"), Lugar::EnPrograma(4, 3)});
+    ASSERT_TRUE(vista.fila);
+    EXPECT_EQ(vista.fila->fila, 4);
+    EXPECT_FALSE(vista.fila->delArchivo);
+    oyente.Recibir({MensajeLiteral("b"), Lugar::EnArchivo(0, 1)});
+    ASSERT_TRUE(vista.fila);
+    EXPECT_TRUE(vista.fila->delArchivo);
+    oyente.Recibir({MensajeLiteral("c"), Lugar::EnOpcion("TablaZ")});
+    EXPECT_FALSE(vista.fila);
 }
 
 }  // namespace

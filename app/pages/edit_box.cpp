@@ -8,6 +8,7 @@
 #include <array>
 
 #include "app/pages/controls.h"
+#include "app/pages/layout.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
@@ -66,8 +67,9 @@ void CajaDeEdicion::CrearBusquedas() {
         BuscarTransaccion(ventana);
     });
     lazos.AlMostrar([this, &ventana] {
-        enArchivo_->setText(TextoQt(ventana.textos.Texto(RotuloDeBuscarArchivo(ventana))));
-        enTransaccion_->setText(TextoQt(ventana.textos.Texto(RotuloDeBuscarTransaccion(ventana))));
+        const auto texto = [&ventana](int numero) { return TextoQt(ventana.textos.Texto(numero)); };
+        PonerConLugarPara(enArchivo_, texto(RotuloDeBuscarArchivo(ventana)), {texto(45), texto(46)});
+        PonerConLugarPara(enTransaccion_, texto(RotuloDeBuscarTransaccion(ventana)), {texto(47), texto(48)});
     });
 }
 

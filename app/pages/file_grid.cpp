@@ -14,6 +14,14 @@
 
 namespace qor {
 
+namespace {
+
+// The least room of the columns, in letters.
+constexpr int letrasDeNombre = 12;
+constexpr int letrasDeAncho = 5;
+
+}  // namespace
+
 PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeRejilla& acciones, QWidget* padre)
     : QWidget(padre), entorno_(entorno), acciones_(acciones) {
     auto* const titulo = EnNegrita(Nuevo<QLabel>("FileSpecification", this));
@@ -23,20 +31,20 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
 
     auto* const marco = Nuevo<MarcoDeRejilla>(
         "RejillaArchivo", this, [this](int filas) { entorno_.lazos.Hacer([&] { DesplazarArchivo(entorno_.ventana, filas); }); });
+    marco_ = marco;
     auto* const rejilla = marco->Orden();
-    rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("ColumnName", marco)), 0, 0);
-    rejilla->addWidget(ComoCabecera(Nuevo<QLabel>("FileWidth", marco)), 0, 1);
+    marco->NuevaCabecera("ColumnName", letrasDeNombre);
+    marco->NuevaCabecera("FileWidth", letrasDeAncho);
     rejilla->addWidget(ComoCabecera(new QLabel(marco)), 0, 2);
     for (int i = 0; i < lineasArchivo; ++i) {
         for (const Columna columna : {Columna::CampoDeArchivo, Columna::Ancho}) {
-            celdas_.push_back(NuevaCelda(entorno_, {columna, i}, marco, acciones_.notas));
+            celdas_.push_back(NuevaCelda(entorno_, {columna, i}, marco, acciones_));
             rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(columna)));
         }
         rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
         rejilla->setRowStretch(i + 1, 1);
     }
-    rejilla->setColumnStretch(0, 5);
-    rejilla->setColumnStretch(1, 2);
+    marco->PonerPartes({5, 2});
     barra_ = NuevaBarra(this, "BarraArchivo", ultimaPrimeraFilaArchivo, lineasArchivo);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
         entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.ventana, primera - entorno_.ventana.archivo.PrimeraFilaArchivo); });
@@ -74,9 +82,19 @@ QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {
     return boton;
 }
 
+// The buttons have the room of their bold text, so that code of a row moves nothing.
+void PanelDeArchivo::ReservarCodigo() {
+    QFont negrita = font();
+    negrita.setBold(true);
+    const QToolButton* const boton = ABAP_.front();
+    const int crece = QFontMetrics(negrita).horizontalAdvance(boton->text()) - fontMetrics().horizontalAdvance(boton->text());
+    const bool yaNegrita = boton->font().bold();
+    marco_->Orden()->setColumnMinimumWidth(2, boton->sizeHint().width() + (yaNegrita ? 0 : crece));
+}
+
 void PanelDeArchivo::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
-    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(ventana, celda->Lugar()));
+    MostrarCeldas(ventana, celdas_);
     for (std::size_t i = 0; i < ABAP_.size(); ++i) {
         const Color color = ventana.archivo.conversion[i].color;
         QPalette paleta = ABAP_[i]->palette();
@@ -88,7 +106,8 @@ void PanelDeArchivo::MostrarLineas() {
         letra.setBold(color == Color::Rojo);
         ABAP_[i]->setFont(letra);
     }
-    linea_->setText(QString::number(ventana.archivo.LineaArchivo));
+    ReservarCodigo();
+    linea_->setText(QString::number(ventana.archivo.LineaArchivo + 1));
     barra_->setValue(ventana.archivo.PrimeraFilaArchivo);
     signos_->MostrarDesde(ventana.archivo.PrimeraFilaArchivo);
 }

@@ -20,14 +20,17 @@ public:
     // Shows the lines of the grid as the editor has them.
     void MostrarLineas();
     MargenDeSignos& Signos() { return *signos_; }
+    MarcoDeRejilla& Marco() { return *marco_; }
 
 private:
+    void ReservarCodigo();
     QToolButton* NuevoBotonDeCodigo(int linea, QWidget* padre);
 
     EntornoDePagina entorno_;
     AccionesDeRejilla acciones_;
     std::vector<CeldaDeRejilla*> celdas_;
     std::array<QToolButton*, lineasArchivo> ABAP_{};
+    MarcoDeRejilla* marco_;
     QLabel* linea_;
     QScrollBar* barra_;
     MargenDeSignos* signos_;

@@ -33,6 +33,7 @@ QString PalabraDe(const TextosIdioma& textos, Gravedad gravedad) {
     return Palabra(textos, "Note");
 }
 
+// The person counts rows from 1.
 QString LugarEnPalabras(const TextosIdioma& textos, const Lugar& lugar) {
     QStringList partes;
     partes << Palabra(textos, lugar.parte == Lugar::Parte::Ninguna ? "specification" : LadoDeLugar(lugar));
@@ -42,7 +43,7 @@ QString LugarEnPalabras(const TextosIdioma& textos, const Lugar& lugar) {
             QLatin1Char(' ') + (rotulo.empty() ? QString::fromLatin1(lugar.opcion)
                                                : QString::fromUtf8(rotulo.data(), static_cast<qsizetype>(rotulo.size())));
     }
-    if (lugar.fila >= 0) partes << Palabra(textos, "row %1").arg(lugar.fila);
+    if (lugar.fila >= 0) partes << Palabra(textos, "row %1").arg(lugar.fila + 1);
     partes << PalabraSiHay(textos, ColumnaDeLugar(lugar));
     if (lugar.linea > 0) partes << Palabra(textos, "line %1").arg(lugar.linea);
     partes.removeAll(QString());

@@ -1,15 +1,21 @@
 #include "app/pages/grid_parts.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QGridLayout>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "app/pages/controls.h"
+#include "base/qt/text.h"
 #include "editor/cell_actions.h"
 #include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
 #include "editor/key_filters.h"
+#include "editor/row_block.h"
+#include "editor/row_range.h"
 #include "editor/undo_command.h"
 
 namespace qor {
@@ -37,10 +43,48 @@ void FiltrarTeclas(CeldaDeRejilla* celda, Ventana& ventana, const Lazos& lazos) 
     });
 }
 
+// A heading whose borders with its neighbours can be dragged.
+class CabeceraDeColumna : public QLabel {
+public:
+    CabeceraDeColumna(MarcoDeRejilla* marco, int columna) : QLabel(marco), marco_(marco), columna_(columna) {
+        setMouseTracking(true);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* evento) override {
+        if (evento->button() != Qt::LeftButton) return;
+        borde_ = BordeEn(evento->pos().x());
+        desde_ = evento->globalPosition().toPoint().x();
+    }
+    void mouseMoveEvent(QMouseEvent* evento) override {
+        if (!(evento->buttons() & Qt::LeftButton)) {
+            BordeEn(evento->pos().x()) >= 0 ? setCursor(Qt::SplitHCursor) : unsetCursor();
+        } else if (borde_ >= 0) {
+            const int ahora = evento->globalPosition().toPoint().x();
+            marco_->MoverBorde(borde_, ahora - desde_);
+            marco_->layout()->activate();
+            desde_ = ahora;
+        }
+    }
+    void mouseReleaseEvent(QMouseEvent* /*evento*/) override { borde_ = -1; }
+
+private:
+    // The column whose right border is at the point; -1 for none.
+    int BordeEn(int x) const {
+        constexpr int alcance = 5;
+        if (x >= width() - alcance) return columna_;
+        return x < alcance ? columna_ - 1 : -1;
+    }
+
+    MarcoDeRejilla* marco_;
+    int columna_;
+    int borde_ = -1;
+    int desde_ = 0;
+};
+
 }  // namespace
 
-CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre,
-                           const std::function<void(FilaDeTabla)>& notas) {
+CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre, const AccionesDeRejilla& acciones) {
     auto* const celda = new CeldaDeRejilla(lugar, padre);
     celda->setMinimumWidth(celda->fontMetrics().averageCharWidth() * 3);
     celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
@@ -65,10 +109,29 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     alOcurrir(&CeldaDeRejilla::SoltadoCampo, [&ventana, lugar](int linea) { SoltarCampo(ventana, lugar.linea, linea); });
     alOcurrir(&CeldaDeRejilla::SoltadoOkCode,
               [&ventana, lugar](RotuloDeOkCode rotulo) { SoltarOkCode(ventana, lugar.linea, rotulo); });
-    alOcurrir(&CeldaDeRejilla::DobleClic, [&ventana, lugar, notas] {
+    alOcurrir(&CeldaDeRejilla::DobleClic, [&ventana, lugar, notas = acciones.notas] {
         if (const auto fila = DobleClicEnCelda(ventana, lugar)) notas(*fila);
     });
+    alOcurrir(&CeldaDeRejilla::PideBloque,
+              [&ventana, lugar](const QString& texto) { PegarBloque(ventana, lugar, TextoDelModelo(texto)); });
+    alOcurrir(&CeldaDeRejilla::PideCopia,
+              [&ventana, lugar] { QApplication::clipboard()->setText(TextoQt(CopiarFilas(ventana, lugar))); });
+    QObject::connect(celda, &CeldaDeRejilla::PideMenu, &lazos,
+                     [lugar, menu = acciones.menu](const QPoint& punto) { menu(lugar, punto); });
     return celda;
+}
+
+void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& celdas) {
+    const auto& marcadas = ventana.filasMarcadas;
+    for (auto* const celda : celdas) {
+        const auto lugar = celda->Lugar();
+        bool marcada = false;
+        if (marcadas && marcadas->tabla == TablaDe(lugar.columna)) {
+            const auto [desde, hasta] = std::minmax(marcadas->ancla, marcadas->ultima);
+            marcada = FilaDe(ventana, lugar) >= desde && FilaDe(ventana, lugar) <= hasta;
+        }
+        celda->Sincronizar(CeldaDe(ventana, lugar), marcada);
+    }
 }
 
 std::vector<std::vector<QWidget*>> CeldasPorLinea(const std::vector<CeldaDeRejilla*>& celdas, int lineas) {
@@ -83,6 +146,38 @@ MarcoDeRejilla::MarcoDeRejilla(QWidget* padre, std::function<void(int)> desplaza
     setBackgroundRole(QPalette::Mid);
     orden_->setContentsMargins(1, 1, 1, 1);
     orden_->setSpacing(1);
+}
+
+QLabel* MarcoDeRejilla::NuevaCabecera(const char* nombre, int letras) {
+    auto* const cabecera = ComoCabecera(Nuevo<CabeceraDeColumna>(nombre, this, cabeceras_));
+    cabecera->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    orden_->addWidget(cabecera, 0, cabeceras_);
+    orden_->setColumnMinimumWidth(cabeceras_, fontMetrics().averageCharWidth() * letras);
+    ++cabeceras_;
+    return cabecera;
+}
+
+void MarcoDeRejilla::PonerPartes(const std::vector<int>& partes) {
+    partes_ = partes;
+    for (int i = 0; i < static_cast<int>(partes.size()); ++i) {
+        orden_->setColumnStretch(i, std::max(1, partes[static_cast<std::size_t>(i)]));
+    }
+}
+
+void MarcoDeRejilla::MoverBorde(int columna, int paso) {
+    if (columna < 0 || columna + 1 >= cabeceras_) return;
+    std::vector<int> anchos;
+    for (int i = 0; i < cabeceras_; ++i) anchos.push_back(orden_->cellRect(1, i).width());
+    const auto menor = [this](int i) {
+        const QLayoutItem* const cabecera = orden_->itemAtPosition(0, i);
+        return std::max(orden_->columnMinimumWidth(i), cabecera->isEmpty() ? 0 : cabecera->minimumSize().width());
+    };
+    auto& uno = anchos[static_cast<std::size_t>(columna)];
+    auto& otro = anchos[static_cast<std::size_t>(columna) + 1];
+    const int admitido = std::clamp(paso, std::min(0, menor(columna) - uno), std::max(0, otro - menor(columna + 1)));
+    uno += admitido;
+    otro -= admitido;
+    PonerPartes(anchos);
 }
 
 void MarcoDeRejilla::wheelEvent(QWheelEvent* evento) {

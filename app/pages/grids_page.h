@@ -7,6 +7,10 @@
 #include "app/pages/grid_parts.h"
 #include "app/pages/source_box.h"
 
+class QLabel;
+class QSettings;
+class QSplitter;
+
 namespace qor {
 
 class PanelDeArchivo;
@@ -31,7 +35,14 @@ public:
     // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda() { edicion_->RepetirBusqueda(); }
 
+    // The widths that a user has given grids and columns.
+    void GuardarReparto(QSettings& ajustes) const;
+    void RestaurarReparto(const QSettings& ajustes);
+
 private:
+    static QLabel* NuevoAviso(const EntornoDePagina& entorno, QWidget* padre);
+
+    QSplitter* division_ = nullptr;
     PanelDeArchivo* archivo_;
     PanelDePrograma* programa_;
     CajaDeEdicion* edicion_;

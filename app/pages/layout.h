@@ -2,7 +2,10 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QStringList>
 #include <QVBoxLayout>
+#include <QVariant>
+#include <algorithm>
 #include <initializer_list>
 
 // Small services for laying out pages.
@@ -15,6 +18,23 @@ T* ConSuLugar(T* control) {
     politica.setRetainSizeWhenHidden(true);
     control->setSizePolicy(politica);
     return control;
+}
+
+// Gives a control whose text changes the room of the widest of its texts, so that nothing beside it moves.
+template <typename T>
+void PonerConLugarPara(T* control, const QString& texto, const QStringList& todos) {
+    const QString clave = todos.join(QLatin1Char('\n')) + control->font().key();
+    if (control->property("lugar").toString() != clave) {
+        control->setProperty("lugar", clave);
+        control->ensurePolished();
+        int ancho = 0;
+        for (const auto& uno : todos) {
+            control->setText(uno);
+            ancho = std::max(ancho, control->sizeHint().width());
+        }
+        control->setMinimumWidth(ancho);
+    }
+    control->setText(texto);
 }
 
 inline QLabel* EnVariasLineas(QLabel* rotulo) {

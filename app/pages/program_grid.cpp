@@ -7,6 +7,8 @@
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
+#include "base/qt/words.h"
+#include "base/text.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
 #include "editor/option_rules.h"
@@ -21,10 +23,20 @@ constexpr int anchoDeText3 = 1800;
 constexpr int anchoDeText4 = 2300;
 constexpr int anchoDeText5 = 2600;
 
+// The headings, with the least room of their columns in letters.
+struct Cabecera {
+    const char* nombre;
+    int letras;
+};
+constexpr Cabecera cabeceras[] = {{"ProgramCol", 7}, {"DynproCol", 7}, {"FieldCol", 12}, {"Col2Name", 12}};
+
 }  // namespace
 
 PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesDeRejilla& acciones, QWidget* padre)
-    : QWidget(padre), entorno_(entorno) {
+    : QWidget(padre),
+      entorno_(entorno),
+      partes_{{{anchoDeText6, anchoDeText3, anchoDeText4, anchoDeText5},
+               {anchoDeText6 + expansionDeText6, anchoDeText3 + expansionDeText3, anchoDeText4 + expansionDeText4, anchoDeText5}}} {
     auto* const titulo = EnNegrita(Nuevo<QLabel>("TransactionSpecification", this));
     expandir_ = entorno_.lazos.Boton("ExpandirCampo", this, [this] { ClicExpandirCampo(entorno_.ventana); });
     expandir_->setFixedWidth(expandir_->fontMetrics().height() * 2);
@@ -36,17 +48,18 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
     auto* const marco = Nuevo<MarcoDeRejilla>("RejillaTransaccion", this, [this](int filas) {
         entorno_.lazos.Hacer([&] { DesplazarTransaccion(entorno_.ventana, filas); });
     });
-    columnas_ = marco->Orden();
-    int columna = 0;
-    for (const char* const cabecera : {"ProgramCol", "DynproCol", "FieldCol", "Col2Name"}) {
-        columnas_->addWidget(ComoCabecera(Nuevo<QLabel>(cabecera, marco)), 0, columna++);
-    }
+    marco_ = marco;
+    auto* const columnas = marco->Orden();
+    for (const auto& cabecera : cabeceras) marco->NuevaCabecera(cabecera.nombre, cabecera.letras);
+    // In the place of the two headings that are hidden while the field column has their room.
+    relleno_ = ComoCabecera(new QLabel(marco));
+    columnas->addWidget(relleno_, 0, 0, 1, 2);
     for (int i = 0; i < lineasTransaccion; ++i) {
         for (const Columna c : {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor}) {
-            celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones.notas));
-            columnas_->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(c)));
+            celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones));
+            columnas->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(c)));
         }
-        columnas_->setRowStretch(i + 1, 1);
+        columnas->setRowStretch(i + 1, 1);
     }
     barra_ = NuevaBarra(this, "BarraTransaccion", ultimaPrimeraFilaTransaccion, lineasTransaccion);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
@@ -73,21 +86,41 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
 
 void PanelDePrograma::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
-    for (auto* const celda : celdas_) celda->Sincronizar(CeldaDe(ventana, celda->Lugar()));
-    linea_->setText(QString::number(ventana.transaccion.LineaTransaccion));
+    MostrarCeldas(ventana, celdas_);
+    for (auto* const celda : celdas_) MostrarFormas(celda);
+    linea_->setText(QString::number(ventana.transaccion.LineaTransaccion + 1));
     barra_->setValue(ventana.transaccion.PrimeraFilaTransaccion);
     signos_->MostrarDesde(ventana.transaccion.PrimeraFilaTransaccion);
     if (expandido_ != static_cast<int>(ventana.ExpandirCampo)) RepartirColumnas();
 }
 
+// The forms of a value stand in the empty cell beside a field.
+void PanelDePrograma::MostrarFormas(CeldaDeRejilla* celda) {
+    if (celda->Lugar().columna != Columna::Valor) return;
+    const bool espera = !EstaEnBlanco(TextoDe(entorno_.ventana, {Columna::Campo, celda->Lugar().linea}));
+    celda->setPlaceholderText(espera ? Palabra(entorno_.ventana.textos, "'constant', FIELD, @variable") : QString());
+}
+
+// Each state of the button has widths of its own, which the user may have changed.
 void PanelDePrograma::RepartirColumnas() {
     const bool expandido = entorno_.ventana.ExpandirCampo;
+    if (expandido_ >= 0) partes_[static_cast<std::size_t>(expandido_)] = marco_->Partes();
     expandido_ = static_cast<int>(expandido);
-    columnas_->setColumnStretch(0, anchoDeText6 + (expandido ? expansionDeText6 : 0));
-    columnas_->setColumnStretch(1, anchoDeText3 + (expandido ? expansionDeText3 : 0));
-    columnas_->setColumnStretch(2, anchoDeText4 + (expandido ? expansionDeText4 : 0));
-    columnas_->setColumnStretch(3, anchoDeText5);
+    relleno_->setVisible(expandido);
+    marco_->PonerPartes(partes_[static_cast<std::size_t>(expandido)]);
     expandir_->setText(QString::fromLatin1(RotuloDeExpandirCampo(entorno_.ventana)));
+}
+
+std::array<std::vector<int>, 2> PanelDePrograma::Partes() const {
+    auto partes = partes_;
+    if (expandido_ >= 0) partes[static_cast<std::size_t>(expandido_)] = marco_->Partes();
+    return partes;
+}
+
+void PanelDePrograma::PonerPartes(const std::array<std::vector<int>, 2>& partes) {
+    partes_ = partes;
+    expandido_ = -1;
+    RepartirColumnas();
 }
 
 }  // namespace qor

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QWidget>
+#include <array>
 #include <vector>
 
 #include "app/pages/grid_parts.h"
 #include "app/pages/grid_signs.h"
 
-class QGridLayout;
 class QPushButton;
 
 namespace qor {
@@ -21,12 +21,19 @@ public:
     void MostrarLineas();
     MargenDeSignos& Signos() { return *signos_; }
 
+    // The shares of the columns, with the button at "+" and at "-".
+    std::array<std::vector<int>, 2> Partes() const;
+    void PonerPartes(const std::array<std::vector<int>, 2>& partes);
+
 private:
     void RepartirColumnas();
+    void MostrarFormas(CeldaDeRejilla* celda);
 
     EntornoDePagina entorno_;
     std::vector<CeldaDeRejilla*> celdas_;
-    QGridLayout* columnas_;
+    MarcoDeRejilla* marco_;
+    QLabel* relleno_;
+    std::array<std::vector<int>, 2> partes_;
     QPushButton* expandir_;
     QLabel* linea_;
     QScrollBar* barra_;

@@ -53,8 +53,10 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
     auto* const parametro = lazos.Casilla("FileParameterCh", grupo, &Opciones::FileParameterCh);
     auto* const ayuda = lazos.Casilla("AddF4", grupo, &Opciones::AddF4);
     auto* const nombre = Nuevo<QLabel>("SourceName", grupo);
-    lazos.AlMostrar(
-        [&ventana, nombre] { nombre->setText(TextoQt(ventana.textos.Texto(RotuloDeSourceName(ventana.documento.opciones)))); });
+    lazos.AlMostrar([&ventana, nombre] {
+        const auto texto = [&ventana](int numero) { return TextoQt(ventana.textos.Texto(numero)); };
+        PonerConLugarPara(nombre, texto(RotuloDeSourceName(ventana.documento.opciones)), {texto(49), texto(50), texto(51)});
+    });
     auto* const archivo = lazos.Linea("ArchivoFuente", grupo, &Opciones::ArchivoFuente);
     nombre->setBuddy(archivo);
     auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {

@@ -1,14 +1,18 @@
 #include "app/qt/grid_cell.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDrag>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QToolTip>
 
 #include "base/qt/colours.h"
 #include "base/qt/text.h"
 #include "editor/cell_rules.h"
+#include "editor/row_block.h"
 
 namespace qor {
 
@@ -17,12 +21,26 @@ namespace {
 constexpr const char* tipoDeCampo = "application/x-qor-field";
 constexpr const char* tipoDeOkCode = "application/x-qor-okcode";
 
+std::optional<Tecla> TeclaConMayus(int tecla) {
+    switch (tecla) {
+        case Qt::Key_Up: return Tecla::MarcarArriba;
+        case Qt::Key_Down: return Tecla::MarcarAbajo;
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return Tecla::Izquierda;
+        case Qt::Key_F5: return Tecla::MayusF5;
+        default: return std::nullopt;
+    }
+}
+
 std::optional<Tecla> TeclaDe(const QKeyEvent& evento) {
+    if ((evento.modifiers() & ~Qt::KeypadModifier) == Qt::ShiftModifier) return TeclaConMayus(evento.key());
     if ((evento.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
     switch (evento.key()) {
         case Qt::Key_Up: return Tecla::Arriba;
         case Qt::Key_Down: return Tecla::Abajo;
         case Qt::Key_Left: return Tecla::Izquierda;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
         case Qt::Key_Right: return Tecla::Derecha;
         case Qt::Key_PageUp: return Tecla::RePag;
         case Qt::Key_PageDown: return Tecla::AvPag;
@@ -42,6 +60,15 @@ void ArrastrarCon(QWidget* origen, QMimeData* datos) {
     arrastre->setMimeData(datos);
     arrastre->exec(Qt::CopyAction);
     origen->setFont(antes);
+}
+
+// The ground of marked rows: the palette's, with a breath of its highlight.
+QColor ColorDeMarca(const QPalette& paleta) {
+    constexpr int partes = 4;
+    const QColor base = paleta.color(QPalette::Base);
+    const QColor marca = paleta.color(QPalette::Highlight);
+    const auto mezcla = [](int a, int b) { return (a * (partes - 1) + b) / partes; };
+    return {mezcla(base.red(), marca.red()), mezcla(base.green(), marca.green()), mezcla(base.blue(), marca.blue())};
 }
 
 bool SeAlejo(const QPoint& desde, const QPoint& hasta) {
@@ -79,7 +106,7 @@ CeldaDeRejilla::CeldaDeRejilla(LugarDeCelda lugar, QWidget* padre) : CajaDeLinea
     });
 }
 
-void CeldaDeRejilla::Sincronizar(const Celda& celda) {
+void CeldaDeRejilla::Sincronizar(const Celda& celda, bool marcada) {
     const QString nuevo = TextoQt(celda.texto);
     if (text() != nuevo) {
         sincronizando_ = true;
@@ -87,11 +114,15 @@ void CeldaDeRejilla::Sincronizar(const Celda& celda) {
         sincronizando_ = false;
         if (window()->focusWidget() == this) selectAll();
     }
-    const QColor color = ColorDeTexto(celda.color, QApplication::palette(this));
+    if (window()->focusWidget() != this && (cursorPosition() != 0 || hasSelectedText())) home(false);
+    const QPalette deTodos = QApplication::palette(this);
+    const QColor color = ColorDeTexto(celda.color, deTodos);
     QPalette paleta = palette();
-    if (color_ == celda.color && paleta.color(QPalette::Text) == color) return;
+    if (color_ == celda.color && marcada_ == marcada && paleta.color(QPalette::Text) == color) return;
     color_ = celda.color;
+    marcada_ = marcada;
     paleta.setColor(QPalette::Text, color);
+    paleta.setColor(QPalette::Base, marcada ? ColorDeMarca(deTodos) : deTodos.color(QPalette::Base));
     setPalette(paleta);
     QFont letra = font();
     letra.setBold(celda.color == Color::Azul);
@@ -108,14 +139,43 @@ bool CeldaDeRejilla::event(QEvent* evento) {
             return true;
         }
     }
+    if (evento->type() == QEvent::ToolTip && MostrarEntero(*static_cast<QHelpEvent*>(evento))) return true;
     return CajaDeLinea::event(evento);
 }
+
+// A text that doesn't fit is shown as tool tip.
+bool CeldaDeRejilla::MostrarEntero(const QHelpEvent& ayuda) {
+    constexpr int margenes = 8;
+    if (fontMetrics().horizontalAdvance(text()) + margenes <= width()) return false;
+    QToolTip::showText(ayuda.globalPos(), QStringLiteral("<qt>") + text().toHtmlEscaped() + QStringLiteral("</qt>"), this);
+    return true;
+}
+
+void CeldaDeRejilla::Copiar() {
+    if (marcada_ || !hasSelectedText()) {
+        emit PideCopia();
+    } else {
+        copy();
+    }
+}
+
+void CeldaDeRejilla::Pegar(const QString& texto) {
+    if (LeerBloque(TextoDelModelo(texto)).empty()) {
+        CajaDeLinea::Pegar(texto);
+    } else {
+        emit PideBloque(texto);
+    }
+}
+
+void CeldaDeRejilla::contextMenuEvent(QContextMenuEvent* evento) { emit PideMenu(evento->globalPos()); }
 
 void CeldaDeRejilla::keyPressEvent(QKeyEvent* evento) {
     if (const auto tecla = TeclaDe(*evento)) {
         emit Pulsada(*tecla);
     } else if (evento->matches(QKeySequence::Undo)) {
         emit PideDeshacer();
+    } else if (evento->matches(QKeySequence::Copy)) {
+        Copiar();
     } else if (evento->key() == Qt::Key_Backspace && admiteRetroceso_ && !admiteRetroceso_()) {
         evento->accept();
     } else if (!evento->matches(QKeySequence::Redo)) {

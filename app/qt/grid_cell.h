@@ -9,6 +9,7 @@
 #include "editor/cell_keys.h"
 #include "editor/window.h"
 
+class QHelpEvent;
 class QMimeData;
 
 namespace qor {
@@ -24,8 +25,11 @@ public:
     CeldaDeRejilla(LugarDeCelda lugar, QWidget* padre);
 
     LugarDeCelda Lugar() const { return lugar_; }
-    // Sets the text as the editor has it. A text that changes under the cursor is selected whole, as on entering the cell.
-    void Sincronizar(const Celda& celda);
+    // Sets the text as the editor has it, and whether its row is marked. A text that changes under the cursor is selected whole, as
+    // on entering the cell; without the cursor a cell shows its text from the beginning, and no selection.
+    void Sincronizar(const Celda& celda, bool marcada = false);
+    // The selected text goes to the clipboard; the row where there is none, or the marked rows.
+    void Copiar();
     // Asked before the backspace key does its work.
     void PonerFiltroDeRetroceso(std::function<bool()> admite) { admiteRetroceso_ = std::move(admite); }
 
@@ -35,6 +39,9 @@ signals:
     void Escrita();
     void Pulsada(qor::Tecla tecla);
     void PideDeshacer();
+    void PideCopia();                       // of the row, or of the marked rows
+    void PideBloque(const QString& texto);  // a block of cells was pasted
+    void PideMenu(const QPoint& lugar);     // the context menu, at a point of the screen
     void DobleClic();
     void SoltadoCampo(int lineaDeText1);
     void SoltadoOkCode(qor::RotuloDeOkCode rotulo);
@@ -42,6 +49,8 @@ signals:
 protected:
     bool event(QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
+    void Pegar(const QString& texto) override;
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
@@ -55,10 +64,12 @@ protected:
 private:
     bool RecibeDeRejilla(const QMimeData* datos) const;
     void Arrastrar();
+    bool MostrarEntero(const QHelpEvent& ayuda);
 
     LugarDeCelda lugar_;
     std::function<bool()> admiteRetroceso_;
     Color color_ = Color::Negro;
+    bool marcada_ = false;
     bool sincronizando_ = false;
     bool seleccionarAlSoltar_ = false;  // the press of the mouse that brought the focus
     std::optional<QPoint> agarre_;      // where a drag of the name could begin

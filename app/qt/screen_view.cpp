@@ -33,17 +33,23 @@ private:
     bool ocupado_;
 };
 
-// Message boxes take plain text, in which a line ends with LF. The detail has a line of its own.
-QString TextoDeMensaje(const Mensaje& mensaje) {
-    const QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(mensaje.texto, "\r\n", "\n"), "\r", "\n"));
+// Message boxes take plain text, in which a line ends with LF. The row that it is about
+// and the detail have lines of their own.
+QString TextoDeMensaje(const Mensaje& mensaje, const TextosIdioma& textos) {
+    const auto& deLaPantalla = mensaje.enPantalla.empty() ? mensaje.texto : mensaje.enPantalla;
+    QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(deLaPantalla, "\r\n", "\n"), "\r", "\n"));
+    if (mensaje.fila) {
+        texto += QStringLiteral("\n\n") + Palabra(textos, mensaje.fila->delArchivo ? "file side" : "program side") +
+                 QStringLiteral(", ") + Palabra(textos, "row %1").arg(mensaje.fila->fila + 1);
+    }
     return mensaje.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(mensaje.detalle);
 }
 
-void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon icono) {
+void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon icono, const TextosIdioma& textos) {
     caja.setIcon(icono);
     caja.setWindowTitle(QString::fromLatin1(tituloDelPrograma));
     caja.setTextFormat(Qt::PlainText);
-    caja.setText(TextoDeMensaje(mensaje));
+    caja.setText(TextoDeMensaje(mensaje, textos));
 }
 
 // A filter of the model, such as "QOR format|*.qor", in the manner of the file dialogs.
@@ -76,7 +82,7 @@ void VistaDePantalla::Mostrar(const Mensaje& mensaje, Icono icono) {
     AntesDePreguntar();
     const PunteroNormal puntero(ocupado_);
     QMessageBox caja(Padre());
-    PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information);
+    PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information, textos_);
     caja.addButton(Palabra(textos_, "OK"), QMessageBox::AcceptRole);
     caja.exec();
 }
@@ -85,7 +91,7 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     AntesDePreguntar();
     const PunteroNormal puntero(ocupado_);
     QMessageBox caja(Padre());
-    PrepararCaja(caja, mensaje, QMessageBox::Question);
+    PrepararCaja(caja, mensaje, QMessageBox::Question, textos_);
     const bool aceptar = botones == Botones::AceptarCancelar;
     const bool restaurar = botones == Botones::RestaurarDescartarLuego;
     QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? "OK"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace qor {
 
@@ -16,8 +17,8 @@ public:
         viewport()->setAutoFillBackground(false);
     }
 
-    // All of the page.
-    QSize sizeHint() const override { return widget()->sizeHint(); }
+    // All of the page, with room for a bar beside it, so that a lack of height asks for no bar below.
+    QSize sizeHint() const override { return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0); }
 
 protected:
     // What has the keyboard stays in sight when the room gets less.

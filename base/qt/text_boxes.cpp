@@ -55,6 +55,10 @@ void CajaDeLinea::PonerTexto(std::string_view texto) {
     if (text() != nuevo) setText(nuevo);
 }
 
+void CajaDeLinea::Pegar(const QString& texto) { Insertar(PrimeraLinea(texto)); }
+
+void CajaDeLinea::PegarDelPortapapeles() { Pegar(QApplication::clipboard()->text()); }
+
 void CajaDeLinea::Insertar(const QString& texto) {
     const std::string filtrado = PasarFiltro(filtro_, TextoDelModelo(texto));
     if (!filtrado.empty()) insert(TextoQt(filtrado));
@@ -66,7 +70,7 @@ void CajaDeLinea::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     if (evento->matches(QKeySequence::Paste) && !isReadOnly()) {
-        Insertar(PrimeraLinea(QApplication::clipboard()->text()));
+        PegarDelPortapapeles();
         return;
     }
     if (EsLetraDeMando(*evento)) return evento->ignore();
@@ -85,7 +89,7 @@ void CajaDeLinea::inputMethodEvent(QInputMethodEvent* evento) {
 }
 
 void CajaDeLinea::dropEvent(QDropEvent* evento) {
-    Insertar(evento->mimeData()->text());
+    Pegar(evento->mimeData()->text());
     evento->acceptProposedAction();
 }
 
@@ -98,7 +102,7 @@ void CajaDeLinea::mouseReleaseEvent(QMouseEvent* evento) {
     }
     deselect();
     setCursorPosition(cursorPositionAt(evento->position().toPoint()));
-    Insertar(PrimeraLinea(portapapeles->text(QClipboard::Selection)));
+    Pegar(portapapeles->text(QClipboard::Selection));
 }
 
 void CajaDeLinea::contextMenuEvent(QContextMenuEvent* evento) {
@@ -106,7 +110,7 @@ void CajaDeLinea::contextMenuEvent(QContextMenuEvent* evento) {
     for (auto* const accion : menu->actions()) {
         if (!accion->text().startsWith(QLineEdit::tr("&Paste"))) continue;
         accion->disconnect();
-        connect(accion, &QAction::triggered, this, [this] { Insertar(PrimeraLinea(QApplication::clipboard()->text())); });
+        connect(accion, &QAction::triggered, this, [this] { PegarDelPortapapeles(); });
     }
     menu->exec(evento->globalPos());
 }

@@ -23,8 +23,13 @@ public:
     std::string Texto() const;
     // Sets the text without passing it through the filter. `textChanged` comes as always.
     void PonerTexto(std::string_view texto);
+    // The text of the clipboard, in the place of the selection.
+    void PegarDelPortapapeles();
 
 protected:
+    // What a user pastes or drops: its first line, filtered.
+    virtual void Pegar(const QString& texto);
+
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;

@@ -179,7 +179,7 @@ TEST(PrincipalCommands, RowsMoveOnlyWithTheFocusInTheFileGrid) {
         const char* nombres;  // behind Alt+Down
         const char* foco;
     };
-    for (const auto& [control, despues, foco] : {Caso{"Text6_0", "AB", "Text6_0"}, Caso{"Programa", "AB", "Programa"},
+    for (const auto& [control, despues, foco] : {Caso{"Text6_0", "AB", "Text6_1"}, Caso{"Programa", "AB", "Programa"},
                                                  Caso{"TextoBuscado", "AB", "TextoBuscado"}, Caso{"Text2_0", "BA", "Text1_1"}}) {
         p.Enfocar(control);
         const bool mueve = std::string(despues) == "BA";

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSplitter>
 
 #include "app/qt/grid_cell.h"
 #include "base/files.h"
@@ -132,6 +134,7 @@ TEST(Principal, KeysOfTheGrids) {
     const Caso casos[] = {
         {"Text2_3", Qt::Key_Up, "Text2_2"},
         {"Text5_2", Qt::Key_Right, "Text6_3"},
+        {"Text2_0", Qt::Key_Return, "Text1_1"},
         {"Text4_0", Qt::Key_PageDown, "Text4_10"},
     };
     for (const auto& caso : casos) {
@@ -146,7 +149,7 @@ TEST(Principal, KeysOfTheGrids) {
     ProgramaDePrueba::Escribir("A_B");
     ProgramaDePrueba::Pulsar(Qt::Key_Up);
     EXPECT_EQ(p.Control<QLineEdit>("Text1_1")->text(), "A_B2");
-    EXPECT_EQ(p.Control<QLabel>("LineaArchivo")->text(), "0");
+    EXPECT_EQ(p.Control<QLabel>("LineaArchivo")->text(), "1");
     EXPECT_EQ(p.Control<QLineEdit>("Text1_0")->selectedText(), "A_B");
 
     ProgramaDePrueba::Pulsar(Qt::Key_F6);
@@ -159,6 +162,122 @@ TEST(Principal, KeysOfTheGrids) {
     p.Enfocar("Text1_5");
     ProgramaDePrueba::Pulsar(Qt::Key_Backspace);
     EXPECT_THAT(p.vista->avisos, ElementsAre(339));
+}
+
+TEST(Principal, BlocksOfTheClipboard) {
+    ProgramaDePrueba p;
+    auto* const portapapeles = QApplication::clipboard();
+    const auto tecla = [](int cual, Qt::KeyboardModifiers con) { ProgramaDePrueba::Pulsar(cual, {}, con); };
+    p.Enfocar("Text1_0");
+    portapapeles->setText("MATNR\t18\nMAKTX\t40\n");
+    tecla(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_1")->text() + p.Control<QLineEdit>("Text2_1")->text(), "MAKTX40");
+    EXPECT_EQ(ProgramaDePrueba::Foco(), "Text1_1");
+    // One line is a text as before, and the selected text is what is copied.
+    portapapeles->setText("ernam\n");
+    p.Control<QAction>("PasteOption")->trigger();
+    EXPECT_EQ(p.Control<QLineEdit>("Text1_1")->text(), "ERNAM");
+    p.Control<QLineEdit>("Text1_1")->setSelection(0, 2);
+    tecla(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(portapapeles->text(), "ER");
+    p.Control<QLineEdit>("Text1_1")->deselect();
+    tecla(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(portapapeles->text(), "ERNAM\t40\n");
+    tecla(Qt::Key_Up, Qt::ShiftModifier);
+    const QColor marcada = p.Control("Text2_1")->palette().color(QPalette::Base);
+    EXPECT_NE(marcada, p.Control("Text2_2")->palette().color(QPalette::Base));
+    tecla(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(portapapeles->text(), "MATNR\t18\nERNAM\t40\n");
+    // The hint and the forms of a value are where it is typed.
+    p.Enfocar("Text6_0");
+    portapapeles->setText("TRANS\tVA01\nSAPM\t100\n\t\tBDC_OKCODE\t\n");
+    tecla(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_FALSE(p.Control<QLineEdit>("Text5_2")->placeholderText().isEmpty());
+    EXPECT_TRUE(p.Control<QLineEdit>("Text5_1")->placeholderText().isEmpty());
+    p.Enfocar("Text5_2");
+    ProgramaDePrueba::Escribir("/00");
+    ProgramaDePrueba::Pulsar(Qt::Key_Return);
+    EXPECT_THAT(p.Control<QLabel>("AvisoDeRejilla")->text().toStdString(), testing::HasSubstr("'/00'"));
+    EXPECT_THAT(p.vista->avisos, IsEmpty());
+}
+
+TEST(Principal, CellsWithoutTheCursorShowTheirFront) {
+    ProgramaDePrueba p;
+    auto* const celda = p.Control<QLineEdit>("Text1_0");
+    p.Enfocar("Text1_0");
+    ProgramaDePrueba::Escribir("A_VERY_LONG_NAME_OF_A_FIELD");
+    celda->selectAll();
+    // Behind another window the focus goes without a word to the cell that has it.
+    QFocusEvent salida(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(celda, &salida);
+    EXPECT_TRUE(celda->hasSelectedText());
+    p.LaVentana().vista.Enfocar("Text1_3");
+    p.principal->Sincronizar();
+    EXPECT_FALSE(celda->hasSelectedText());
+    EXPECT_EQ(celda->cursorPosition(), 0);
+}
+
+TEST(Principal, WidthsOfTheGridsAreTheUsers) {
+    ProgramaDePrueba p;
+    const auto arrastrar = [&](const char* nombre, int paso) {
+        auto* const cabecera = p.Control(nombre);
+        const QPointF borde(cabecera->width() - 1, 5);
+        const auto mandar = [&](QEvent::Type tipo, QPointF donde, Qt::MouseButtons botones) {
+            QMouseEvent evento(tipo, donde, cabecera->mapToGlobal(donde), Qt::LeftButton, botones, Qt::NoModifier);
+            QApplication::sendEvent(cabecera, &evento);
+        };
+        mandar(QEvent::MouseButtonPress, borde, Qt::LeftButton);
+        mandar(QEvent::MouseMove, borde + QPointF(paso, 0), Qt::LeftButton);
+        mandar(QEvent::MouseButtonRelease, borde + QPointF(paso, 0), Qt::NoButton);
+        QApplication::processEvents();
+    };
+    const auto ancho = [&](const char* nombre) { return p.Control(nombre)->width(); };
+    const int antes = ancho("Text4_0") + ancho("Text5_0");
+    const int campo = ancho("Text4_0");
+    arrastrar("FieldCol", 30);
+    EXPECT_EQ(ancho("Text4_0"), campo + 30);
+    EXPECT_EQ(ancho("Text4_0") + ancho("Text5_0"), antes);
+    arrastrar("FieldCol", 5000);
+    EXPECT_GE(ancho("Text5_0"), p.Control("Col2Name")->sizeHint().width());
+    const int quedan = ancho("Text4_0");
+    p.Control<QSplitter>("DivisionDeRejillas")->setSizes({420, 700});
+    QApplication::processEvents();
+    const int lado = ancho("RejillaArchivo");
+    const QSize ventana = p.principal->size();
+    const double parte = static_cast<double>(ancho("Text4_0")) / ancho("RejillaTransaccion");
+    ASSERT_TRUE(p.principal->close());
+    p.Abrir();
+    p.principal->resize(ventana);
+    QApplication::processEvents();
+    EXPECT_NEAR(ancho("RejillaArchivo"), lado, 2);
+    EXPECT_NEAR(static_cast<double>(ancho("Text4_0")) / ancho("RejillaTransaccion"), parte, 0.01);
+    EXPECT_GT(quedan, campo);
+}
+
+TEST(Principal, HeadingsAreWholeAndCaptionsMoveNothing) {
+    for (const char* const idioma : {"English", "Espanol"}) {
+        ProgramaDePrueba p;
+        p.directorio.Escribir("Tessaline.ini", std::string("Language=") + idioma + "\r\n");
+        p.Abrir();
+        p.principal->resize(1024, 600);
+        for (const bool ancho : {false, true}) {
+            if (ancho) p.Control<QPushButton>("ExpandirCampo")->click();
+            QApplication::processEvents();
+            for (const char* const nombre : {"ColumnName", "FileWidth", "ProgramCol", "DynproCol", "FieldCol", "Col2Name"}) {
+                const auto* const cabecera = p.Control(nombre);
+                if (cabecera->isHidden()) continue;
+                EXPECT_GE(cabecera->width(), cabecera->sizeHint().width()) << idioma << ' ' << nombre << ancho;
+            }
+        }
+        p.LaVentana().documento.especificacion.TablaArchivo[0].campo = "MATNR";
+        const int antes = p.Control("TextoBuscado")->width();
+        p.Control<QLineEdit>("TextoBuscado")->setText("MATNR");
+        for (const char* const boton : {"BuscarArchivo", "BuscarTransaccion"}) {
+            p.Control<QPushButton>(boton)->click();
+            QApplication::processEvents();
+            EXPECT_EQ(p.Control("TextoBuscado")->width(), antes) << idioma << ' ' << boton;
+        }
+    }
 }
 
 TEST(Principal, DropsOntoAValue) {
