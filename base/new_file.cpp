@@ -127,7 +127,7 @@ bool ArchivoNuevo::AbrirSinNombre() {
 fs::path ArchivoNuevo::NombreDeTrabajo(int intento) const {
     if (intento == 0) {
         const fs::path dicho = QuitarExtension(objetivo_.string()) + extension_;
-        if (dicho.parent_path() == objetivo_.parent_path() && dicho != objetivo_) return dicho;
+        if (dicho.parent_path() == objetivo_.parent_path() && !sistema::EsMismoNombre(dicho, objetivo_)) return dicho;
         ++intento;
     }
     return DirectorioDe(objetivo_) / ("qor-" + std::to_string(NumeroDeProceso()) + "-" + std::to_string(intento) + extension_);
