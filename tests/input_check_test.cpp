@@ -481,7 +481,7 @@ TEST(InputCheck, CommandLine) {
     qorgen.directorio.Escribir("materials.checks",
                                "MATKL list values/MATKL.txt\nMAKTX pattern [\xC3\xBC\xE2\x82\xAC -z]+\nX required\n");
     const std::vector<std::string> revisar = {"data", "check", "D/materials.qor", "D/materials.txt"};
-    const auto archivo = (qorgen.directorio / "materials.txt").string();
+    const auto archivo = qorgen.directorio.Ruta().string() + "/materials.txt";
     const auto corta = archivo +
                        ":3:76: hint: BRGEW: the line ends before the field begins, which is read as blank like all behind it "
                        "[line-too-short]\n";

@@ -20,7 +20,7 @@ struct QorgenDePrueba {
     int Correr(std::vector<std::string> argumentos) {
         for (auto& argumento : argumentos) {
             if (const auto lugar = argumento.find("D/"); lugar != std::string::npos) {
-                argumento.replace(lugar, 2, (directorio.Ruta() / "").string());
+                argumento.replace(lugar, 2, directorio.Ruta().string() + "/");
             }
         }
         argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string()});
