@@ -127,7 +127,7 @@ bool ArchivoNuevo::AbrirSinNombre() {
 fs::path ArchivoNuevo::NombreDeTrabajo(int intento) const {
     if (intento == 0) {
         const fs::path dicho = QuitarExtension(objetivo_.string()) + extension_;
-        if (dicho.parent_path() == objetivo_.parent_path() && dicho != objetivo_) return dicho;
+        if (dicho.parent_path() == objetivo_.parent_path() && !sistema::EsMismoNombre(dicho, objetivo_)) return dicho;
         ++intento;
     }
     return DirectorioDe(objetivo_) / ("qor-" + std::to_string(NumeroDeProceso()) + "-" + std::to_string(intento) + extension_);
@@ -244,7 +244,7 @@ void GuardarArchivo(const fs::path& destino, std::string_view texto, std::string
 bool EsElMismoLugar(const fs::path& uno, const fs::path& otro) {
     const auto hayUno = Mirar(uno, uno);
     const auto hayOtro = Mirar(otro, otro);
-    if (hayUno && hayOtro) return !S_ISCHR(hayUno->st_mode) && EsElMismo(*hayUno, *hayOtro);
+    if (hayUno && hayOtro) return hayUno->clase != EstadoDeArchivo::Clase::Otra && EsElMismo(*hayUno, *hayOtro);
     if (hayUno || hayOtro) return false;
     const auto lugar = [](const fs::path& ruta) {
         std::error_code error;

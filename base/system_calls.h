@@ -33,6 +33,12 @@ std::filesystem::path RutaDeAbierto(int descriptor);
 // Whether a link leads to an opened file of a process, which has to be written to as it is.
 bool LlevaAAbierto(const std::filesystem::path& enlace);
 
+// Whether two paths of one directory are the same name there: where the system doesn't tell case apart, without it.
+bool EsMismoNombre(const std::filesystem::path& uno, const std::filesystem::path& otro);
+
+// The error number of C for one that the system's own calls have.
+int ErrorDeC(int delSistema);
+
 // Whether this process may write to a file or a directory.
 bool SePuedeEscribir(const std::filesystem::path& ruta);
 

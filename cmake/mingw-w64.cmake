@@ -14,8 +14,8 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 
 # Libraries come from cmake/windows_libraries.sh and from the cross packages, never from this machine's own system.
-set(windows_libraries ${CMAKE_CURRENT_LIST_DIR}/../build/windows-libraries)
-set(CMAKE_FIND_ROOT_PATH /usr/${mingw_triple} ${windows_libraries})
+get_filename_component(windows_libraries ${CMAKE_CURRENT_LIST_DIR}/../build/windows-libraries ABSOLUTE)
+set(CMAKE_FIND_ROOT_PATH ${windows_libraries} /usr/${mingw_triple})
 set(CMAKE_PREFIX_PATH ${windows_libraries})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -83,6 +83,8 @@ take_headers() {
 }
 
 (build_sqlite)
+# Linked in, where the cross package would have its library beside the program.
+cp /usr/$triple/lib/libz.a "$place/lib"
 build_with_cmake libzip "$(echo "$work"/libzip-*/)" -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF \
     -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_OPENSSL=OFF -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF \
     -DENABLE_WINDOWS_CRYPTO=OFF -DENABLE_COMMONCRYPTO=OFF

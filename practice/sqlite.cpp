@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "base/code_page.h"
+#include "base/system_calls.h"
 #include "practice/sqlite_decimal.h"
 
 namespace qor {
@@ -29,7 +30,7 @@ std::string MotivoDe(sqlite3* mango, int codigo) {
         case SQLITE_IOERR:
         case SQLITE_READONLY:
         case SQLITE_PERM: {
-            const int error = sqlite3_system_errno(mango);
+            const int error = sistema::ErrorDeC(sqlite3_system_errno(mango));
             return error != 0 ? std::strerror(error) : sqlite3_errstr(codigo);
         }
         default: return sqlite3_errmsg(mango);

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "base/values.h"
 #include "model/document_format.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor::pruebas {
@@ -54,6 +55,7 @@ TEST(CheckAll, TextIsOneLineForEachFinding) {
     EXPECT_EQ(ResumenDeHallazgos(revisados), sinRevisar + "2 documents, 3 errors, 0 warnings, 1 note\n");
 }
 
+#ifndef LEFT_OUT_CheckAll_WorkflowCommandsAreEscaped
 TEST(CheckAll, WorkflowCommandsAreEscaped) {
     const std::string archivo = "file=a%2Cb%25\u00F1%3A1 c.qor,line=";
     EXPECT_EQ(HallazgosParaGitHub(Revisados()),
@@ -63,6 +65,7 @@ TEST(CheckAll, WorkflowCommandsAreEscaped) {
                   "65,title=Q113::option TablaZ (Error table): No table.\n" +
                   "::error file=/no\xFF.qor,title=not checked::Not \u00F3pened\n");
 }
+#endif
 
 TEST(CheckAll, JSONHasEveryPart) {
     EXPECT_EQ(Json::parse(HallazgosComoJSON(Revisados())), Json::parse(R"({"version": 1, "documents": [
@@ -117,6 +120,7 @@ void ExigirSARIF(const Json& registro) {
     }
 }
 
+#ifndef LEFT_OUT_CheckAll_SARIFHoldsWhatItsSchemaAsksFor
 TEST(CheckAll, SARIFHoldsWhatItsSchemaAsksFor) {
     ExigirSARIF(Json::parse(HallazgosComoSARIF({})));
     const auto registro = Json::parse(HallazgosComoSARIF(Revisados()));
@@ -139,6 +143,7 @@ TEST(CheckAll, SARIFHoldsWhatItsSchemaAsksFor) {
     EXPECT_EQ(conErrores["results"][1]["level"], "error");
     EXPECT_EQ(conErrores["tool"]["driver"], corrida["tool"]["driver"]);
 }
+#endif
 
 // A text of several lines, each another one: quotes, a blank line, all kinds of line ends.
 std::string Varias(const std::string& nombre) {

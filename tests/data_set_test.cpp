@@ -228,7 +228,7 @@ TEST_F(PruebaDeDatos, AnotherProgramsFileIsNotOverwritten) {
     } casos[] = {
         {"longer", [&] { Escribir(larga); }, larga},
         {"as long", [&] { Escribir(mismoLargo); }, mismoLargo},
-        {"replaced", [&] { std::filesystem::rename(Escribir(dosTransacciones, "other"), ruta); }, dosTransacciones},
+        {"replaced", [&] { ReemplazarArchivo(Escribir(dosTransacciones, "other"), ruta); }, dosTransacciones},
     };
     for (const auto& caso : casos) {
         for (const bool alPreguntar : {false, true}) {

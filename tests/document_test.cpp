@@ -153,7 +153,7 @@ TEST_F(Archivos, AnotherProgramsChangeIsOverwrittenOnARequestOnly) {
     const std::string pregunta = "Another program has changed the document " + ruta.string() + " since it was read. Overwrite it?";
     const std::map<std::string, std::function<void()>> maneras = {
         {"changed", [&] { directorio.Escribir("doc.qor", suyo); }},
-        {"replaced", [&] { std::filesystem::rename(directorio.Escribir("other", suyo), ruta); }},
+        {"replaced", [&] { ReemplazarArchivo(directorio.Escribir("other", suyo), ruta); }},
         {"removed", [&] { std::filesystem::remove(ruta); }}};
     for (const auto& [manera, intervenir] : maneras) {
         for (int caso = 0; caso < 4; ++caso) {

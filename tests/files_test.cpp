@@ -154,14 +154,16 @@ TEST_F(NewFile, WorkFileIsTheUsersAlone) {
 
 TEST_F(NewFile, IsRefusedWhereTheOldOneMustStay) {
     const auto ruta = directorio.Escribir("a.qor", "old");
-    fs::create_symlink("a.qor", directorio / "link.qor");
-    fs::create_symlink("loop", directorio / "loop");
     fs::create_directory(directorio / "dir");
     auto propio = ArchivoBloqueado::Abrir(ruta);
     const auto detalle = [&](const char* nombre) { return DetalleDe([&] { GuardarArchivo(directorio / nombre, "new"); }); };
     const auto esperado = [&](const char* que, const char* nombre) { return que + (": " + (directorio / nombre).string()); };
+#ifndef _WIN32
+    fs::create_symlink("a.qor", directorio / "link.qor");
+    fs::create_symlink("loop", directorio / "loop");
     EXPECT_EQ(detalle("link.qor"), esperado("The file is in use", "link.qor"));
     EXPECT_EQ(detalle("loop"), esperado("Too many levels of symbolic links", "loop"));
+#endif
     EXPECT_EQ(detalle("dir"), esperado("Is a directory", "dir"));
     EXPECT_EQ(detalle("no/place"), esperado("No such file or directory", "no/place"));
     EXPECT_EQ(LeerArchivo(ruta), "old");
@@ -179,7 +181,7 @@ TEST_F(NewFile, IsRefusedWhereTheOldOneMustStay) {
     const auto leida = guardado.Identidad();
     for (const char* que : {"changed", "replaced", "removed"}) {
         if (que == std::string("changed")) directorio.Escribir("a.qor", "another text");
-        if (que == std::string("replaced")) fs::rename(directorio.Escribir("b.qor", "new"), ruta);
+        if (que == std::string("replaced")) ReemplazarArchivo(directorio.Escribir("b.qor", "new"), ruta);
         if (que == std::string("removed")) fs::remove(ruta);
         EXPECT_EQ(DetalleDe([&] {
                       ArchivoNuevo otro(ruta, ".TMP", &guardado);
@@ -221,6 +223,7 @@ TEST_F(NewFile, LargeFilesAreRefusedNotHeld) {
     EXPECT_EQ(LeerArchivo(ruta, 3).size(), 3u);
 }
 
+#ifndef LEFT_OUT_NewFile_OnlyAMissingFileIsAbsent
 TEST_F(NewFile, OnlyAMissingFileIsAbsent) {
     const auto ruta = directorio.Escribir("a", "");
     fs::create_symlink("nowhere", directorio / "dangling");
@@ -230,6 +233,7 @@ TEST_F(NewFile, OnlyAMissingFileIsAbsent) {
     const FalloProvocado fallo(LlamadaDeArchivo::Mirar, 1, EIO);
     EXPECT_EQ(DetalleDe([&] { Existe(ruta); }), "Input/output error: " + ruta.string());
 }
+#endif
 
 constexpr LlamadaDeArchivo todas[] = {
     LlamadaDeArchivo::Abrir,     LlamadaDeArchivo::Leer,        LlamadaDeArchivo::Escribir, LlamadaDeArchivo::LlevarAlDisco,
@@ -249,6 +253,7 @@ struct Escritura {
 
 // Every call of every kind fails once in turn: the old file or the new one is there, whole, nothing else, and the failure is told.
 void FallarCadaLlamada(const Escritura& escritura) {
+    const std::string raiz = fs::temp_directory_path().has_root_name() ? "" : "/";  // else every drive may be meant
     std::string nuevo;
     for (const auto llamada : todas) {
         for (int cual = 0;; ++cual) {
@@ -273,8 +278,7 @@ void FallarCadaLlamada(const Escritura& escritura) {
             EXPECT_EQ(LeerArchivo(ruta), dicho.empty() ? nuevo : viejo) << lugar;
             EXPECT_EQ(Nombres(directorio), nombres) << lugar;
             EXPECT_EQ(PermisosDe(ruta), permisos) << lugar;
-            if (!dicho.empty())
-                EXPECT_THAT(dicho, HasSubstr("Input/output error: " + directorio.Ruta().root_path().string())) << lugar;
+            if (!dicho.empty()) EXPECT_THAT(dicho, HasSubstr("Input/output error: " + raiz)) << lugar;
             if (!ocurrio) break;
         }
     }

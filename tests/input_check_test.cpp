@@ -11,6 +11,7 @@
 #include "input/encoding.h"
 #include "input/split.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/qorgen_run.h"
 
 namespace qor::pruebas {
@@ -434,6 +435,7 @@ TEST(InputSplit, GoodRecordsAreGoodAloneAndNothingIsLost) {
     EXPECT_GT(conAmbas, 40);
 }
 
+#ifndef LEFT_OUT_InputSplit_ReasonsAndLongLines
 TEST(InputSplit, ReasonsAndLongLines) {
     const Prueba prueba;
     const std::string larga = "HPO0002202401311,5     " + std::string(3'000'000, ' ');
@@ -474,6 +476,7 @@ TEST(InputSplit, ReasonsAndLongLines) {
                      FalloDeEjecucion);
     }
 }
+#endif
 
 // What belongs to no order says the report itself, which is run.
 TEST(InputCheck, ItemsBelongTogetherAsInTheReport) {
@@ -537,7 +540,7 @@ TEST(InputCheck, CommandLine) {
     qorgen.directorio.Escribir("materials.checks",
                                "MATKL list values/MATKL.txt\nMAKTX pattern [\xC3\xBC\xE2\x82\xAC -z]+\nX required\n");
     const std::vector<std::string> revisar = {"data", "check", "D/materials.qor", "D/materials.txt"};
-    const auto archivo = (qorgen.directorio / "materials.txt").string();
+    const auto archivo = qorgen.directorio.Ruta().string() + "/materials.txt";
     const auto corta = archivo +
                        ":3:76: hint: BRGEW: the line ends before the field begins, which is read as blank like all behind it "
                        "[line-too-short]\n";

@@ -8,6 +8,7 @@
 #include "practice/files.h"
 #include "practice/upload_functions.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/practice_fixture.h"
 #include "tests/support/temporary_directory.h"
 
@@ -35,10 +36,11 @@ public:
         raiz.Escribir("doc/sub/deep.txt", "deep\n");
         raiz.Escribir("document/other.txt", "a neighbour\n");
         raiz.Escribir("out.txt", "outside\n");
-        std::filesystem::create_symlink("../out.txt", raiz / "doc/link.txt");
-        std::filesystem::create_symlink("..", raiz / "doc/up");
-        std::filesystem::create_symlink("sub/deep.txt", raiz / "doc/good.txt");
-        std::filesystem::create_symlink("../new.txt", raiz / "doc/dangling.txt");
+        std::error_code error;  // where the system has none, the tests of them are left out
+        std::filesystem::create_symlink("../out.txt", raiz / "doc/link.txt", error);
+        std::filesystem::create_symlink("..", raiz / "doc/up", error);
+        std::filesystem::create_symlink("sub/deep.txt", raiz / "doc/good.txt", error);
+        std::filesystem::create_symlink("../new.txt", raiz / "doc/dangling.txt", error);
         lugares.carpeta = raiz / "doc";
         lugares.ajenos = {raiz / "doc/load.qor"};
     }
@@ -62,6 +64,7 @@ public:
     std::optional<NombresDeArchivos> nombres;
 };
 
+#ifndef LEFT_OUT_PracticeFiles_AreThoseOfTheDocumentAndThoseThatAreNamed
 TEST(PracticeFiles, AreThoseOfTheDocumentAndThoseThatAreNamed) {
     Carpeta carpeta;
     const auto raiz = carpeta.raiz.Ruta().string();
@@ -109,7 +112,9 @@ TEST(PracticeFiles, AreThoseOfTheDocumentAndThoseThatAreNamed) {
     EXPECT_TRUE(EsElNombre("p_File", "FILE") && EsElNombre("FILE_1", "file_1") && EsElNombre("psx_FILE_1", "FILE_1"));
     EXPECT_FALSE(EsElNombre("PARM_FILE", "FILE") || EsElNombre("_FILE", "FILE") || EsElNombre("P1_FILE", "FILE"));
 }
+#endif
 
+#ifndef LEFT_OUT_PracticeFiles_AreWrittenInTheFolderOfTheDocumentOnly
 TEST(PracticeFiles, AreWrittenInTheFolderOfTheDocumentOnly) {
     Carpeta carpeta;
     const auto& raiz = carpeta.raiz;
@@ -138,6 +143,7 @@ TEST(PracticeFiles, AreWrittenInTheFolderOfTheDocumentOnly) {
     EXPECT_TRUE(archivos.Borrar("sub/new.txt"));
     EXPECT_FALSE(std::filesystem::exists(raiz / "doc/sub/new.txt"));
 }
+#endif
 
 // Every way in which lines may lie to the blocks that a file is read in.
 TEST(PracticeFiles, HaveLinesOfAnyLength) {

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "practice/journal.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/qorgen_run.h"
 
 namespace qor {
@@ -177,6 +178,7 @@ std::string Informe(const char* declaracion, const char* cuerpo) {
     return std::string(comienzo) + declaracion + "\r\n" + lectura + bucle + cuerpo + "\r\n";
 }
 
+#ifndef LEFT_OUT_Run_StatusListAndFailures
 TEST(Run, StatusListAndFailures) {
     const struct {
         const char* que;
@@ -285,6 +287,7 @@ TEST(Run, StatusListAndFailures) {
             EXPECT_THAT(qorgen.Diario(), StartsWith(R"({"event":"start")"));
     }
 }
+#endif
 
 TEST(Run, Parameters) {
     const struct {

@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "input/layout.h"
 #include "model/document_file.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -147,7 +148,7 @@ const std::filesystem::path ejemplos = std::filesystem::path(QOR_TEST_SOURCE_DIR
 TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     std::vector<std::string> carpetas;
     for (const auto& entrada : std::filesystem::directory_iterator(ejemplos)) {
-        if (entrada.is_directory()) carpetas.push_back(entrada.path().filename());
+        if (entrada.is_directory()) carpetas.push_back(entrada.path().filename().string());
     }
     pruebas::DirectorioTemporal directorio;
     std::vector<std::string> ofrecidas;
@@ -169,6 +170,7 @@ TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     EXPECT_EQ(TablasDeCarpeta(ejemplos / "native-sql"), "ZPO_HEAD=zpo_head.csv, ZPO_ITEM=zpo_item.csv");
 }
 
+#ifndef LEFT_OUT_ExampleCopies_ACopyTakesAFreeNameAndCanBeChanged
 TEST(ExampleCopies, ACopyTakesAFreeNameAndCanBeChanged) {
     namespace fs = std::filesystem;
     pruebas::DirectorioTemporal directorio;
@@ -186,6 +188,7 @@ TEST(ExampleCopies, ACopyTakesAFreeNameAndCanBeChanged) {
     EXPECT_THROW(CopiarEjemplo(directorio / "installed/none", destino), FalloDeArchivo);
     EXPECT_FALSE(fs::exists(destino / "none"));
 }
+#endif
 
 }  // namespace
 }  // namespace qor

@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "generator/generate.h"
 #include "generator/observation.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -228,6 +229,7 @@ TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
     EXPECT_TRUE(LeerArchivo(RutaDelSistema(informe.o.Programa)).starts_with("*---"));
 }
 
+#ifndef LEFT_OUT_Report_TheDesktopKeepsReportsBesideTheirDocuments
 // On the desktop, a path that leads out of the document's directory is asked about once, and the user is told where the report is.
 TEST(Report, TheDesktopKeepsReportsBesideTheirDocuments) {
     namespace fs = std::filesystem;
@@ -297,6 +299,7 @@ TEST(Report, TheDesktopKeepsReportsBesideTheirDocuments) {
     EXPECT_TRUE(Generar(nuevo, informe.estado));
     EXPECT_TRUE(fs::exists(*nuevo.salida));
 }
+#endif
 
 // The temporary report of a connected run goes when the next report is written, wherever that one lies.
 TEST(Report, TemporaryReportsGoWithTheNextRun) {

@@ -154,7 +154,7 @@ TEST_F(RoundTrips, TheCatalogueOfTheSystemIsTheOneThatFilledIt) {
     } casos[] = {{fuentes / "data/BAPI46C", LeerArchivo(fuentes / "data/BAPI46C")}, {directorio.Escribir("own", propio), propio}};
     for (const auto& caso : casos) {
         ASSERT_EQ(Q("--yes bapi --catalogue " + caso.archivo.string() + " update --practice D/s"), estadoBien) << errores;
-        EXPECT_EQ(salida, (directorio / "practice/BAPI46C").string() + "\n");
+        EXPECT_EQ(salida, (directorio.Ruta() / "practice" / "BAPI46C").string() + "\n");
         EXPECT_EQ(Contenido("practice/BAPI46C"), EnOrden(caso.texto));
         EXPECT_EQ(LeerArchivo(caso.archivo), caso.texto);
     }

@@ -8,6 +8,7 @@
 #include "practice/role.h"
 #include "sap/connected_system.h"
 #include "sap/publish.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
 
@@ -122,6 +123,7 @@ TEST(Publish, ALocalProgramProposesItsOwnName) {
     EXPECT_EQ(publicacion.Avisos(), "");
 }
 
+#ifndef LEFT_OUT_Publish_OkAsksTheSystemAboutTheName
 TEST(Publish, OkAsksTheSystemAboutTheName) {
     Publicacion publicacion;
     publicacion.PonerPrograma("ZTAKEN");
@@ -140,7 +142,9 @@ TEST(Publish, OkAsksTheSystemAboutTheName) {
     EXPECT_TRUE(AceptarNombreABAP(publicacion.sesion, "ZLOAD", prueba.textos, prueba.vista).cerrar);
     EXPECT_THAT(publicacion.Avisos(), testing::StartsWith("<413>\r\nThe file of the practice system is gone"));
 }
+#endif
 
+#ifndef LEFT_OUT_Publish_AConnectedGenerationEndsInTheSystem
 // A connected generation: the widths are fetched, the report goes into a file of a moment, and from there into the system.
 TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     Publicacion publicacion("", "RMMG1                         MATNR" + std::string(55, ' ') + "000018\r\n");
@@ -165,6 +169,7 @@ TEST(Publish, AConnectedGenerationEndsInTheSystem) {
     sistema.OfrecerPublicacion(estado.UltimoPrograma);
     EXPECT_EQ(publicacion.Avisos(), "");  // the connection was lost meanwhile
 }
+#endif
 
 }  // namespace
 }  // namespace qor

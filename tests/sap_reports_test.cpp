@@ -94,7 +94,7 @@ TEST(RemoteReports, EntriesOfTheQueueAreListedAndRead) {
 TEST(RemoteReports, WhatCanNotBeAskedIsNotAsked) {
     VentanaDePrueba prueba;
     const DirectorioTemporal directorio;
-    const std::string fuente = directorio.Escribir("load.abap", "REPORT A.");
+    const std::string fuente = directorio.Escribir("load.abap", "REPORT A.").string();
     std::ostringstream archivo;
     using Consulta = std::function<bool(SesionSAP&, const std::string&)>;
     const std::pair<const char*, Consulta> casos[] = {

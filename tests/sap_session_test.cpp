@@ -20,6 +20,7 @@ namespace {
 
 using pruebas::DirectorioTemporal;
 using pruebas::Guion;
+using pruebas::PonerVariable;
 using pruebas::SesionConectada;
 using pruebas::SesionDeGuion;
 using pruebas::VentanaDePrueba;

@@ -9,6 +9,7 @@
 #include "base/failure.h"
 #include "base/files.h"
 #include "tests/support/failing_calls.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor {
@@ -123,6 +124,7 @@ TEST(SettingsFile, AFailedSaveLeavesTheFileAndTheChange) {
     EXPECT_THROW(ini.CargarINI(directorio.Ruta()), FalloDeArchivo);
 }
 
+#ifndef LEFT_OUT_SettingsPath_TakesTheFirstDirectoryThatApplies
 TEST(SettingsPath, TakesTheFirstDirectoryThatApplies) {
     const DirectorioTemporal directorio;
     const std::string existe = directorio.Ruta().string();
@@ -146,6 +148,7 @@ TEST(SettingsPath, TakesTheFirstDirectoryThatApplies) {
         EXPECT_EQ(RutaDeAjustes([&](const char* nombre) { return variables[nombre]; }).string(), caso.ruta);
     }
 }
+#endif
 
 TEST(Settings, AnEmptyFileGivesTheDefaults) {
     for (const char* texto : {"", "GS prefix=\nPN prefix=   \nFieldsFile=\nBAPIFile= \nQOR Directory=\nDataset Additions=\n"}) {
@@ -210,6 +213,7 @@ TEST(Settings, DatasetAdditionsChooseTheirOption) {
     }
 }
 
+#ifndef LEFT_OUT_Settings_AreSavedInTheirOrderAndReadBack
 // A first save writes every setting, in an order that users of the file know.
 TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     AjustesDelPrograma ajustes = AjustesDe("");
@@ -241,6 +245,7 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
         EXPECT_EQ(ini.TextoCambiado(""), texto + "EDITOR=" + editor + "\r\n");
     }
 }
+#endif
 
 TEST(DataDirectory, IsTheInstalledOneOrThatOfTheTreeByTheLanguageFile) {
     const DirectorioTemporal directorio;

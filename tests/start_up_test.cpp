@@ -8,6 +8,7 @@
 #include "app/file_type.h"
 #include "base/files.h"
 #include "editor/document_commands.h"
+#include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 #include "tests/support/window_fixture.h"
 
@@ -133,6 +134,7 @@ TEST(Closing, LeavesSettingsThatCouldNotBeRead) {
     EXPECT_EQ(LeerArchivo(directorio / "Tessaline.ini"), "FIELDSFILE=/mine\r\n");
 }
 
+#ifndef LEFT_OUT_FileType_IsRegisteredOnceWhereNothingIsInstalled
 TEST(FileType, IsRegisteredOnceWhereNothingIsInstalled) {
     const DirectorioTemporal directorio;
     const fs::path datos = fs::path(QOR_TEST_SOURCE_DIR) / "data";
@@ -169,6 +171,7 @@ TEST(FileType, IsRegisteredOnceWhereNothingIsInstalled) {
     directorio.Escribir("system/applications/qor-generator.desktop", "");
     EXPECT_TRUE(planear((directorio / "data").string()).empty());
 }
+#endif
 
 }  // namespace
 }  // namespace qor

@@ -127,6 +127,10 @@ bool LlevaAAbierto(const std::filesystem::path& enlace) {
     return ::statfs(carpeta.c_str(), &sistema) == 0 && sistema.f_type == PROC_SUPER_MAGIC;
 }
 
+bool EsMismoNombre(const std::filesystem::path& uno, const std::filesystem::path& otro) { return uno == otro; }
+
+int ErrorDeC(int delSistema) { return delSistema; }
+
 bool SePuedeEscribir(const std::filesystem::path& ruta) { return ::access(ruta.c_str(), W_OK) == 0; }
 
 }  // namespace qor::sistema

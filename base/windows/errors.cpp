@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <iterator>
 
+#include "base/system_calls.h"
+
 namespace qor::sistema {
 
 namespace {
@@ -15,7 +17,8 @@ struct Par {
     int deC;
 };
 
-constexpr Par pares[] = {{ERROR_FILE_NOT_FOUND, ENOENT},
+constexpr Par pares[] = {{ERROR_SUCCESS, 0},
+                         {ERROR_FILE_NOT_FOUND, ENOENT},
                          {ERROR_PATH_NOT_FOUND, ENOENT},
                          {ERROR_INVALID_NAME, ENOENT},
                          {ERROR_BAD_PATHNAME, ENOENT},
@@ -50,11 +53,15 @@ constexpr Par pares[] = {{ERROR_FILE_NOT_FOUND, ENOENT},
 
 }  // namespace
 
-int FallarComoC() {
-    const DWORD error = ::GetLastError();
+int ErrorDeC(int delSistema) {
+    const auto error = static_cast<DWORD>(delSistema);
     const auto* const par =
         std::find_if(std::begin(pares), std::end(pares), [error](const Par& uno) { return uno.deWindows == error; });
-    errno = par == std::end(pares) ? EIO : par->deC;
+    return par == std::end(pares) ? EIO : par->deC;
+}
+
+int FallarComoC() {
+    errno = ErrorDeC(static_cast<int>(::GetLastError()));
     return -1;
 }
 

@@ -4,7 +4,7 @@
 
 namespace qor::sistema {
 
-// Twelve characters that nobody can guess, for names of files.
+// Six characters that nobody can guess, for names of files.
 std::wstring NombreAlAzar();
 
 }  // namespace qor::sistema

@@ -171,8 +171,9 @@ int Abrir(const fs::path& ruta, unsigned modo, unsigned /*permisos*/) {
     const bool carpeta = (modo & modos::directorio) != 0;
     // The entries of a directory reach the disk through an opening that may write.
     const DWORD acceso = carpeta ? GENERIC_READ | GENERIC_WRITE : AccesoDe(modo);
-    const DWORD marcas =
-        FILE_ATTRIBUTE_NORMAL | (carpeta ? FILE_FLAG_BACKUP_SEMANTICS : 0) | (sinEnlaces ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+    // Who only reads may open a directory too, and sees what it is.
+    const DWORD paraCarpetas = carpeta || acceso == GENERIC_READ ? FILE_FLAG_BACKUP_SEMANTICS : 0;
+    const DWORD marcas = FILE_ATTRIBUTE_NORMAL | paraCarpetas | (sinEnlaces ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
     Mango mango(::CreateFileW(ruta.c_str(), acceso, compartido, nullptr, DisposicionDe(modo), marcas, nullptr));
     if (!mango.Abierto()) {
         const int fallo = FallarComoC();
@@ -284,6 +285,10 @@ void AnunciarLectura(int /*descriptor*/) {}
 fs::path RutaDeAbierto(int /*descriptor*/) { return {}; }
 
 bool LlevaAAbierto(const fs::path& /*enlace*/) { return false; }
+
+bool EsMismoNombre(const fs::path& uno, const fs::path& otro) {
+    return ::CompareStringOrdinal(uno.c_str(), -1, otro.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
 
 bool SePuedeEscribir(const fs::path& ruta) {
     constexpr int escribir = 2;
