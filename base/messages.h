@@ -3,6 +3,7 @@
 #include <array>
 #include <exception>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -10,18 +11,31 @@
 
 namespace qor {
 
-// The numbered texts of the loaded language. Slot 0 holds the language's name.
+// The numbered texts of the loaded language: messages below 1000, of which slot 0 holds the language's name, and words from 1000
+// on, whose numbers have names in base/words.h.
 class TextosIdioma {
 public:
     static constexpr int ultimo = 1000;
+    static constexpr int ultimaPalabra = 99'999;
+    static constexpr int primeraCompartida = 1010;  // words below it tell of the language itself
 
     // The text of a message, or an empty one.
     const std::string& Texto(int numero) const;
     void Poner(int numero, std::string_view texto);
+    // The text of a word, or an empty one.
+    const std::string& Palabra(int numero) const;
+    void PonerPalabra(int numero, std::string_view texto);
+    // Takes the words that are missing here from another language, but for those about the language itself.
+    void CompletarPalabras(const TextosIdioma& otro);
+    // The word in English, for what is written in English in every language.
+    const std::string& PalabraInglesa(int numero) const;
+    void CompletarInglesas(const TextosIdioma& ingles);
     void Vaciar();
 
 private:
     std::array<std::string, ultimo + 1> textos_;
+    std::map<int, std::string> palabras_;
+    std::map<int, std::string> inglesas_;
 };
 
 // What a message box shows: its text, and the numbers of the messages that it was built from.
@@ -39,6 +53,10 @@ using Pieza = std::variant<int, std::string_view>;
 
 Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas);
 Mensaje MensajeLiteral(std::string_view texto);
+// A word with "%1" to "%9" filled; a message without a number.
+Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, std::initializer_list<std::string_view> partes = {});
+// What is put in is not searched for places.
+std::string Llenar(std::string_view plantilla, std::initializer_list<std::string_view> partes);
 
 // A message with what the system said, where the failure is one of a file; any other failure adds nothing.
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo);

@@ -77,7 +77,7 @@ void VistaDePantalla::Mostrar(const Mensaje& mensaje, Icono icono) {
     const PunteroNormal puntero(ocupado_);
     QMessageBox caja(Padre());
     PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information);
-    caja.addButton(Palabra(textos_, "OK"), QMessageBox::AcceptRole);
+    caja.addButton(Palabra(textos_, palabra::Aceptar), QMessageBox::AcceptRole);
     caja.exec();
 }
 
@@ -88,16 +88,16 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     PrepararCaja(caja, mensaje, QMessageBox::Question);
     const bool aceptar = botones == Botones::AceptarCancelar;
     const bool restaurar = botones == Botones::RestaurarDescartarLuego;
-    QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? "OK"
-                                                            : restaurar ? "&Restore"
-                                                                        : "&Yes"),
+    QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? palabra::Aceptar
+                                                            : restaurar ? palabra::Recuperar
+                                                                        : palabra::Si),
                                            aceptar ? QMessageBox::AcceptRole : QMessageBox::YesRole);
     QPushButton* const no =
-        aceptar ? nullptr : caja.addButton(Palabra(textos_, restaurar ? "&Discard" : "&No"), QMessageBox::NoRole);
+        aceptar ? nullptr : caja.addButton(Palabra(textos_, restaurar ? palabra::Descartar : palabra::No), QMessageBox::NoRole);
     QPushButton* const cancelar =
-        botones == Botones::SiNo
-            ? nullptr
-            : caja.addButton(restaurar ? Palabra(textos_, "&Later") : TextoQt(textos_.Texto(187)), QMessageBox::RejectRole);
+        botones == Botones::SiNo ? nullptr
+                                 : caja.addButton(restaurar ? Palabra(textos_, palabra::MasTarde) : TextoQt(textos_.Texto(187)),
+                                                  QMessageBox::RejectRole);
     caja.setDefaultButton(si);
     caja.setEscapeButton(cancelar != nullptr ? cancelar : no);
     caja.exec();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/qt/text.h"
 #include "base/text.h"
 
 namespace qor {
@@ -473,6 +474,8 @@ constexpr ParDePalabras palabras[] = {
 bool EsEspanol(const TextosIdioma& textos) { return IgualesSinCaja(textos.Texto(0), "Espanol"); }
 
 }  // namespace
+
+QString Palabra(const TextosIdioma& textos, int numero) { return TextoQt(textos.Palabra(numero)); }
 
 QString Palabra(const TextosIdioma& textos, std::string_view ingles) {
     std::string_view elegida = ingles;

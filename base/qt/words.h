@@ -5,9 +5,12 @@
 #include <string_view>
 
 #include "base/messages.h"
+#include "base/words.h"
 
-// Words of the forms that have no number in the language table: literals in English, each with its Spanish twin in one table.
 namespace qor {
+
+// A word of the loaded language; its number is one of base/words.h.
+QString Palabra(const TextosIdioma& textos, int numero);
 
 // The word in the loaded language. English stands for every language but Spanish, and for a word without a twin.
 QString Palabra(const TextosIdioma& textos, std::string_view ingles);
