@@ -19,13 +19,13 @@
 #include <utility>
 
 #include "app/input_files.h"
+#include "app/qt/data_check.h"
+#include "app/qt/fill_file_side.h"
 #include "app/qt/theme_icon.h"
-#include "base/failure.h"
+#include "app/qt/window_memory.h"
 #include "base/failure_trap.h"
-#include "base/new_file.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
-#include "editor/document_commands.h"
 #include "editor/file_side.h"
 #include "editor/option_rules.h"
 #include "editor/undo_command.h"
@@ -39,8 +39,6 @@ namespace qor {
 namespace {
 
 constexpr std::size_t maximoDeHallazgos = 5'000;  // of errors, and of hints
-constexpr std::size_t lineasParaAnchos = 1'000;   // looked at for the widths of a new file side
-constexpr std::size_t maximoDeLinea = std::size_t{1} << 16;
 constexpr int milisegundosPorMirada = 100;
 constexpr int miradasPorIdentidad = 10;
 constexpr int milisegundosDePausa = 600;
@@ -52,8 +50,11 @@ constexpr const char* todosLosArchivos = "*.*|*";
 }  // namespace
 
 FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesystem::path& principal, QWidget* padre)
-    : Dialogo(ventana.textos, "FormDatos", padre), ventana_(ventana), entorno_(std::move(entorno)) {
-    setWindowTitle(Literal("Data preview"));
+    : Dialogo(ventana.textos, "FormDatos", padre),
+      ventana_(ventana),
+      entorno_(std::move(entorno)),
+      controles_(ventana, entorno_.alCambiar) {
+    setWindowTitle(Palabra(palabra::VistaDeLosDatos));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(false);
     auto* const orden = new QVBoxLayout(this);
@@ -67,7 +68,6 @@ FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesy
     OrdenarFoco();
 
     LeerDiseno();
-    LeerClases();
     ElegirRutas(principal);
     connect(&reloj_, &QTimer::timeout, this, &FormDatos::Mirar);
     reloj_.start(milisegundosPorMirada);
@@ -77,11 +77,14 @@ FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesy
     EmpezarRevision();
     PonerTamano(190, 44);
     // On a small screen there is no room for a frame around it.
-    if (size().height() + AltoDeLineas(3) > screen()->availableSize().height()) setWindowState(windowState() | Qt::WindowMaximized);
+    if (!RecuperarLugares(entorno_.memoria, *this) && size().height() + AltoDeLineas(3) > screen()->availableSize().height())
+        setWindowState(windowState() | Qt::WindowMaximized);
     tabla_->setFocus();
 }
 
-FormDatos::~FormDatos() = default;
+FormDatos::~FormDatos() { RecordarLugares(entorno_.memoria, *this); }
+
+bool FormDatos::PuedeCerrar() { return controles_.PuedenDejarse(); }
 
 // ---- Controls ----
 
@@ -89,16 +92,17 @@ QLayout* FormDatos::CrearCabeza() {
     ruta_ = new QLineEdit(this);
     ruta_->setObjectName(QStringLiteral("Archivo"));
     ruta_->setReadOnly(true);
+    ruta_->setPlaceholderText(Palabra(palabra::NoSeEligioNingunArchivo));
     auto* const examinar = NuevoBoton("Examinar", Rotulo(rotuloDeExaminar));
-    auto* const recargar = NuevoBoton("Recargar", Literal("Re&load"));
+    auto* const recargar = NuevoBoton("Recargar", Palabra(palabra::Recargar));
     recargar->setToolTip(QStringLiteral("F5"));
     connect(examinar, &QPushButton::clicked, this, &FormDatos::ElegirArchivo);
-    connect(recargar, &QPushButton::clicked, this, &FormDatos::Recargar);
+    connect(recargar, &QPushButton::clicked, this, [this] { Abrir(Archivo().Ruta()); });
     linea_ = new QLineEdit(this);
     linea_->setObjectName(QStringLiteral("IrALinea"));
     linea_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,18}")), linea_));
     linea_->setMaximumWidth(AnchoDeLetras(14));
-    linea_->setPlaceholderText(Literal("number"));
+    linea_->setPlaceholderText(Palabra(palabra::EjemploDeNumero));
     connect(linea_, &QLineEdit::returnPressed, this, [this] {
         const auto pedida = linea_->text().toULongLong();
         if (pedida > 0) tabla_->IrA(pedida - 1);
@@ -106,11 +110,11 @@ QLayout* FormDatos::CrearCabeza() {
         tabla_->setFocus();
     });
     auto* const fila = new QHBoxLayout;
-    fila->addWidget(NuevoRotulo("ArchivoLabel", Literal("&File:"), ruta_));
+    fila->addWidget(NuevoRotulo("ArchivoLabel", Palabra(palabra::RotuloArchivo), ruta_));
     fila->addWidget(ruta_, 1);
     fila->addWidget(examinar);
     fila->addWidget(recargar);
-    fila->addWidget(NuevoRotulo("IrALineaLabel", Literal("&Go to line:"), linea_));
+    fila->addWidget(NuevoRotulo("IrALineaLabel", Palabra(palabra::IrALaLinea), linea_));
     fila->addWidget(linea_);
     return fila;
 }
@@ -119,22 +123,22 @@ QLayout* FormDatos::CrearCabeza() {
 QWidget* FormDatos::CrearVacio() {
     vacio_ = new QWidget(this);
     vacio_->setObjectName(QStringLiteral("LadoVacio"));
-    auto* const explicacion = NuevaExplicacion(
-        "LadoVacioTexto",
-        Literal("The file side has no fields yet. They can be made from a heading line whose names are separated by "
-                "tabs, or from marks: click in the ruler below the table where a field ends."));
+    auto* const explicacion = NuevaExplicacion("LadoVacioTexto", Palabra(palabra::ElLadoDelArchivoNoTieneCampos));
     explicacion->setParent(vacio_);
-    deCabecera_ = NuevoBoton("LlenarDeCabecera", Literal("Fields from the headi&ng line"));
-    deMarcas_ = NuevoBoton("LlenarDeMarcas", Literal("Fields from the mar&ks"));
+    deCabecera_ = NuevoBoton("LlenarDeCabecera", Palabra(palabra::CamposDeLaCabecera));
+    deMarcas_ = NuevoBoton("LlenarDeMarcas", Palabra(palabra::CamposDeLasMarcas));
     connect(deCabecera_, &QPushButton::clicked, this, [this] {
-        Editar([this] { LlenarDeCabecera(); });
+        Editar([this] {
+            if (Archivo().Indice()) LlenarLadoDeCabecera(ventana_, *diseno_, *Archivo().Indice());
+        });
         if (LadoVacio()) return;
-        ventana_.vista.Informar(
-            MensajeLiteral(TextoDelModelo(Literal("The widths are those of the longest values in the first 1000 lines. The heading "
-                                                  "line is still a line of the file, and the "
-                                                  "report reads it as a record."))));
+        ventana_.vista.Informar(MensajeLiteral(TextoDelModelo(Palabra(palabra::LosAnchosSonDeLosValoresLargos))));
     });
-    connect(deMarcas_, &QPushButton::clicked, this, [this] { Editar([this] { LlenarDeMarcas(); }); });
+    connect(deMarcas_, &QPushButton::clicked, this, [this] {
+        Editar([this] {
+            if (Archivo().Indice()) LlenarLadoDeMarcas(ventana_, *diseno_, *Archivo().Indice(), regla_->Marcas());
+        });
+    });
     auto* const fila = new QHBoxLayout(vacio_);
     fila->setContentsMargins(0, 0, 0, 0);
     fila->addWidget(explicacion, 1);
@@ -146,17 +150,18 @@ QWidget* FormDatos::CrearVacio() {
 QWidget* FormDatos::CrearVista() {
     pestanas_ = new QTabBar(this);
     pestanas_->setObjectName(QStringLiteral("Archivos"));
-    pestanas_->setAccessibleName(Literal("Input files"));
+    pestanas_->setAccessibleName(Palabra(palabra::ArchivosDeEntrada));
     pestanas_->setDrawBase(false);
     pestanas_->setExpanding(false);
     connect(pestanas_, &QTabBar::currentChanged, this, [this](int archivo) {
         if (archivo >= 0 && archivo != archivo_) MostrarArchivo(archivo);
     });
     modelo_ = new ModeloDeRegistros(Textos(), this);
-    modelo_->PonerHallazgos(&hallazgos_);
+    revision_ = new RevisionDeDatos(Textos(), this);
+    modelo_->PonerHallazgos(&revision_->Hallazgos());
     modelo_->PonerIconos(IconoDeTema("finding-error"), IconoDeTema("finding-warning"));
     tabla_ = new TablaDeRegistros(modelo_, this);
-    tabla_->Rejilla()->setAccessibleName(Literal("Records of the file"));
+    tabla_->Rejilla()->setAccessibleName(Palabra(palabra::RegistrosDelArchivo));
     regla_ = new ReglaDeLinea(Textos(), this);
     regla_->setObjectName(QStringLiteral("Regla"));
     estadoDeLineas_ = NuevoRotulo("EstadoDeLineas", {});
@@ -180,9 +185,12 @@ QWidget* FormDatos::CrearVista() {
 
     clase_ = new PanelDeClase(
         Textos(), [this] { return ventana_.vista.ElegirParaAbrir(entorno_.directorio, todosLosArchivos); }, this);
-    guardarClases_ = NuevoBoton("GuardarClases", Literal("S&ave the checks"));
+    guardarClases_ = NuevoBoton("GuardarClases", Palabra(palabra::GuardarLosControles));
     connect(clase_, &PanelDeClase::Cambiada, this, &FormDatos::CambiarClase);
-    connect(guardarClases_, &QPushButton::clicked, this, [this] { GuardarClases(); });
+    connect(guardarClases_, &QPushButton::clicked, this, [this] {
+        controles_.Guardar();
+        Habilitar();
+    });
     auto* const deslizable = new QScrollArea(this);
     deslizable->setObjectName(QStringLiteral("LadoDeClases"));
     deslizable->setWidgetResizable(true);
@@ -206,19 +214,16 @@ QWidget* FormDatos::CrearVista() {
     horizontal->setStretchFactor(0, 1);
     horizontal->setStretchFactor(1, 0);
 
-    panel_ = new PanelDeHallazgosDeDatos(Textos(), hallazgos_, this);
-    panel_->Modelo()->PonerIconos(IconoDeTema("finding-error"), IconoDeTema("finding-warning"));
-    connect(panel_, &PanelDeHallazgosDeDatos::Activado, this, &FormDatos::IrAHallazgo);
-    connect(panel_, &PanelDeHallazgosDeDatos::VecinoPedido, this, &FormDatos::IrAVecino);
-    connect(panel_, &PanelDeHallazgosDeDatos::RevisionPedida, this, &FormDatos::EmpezarRevision);
-    connect(panel_, &PanelDeHallazgosDeDatos::AltoPedido, this, [this] {
-        if (revision_) revision_->Detener();
-    });
+    auto* const panel = revision_->Panel();
+    connect(panel, &PanelDeHallazgosDeDatos::Activado, this, &FormDatos::IrAHallazgo);
+    connect(panel, &PanelDeHallazgosDeDatos::VecinoPedido, this, &FormDatos::IrAVecino);
+    connect(panel, &PanelDeHallazgosDeDatos::RevisionPedida, this, &FormDatos::EmpezarRevision);
+    connect(revision_, &RevisionDeDatos::HallazgosCambiados, modelo_, &ModeloDeRegistros::HallazgosCambiados);
     auto* const vertical = new QSplitter(Qt::Vertical, this);
     vertical->setObjectName(QStringLiteral("DivisionDeHallazgos"));
     vertical->setChildrenCollapsible(false);
     vertical->addWidget(horizontal);
-    vertical->addWidget(panel_);
+    vertical->addWidget(panel);
     vertical->setStretchFactor(0, 3);
     vertical->setStretchFactor(1, 1);
     vertical->setSizes({AltoDeLineas(30), AltoDeLineas(13)});
@@ -227,15 +232,15 @@ QWidget* FormDatos::CrearVista() {
 
 QLayout* FormDatos::CrearPie() {
     auto* const ayuda = NuevaAyuda("Ayuda", Rotulo(rotuloDeAyuda), entorno_.ayuda, 0);
-    deshacer_ = NuevoBoton("Deshacer", Literal("&Undo"));
+    deshacer_ = NuevoBoton("Deshacer", Palabra(palabra::Deshacer));
     deshacer_->setToolTip(QKeySequence(QKeySequence::Undo).toString(QKeySequence::NativeText));
     connect(deshacer_, &QPushButton::clicked, this, &FormDatos::DeshacerPaso);
-    mostrarLado_ = NuevoBoton("MostrarClases", Literal("Checks of the f&ield"));
+    mostrarLado_ = NuevoBoton("MostrarClases", Palabra(palabra::BotonControlesDelCampo));
     mostrarLado_->setCheckable(true);
     mostrarLado_->setChecked(screen()->availableSize().width() >= anchoConLado);
     lado_->setVisible(mostrarLado_->isChecked());
     connect(mostrarLado_, &QPushButton::toggled, lado_, &QWidget::setVisible);
-    auto* const cerrar = NuevoBoton("Cerrar", Literal("Close"));
+    auto* const cerrar = NuevoBoton("Cerrar", Palabra(palabra::Cerrar));
     connect(cerrar, &QPushButton::clicked, this, &QDialog::accept);
     return FilaDeBotones({ayuda, mostrarLado_, deshacer_, cerrar}, 1);
 }
@@ -246,7 +251,7 @@ void FormDatos::CrearTeclas() {
     };
     tecla(Qt::Key_F8, [this] { IrAVecino(1); });
     tecla(Qt::SHIFT | Qt::Key_F8, [this] { IrAVecino(-1); });
-    tecla(Qt::Key_F5, [this] { Recargar(); });
+    tecla(Qt::Key_F5, [this] { Abrir(Archivo().Ruta()); });
     tecla(QKeySequence::Undo, [this] { DeshacerPaso(); });
 }
 
@@ -290,89 +295,63 @@ void FormDatos::ElegirRutas(const std::filesystem::path& principal) {
     QStringList nombres;
     const auto& archivos = diseno_->Archivos();
     for (std::size_t i = 0; i < archivos.size(); ++i) {
-        ArchivoVisto visto;
-        visto.parametro = archivos[i].nombre;
-        if (i == 0) visto.ruta = principal;
-        if (visto.ruta.empty() && entorno_.recordado) visto.ruta = entorno_.recordado(visto.parametro);
-        if (visto.ruta.empty() || !Existe(visto.ruta)) {
-            visto.ruta = ArchivoDelDocumento(ventana_.documento, static_cast<int>(i));
-        }
-        Abrir(visto);
-        archivos_.push_back(std::move(visto));
+        auto ruta = i == 0 ? principal : std::filesystem::path();
+        if (ruta.empty() && entorno_.recordado) ruta = entorno_.recordado(archivos[i].nombre);
+        if (ruta.empty() || !Existe(ruta)) ruta = ArchivoDelDocumento(ventana_.documento, static_cast<int>(i));
+        archivos_.push_back(std::make_unique<ArchivoVisto>(archivos[i].nombre));
+        archivos_.back()->Abrir(ruta);
         nombres << QString::fromStdString(archivos[i].nombre);
-        pestanas_->addTab((i == 0 ? Literal("Main records") : Literal("Step-loop %1").arg(i)) + QStringLiteral(" (") +
-                          nombres.last() + QLatin1Char(')'));
+        pestanas_->addTab((i == 0 ? Palabra(palabra::RegistrosPrincipales) : Palabra(palabra::StepLoop).arg(i)) +
+                          QStringLiteral(" (") + nombres.last() + QLatin1Char(')'));
     }
     pestanas_->setVisible(archivos_.size() > 1);
     pestanas_->updateGeometry();  // tabs that came before the bar was seen have no height yet
-    panel_->Modelo()->PonerArchivos(nombres);
-    panel_->MostrarArchivos(archivos_.size() > 1);
-}
-
-void FormDatos::Abrir(ArchivoVisto& archivo) {
-    archivo.contador = {};
-    archivo.indice.reset();
-    archivo.identidad.reset();
-    archivo.fallo.clear();
-    if (archivo.ruta.empty()) return;
-    try {
-        archivo.indice = std::make_shared<IndiceDeLineas>(archivo.ruta);
-        archivo.identidad = Identidad(archivo.ruta);
-    } catch (const FalloDeArchivo& fallo) {
-        archivo.fallo = QString::fromStdString(fallo.Detalle());
-        return;
-    }
-    archivo.indice->Avanzar();
-    archivo.contador = std::jthread([indice = archivo.indice.get()](const std::stop_token& alto) {
-        while (!alto.stop_requested() && indice->Avanzar()) {
-        }
-    });
+    revision_->Panel()->Modelo()->PonerArchivos(nombres);
+    revision_->Panel()->MostrarArchivos(archivos_.size() > 1);
 }
 
 void FormDatos::MostrarArchivo(int archivo) {
     archivo_ = archivo;
     if (pestanas_->currentIndex() != archivo) pestanas_->setCurrentIndex(archivo);
-    const QString nombre = NombreQt(Archivo().ruta);
-    ruta_->setText(Archivo().ruta.empty() ? Literal("no file was chosen") : nombre);
+    pedido_.reset();
+    cambiado_ = false;
+    const QString nombre = NombreQt(Archivo().Ruta());
+    ruta_->setText(nombre);
     ruta_->setToolTip(nombre);
-    modelo_->PonerArchivo(Archivo().indice, archivo);
+    modelo_->PonerArchivo(Archivo().Indice(), archivo);
     tabla_->Empezar();
-    tabla_->PonerLineas(Archivo().indice ? Archivo().indice->Lineas() : 0);
+    tabla_->PonerLineas(Archivo().Indice() ? Archivo().Indice()->Lineas() : 0);
     tabla_->Refrescar();
     tabla_->AjustarColumnas();
     Habilitar();
 }
 
 void FormDatos::ElegirArchivo() {
-    const auto directorio = Archivo().ruta.empty() ? entorno_.directorio : Archivo().ruta.parent_path();
+    const auto directorio = Archivo().Ruta().empty() ? entorno_.directorio : Archivo().Ruta().parent_path();
     const auto elegido = ventana_.vista.ElegirParaAbrir(directorio, todosLosArchivos);
     if (!elegido) return;
-    Archivo().ruta = *elegido;
-    if (entorno_.recordar) entorno_.recordar(Archivo().parametro, *elegido);
-    Recargar();
+    if (entorno_.recordar) entorno_.recordar(Archivo().Parametro(), *elegido);
+    Abrir(*elegido);
 }
 
 // The file may be another one by now: it is opened and counted anew.
-void FormDatos::Recargar() {
+void FormDatos::Abrir(const std::filesystem::path& ruta) {
     modelo_->PonerArchivo(nullptr, archivo_);
-    Abrir(Archivo());
+    Archivo().Abrir(ruta);
     MostrarArchivo(archivo_);
     EmpezarRevision();
 }
 
 void FormDatos::Mirar() {
-    if (Archivo().indice) tabla_->PonerLineas(Archivo().indice->Lineas());
-    if (++miradas_ % miradasPorIdentidad == 0 && !Archivo().ruta.empty()) {
-        std::optional<IdentidadDeArchivo> ahora;
-        try {
-            ahora = Identidad(Archivo().ruta);
-        } catch (const FalloDeArchivo&) {
-            ahora.reset();
-        }
-        Archivo().fallo = ahora == Archivo().identidad ? QString() : Literal("The file has changed. Please reload it.");
+    if (Archivo().Indice()) tabla_->PonerLineas(Archivo().Indice()->Lineas());
+    if (pedido_) {
+        const auto [archivo, linea, fila] = *pedido_;
+        if (archivo == archivo_ && (Archivo().Indice()->Lineas() >= linea || Archivo().Indice()->Completo()))
+            IrA(archivo, linea, fila);
     }
+    if (++miradas_ % miradasPorIdentidad == 0) cambiado_ = Archivo().HaCambiado();
     MostrarEstado();
-    MostrarRevision();
+    revision_->Mirar();
 }
 
 // ---- The document ----
@@ -401,11 +380,7 @@ void FormDatos::TrasCambio() {
     tabla_->Refrescar();
     if (modelo_->columnCount() != columnas) tabla_->AjustarColumnas();
     tabla_->IrA(tabla_->Actual());
-    revision_.reset();
-    hallazgos_.Quitar();
-    estado_ = {};
-    panel_->Mostrar(estado_, false);
-    modelo_->HallazgosCambiados();
+    revision_->Quitar();
     pausa_.start(milisegundosDePausa);
     Habilitar();
     if (entorno_.alCambiar) entorno_.alCambiar();
@@ -418,38 +393,6 @@ void FormDatos::PonerAncho(int campo, std::uint64_t ancho) {
     CambiarAncho(ventana_, clase->campos.at(static_cast<std::size_t>(campo)).fila, std::to_string(ancho));
 }
 
-void FormDatos::LlenarDeCabecera() {
-    if (!Archivo().indice) return;
-    auto lineas = Archivo().indice->Leer(0, lineasParaAnchos + 1, maximoDeLinea);
-    if (lineas.empty()) return;
-    const std::string cabecera = std::move(lineas.front());
-    lineas.erase(lineas.begin());
-    if (cabecera.find('\t') == std::string::npos) {
-        return ventana_.vista.Advertir(MensajeLiteral(TextoDelModelo(Literal("The first line of the file holds no tabs."))));
-    }
-    if (!diseno_->PorTabuladores()) {
-        if (ventana_.documento.opciones.ServidorOp()) {
-            return ventana_.vista.Advertir(
-                MensajeLiteral(TextoDelModelo(Literal("Fields separated by tabs are read from files of the workstation only."))));
-        }
-        const Mensaje pregunta =
-            MensajeLiteral(TextoDelModelo(Literal("The first line holds names separated by tabs, but the specification reads "
-                                                  "fields of fixed width. Read fields separated "
-                                                  "by tabs from now on?")));
-        if (ventana_.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
-        CambiarOpcion(ventana_, &Opciones::AnchoFijo, false);
-    }
-    LlenarLadoDeArchivo(ventana_, CamposDeCabecera(cabecera, lineas));
-}
-
-// The last field reaches to the end of the longest line that is looked at.
-void FormDatos::LlenarDeMarcas() {
-    if (!Archivo().indice) return;
-    std::size_t largo = 0;
-    for (const auto& linea : Archivo().indice->Leer(0, lineasParaAnchos, maximoDeLinea)) largo = std::max(largo, linea.size());
-    LlenarLadoDeArchivo(ventana_, CamposDeMarcas(regla_->Marcas(), diseno_->Clases().front().identificador.size(), largo));
-}
-
 void FormDatos::DeshacerPaso() {
     if (!deshacer_->isEnabled()) return;
     --pasos_;
@@ -459,19 +402,17 @@ void FormDatos::DeshacerPaso() {
 
 // ---- Kinds of fields ----
 
-void FormDatos::LeerClases() {
-    if (ventana_.documento.ruta.empty()) return;
-    try {
-        clases_ = ClasesDeCampos::DeDocumento(ventana_.documento.ruta);
-    } catch (const FalloDeEjecucion& fallo) {
-        falloDeClases_ = Literal("The checks beside the document can't be read:") + QLatin1Char(' ') + TextoQt(fallo.what());
-    }
-}
-
 std::string FormDatos::CampoActual() const {
     const int fila = tabla_->FilaActual();
     const int campo = fila < 0 ? -1 : modelo_->CampoDeColumna(fila, tabla_->ColumnaActual());
     return campo < 0 ? std::string() : modelo_->Clase(fila)->campos.at(static_cast<std::size_t>(campo)).nombre;
+}
+
+void FormDatos::CambiarClase() {
+    if (clase_->Campo().empty() || !clase_->Clase()) return;
+    controles_.Poner(clase_->Campo(), *clase_->Clase());
+    pausa_.start(milisegundosDePausa);
+    Habilitar();
 }
 
 // The whole of the current field, or its value where it has no width.
@@ -483,108 +424,47 @@ TramoDeLinea FormDatos::TramoActual() const {
     return {descrito.columna, descrito.ancho};
 }
 
-void FormDatos::CambiarClase() {
-    if (clase_->Campo().empty() || !clase_->Clase()) return;
-    clases_.Poner(clase_->Campo(), *clase_->Clase());
-    clasesCambiadas_ = true;
-    pausa_.start(milisegundosDePausa);
-    Habilitar();
-}
-
-bool FormDatos::GuardarClases() {
-    auto& documento = ventana_.documento;
-    if (documento.ruta.empty()) {
-        const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Literal(
-            "The checks are kept beside the document, in a file of its name that ends in .checks. Save the document first?")));
-        if (ventana_.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si || !SaveAsOption(ventana_)) return false;
-        if (entorno_.alCambiar) entorno_.alCambiar();
-    }
-    std::vector<std::string> nombres;
-    const auto& tabla = documento.especificacion.TablaArchivo;
-    for (int fila = 0; fila < documento.especificacion.FilasArchivo(); ++fila) {
-        nombres.push_back(tabla[static_cast<std::size_t>(fila)].campo);
-    }
-    try {
-        GuardarArchivo(ClasesDeCampos::ArchivoDe(documento.ruta), clases_.Texto(nombres));
-    } catch (const FalloDeEjecucion& fallo) {
-        ventana_.vista.Advertir(ConDetalle(MensajeLiteral(TextoDelModelo(Literal("The checks can't be saved."))), fallo));
-        return false;
-    }
-    clasesCambiadas_ = false;
-    falloDeClases_.clear();
-    Habilitar();
-    return true;
-}
-
-bool FormDatos::PuedeCerrar() {
-    if (!clasesCambiadas_) return true;
-    const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Literal("The checks of the fields were changed. Save them?")));
-    switch (ventana_.vista.Preguntar(pregunta, Botones::SiNoCancelar)) {
-        case Respuesta::Si: return GuardarClases();
-        case Respuesta::No: return true;
-        default: return false;
-    }
-}
-
 // ---- Findings ----
 
 void FormDatos::EmpezarRevision() {
     pausa_.stop();
-    revision_.reset();
-    hallazgos_.Quitar();
-    RevisionEnFondo::Pedido pedido{diseno_, clases_, ventana_.documento.ruta, {}, maximoDeHallazgos};
+    RevisionEnFondo::Pedido pedido{diseno_, controles_.Clases(), ventana_.documento.ruta, {}, maximoDeHallazgos};
     bool hay = false;
     for (const auto& archivo : archivos_) {
-        pedido.archivos.push_back(archivo.indice ? archivo.ruta : std::filesystem::path());
-        hay = hay || archivo.indice;
+        pedido.archivos.push_back(archivo->Indice() ? archivo->Ruta() : std::filesystem::path());
+        hay = hay || archivo->Indice();
     }
-    if (hay && !LadoVacio()) revision_ = std::make_unique<RevisionEnFondo>(std::move(pedido));
-    estado_ = {};
-    panel_->Mostrar(estado_, false);
-    modelo_->HallazgosCambiados();
-    MostrarRevision();
-}
-
-void FormDatos::MostrarRevision() {
-    if (!revision_) return;
-    const bool corriendo = revision_->Corriendo();
-    const auto antes = hallazgos_.Lista().size();
-    const bool seguidos = revision_->Tomar(hallazgos_);
-    estado_ = {true, corriendo, revision_->Completa(), revision_->PorMil(), {}};
-    if (!corriendo) {
-        if (const auto fallo = revision_->Fallo(); !fallo.empty()) {
-            estado_.fallo = Literal("The files can't be checked:") + QLatin1Char(' ') + QString::fromStdString(fallo);
-        }
-        revision_.reset();
-    }
-    panel_->Mostrar(estado_, seguidos);
-    if (hallazgos_.Lista().size() != antes) modelo_->HallazgosCambiados();
+    if (hay && !LadoVacio()) return revision_->Empezar(std::move(pedido));
+    revision_->Quitar();
 }
 
 void FormDatos::IrAHallazgo(int hallazgo) {
-    const auto elegido = hallazgos_.Lista().at(static_cast<std::size_t>(hallazgo));
-    if (elegido.archivo != archivo_) MostrarArchivo(elegido.archivo);
-    const auto linea = elegido.linea == 0 ? 0 : elegido.linea - 1;
-    tabla_->IrA(linea);
-    const int fila = tabla_->FilaActual();
-    const auto* const clase = fila < 0 ? nullptr : modelo_->Clase(fila);
-    const int campo = clase == nullptr || elegido.fila < 0 ? -1 : clase->BuscarFila(elegido.fila);
-    if (campo >= 0) tabla_->IrA(linea, modelo_->ColumnaDeCampo(campo));
-    panel_->Elegir(hallazgo);
+    const auto elegido = revision_->Hallazgos().Lista().at(static_cast<std::size_t>(hallazgo));
+    IrA(elegido.archivo, elegido.linea, elegido.fila);
+    revision_->Panel()->Elegir(hallazgo);
 }
 
 void FormDatos::IrAVecino(int paso) {
-    const auto& lista = hallazgos_.Lista();
-    if (lista.empty()) return;
-    // From the finding that is selected, unless another line was gone to since.
-    const int elegido = panel_->Elegido();
-    const auto cuantos = static_cast<int>(lista.size());
-    if (elegido >= 0) {
-        const auto& actual = lista.at(static_cast<std::size_t>(elegido));
-        const bool aqui = actual.archivo == archivo_ && (actual.linea == 0 ? 1 : actual.linea) == tabla_->Actual() + 1;
-        if (aqui) return IrAHallazgo((elegido + paso + cuantos) % cuantos);
-    }
-    IrAHallazgo(hallazgos_.Vecino(archivo_, tabla_->Actual() + 1, 0, paso));
+    const int vecino = revision_->Vecino(archivo_, tabla_->Actual() + 1, paso);
+    if (vecino >= 0) IrAHallazgo(vecino);
+}
+
+void FormDatos::IrA(int archivo, std::uint64_t linea, int fila) {
+    if (archivo != archivo_) MostrarArchivo(archivo);
+    const auto lugar = linea == 0 ? 0 : linea - 1;
+    tabla_->IrA(lugar);
+    // Of a large file that line may not be known yet.
+    pedido_.reset();
+    if (tabla_->Actual() < lugar && Archivo().Indice() && !Archivo().Indice()->Completo()) pedido_ = {archivo, linea, fila};
+    const int vista = tabla_->FilaActual();
+    const auto* const clase = vista < 0 ? nullptr : modelo_->Clase(vista);
+    const int campo = clase == nullptr || fila < 0 ? -1 : clase->BuscarFila(fila);
+    if (campo >= 0) tabla_->IrA(lugar, modelo_->ColumnaDeCampo(campo));
+}
+
+void FormDatos::IrA(const LugarDeEntrada& lugar) {
+    const int archivo = diseno_->ArchivoUnico() ? 0 : lugar.grupo;
+    if (static_cast<std::size_t>(archivo) < archivos_.size()) IrA(archivo, lugar.linea, lugar.fila);
 }
 
 // ---- What is shown ----
@@ -594,9 +474,9 @@ void FormDatos::MostrarActual() {
     if (fila >= 0) {
         regla_->Mostrar(modelo_->Linea(fila), modelo_->Clase(fila), diseno_->PorTabuladores(), TramoActual());
         const std::string campo = CampoActual();
-        const auto* const clase = clases_.Buscar(campo);
+        const auto* const clase = controles_.Clases().Buscar(campo);
         clase_->Mostrar(campo, clase == nullptr ? ClaseDeCampo{} : *clase, ventana_.documento.ruta);
-    } else if (!Archivo().indice || Archivo().indice->Lineas() == 0) {
+    } else if (!Archivo().Indice() || Archivo().Indice()->Lineas() == 0) {
         regla_->Mostrar({}, nullptr, false, {});
         clase_->Mostrar({}, {}, {});
     }
@@ -605,17 +485,21 @@ void FormDatos::MostrarActual() {
 
 void FormDatos::MostrarEstado() {
     QStringList partes;
-    if (!Archivo().fallo.isEmpty()) partes << Archivo().fallo;
-    if (Archivo().indice) {
-        const auto lineas = Archivo().indice->Lineas();
+    if (cambiado_) {
+        partes << Palabra(palabra::ElArchivoHaCambiado);
+    } else if (!Archivo().Fallo().empty()) {
+        partes << QString::fromStdString(Archivo().Fallo());
+    }
+    if (Archivo().Indice()) {
+        const auto lineas = Archivo().Indice()->Lineas();
         const QLocale numeros;
         if (lineas == 0) {
-            partes << Literal("The file is empty.");
+            partes << Palabra(palabra::ElArchivoEstaVacio);
         } else {
-            partes << Literal("Line %1 of %2")
+            partes << Palabra(palabra::LineaDeLineas)
                           .arg(numeros.toString(qulonglong{tabla_->Actual() + 1}), numeros.toString(qulonglong{lineas}));
         }
-        if (!Archivo().indice->Completo()) partes << Literal("counting");
+        if (!Archivo().Indice()->Completo()) partes << Palabra(palabra::Contando);
     }
     if (const int fila = tabla_->FilaActual(); fila >= 0) {
         const QString motivos = modelo_->Motivos(fila, tabla_->ColumnaActual());
@@ -624,7 +508,7 @@ void FormDatos::MostrarEstado() {
             if (!motivo.isEmpty()) partes << QString(motivo).replace(QLatin1Char('\n'), QStringLiteral("; "));
         }
     }
-    if (!falloDeClases_.isEmpty()) partes << falloDeClases_;
+    if (!controles_.Fallo().isEmpty()) partes << controles_.Fallo();
     const QString texto = partes.join(QStringLiteral(" - "));
     const QString corto = estadoDeLineas_->fontMetrics().elidedText(texto, Qt::ElideRight, estadoDeLineas_->width());
     if (estadoDeLineas_->text() == corto && estadoDeLineas_->toolTip() == texto) return;
@@ -634,8 +518,8 @@ void FormDatos::MostrarEstado() {
 
 void FormDatos::Habilitar() {
     deshacer_->setEnabled(pasos_ > 0 && !ventana_.documento.deshacer.Vacia());
-    guardarClases_->setEnabled(clasesCambiadas_);
-    deCabecera_->setEnabled(Archivo().indice && archivo_ == 0);
+    guardarClases_->setEnabled(controles_.Cambiados());
+    deCabecera_->setEnabled(Archivo().Indice() && archivo_ == 0);
     deMarcas_->setEnabled(!regla_->Marcas().Columnas().empty());
 }
 

@@ -6,19 +6,15 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "base/files.h"
-#include "base/line_index.h"
+#include "app/qt/document_checks.h"
 #include "base/qt/dialog.h"
 #include "editor/window.h"
-#include "input/kinds.h"
 #include "input/layout.h"
-#include "input/preview_check.h"
-#include "input/preview_findings.h"
+#include "input/preview_files.h"
 #include "input/preview_rows.h"
-#include "input/qt/data_findings_pane.h"
+#include "model/input_place.h"
 
 class QGroupBox;
 class QLineEdit;
@@ -29,6 +25,7 @@ namespace qor {
 class ModeloDeRegistros;
 class PanelDeClase;
 class ReglaDeLinea;
+class RevisionDeDatos;
 class TablaDeRegistros;
 
 // What the preview asks of the main form.
@@ -38,6 +35,7 @@ struct EntornoDeDatos {
     std::function<std::filesystem::path(const std::string& parametro)> recordado;
     std::function<void(const std::string& parametro, const std::filesystem::path& archivo)> recordar;
     std::filesystem::path directorio;  // where a file is looked for first
+    std::filesystem::path memoria;     // the file that remembers windows; empty for none
     std::function<void()> alCambiar;   // the document was changed here
 };
 
@@ -52,19 +50,13 @@ public:
     FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesystem::path& principal, QWidget* padre);
     ~FormDatos() override;
 
+    // Shows a place in the input files, also one that is not counted yet.
+    void IrA(const LugarDeEntrada& lugar);
+
 protected:
     bool PuedeCerrar() override;
 
 private:
-    struct ArchivoVisto {
-        std::string parametro;
-        std::filesystem::path ruta;
-        std::shared_ptr<IndiceDeLineas> indice;
-        std::optional<IdentidadDeArchivo> identidad;
-        std::jthread contador;  // goes before the index
-        QString fallo;          // why it is not open
-    };
-
     // ---- Controls ----
     QLayout* CrearCabeza();
     QWidget* CrearVacio();
@@ -75,12 +67,12 @@ private:
 
     // ---- Files ----
     void ElegirRutas(const std::filesystem::path& principal);
-    void Abrir(ArchivoVisto& archivo);
     void MostrarArchivo(int archivo);
     void ElegirArchivo();
-    void Recargar();
+    // The file that is shown may be another one by now: it is opened and counted anew.
+    void Abrir(const std::filesystem::path& ruta);
     void Mirar();
-    ArchivoVisto& Archivo() { return archivos_.at(static_cast<std::size_t>(archivo_)); }
+    ArchivoVisto& Archivo() { return *archivos_.at(static_cast<std::size_t>(archivo_)); }
 
     // ---- The document ----
     void LeerDiseno();
@@ -88,18 +80,15 @@ private:
     void Editar(const std::function<void()>& accion);
     void TrasCambio();
     void PonerAncho(int campo, std::uint64_t ancho);
-    void LlenarDeCabecera();
-    void LlenarDeMarcas();
     void DeshacerPaso();
 
     // ---- Kinds of fields ----
-    void LeerClases();
     void CambiarClase();
-    bool GuardarClases();
 
     // ---- Findings ----
     void EmpezarRevision();
-    void MostrarRevision();
+    // A place in a file; its first line for line 0.
+    void IrA(int archivo, std::uint64_t linea, int fila);
     void IrAHallazgo(int hallazgo);
     void IrAVecino(int paso);
 
@@ -112,17 +101,19 @@ private:
     Ventana& ventana_;
     EntornoDeDatos entorno_;
     std::shared_ptr<const DisenoDeEntrada> diseno_;
-    std::vector<ArchivoVisto> archivos_;
+    ControlesDelDocumento controles_;
+    std::vector<std::unique_ptr<ArchivoVisto>> archivos_;
     int archivo_ = 0;
-    int pasos_ = 0;  // steps to undo that were made here
-    ClasesDeCampos clases_;
-    bool clasesCambiadas_ = false;
-    QString falloDeClases_;  // why those beside the document can't be used
-    HallazgosVistos hallazgos_;
-    std::unique_ptr<RevisionEnFondo> revision_;
-    PanelDeHallazgosDeDatos::Estado estado_;
-    QTimer reloj_;  // looks what the threads have found
-    QTimer pausa_;  // behind a change, until the files are checked anew
+    struct Pedido {
+        int archivo;
+        std::uint64_t linea;
+        int fila;
+    };
+    std::optional<Pedido> pedido_;  // a line that is not counted yet
+    bool cambiado_ = false;         // the file that is shown, since it was opened
+    int pasos_ = 0;                 // steps to undo that were made here
+    QTimer reloj_;                  // looks what the threads have found
+    QTimer pausa_;                  // behind a change, until the files are checked anew
     int miradas_ = 0;
 
     QTabBar* pestanas_ = nullptr;
@@ -130,12 +121,12 @@ private:
     QLineEdit* linea_ = nullptr;
     QLabel* estadoDeLineas_ = nullptr;
     QWidget* vacio_ = nullptr;
+    RevisionDeDatos* revision_ = nullptr;
     ModeloDeRegistros* modelo_ = nullptr;
     TablaDeRegistros* tabla_ = nullptr;
     ReglaDeLinea* regla_ = nullptr;
     PanelDeClase* clase_ = nullptr;
     QWidget* lado_ = nullptr;
-    PanelDeHallazgosDeDatos* panel_ = nullptr;
     QPushButton* mostrarLado_ = nullptr;
     QPushButton* guardarClases_ = nullptr;
     QPushButton* deCabecera_ = nullptr;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -44,8 +45,13 @@ struct EntornoDeEnsayo {
     std::function<void(const std::string& parametro, const std::filesystem::path& archivo)> recordar;
     // Brings the main form to the front, with the cell in the focus.
     std::function<void(const Lugar&)> irA;
+    // Shows a place in the input files, above a window. The files are those of DisenoDeEntrada::Archivos.
+    std::function<void(const std::vector<std::filesystem::path>& archivos, const LugarDeEntrada& lugar, QWidget* ventana)> verDatos;
+    // The folder of the value lists of the user's own practice system.
+    std::filesystem::path valoresPropios;
     AbrirAyuda ayuda;
     std::filesystem::path directorio;  // where a file is looked for first
+    std::filesystem::path memoria;     // the file that remembers windows; empty for none
 };
 
 // The rehearsal: the report of the document runs on the practice system, and what it does with each record is looked at. The window
@@ -83,17 +89,25 @@ private:
     void Terminar();
     void MostrarResultado(const ResultadoDeEnsayo* resultado);
     void MostrarRegistro();
+    // The preview at a place in the input files.
+    void VerEntrada(const std::optional<LugarDeEntrada>& lugar);
+    void VerFallo(std::size_t fallo);
+    void VerRegistro(std::size_t registro);
+    void VerLoElegido();
     void PonerEstado(const QString& texto);
     void Habilitar();
 
     void LlenarExportar();
     void Exportar(const char* filtro, const std::function<void(const std::filesystem::path&)>& accion);
+    bool Escribir(const std::function<void()>& accion);
+    bool PuedenReemplazarse(const std::vector<std::filesystem::path>& archivos);
     void ExportarFallados();
 
     EntornoDeEnsayo entorno_;
     std::filesystem::path documento_;      // the one whose files are shown
     std::vector<std::string> parametros_;  // of its input files
     std::uint64_t revision_ = 0;
+    bool recuperado_ = false;  // the window has the place that it had before
     std::unique_ptr<Ensayo> ensayo_;
     std::string falloDelHilo_;
     std::atomic<bool> listo_{false};

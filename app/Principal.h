@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,7 @@
 #include "editor/cell_keys.h"
 #include "editor/window.h"
 #include "generator/request.h"
+#include "model/input_place.h"
 
 class QAction;
 class QLabel;
@@ -121,6 +123,9 @@ private:
     void ClicPreview();
     // The preview of the data, of a file or of the one that the document leads to.
     void ClicDatos(const std::filesystem::path& archivo = {});
+    // The preview, at a place in the files, above a window. `recordado` tells the files by their parameters.
+    void VerDatos(const std::function<std::filesystem::path(const std::string& parametro)>& recordado,
+                  const std::filesystem::path& archivo, const std::optional<LugarDeEntrada>& lugar, QWidget* ventana);
     void MostrarEstructuras(const std::string& texto, QWidget* ventana);
     void ClicAgregarOperacion();
     void NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila);

@@ -106,14 +106,25 @@ void Principal::ClicDatos(const std::filesystem::path& archivo) {
         return;
     }
     const auto memoria = programa_.rutaDeAjustes.parent_path() / "qor-input.ini";
-    const EntornoDeDatos entorno{
-        .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("data-preview.html", ventana); },
-        .recordado = [this, memoria](const auto& parametro) { return ArchivoRecordado(memoria, abierto_.ruta, parametro); },
-        .recordar = [this, memoria](const auto& parametro,
-                                    const auto& elegido) { RecordarArchivo(memoria, abierto_.ruta, parametro, elegido); },
-        .directorio = programa_.ajustes.DirectorioDocumentos,
-        .alCambiar = [this] { Sincronizar(); }};
-    FormDatos(ventana_, entorno, archivo, this).exec();
+    VerDatos([this, memoria](const auto& parametro) { return ArchivoRecordado(memoria, abierto_.ruta, parametro); }, archivo, {},
+             this);
+}
+
+void Principal::VerDatos(const std::function<std::filesystem::path(const std::string&)>& recordado,
+                         const std::filesystem::path& archivo, const std::optional<LugarDeEntrada>& lugar, QWidget* ventana) {
+    const auto ajustes = programa_.rutaDeAjustes.parent_path();
+    const EntornoDeDatos entorno{.ayuda = [this](int, QWidget* suya) { MostrarPaginaDeAyuda("data-preview.html", suya); },
+                                 .recordado = recordado,
+                                 .recordar =
+                                     [this, memoria = ajustes / "qor-input.ini"](const auto& parametro, const auto& elegido) {
+                                         RecordarArchivo(memoria, abierto_.ruta, parametro, elegido);
+                                     },
+                                 .directorio = programa_.ajustes.DirectorioDocumentos,
+                                 .memoria = ajustes / "qor-window.ini",
+                                 .alCambiar = [this] { Sincronizar(); }};
+    FormDatos dialogo(ventana_, entorno, archivo, ventana);
+    if (lugar) dialogo.IrA(*lugar);
+    dialogo.exec();
 }
 
 void Principal::MostrarEstructuras(const std::string& texto, QWidget* ventana) {

@@ -1,4 +1,5 @@
 #include <QStandardPaths>
+#include <algorithm>
 #include <utility>
 
 #include "app/FormEjemplos.h"
@@ -12,6 +13,7 @@
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "editor/document_commands.h"
+#include "input/layout.h"
 #include "sap/import.h"
 
 // From an example to its rehearsal.
@@ -53,8 +55,21 @@ void Principal::ClicEnsayo() {
                     activateWindow();
                     Mandar([&] { IrA(DestinoDe(lugar, abierto_.especificacion, abierto_.opciones)); });
                 },
+            .verDatos =
+                [this](const auto& archivos, const auto& lugar, QWidget* ventana) {
+                    const DisenoDeEntrada diseno(abierto_.especificacion, abierto_.opciones);
+                    const auto elegido = [&](const std::string& parametro) {
+                        for (std::size_t i = 0; i < std::min(archivos.size(), diseno.Archivos().size()); ++i) {
+                            if (diseno.Archivos()[i].nombre == parametro) return archivos[i];
+                        }
+                        return std::filesystem::path();
+                    };
+                    if (diseno.HayArchivo()) Mandar([&] { VerDatos(elegido, {}, lugar, ventana); });
+                },
+            .valoresPropios = RutaDePractica(EntornoDelProceso()).parent_path() / "values",
             .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("rehearsal.html", ventana); },
-            .directorio = programa_.ajustes.DirectorioDocumentos});
+            .directorio = programa_.ajustes.DirectorioDocumentos,
+            .memoria = ajustes / "qor-window.ini"});
     }
     ensayo_->Traer();
 }
@@ -75,7 +90,7 @@ void Principal::AbrirEjemplo() {
     try {
         archivo = CopiarEjemplo(directorio / ejemplo.carpeta, destino) / ejemplo.archivo;
     } catch (const FalloDeArchivo& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, "The example can't be copied.")));
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::NoSePuedeCopiarElEjemplo)));
         aviso.detalle = fallo.Detalle();
         return vista_->Advertir(aviso);
     }
@@ -84,7 +99,8 @@ void Principal::AbrirEjemplo() {
         case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
         case EjemploIncluido::Clase::Grabacion: {
             auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);
-            if (importacion) TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, "Rows")));
+            if (importacion)
+                TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, palabra::Filas)));
             break;
         }
     }

@@ -37,7 +37,8 @@ each of their tables has a column "#" too: rows go into the file by the numbers 
 equal numbers the main record first. Give an order and its items the same number.
 
 By the kinds of the fields in DOCUMENT's file .checks, dates and numbers of cells get the form of the
-file, and those of the file become dates and numbers. Numbers in other fields are taken as they are
+file, and those of the file become dates and numbers. Into the layout, a value that its kind does not
+admit is an error; into tables values are taken as they stand, so that they can be put right there. Numbers in other fields are taken as they are
 displayed, with all their digits, without the signs of thousands and with a point. Texts stay what they
 are, with their leading zeros. Rows without values are passed over.
 
@@ -97,6 +98,7 @@ public:
           argumentos_(argumentos),
           diseno_(documento.especificacion, documento.opciones),
           clases_(ClasesDeCampos::DeDocumento(documento.ruta)),
+          reglas_(clases_, documento.ruta.parent_path()),
           desde_(LadoDe(argumentos.desde, argumentos.entradas)),
           hacia_(LadoDe(argumentos.hacia, argumentos.salidas)) {
         if (!diseno_.HayArchivo()) throw FalloDeEjecucion("the records of the document come from no file");
@@ -119,7 +121,7 @@ public:
         }
         const auto archivos = Rutas(alLayout ? argumentos_.salidas : argumentos_.entradas);
         const OyenteDeConversion oyente = [this](const HallazgoDeDatos& hallazgo) { Decir(hallazgo); };
-        const auto conversion = alLayout ? ConvertirALayout(diseno_, clases_, tablas, archivos, opciones_, oyente)
+        const auto conversion = alLayout ? ConvertirALayout(diseno_, clases_, reglas_, tablas, archivos, opciones_, oyente)
                                          : ConvertirATablas(diseno_, clases_, archivos, tablas, opciones_, oyente);
         Resumir(conversion);
         return conversion.hallazgos == 0;
@@ -164,6 +166,13 @@ private:
         if (!opciones_.porOrden && opciones_.filaDeTitulos == 0 && hacia_ == Lado::Layout) {
             throw MalUso("--heading-row: without headings columns go by their order, see --columns");
         }
+        if (!argumentos_.hojas.empty() && desde_ != Lado::Xlsx) throw MalUso("--sheet: only a workbook that is read has sheets");
+        if (argumentos_.hojas.size() > diseno_.Clases().size()) {
+            throw MalUso("--sheet: there are more of them than kinds of records");
+        }
+        for (auto hoja = argumentos_.hojas.begin(); hoja != argumentos_.hojas.end(); ++hoja) {
+            if (std::find(argumentos_.hojas.begin(), hoja, *hoja) != hoja) throw MalUso("--sheet: " + *hoja + " comes twice");
+        }
         opciones_.otrasColumnas = argumentos_.otrasColumnas;
         opciones_.dejarFuera = argumentos_.dejarFuera;
         // On the server a CR would be part of the last field.
@@ -203,6 +212,7 @@ private:
     const Argumentos& argumentos_;
     DisenoDeEntrada diseno_;
     ClasesDeCampos clases_;
+    ReglasDeValores reglas_;
     Lado desde_;
     Lado hacia_;
     OpcionesDeConversion opciones_;
@@ -269,6 +279,7 @@ void AgregarConvert(Ordenes grupo) {
     orden->add_flag("--leave-out", argumentos->dejarFuera,
                     "Write the records that fit, and leave out the others; in one file an order goes with all its items");
     orden->add_option("--max-findings", argumentos->maximo, "Tell at most N findings, and count the others; by default 1000")
+        ->check(CLI::NonNegativeNumber)
         ->type_name("N");
     orden->callback([argumentos, &comando = grupo.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) { return Convert(contexto, *argumentos); };

@@ -9,6 +9,7 @@
 #include "app/journal_line.h"
 #include "base/failure.h"
 #include "base/piecewise_reader.h"
+#include "base/text.h"
 
 namespace qor {
 
@@ -103,7 +104,7 @@ std::string EntreComillas(std::string_view texto) {
 std::string EnPalabras(const ValorDeDiario& valor) {
     if (valor.clase == Clase::Texto) return EntreComillas(valor.texto);
     if (valor.clase == Clase::Numero) return valor.texto;
-    return std::to_string(valor.partes.size()) + (valor.clase == Clase::Lista ? " rows" : " fields");
+    return Cuantos(valor.partes.size(), valor.clase == Clase::Lista ? "row" : "field");
 }
 
 std::string NombreDeEvento(const ValorDeDiario& evento) {
@@ -143,8 +144,8 @@ private:
         if (diferencias.size() < valoresPorEvento) diferencias.push_back(donde.empty() ? que : donde + ": " + que);
     }
 
-    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " is missing"); }
-    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " is not expected"); }
+    void Falta(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " missing"); }
+    void Sobra(const std::string& donde, const ValorDeDiario& valor) { Decir(donde, EnPalabras(valor) + " not expected"); }
 
     static std::string Dentro(const std::string& donde, std::string_view que) {
         return donde.empty() ? std::string(que) : donde + ", " + std::string(que);
@@ -209,10 +210,10 @@ private:
                 CompararConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], mios[j]);
                 ++i, ++j;
             } else if (i < suyos.size() && (j == mios.size() || !esta(nombre(suyos[i]), mios, j))) {
-                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], " is missing");
+                FaltaConNombre(Dentro(donde, nombre(suyos[i])), suyos[i], " missing");
                 ++i;
             } else {
-                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], " is not expected");
+                FaltaConNombre(Dentro(donde, nombre(mios[j])), mios[j], " not expected");
                 ++j;
             }
         }
@@ -263,10 +264,10 @@ public:
                 esperado_.Siguiente();
                 propio_.Siguiente();
             } else if (VaDelante(suyo, mio)) {
-                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], " is missing");
+                for (std::size_t i = 0; i < esperado_.Lineas().size(); ++i) Suelto(suyo, i, esperado_.Lineas()[i], " missing");
                 esperado_.Siguiente();
             } else {
-                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], " is not expected");
+                for (std::size_t i = 0; i < propio_.Lineas().size(); ++i) Suelto(mio, i, propio_.Lineas()[i], " not expected");
                 propio_.Siguiente();
             }
         }
@@ -294,10 +295,10 @@ private:
             const auto quedan = [](std::size_t lugar, const auto& lineas) { return lineas.size() - lugar; };
             const bool otro = i < suyas.size() && j < mias.size() && Nombre(suyas[i]) != Nombre(mias[j]);
             if (j == mias.size() || (otro && quedan(i, suyas) > quedan(j, mias))) {
-                Suelto(esperado_.Numero(), i, suyas[i], " is missing");
+                Suelto(esperado_.Numero(), i, suyas[i], " missing");
                 ++i;
             } else if (i == suyas.size() || (otro && quedan(i, suyas) < quedan(j, mias))) {
-                Suelto(propio_.Numero(), j, mias[j], " is not expected");
+                Suelto(propio_.Numero(), j, mias[j], " not expected");
                 ++j;
             } else {
                 Pareja(esperado_.Numero(), j, suyas[i++], mias[j]);
@@ -337,8 +338,7 @@ private:
         if (comparacion.diferencias.empty()) return Decir(lugar + nombre + ": written in another way");
         for (const auto& diferencia : comparacion.diferencias) Decir(lugar + nombre + ", " + diferencia);
         if (comparacion.cuantas > comparacion.diferencias.size()) {
-            Decir(lugar + nombre + ": and " + std::to_string(comparacion.cuantas - comparacion.diferencias.size()) +
-                  " other values");
+            Decir(lugar + nombre + ": and " + Cuantos(comparacion.cuantas - comparacion.diferencias.size(), "other value"));
         }
     }
 

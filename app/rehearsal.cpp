@@ -10,6 +10,7 @@
 #include "app/refusal_view.h"
 #include "app/rehearsal_course.h"
 #include "app/rehearsal_failed.h"
+#include "app/rehearsal_place.h"
 #include "app/rehearsal_profile.h"
 #include "app/rehearsal_sends.h"
 #include "app/rehearsal_view.h"
@@ -34,18 +35,19 @@ namespace fs = std::filesystem;
 // A view that keeps what it warns of, for who asks later why there is no report.
 class VistaQueApunta : public VistaDeRechazo {
 public:
-    VistaQueApunta(Vista& vista, std::vector<std::string>& avisos) : VistaDeRechazo(vista), avisos_(avisos) {}
+    VistaQueApunta(Vista& vista, std::vector<Frase>& avisos) : VistaDeRechazo(vista), avisos_(avisos) {}
 
     void Mostrar(const qor::Mensaje& mensaje, Icono icono) override {
         if (icono == Icono::Advertencia) {
-            avisos_.push_back(mensaje.texto);
-            if (!mensaje.detalle.empty()) avisos_.back() += " " + DesdeUtf8ConFaltas(mensaje.detalle);
+            auto texto = mensaje.texto;
+            if (!mensaje.detalle.empty()) texto += " " + DesdeUtf8ConFaltas(mensaje.detalle);
+            avisos_.emplace_back(std::move(texto));
         }
         VistaDeRechazo::Mostrar(mensaje, icono);
     }
 
 private:
-    std::vector<std::string>& avisos_;
+    std::vector<Frase>& avisos_;
 };
 
 std::string TextoDeFallo(const FalloDeEjecucion& fallo) {
@@ -162,8 +164,8 @@ void Ensayo::Interior::Terminar(abap::Ejecucion& ejecucion) {
     resultado.pares = perfil->Pares();
     resultado.detenido = curso->Parado();
     if (const auto cortado = curso->Cortado(); cortado > 0 && resultado.fallos.size() < maximoDeFallos) {
-        const std::string delante = "record " + std::to_string(cortado) + ": ";
-        resultado.fallos.push_back({cortado, delante + curso->MotivoDelCorte(), {}, {}});
+        const Frase motivo = curso->MotivoDelCorte();
+        resultado.fallos.push_back({cortado, {"record %1: %2", {std::to_string(cortado), motivo}}, motivo, {}, {}, {}});
     }
 }
 
@@ -217,7 +219,7 @@ void Ensayo::Correr() {
         pedido.origen = [&yo](int linea) { return yo.origenes.De(linea); };
         qor::Correr(pedido, *yo.sistema, *yo.curso, *yo.vista, *yo.vista);
     } catch (const ParametroImposible& imposible) {
-        yo.resultado.porQueNo.emplace_back(imposible.what());
+        yo.resultado.porQueNo.emplace_back(std::string(imposible.what()));
     } catch (const FalloDeEjecucion& fallo) {
         if (yo.vista)
             static_cast<VistaDeCorrida&>(*yo.vista).Falla(fallo);
@@ -243,6 +245,22 @@ std::vector<Envio> Ensayo::EnviosDe(std::size_t registro) const {
         std::move(suyos.begin(), suyos.end(), std::back_inserter(envios));
     }
     return envios;
+}
+
+std::optional<LugarDeEntrada> Ensayo::EntradaDe(int grupo, std::size_t numero, std::string_view campo) const {
+    const auto& yo = *interior_;
+    if (!yo.resultado.empezado || yo.deErrores || !yo.diseno.HayArchivo() || numero == 0) return std::nullopt;
+    const auto& clases = yo.diseno.Clases();
+    const auto clase = std::find_if(clases.begin(), clases.end(), [&](const auto& una) { return una.grupo == grupo; });
+    if (clase == clases.end()) return std::nullopt;
+    const auto archivo = static_cast<std::size_t>(yo.diseno.ArchivoUnico() ? 0 : grupo);
+    const auto lugar = static_cast<int>(clase - clases.begin());
+    LugarDeEntrada entrada{grupo, LineaDeRegistro(yo.diseno, lugar, numero, yo.entradas.at(archivo)), -1};
+    if (entrada.linea == 0) return std::nullopt;
+    const auto suyo =
+        std::find_if(clase->campos.begin(), clase->campos.end(), [&](const auto& uno) { return uno.nombre == campo; });
+    if (suyo != clase->campos.end()) entrada.fila = suyo->fila;
+    return entrada;
 }
 
 void Ensayo::ExportarDiario(const fs::path& archivo) const {
@@ -277,6 +295,10 @@ std::vector<fs::path> Ensayo::ExportarFallados(const fs::path& archivo) const {
         }
     }
     return EscribirFallados(yo.diseno, yo.entradas, fallados, archivo);
+}
+
+std::vector<fs::path> Ensayo::ArchivosDeFallados(const fs::path& archivo) const {
+    return qor::ArchivosDeFallados(interior_->diseno, archivo);
 }
 
 std::vector<std::string> Ensayo::Sesiones() const {

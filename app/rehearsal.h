@@ -10,11 +10,13 @@
 #include <vector>
 
 #include "app/report_origins.h"
+#include "base/phrase.h"
 #include "base/view.h"
 #include "generator/request.h"
 #include "input/layout.h"
 #include "model/place.h"
 #include "practice/course.h"
+#include "practice/explanation.h"
 #include "practice/failures.h"
 #include "practice/system.h"
 
@@ -64,9 +66,11 @@ struct Envio {
 
 struct FalloDeEnsayo {
     std::size_t registro = 0;
-    std::string texto;                       // the line of the failure
-    std::vector<std::string> explicaciones;  // value, place in the input file, what to do
+    Frase texto;                       // the line of the failure
+    Frase motivo;                      // the same without the number of the record
+    std::vector<Frase> explicaciones;  // value, place in the input file, what to do
     Lugar celda;
+    std::optional<LugarDeEntrada> entrada;  // of the value, where it comes from an input file
 };
 
 struct TotalDeCondicion {
@@ -94,18 +98,18 @@ struct VolcadoDeEnsayo {
 
 // What came of it.
 struct ResultadoDeEnsayo {
-    bool empezado = false;              // the report was generated and compiled, and ran
-    std::vector<std::string> porQueNo;  // else why not, each with its place in words
+    bool empezado = false;        // the report was generated and compiled, and ran
+    std::vector<Frase> porQueNo;  // else why not, each with its place in words
     CuentaDeCorrida cuenta;
     std::vector<EstadoDeRegistro> registros;  // record n at n - 1
     std::vector<FalloDeEnsayo> fallos;        // at most `maximoDeFallos`
     bool hayMasFallos = false;
     std::vector<std::string> lista;  // lines of the report's list, at most `maximoDeLista`
     bool hayMasLista = false;
-    std::vector<std::string> avisos;  // what the user should know
+    std::vector<Frase> avisos;  // what the user should know
     std::vector<TotalDeCondicion> condiciones;
     std::vector<TotalDePar> pares;
-    std::vector<std::string> huerfanos;  // "ITABSL_1: 3 of 120 lines belong to no record"
+    std::vector<Frase> huerfanos;  // "ITABSL_1: 3 of 120 lines belong to no record"
     std::optional<VolcadoDeEnsayo> volcado;
     bool detenido = false;
     std::string reporte;  // as it was generated
@@ -133,11 +137,15 @@ public:
     const ResultadoDeEnsayo& Resultado() const;
     // What record n sent, read back from the journal of the rehearsal, which lies in a temporary file.
     std::vector<Envio> EnviosDe(std::size_t registro) const;
+    // Where in the input files record n of a kind lies, with the file field of that name; nothing where it comes from none.
+    std::optional<LugarDeEntrada> EntradaDe(int grupo, std::size_t numero, std::string_view campo) const;
     // The journal, as `qorgen run --journal` writes it.
     void ExportarDiario(const std::filesystem::path& archivo) const;
     // The lines of the failed records, byte for byte, into files of the layout of `archivos`: the first one named `archivo`, the
     // others beside it with the name of their parameter behind a hyphen.
     std::vector<std::filesystem::path> ExportarFallados(const std::filesystem::path& archivo) const;
+    // Those files.
+    std::vector<std::filesystem::path> ArchivosDeFallados(const std::filesystem::path& archivo) const;
     // A session of the rehearsal's queue, as `qorgen system export` writes it; the names of the sessions.
     std::vector<std::string> Sesiones() const;
     void ExportarSesion(std::size_t sesion, const std::filesystem::path& archivo) const;

@@ -109,16 +109,15 @@ void RegistrosVistos::Poner(const ResultadoDeEnsayo* resultado) {
     for (std::size_t i = 0; i < resultado->fallos.size(); ++i) fallos_.try_emplace(resultado->fallos[i].registro, i);
 }
 
-std::string RegistrosVistos::Motivo(std::size_t registro) const {
+const FalloDeEnsayo* RegistrosVistos::Fallo(std::size_t registro) const {
     const auto fallo = fallos_.find(registro);
-    if (fallo == fallos_.end()) {
-        const auto& volcado = resultado_->volcado;
-        return volcado && volcado->registro == registro ? volcado->nombre + " " + volcado->texto : std::string();
-    }
-    std::string_view texto = resultado_->fallos[fallo->second].texto;
-    const std::string numero = "record " + std::to_string(registro);
-    if (texto.starts_with(numero + ", ") || texto.starts_with(numero + ": ")) texto.remove_prefix(numero.size() + 2);
-    return std::string(texto);
+    return fallo == fallos_.end() ? nullptr : &resultado_->fallos[fallo->second];
+}
+
+std::string RegistrosVistos::Motivo(std::size_t registro) const {
+    if (const auto* const fallo = Fallo(registro)) return decir_(fallo->motivo);
+    const auto& volcado = resultado_->volcado;
+    return volcado && volcado->registro == registro ? volcado->nombre + " " + volcado->texto : std::string();
 }
 
 std::vector<Lugar> RegistrosVistos::Culpables(std::size_t registro) const {

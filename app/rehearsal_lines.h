@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,10 @@ std::string TablasDeCarpeta(const std::filesystem::path& carpeta);
 // The records of a rehearsal that are shown: all of them, or those of one state, or those that a text is found in.
 class RegistrosVistos {
 public:
+    // Says a sentence in the language of the user.
+    using Decir = std::function<std::string(const Frase&)>;
+
+    explicit RegistrosVistos(Decir decir) : decir_(std::move(decir)) {}
     // The result has to live as long as it is shown; null for none. All are shown then.
     void Poner(const ResultadoDeEnsayo* resultado);
     // A number shows the record of that number, and those whose failure holds it; another text those whose failure holds it in
@@ -45,8 +50,9 @@ public:
     // The row of a record, where it is shown.
     std::optional<std::size_t> FilaDe(std::size_t registro) const;
     EstadoDeRegistro Estado(std::size_t registro) const { return resultado_->registros[registro - 1]; }
-    // Why it failed: the line of its first failure, without the number of the record, or the short dump. Empty where it did not
-    // fail, or where the list of failures was full.
+    // Its first failure; null where it did not fail, or where the list of failures was full.
+    const FalloDeEnsayo* Fallo(std::size_t registro) const;
+    // Why it failed: its first failure, or the short dump, in the language of the user.
     std::string Motivo(std::size_t registro) const;
     // The cells of the values that made it fail.
     std::vector<Lugar> Culpables(std::size_t registro) const;
@@ -56,6 +62,7 @@ public:
 private:
     bool Sirve(std::size_t registro, std::optional<EstadoDeRegistro> estado, std::string_view buscado) const;
 
+    Decir decir_;
     const ResultadoDeEnsayo* resultado_ = nullptr;
     std::unordered_map<std::size_t, std::size_t> fallos_;  // the first failure of a record
     std::array<std::size_t, 4> cuentas_{};
@@ -89,7 +96,7 @@ struct LineaDeTotal {
     enum class Titulo : std::uint8_t { Registros, Condiciones, Pares, Huerfanos };
 
     Titulo titulo{};
-    std::string nombre;
+    Frase nombre;
     std::uint64_t veces = 0;    // asked, or hits
     std::uint64_t ciertas = 0;  // of a condition
     Lugar celda;

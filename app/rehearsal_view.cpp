@@ -1,5 +1,6 @@
 #include "app/rehearsal_view.h"
 
+#include "app/run_phrases.h"
 #include "base/code_page.h"
 #include "base/failure.h"
 
@@ -26,22 +27,22 @@ void VistaDeEnsayo::Falla(const FalloDeRegistro& fallo) {
         resultado_.hayMasFallos = true;
         return;
     }
-    resultado_.fallos.push_back({fallo.registro, LineaDeFallo(fallo), explicaciones_.De(fallo), explicaciones_.CeldaDe(fallo)});
+    auto motivo = MotivoDeFallo(fallo);
+    resultado_.fallos.push_back({fallo.registro, LineaDeFallo(fallo.registro, motivo), std::move(motivo), explicaciones_.De(fallo),
+                                 explicaciones_.CeldaDe(fallo), explicaciones_.EntradaDe(fallo)});
 }
 
 void VistaDeEnsayo::Falla(const FalloDeEjecucion& fallo) {
     const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo);
     const auto texto = DesdeUtf8ConFaltas(deArchivo != nullptr ? deArchivo->Detalle() : std::string(fallo.what()));
     if (resultado_.empezado)
-        Aviso("The run ended: " + texto);
+        Apuntar({"The run ended: %1", {texto}});
     else
-        resultado_.porQueNo.push_back(texto);
+        resultado_.porQueNo.emplace_back(texto);
 }
 
 void VistaDeEnsayo::FaltaDePrograma(const abap::FaltaDePrograma& falta, const OrigenDeLinea& origen) {
-    std::string linea = "line " + std::to_string(falta.linea) + ", column " + std::to_string(falta.columna);
-    if (!origen.palabras.empty()) linea += ", " + origen.palabras;
-    resultado_.porQueNo.push_back(linea + ": " + falta.texto);
+    resultado_.porQueNo.push_back(FraseDeFalta(falta, origen));
 }
 
 void VistaDeEnsayo::Volcado(std::size_t registro, const VolcadoDicho& volcado, const OrigenDeLinea& /*origen*/) {
@@ -49,20 +50,23 @@ void VistaDeEnsayo::Volcado(std::size_t registro, const VolcadoDicho& volcado, c
 }
 
 void VistaDeEnsayo::Mensaje(std::size_t registro, char tipo, std::string_view texto) {
-    Aviso((registro == 0 ? "message " : "record " + std::to_string(registro) + ", message ") + tipo + ": " + std::string(texto));
+    Apuntar(FraseDeMensajeDelReporte(registro, tipo, texto));
 }
 
 void VistaDeEnsayo::ArchivoSinLeer(std::string_view nombre, std::string_view motivo) {
-    Aviso("file " + std::string(nombre) + ": " + std::string(motivo));
+    Apuntar(FraseDeArchivoSinLeer(nombre, motivo));
 }
 
 void VistaDeEnsayo::Aviso(std::string_view texto) {
-    if (resultado_.avisos.size() < maximoDeFallos) resultado_.avisos.emplace_back(texto);
+    Apuntar(ReconocerFrase(texto, "%1: length not known, taken as C %2").value_or(Frase(std::string(texto))));
+}
+
+void VistaDeEnsayo::Apuntar(Frase frase) {
+    if (resultado_.avisos.size() < maximoDeFallos) resultado_.avisos.push_back(std::move(frase));
 }
 
 void VistaDeEnsayo::SinRegistro(std::string_view tabla, std::size_t perdidas, std::size_t todas) {
-    resultado_.huerfanos.push_back(std::string(tabla) + ": " + std::to_string(perdidas) + " of " + std::to_string(todas) +
-                                   " lines belong to no record");
+    resultado_.huerfanos.push_back(FraseSinRegistro(tabla, perdidas, todas));
 }
 
 }  // namespace qor

@@ -34,11 +34,13 @@ public:
     void Mensaje(std::size_t registro, char tipo, std::string_view texto) override;
     void ArchivoSinLeer(std::string_view nombre, std::string_view motivo) override;
     void Aviso(std::string_view texto) override;
-    void Rechaza(const std::string& texto) override { resultado_.porQueNo.push_back(texto); }
+    void Rechaza(const std::string& texto) override { resultado_.porQueNo.emplace_back(texto); }
     void SinRegistro(std::string_view tabla, std::size_t perdidas, std::size_t todas) override;
     void Resumen(const CuentaDeCorrida& cuenta) override { resultado_.cuenta = cuenta; }
 
 private:
+    void Apuntar(Frase frase);
+
     ResultadoDeEnsayo& resultado_;
     Explicaciones& explicaciones_;
     const OrigenesDelReporte& origenes_;

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "app/console_view.h"
+#include "app/run_phrases.h"
 #include "base/code_page.h"
 #include "base/text.h"
 
@@ -76,8 +77,8 @@ bool VistaDeTerminal::Avanza(const CuentaDeCorrida& cuenta) {
 }
 
 void VistaDeTerminal::Falla(const FalloDeRegistro& fallo) {
-    Decir(LineaDeFallo(fallo));
-    for (const auto& linea : explicaciones_.De(fallo)) Decir("  " + linea);
+    Decir(LineaDeFallo(fallo.registro, MotivoDeFallo(fallo)).EnIngles());
+    for (const auto& linea : explicaciones_.De(fallo)) Decir("  " + linea.EnIngles());
 }
 
 void VistaDeTerminal::Falla(const FalloDeEjecucion& fallo) {
@@ -88,9 +89,7 @@ void VistaDeTerminal::Falla(const FalloDeEjecucion& fallo) {
 }
 
 void VistaDeTerminal::FaltaDePrograma(const abap::FaltaDePrograma& falta, const OrigenDeLinea& origen) {
-    std::string linea = "line " + std::to_string(falta.linea) + ", column " + std::to_string(falta.columna);
-    if (!origen.palabras.empty()) linea += ", " + origen.palabras;
-    Decir(linea + ": " + falta.texto);
+    Decir(FraseDeFalta(falta, origen).EnIngles());
 }
 
 void VistaDeTerminal::Volcado(std::size_t registro, const VolcadoDicho& volcado, const OrigenDeLinea& origen) {
@@ -105,7 +104,7 @@ void VistaDeTerminal::Mensaje(std::size_t registro, char tipo, std::string_view 
 }
 
 void VistaDeTerminal::ArchivoSinLeer(std::string_view nombre, std::string_view motivo) {
-    Decir("file " + std::string(nombre) + ": " + std::string(motivo));
+    Decir(FraseDeArchivoSinLeer(nombre, motivo).EnIngles());
 }
 
 void VistaDeTerminal::Aviso(std::string_view texto) { Decir(texto); }
@@ -113,7 +112,7 @@ void VistaDeTerminal::Aviso(std::string_view texto) { Decir(texto); }
 void VistaDeTerminal::Rechaza(const std::string& texto) { Decir("0: " + texto); }
 
 void VistaDeTerminal::SinRegistro(std::string_view tabla, std::size_t perdidas, std::size_t todas) {
-    Decir(std::string(tabla) + ": " + std::to_string(perdidas) + " of " + std::to_string(todas) + " lines belong to no record");
+    Decir(FraseSinRegistro(tabla, perdidas, todas).EnIngles());
 }
 
 void VistaDeTerminal::Resumen(const CuentaDeCorrida& cuenta) {

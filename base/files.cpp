@@ -67,6 +67,16 @@ std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta) {
     return std::nullopt;
 }
 
+bool EsElMismoArchivo(const std::filesystem::path& uno, const std::filesystem::path& otro) {
+    std::error_code error;
+    if (std::filesystem::equivalent(uno, otro, error)) return true;
+    // As far as there is something, links are followed.
+    const auto unoEntero = std::filesystem::weakly_canonical(uno, error);
+    if (error) return uno == otro;
+    const auto otroEntero = std::filesystem::weakly_canonical(otro, error);
+    return error ? uno == otro : unoEntero == otroEntero;
+}
+
 ArchivoAbierto::ArchivoAbierto(const std::filesystem::path& ruta) : ruta_(ruta), descriptor_(AbrirRegular(ruta)) {}
 
 std::size_t ArchivoAbierto::Leer(char* donde, std::size_t cuanto) {

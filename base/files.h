@@ -48,6 +48,9 @@ IdentidadDeArchivo IdentidadDe(const struct stat& datos);
 // Of the file that a path leads to; nothing where there is none.
 std::optional<IdentidadDeArchivo> Identidad(const std::filesystem::path& ruta);
 
+// Two paths lead to one file: through links too, and also where it is not there yet.
+bool EsElMismoArchivo(const std::filesystem::path& uno, const std::filesystem::path& otro);
+
 // A regular file, open for reading. Opening anything else is a failure, and never waits.
 class ArchivoAbierto {
 public:

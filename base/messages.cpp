@@ -36,12 +36,19 @@ void TextosIdioma::CompletarPalabras(const TextosIdioma& otro) {
 
 void TextosIdioma::CompletarInglesas(const TextosIdioma& ingles) {
     inglesas_.insert(ingles.palabras_.begin(), ingles.palabras_.end());
+    for (const auto& [numero, texto] : inglesas_) numeros_.emplace(texto, numero);
+}
+
+std::string_view TextosIdioma::PorIngles(std::string_view ingles) const {
+    const auto numero = numeros_.find(ingles);
+    return numero == numeros_.end() ? ingles : std::string_view(Palabra(numero->second));
 }
 
 void TextosIdioma::Vaciar() {
     textos_.fill({});
     palabras_.clear();
     inglesas_.clear();
+    numeros_.clear();
 }
 
 Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <exception>
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <string>
@@ -30,12 +31,15 @@ public:
     // The word in English, for what is written in English in every language.
     const std::string& PalabraInglesa(int numero) const;
     void CompletarInglesas(const TextosIdioma& ingles);
+    // The word whose English text this is, or the text itself.
+    std::string_view PorIngles(std::string_view ingles) const;
     void Vaciar();
 
 private:
     std::array<std::string, ultimo + 1> textos_;
     std::map<int, std::string> palabras_;
     std::map<int, std::string> inglesas_;
+    std::map<std::string, int, std::less<>> numeros_;  // of the English ones
 };
 
 // What a message box shows: its text, and the numbers of the messages that it was built from.

@@ -13,12 +13,6 @@ namespace {
 
 constexpr std::size_t maximoMostrado = 200;
 
-// The two texts are one where blanks behind them don't count.
-bool EmpiezaCon(std::string_view linea, std::string_view identificador) {
-    const auto comienzo = linea.substr(0, identificador.size());
-    return identificador.starts_with(comienzo) && EstaEnBlanco(identificador.substr(comienzo.size()));
-}
-
 HallazgoDeDatos Nuevo(HallazgoDeEntrada clase, std::string texto) {
     HallazgoDeDatos hallazgo;
     hallazgo.clase = clase;
@@ -51,7 +45,7 @@ int RevisorDeLineas::ClaseDe(int archivo, std::string_view linea) const {
     const auto& clases = diseno_.Archivos()[static_cast<std::size_t>(archivo)].clases;
     if (!diseno_.ArchivoUnico()) return clases.front();
     for (const int clase : clases) {
-        if (EmpiezaCon(linea, diseno_.Clases()[static_cast<std::size_t>(clase)].identificador)) return clase;
+        if (TieneIdentificador(linea, diseno_.Clases()[static_cast<std::size_t>(clase)].identificador)) return clase;
     }
     return -1;
 }

@@ -2,16 +2,21 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "base/code_page.h"
 #include "base/failure.h"
+#include "base/files.h"
 #include "base/new_file.h"
 #include "base/text.h"
+#include "input/check_line.h"
+#include "input/check_relation.h"
 #include "input/convert_lines.h"
 #include "input/convert_rows.h"
 #include "input/convert_tables.h"
 #include "input/csv_reader.h"
+#include "input/record_units.h"
 #include "input/xlsx_reader.h"
 
 namespace qor {
@@ -49,7 +54,8 @@ const LibroXlsx::Hoja& BuscarHoja(const LibroXlsx& libro, const DisenoDeEntrada&
     if (hoja != hojas.end()) return *hoja;
     if (!dicha && diseno.Clases().size() == 1) {
         hoja = std::find_if(hojas.begin(), hojas.end(), [](const auto& h) { return !h.oculta; });
-        return hoja != hojas.end() ? *hoja : hojas.front();
+        if (hoja != hojas.end()) return *hoja;
+        throw FalloDeArchivo("All sheets of the workbook are hidden; show one, or name one with --sheet", tablas.archivos.at(0));
     }
     throw FalloDeArchivo("The workbook has no sheet " + nombre, tablas.archivos.at(0));
 }
@@ -76,6 +82,9 @@ private:
         const auto titulos = Titulos(registro, ConNumero(diseno_, registro));
         const char hallado =
             opciones_.filaDeTitulos > 0 ? SeparadorDe(ruta, static_cast<std::uint64_t>(opciones_.filaDeTitulos), titulos) : char{0};
+        if (hallado == 0 && opciones_.filaDeTitulos == 0) {
+            throw FalloDeEjecucion("without headings --separator has to tell whether a comma or a semicolon separates the values");
+        }
         if (hallado == 0) throw FalloDeArchivo("The headings don't tell whether a comma or a semicolon separates the values", ruta);
         return hallado;
     }
@@ -98,9 +107,14 @@ public:
         fuente.hay = fuente.lector.Siguiente(fuente.registro);
     }
 
-    void Escribir() {
+    // `alEscribir` gets kind and line of each record, and whether it has findings; `esMalo` tells of a record, from 0, that it is
+    // left out with another one.
+    void Escribir(const std::function<void(int, std::string_view, bool)>& alEscribir,
+                  const std::function<bool(std::uint64_t)>& esMalo) {
+        std::uint64_t registro = 0;
         for (Fuente* siguiente = BuscarSiguiente(); siguiente != nullptr; siguiente = BuscarSiguiente()) {
-            EscribirRegistro(*siguiente);
+            EscribirRegistro(*siguiente, esMalo(registro++));
+            alEscribir(siguiente->clase, linea_, siguiente->registro.bien);
             siguiente->hay = siguiente->lector.Siguiente(siguiente->registro);
         }
         CerrarUnidad();
@@ -131,13 +145,13 @@ private:
         return siguiente;
     }
 
-    void EscribirRegistro(const Fuente& fuente) {
+    void EscribirRegistro(const Fuente& fuente, bool mala) {
         const auto& clase = ClaseEn(diseno_, fuente.clase);
         if (clase.grupo == 0 || fuentes_.size() == 1) CerrarUnidad();
         ++unidad_[static_cast<std::size_t>(fuente.clase)];
-        unidadMala_ = unidadMala_ || !fuente.registro.bien;
-        if (!fuente.registro.bien) return;
+        unidadMala_ = unidadMala_ || mala || !fuente.registro.bien;
         PonerLinea(diseno_, clase, fuente.registro.valores, linea_);
+        if (!fuente.registro.bien) return;
         lineas_.append(linea_).append(opciones_.finDeLinea);
         if (opciones_.dejarFuera) return;
         archivo_.Escribir(lineas_);
@@ -165,6 +179,9 @@ private:
     std::vector<std::uint64_t> unidad_;  // its records of each kind
     bool unidadMala_ = false;
 };
+
+// Records can be left out only where it is known what goes with them.
+void ExigirUnion(const RelacionDeRegistros&) {}
 
 Conversion Vacia(const DisenoDeEntrada& diseno) {
     Conversion conversion;
@@ -202,25 +219,54 @@ std::vector<std::string> BuscarHojas(const DisenoDeEntrada& diseno, const Tablas
     return nombres;
 }
 
-Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const Tablas& tablas,
-                            const std::vector<std::filesystem::path>& archivos, const OpcionesDeConversion& opciones,
-                            const OyenteDeConversion& oyente) {
+Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const ReglasDeValores& reglas,
+                            const Tablas& tablas, const std::vector<std::filesystem::path>& archivos,
+                            const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente) {
     auto conversion = Vacia(diseno);
     const OyenteQueCuenta cuenta(oyente, conversion.hallazgos);
     FuentesDeTablas fuentes(diseno, tablas, opciones);
     std::vector<std::unique_ptr<EscrituraDeArchivo>> salidas;
-    for (std::size_t i = 0; i < diseno.Archivos().size(); ++i) {
-        salidas.push_back(std::make_unique<EscrituraDeArchivo>(diseno, archivos.at(i), opciones, conversion));
-        for (const int lugar : diseno.Archivos()[i].clases) {
-            const auto& clase = ClaseEn(diseno, lugar);
-            salidas.back()->Agregar(
-                lugar, LectorDeTabla(fuentes.Abrir(lugar), clase, ConversoresDe(diseno, clase, clases, opciones.celdas),
-                                     ConNumero(diseno, clase), lugar, opciones, cuenta.Oyente()));
+    const auto pasar = [&](const OyenteDeConversion& alHallar, const auto& alEscribir, const auto& esMalo) {
+        salidas.clear();
+        for (std::size_t i = 0; i < diseno.Archivos().size(); ++i) {
+            salidas.push_back(std::make_unique<EscrituraDeArchivo>(diseno, archivos.at(i), opciones, conversion));
+            for (const int lugar : diseno.Archivos()[i].clases) {
+                const auto& clase = ClaseEn(diseno, lugar);
+                salidas.back()->Agregar(
+                    lugar, LectorDeTabla(fuentes.Abrir(lugar), clase, ConversoresDe(diseno, clase, clases, opciones.celdas), reglas,
+                                         ConNumero(diseno, clase), lugar, opciones, alHallar));
+            }
+            salidas.back()->Escribir([&](int clase, std::string_view linea, bool bien) { alEscribir(i, clase, linea, bien); },
+                                     [&](std::uint64_t registro) { return esMalo(i, registro); });
         }
-        salidas.back()->Escribir();
-    }
+    };
+    const ReglasDeValores sinReglas;
+    const RevisorDeLineas revisor(diseno, sinReglas);
+    RelacionDeRegistros relacion(revisor, diseno.Archivos().size());
+    // In the one file it is the numbers of the rows that tell what belongs together.
+    const bool porClaves = opciones.dejarFuera && diseno.Archivos().size() > 1;
+    UnidadesDeRegistros unidades(relacion, diseno.Archivos().size());
+    std::vector<HallazgoDeDatos> deLaRelacion;
+    std::uint64_t linea = 0;
+    pasar(
+        cuenta.Oyente(),
+        [&](std::size_t archivo, int clase, std::string_view texto, bool bien) {
+            if (!porClaves) return;
+            unidades.Tomar(archivo, relacion.Tomar(static_cast<int>(archivo), clase, ++linea, texto, deLaRelacion), !bien);
+            deLaRelacion.clear();
+        },
+        [](std::size_t, std::uint64_t) { return false; });
     const bool conOrden = std::all_of(salidas.begin(), salidas.end(), [](const auto& salida) { return salida->ConOrden(); });
     if (conversion.hallazgos > 0 && !(opciones.dejarFuera && conOrden)) return conversion;
+    if (conversion.hallazgos > 0 && porClaves) {
+        ExigirUnion(relacion);
+        unidades.Terminar();
+        const auto hallazgos = conversion.hallazgos;
+        conversion = Vacia(diseno);
+        conversion.hallazgos = hallazgos;
+        pasar([](const HallazgoDeDatos&) {}, [](std::size_t, int, std::string_view, bool) {},
+              [&](std::size_t archivo, std::uint64_t registro) { return unidades.Malas(archivo).at(registro); });
+    }
     for (const auto& salida : salidas) salida->LlevarAlDisco();
     for (const auto& salida : salidas) salida->PonerEnSuLugar();
     conversion.escrita = true;
@@ -233,30 +279,54 @@ Conversion ConvertirATablas(const DisenoDeEntrada& diseno, const ClasesDeCampos&
     auto conversion = Vacia(diseno);
     const OyenteQueCuenta cuenta(oyente, conversion.hallazgos);
     const auto salida = EscritorDeTablas::Hacer(diseno, clases, archivos, tablas, opciones);
+    const ReglasDeValores sinReglas;
+    const RevisorDeLineas revisor(diseno, sinReglas);
+    RelacionDeRegistros relacion(revisor, archivos.size());
+    UnidadesDeRegistros unidades(relacion, archivos.size());
+    std::vector<std::optional<IdentidadDeArchivo>> identidades;
+    std::vector<HallazgoDeDatos> deLaRelacion;
     std::vector<std::string_view> valores;
+    bool legibles = true;
+    int clase = -1;
     for (std::size_t i = 0; i < diseno.Archivos().size(); ++i) {
+        identidades.push_back(Identidad(archivos.at(i)));
         LectorDeLayout lector(diseno, static_cast<int>(i), archivos.at(i), cuenta.Oyente());
-        int clase = -1;
-        bool principalFuera = false;
-        const bool variasClases = diseno.Archivos()[i].clases.size() > 1;
+        legibles = legibles && lector.Legible();
         while (lector.Siguiente(clase, valores)) {
-            bool bien = clase >= 0;
             std::size_t campo = 0;
             std::string motivo;
-            const bool principal = bien && variasClases && ClaseEn(diseno, clase).grupo == 0;
-            if (bien && !(principalFuera && !principal) && !salida->Fila(clase, lector.Linea(), valores, campo, motivo)) {
+            bool bien = clase >= 0;
+            if (bien && !salida->Cabe(clase, valores, campo, motivo)) {
                 lector.Decir(HallazgoDeEntrada::CeldaSinLugar, &ClaseEn(diseno, clase), campo, valores[campo], motivo);
                 bien = false;
             }
-            if (principal) principalFuera = !bien;
-            if (bien && !principalFuera) {
-                ++conversion.registros[static_cast<std::size_t>(clase)];
-            } else {
-                ++conversion.fuera;
-            }
+            const auto suya = revisor.ClaseDe(static_cast<int>(i), lector.Texto());
+            const auto unidad = relacion.Tomar(static_cast<int>(i), suya, lector.Linea(), lector.Texto(), deLaRelacion);
+            deLaRelacion.clear();
+            unidades.Tomar(i, unidad, !bien);
+            if (bien) ++conversion.registros[static_cast<std::size_t>(clase)];
         }
     }
-    if (conversion.hallazgos > 0 && !opciones.dejarFuera) return conversion;
+    if (conversion.hallazgos > 0 && !(opciones.dejarFuera && legibles)) return conversion;
+    if (conversion.hallazgos > 0) {
+        ExigirUnion(relacion);
+        unidades.Terminar();
+    }
+    std::fill(conversion.registros.begin(), conversion.registros.end(), 0);
+    const OyenteDeConversion nadie = [](const HallazgoDeDatos&) {};
+    for (std::size_t i = 0; i < diseno.Archivos().size(); ++i) {
+        LectorDeLayout lector(diseno, static_cast<int>(i), archivos[i], nadie);
+        const auto& malas = unidades.Malas(i);
+        for (std::size_t registro = 0; registro < malas.size() && lector.Siguiente(clase, valores); ++registro) {
+            if (malas[registro]) {
+                ++conversion.fuera;
+            } else if (clase >= 0) {
+                salida->Fila(clase, lector.Linea(), valores);
+                ++conversion.registros[static_cast<std::size_t>(clase)];
+            }
+        }
+        if (Identidad(archivos[i]) != identidades[i]) throw FalloDeArchivo(motivoCambiado, archivos[i]);
+    }
     salida->PonerEnSuLugar();
     conversion.escrita = true;
     return conversion;

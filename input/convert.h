@@ -10,6 +10,7 @@
 #include "input/data_finding.h"
 #include "input/kinds.h"
 #include "input/layout.h"
+#include "input/value_rules.h"
 
 // Records of a layout as rows of tables, and back.
 //
@@ -17,6 +18,8 @@
 // of the fields. Where a file of the layout has several kinds, told by their ids, each of their tables has a column "#" in front:
 // rows go into the file by the numbers there, which rise; of equal numbers the main record goes first. Out of a file it is the
 // line, so that the file comes back as it was; who fills in a table gives an order and its items the same number.
+//
+// Into a layout, a value that its field's kind doesn't admit is a finding. Into tables it is none: there it can be put right.
 //
 // Rows without any value are passed over. There and back is the identity of the records: of blanks at the ends of lines, of the
 // kind of line ends and of tabs behind the last field it is not.
@@ -50,8 +53,9 @@ struct OpcionesDeConversion {
     int filaDeTitulos = 1;       // what is in front of it is passed over; 0: there are no headings
     bool otrasColumnas = false;  // columns whose heading is no field are passed over; else each is a finding
     char separador = 0;          // of files of values; 0: by the headings, and a semicolon where they are written
-    // Records with findings are left out; else nothing is written where there are findings. Into a file of several kinds a main
-    // record goes with all that belongs to it or not at all; with a wrong number in a column "#" nothing is written either way.
+    // Records with findings are left out; else nothing is written where there are findings. A main record goes with all that
+    // belongs to it, in whatever file, or not at all. With a wrong number in a column "#", and with a file of a layout that is not
+    // in windows-1252, nothing is written either way.
     bool dejarFuera = false;
     std::string finDeLinea = "\n";  // of the lines of a layout
 };
@@ -68,11 +72,12 @@ struct Conversion {
 // `columna` is the number of the column of a table.
 using OyenteDeConversion = std::function<void(const HallazgoDeDatos&)>;
 
-// `archivos` are those of the layout, in its order. Files take their places once all of them are on the disk; one that exists is
-// replaced. What fails, and an input that can't be read, throws FalloDeEjecucion or FalloDeArchivo; nothing is written then.
-Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const Tablas& tablas,
-                            const std::vector<std::filesystem::path>& archivos, const OpcionesDeConversion& opciones,
-                            const OyenteDeConversion& oyente);
+// `archivos` are those of the layout, in its order; `reglas` are the rules of `clases`. Files take their places once all of them
+// are on the disk; one that exists is replaced. What fails, and an input that can't be read, throws FalloDeEjecucion or
+// FalloDeArchivo; nothing is written then.
+Conversion ConvertirALayout(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases, const ReglasDeValores& reglas,
+                            const Tablas& tablas, const std::vector<std::filesystem::path>& archivos,
+                            const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
 Conversion ConvertirATablas(const DisenoDeEntrada& diseno, const ClasesDeCampos& clases,
                             const std::vector<std::filesystem::path>& archivos, const Tablas& tablas,
                             const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);

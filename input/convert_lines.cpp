@@ -19,7 +19,8 @@ LectorDeLayout::LectorDeLayout(const DisenoDeEntrada& diseno, int archivo, const
     : diseno_(diseno), archivo_(archivo), oyente_(oyente), lector_(ArchivoAbierto(ruta)) {
     // A mark, or characters that would not be those that are meant.
     const auto codificacion = BuscarCodificacion(ArchivoAbierto(ruta));
-    if (codificacion == Codificacion::Windows1252) return;
+    legible_ = codificacion == Codificacion::Windows1252;
+    if (legible_) return;
     Decir(HallazgoDeEntrada::Utf8, nullptr, 0, "",
           codificacion == Codificacion::Utf8 ? "the file is in UTF-8, and the report reads windows-1252"
                                              : "the file is in UTF-16, and the report reads windows-1252");
@@ -44,18 +45,20 @@ void LectorDeLayout::Decir(HallazgoDeEntrada clase, const ClaseDeRegistro* regis
 
 bool LectorDeLayout::Siguiente(int& clase, std::vector<std::string_view>& valores) {
     const auto& clases = diseno_.Archivos()[static_cast<std::size_t>(archivo_)].clases;
+    if (!legible_) return false;
     std::string_view linea;
     do {
         if (!lector_.Linea(linea, maximoDeLinea)) return false;
         ++linea_;
     } while (clases.size() > 1 && EstaEnBlanco(linea));  // the report passes them over
+    texto_ = linea;
     clase = -1;
     if (linea.find('\0') != std::string_view::npos) {
         Decir(HallazgoDeEntrada::Nulo, nullptr, 0, "", "the line has a NUL character");
         return true;
     }
     const auto cual = std::find_if(clases.begin(), clases.end(), [&](int lugar) {
-        return linea.starts_with(diseno_.Clases()[static_cast<std::size_t>(lugar)].identificador);
+        return TieneIdentificador(linea, diseno_.Clases()[static_cast<std::size_t>(lugar)].identificador);
     });
     if (cual == clases.end()) {
         Decir(HallazgoDeEntrada::Desconocida, nullptr, 0, linea.substr(0, 20), "the line begins with the id of no record");

@@ -34,7 +34,7 @@ std::vector<ConversorDeCampo> ConversoresDe(const DisenoDeEntrada& diseno, const
 }
 
 LectorDeTabla::LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase,
-                             std::vector<ConversorDeCampo> conversores, bool conNumero, int tabla,
+                             std::vector<ConversorDeCampo> conversores, const ReglasDeValores& reglas, bool conNumero, int tabla,
                              const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente)
     : filas_(std::move(filas)),
       clase_(clase),
@@ -43,6 +43,7 @@ LectorDeTabla::LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDe
       tabla_(tabla),
       opciones_(opciones),
       oyente_(oyente) {
+    for (const auto& campo : clase_.campos) reglas_.push_back(reglas.Buscar(campo.nombre));
     if (opciones_.porOrden) {
         PonerPorOrden();
     } else {
@@ -91,16 +92,23 @@ void LectorDeTabla::LeerTitulos() {
             Decir(fila_.numero, i, celda, "the heading is no field of the records");
         }
     }
+    if (opciones_.otrasColumnas && std::find(tomados.begin(), tomados.end(), true) == tomados.end()) {
+        std::string titulos;
+        for (const auto& campo : clase_.campos) titulos += (titulos.empty() ? "" : ", ") + campo.nombre;
+        throw FalloDeEjecucion("no heading in row " + std::to_string(buscada) + " of the table " + NombreDeHoja(clase_) +
+                               " is a field of its records: " + titulos);
+    }
     if (conNumero_ && !hayNumero) {
         throw FalloDeEjecucion(std::string("the table ") + NombreDeHoja(clase_) + " has no column \"" + tituloDeNumero +
                                "\" that tells where its records go in the file");
     }
 }
 
-void LectorDeTabla::Decir(std::uint64_t fila, std::size_t columna, const CeldaDeHoja& celda, const std::string& texto) {
+void LectorDeTabla::Decir(std::uint64_t fila, std::size_t columna, const CeldaDeHoja& celda, const std::string& texto,
+                          HallazgoDeEntrada falta) {
     const int campo = columna < columnas_.size() ? columnas_[columna] : columnaDeNada;
     HallazgoDeDatos hallazgo;
-    hallazgo.clase = HallazgoDeEntrada::CeldaSinLugar;
+    hallazgo.clase = falta;
     hallazgo.archivo = tabla_;
     hallazgo.linea = fila;
     hallazgo.columna = columna + 1;
@@ -128,6 +136,32 @@ void LectorDeTabla::LeerNumero(const CeldaDeHoja& celda, std::size_t columna, Re
     ultimo_ = registro.numero;
 }
 
+// What the kinds of the fields say of the values, as they go into the layout.
+void LectorDeTabla::Revisar(RegistroDeTabla& registro) {
+    static const CeldaDeHoja vacia;
+    for (std::size_t campo = 0; campo < reglas_.size(); ++campo) {
+        if (reglas_[campo] == nullptr || dichos_[campo]) continue;
+        const auto falta = reglas_[campo]->Falta(registro.valores[campo]);
+        if (!falta) continue;
+        registro.bien = false;
+        const auto columna = std::find(columnas_.begin(), columnas_.end(), static_cast<int>(campo));
+        if (columna == columnas_.end()) {
+            HallazgoDeDatos hallazgo;
+            hallazgo.clase = *falta;
+            hallazgo.archivo = tabla_;
+            hallazgo.linea = fila_.numero;
+            hallazgo.fila = clase_.campos[campo].fila;
+            hallazgo.campo = clase_.campos[campo].nombre;
+            hallazgo.texto = reglas_[campo]->Texto(*falta) + ", and the table has no column for it";
+            oyente_(hallazgo);
+            continue;
+        }
+        const auto lugar = static_cast<std::size_t>(columna - columnas_.begin());
+        Decir(fila_.numero, lugar, lugar < fila_.celdas.size() ? fila_.celdas[lugar] : vacia, reglas_[campo]->Texto(*falta),
+              *falta);
+    }
+}
+
 bool LectorDeTabla::Siguiente(RegistroDeTabla& registro) {
     for (;;) {
         if (!filas_->Siguiente(fila_)) return false;
@@ -138,6 +172,7 @@ bool LectorDeTabla::Siguiente(RegistroDeTabla& registro) {
     registro.bien = true;
     registro.valores.resize(clase_.campos.size());
     for (auto& valor : registro.valores) valor.clear();
+    dichos_.assign(clase_.campos.size(), false);
     static const CeldaDeHoja vacia;
     std::string motivo;
     const auto cuantas = std::max(fila_.celdas.size(), conNumero_ ? columnas_.size() : 0);
@@ -150,12 +185,15 @@ bool LectorDeTabla::Siguiente(RegistroDeTabla& registro) {
             const auto lugar = static_cast<std::size_t>(campo);
             if (conversores_[lugar].ALayout(celda, registro.valores[lugar], motivo)) continue;
             Decir(fila_.numero, i, celda, motivo);
+            registro.valores[lugar].clear();
+            dichos_[lugar] = true;
             registro.bien = false;
         } else if (!opciones_.otrasColumnas && !EstaVacia(celda) && (i >= columnas_.size() || opciones_.porOrden)) {
             Decir(fila_.numero, i, celda, "the column is none of the records");
             registro.bien = false;
         }
     }
+    Revisar(registro);
     return true;
 }
 

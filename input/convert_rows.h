@@ -27,7 +27,8 @@ class LectorDeTabla {
 public:
     // `tabla` is the place that findings name. Reads up to the headings; throws FalloDeEjecucion where they are missing.
     LectorDeTabla(std::unique_ptr<FuenteDeFilas> filas, const ClaseDeRegistro& clase, std::vector<ConversorDeCampo> conversores,
-                  bool conNumero, int tabla, const OpcionesDeConversion& opciones, const OyenteDeConversion& oyente);
+                  const ReglasDeValores& reglas, bool conNumero, int tabla, const OpcionesDeConversion& opciones,
+                  const OyenteDeConversion& oyente);
 
     bool Siguiente(RegistroDeTabla& registro);
 
@@ -42,16 +43,20 @@ private:
     void LeerTitulos();
     void PonerPorOrden();
     void LeerNumero(const CeldaDeHoja& celda, std::size_t columna, RegistroDeTabla& registro);
-    void Decir(std::uint64_t fila, std::size_t columna, const CeldaDeHoja& celda, const std::string& texto);
+    void Revisar(RegistroDeTabla& registro);
+    void Decir(std::uint64_t fila, std::size_t columna, const CeldaDeHoja& celda, const std::string& texto,
+               HallazgoDeEntrada falta = HallazgoDeEntrada::CeldaSinLugar);
 
     std::unique_ptr<FuenteDeFilas> filas_;
     const ClaseDeRegistro& clase_;
     std::vector<ConversorDeCampo> conversores_;
+    std::vector<const ReglaDeValor*> reglas_;  // of the fields; null for none
     bool conNumero_;
     int tabla_;
     const OpcionesDeConversion& opciones_;
     const OyenteDeConversion& oyente_;
     std::vector<int> columnas_;  // for each column of the table a place in the fields, or one of the above
+    std::vector<bool> dichos_;   // fields of the row of which something was told
     FilaDeHoja fila_;
     std::uint64_t ultimo_ = 0;  // number
     bool conOrden_ = true;

@@ -30,17 +30,22 @@ public:
         }
     }
 
-    bool Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores, std::size_t& campo,
-              std::string& motivo) override {
+    bool Cabe(int clase, const std::vector<std::string_view>& valores, std::size_t& campo, std::string& motivo) override {
+        const auto& conversores = tablas_[static_cast<std::size_t>(clase)].conversores;
+        for (campo = 0; campo < valores.size(); ++campo) {
+            if (!conversores[campo].AlTexto(valores[campo], texto_, motivo)) return false;
+        }
+        return true;
+    }
+
+    void Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores) override {
         const auto& tabla = tablas_[static_cast<std::size_t>(clase)];
         const std::size_t delante = tabla.conNumero ? 1 : 0;
         fila_.resize(delante + valores.size());
         if (tabla.conNumero) fila_[0] = std::to_string(linea);
-        for (campo = 0; campo < valores.size(); ++campo) {
-            if (!tabla.conversores[campo].AlTexto(valores[campo], fila_[delante + campo], motivo)) return false;
-        }
+        std::string motivo;
+        for (std::size_t i = 0; i < valores.size(); ++i) tabla.conversores[i].AlTexto(valores[i], fila_[delante + i], motivo);
         tabla.archivo->Fila(fila_);
-        return true;
     }
 
     void PonerEnSuLugar() override {
@@ -56,6 +61,7 @@ private:
     };
     std::vector<Tabla> tablas_;
     std::vector<std::string> fila_;
+    std::string texto_;
 };
 
 // A workbook with a sheet for each kind.
@@ -83,14 +89,17 @@ public:
         }
     }
 
-    bool Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores, std::size_t& campo,
-              std::string& motivo) override {
-        auto& hoja = hojas_[static_cast<std::size_t>(clase)];
+    bool Cabe(int, const std::vector<std::string_view>& valores, std::size_t& campo, std::string& motivo) override {
         for (campo = 0; campo < valores.size(); ++campo) {
             if (valores[campo].size() <= maximoDeTextoDeCelda) continue;
             motivo = "the value is longer than a cell can hold";
             return false;
         }
+        return true;
+    }
+
+    void Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores) override {
+        auto& hoja = hojas_[static_cast<std::size_t>(clase)];
         if (hoja.fila >= maximoDeFilasDeHoja) throw FalloDeEjecucion("there are more records than a sheet has rows");
         const std::size_t delante = hoja.conNumero ? 1 : 0;
         if (hoja.conNumero) libro_.Numero(hoja.lugar, hoja.fila, 0, static_cast<double>(linea), "0");
@@ -105,7 +114,6 @@ public:
             }
         }
         ++hoja.fila;
-        return true;
     }
 
     void PonerEnSuLugar() override { libro_.PonerEnSuLugar(); }

@@ -25,9 +25,10 @@ public:
                                                    const OpcionesDeConversion& opciones);
     virtual ~EscritorDeTablas() = default;
 
-    // A row with the values of a record, which came from a line. False where one has no place in a table: its place, and why.
-    virtual bool Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores, std::size_t& campo,
-                      std::string& motivo) = 0;
+    // Whether the values of a record all have their place in a table; else the place of the first one that has none, and why.
+    virtual bool Cabe(int clase, const std::vector<std::string_view>& valores, std::size_t& campo, std::string& motivo) = 0;
+    // A row with the values of a record that have their place, which came from a line.
+    virtual void Fila(int clase, std::uint64_t linea, const std::vector<std::string_view>& valores) = 0;
     virtual void PonerEnSuLugar() = 0;
 };
 

@@ -6,9 +6,10 @@
 
 #include "base/failure.h"
 #include "base/new_file.h"
-#include "base/paths.h"
 #include "base/text.h"
 #include "input/check.h"
+#include "input/line_copy.h"
+#include "input/record_units.h"
 
 namespace qor {
 
@@ -18,11 +19,10 @@ namespace {
 void ExigirSalidasPropias(const std::vector<PartesDeArchivo>& partes) {
     std::vector<std::filesystem::path> vistas;
     const auto agregar = [&](const std::filesystem::path& ruta) {
-        const auto identidad = Identidad(ruta);
         for (const auto& vista : vistas) {
-            const auto otra = Identidad(vista);
-            const bool misma = RutaAbsoluta(vista) == RutaAbsoluta(ruta) || (identidad && otra && identidad->EsElMismo(*otra));
-            if (misma) throw FalloDeEjecucion("the output " + ruta.string() + " is an input or another output as well");
+            if (EsElMismoArchivo(vista, ruta)) {
+                throw FalloDeEjecucion("the output " + ruta.string() + " is an input or another output as well");
+            }
         }
         vistas.push_back(ruta);
     };
@@ -39,11 +39,11 @@ struct Salidas {
     ArchivoNuevo motivos;
 };
 
-// Gathers which lines are bad, and writes the reasons: one bit for a line, and its unit where records are joined by keys.
+// Gathers which lines are bad, and writes the reasons.
 class MarcasDeLineas : public OyenteDeRevision {
 public:
     MarcasDeLineas(std::deque<Salidas>& salidas, const RelacionDeRegistros& relacion)
-        : salidas_(salidas), relacion_(relacion), malas_(salidas.size()), nodos_(salidas.size()) {}
+        : salidas_(salidas), unidades_(relacion, salidas.size()) {}
 
     bool Hallado(const HallazgoDeDatos& hallazgo) override {
         if (EsAviso(hallazgo.clase)) return true;
@@ -55,56 +55,17 @@ public:
     }
 
     bool Leida(const LineaRevisada& linea) override {
-        auto& malas = malas_[static_cast<std::size_t>(linea.archivo)];
-        if (relacion_.LaForma() == RelacionDeRegistros::Forma::PorPosicion) {
-            if (linea.unidad != unidad_) TerminarUnidad();
-            unidad_ = linea.unidad;
-            unidadMala_ = unidadMala_ || linea.mala;
-        }
-        malas.push_back(linea.mala);
-        if (relacion_.LaForma() == RelacionDeRegistros::Forma::PorClaves) {
-            nodos_[static_cast<std::size_t>(linea.archivo)].push_back(linea.unidad);
-        }
+        unidades_.Tomar(static_cast<std::size_t>(linea.archivo), linea.unidad, linea.mala);
         return true;
     }
 
     // Behind the check: what goes with a bad line is bad, too.
-    void Terminar() {
-        if (relacion_.LaForma() == RelacionDeRegistros::Forma::PorPosicion) TerminarUnidad();
-        std::vector<bool> unidadesMalas;
-        const auto cadaUnidad = [&](auto hacer) {
-            for (std::size_t archivo = 0; archivo < nodos_.size(); ++archivo) {
-                for (std::size_t linea = 0; linea < nodos_[archivo].size(); ++linea) {
-                    const auto nodo = nodos_[archivo][linea];
-                    if (nodo != RelacionDeRegistros::sinUnidad) hacer(malas_[archivo][linea], nodo, relacion_.Unidad(nodo));
-                }
-            }
-        };
-        cadaUnidad([&](std::vector<bool>::reference mala, std::uint32_t nodo, std::uint32_t unidad) {
-            if (unidad >= unidadesMalas.size()) unidadesMalas.resize(unidad + std::size_t{1});
-            if (mala || !relacion_.TienePrincipal(nodo)) unidadesMalas[unidad] = true;
-        });
-        cadaUnidad([&](std::vector<bool>::reference mala, std::uint32_t, std::uint32_t unidad) { mala = unidadesMalas[unidad]; });
-    }
-
-    const std::vector<bool>& Malas(std::size_t archivo) const { return malas_[archivo]; }
+    void Terminar() { unidades_.Terminar(); }
+    const std::vector<bool>& Malas(std::size_t archivo) const { return unidades_.Malas(archivo); }
 
 private:
-    // The one file: all lines since the last main record share its lot.
-    void TerminarUnidad() {
-        auto& malas = malas_.front();
-        if (unidadMala_) std::fill(malas.begin() + static_cast<std::ptrdiff_t>(principio_), malas.end(), true);
-        principio_ = malas.size();
-        unidadMala_ = false;
-    }
-
     std::deque<Salidas>& salidas_;
-    const RelacionDeRegistros& relacion_;
-    std::vector<std::vector<bool>> malas_;           // by file and line
-    std::vector<std::vector<std::uint32_t>> nodos_;  // by file and line, where records are joined by keys
-    std::uint32_t unidad_ = 0;
-    bool unidadMala_ = false;
-    std::size_t principio_ = 0;  // the first line of the unit
+    UnidadesDeRegistros unidades_;
 };
 
 // Copies the lines of a file, those that follow one another in one piece.
@@ -112,24 +73,11 @@ CuentaDePartes Copiar(const ArchivoAbierto& archivo, const std::vector<bool>& ma
     CuentaDePartes cuenta;
     LectorDeEntrada lector(archivo);
     LineaLeida linea;
-    std::string trozo;
     for (std::size_t numero = 0; lector.Linea(linea); ++numero) {
         if (numero >= malas.size()) break;
         auto& salida = malas[numero] ? salidas.malos : salidas.buenos;
         ++(malas[numero] ? cuenta.malas : cuenta.buenas);
-        if (linea.bytes.size() == linea.largo) {
-            salida.Escribir(linea.bytes);
-            continue;
-        }
-        // A very long line, piece by piece.
-        trozo.resize(std::size_t{1} << 16);
-        for (std::uint64_t lugar = 0; lugar < linea.largo;) {
-            const auto quedan = std::min<std::uint64_t>(trozo.size(), linea.largo - lugar);
-            const auto leidos = archivo.LeerEn(trozo.data(), static_cast<std::size_t>(quedan), linea.lugar + lugar);
-            if (leidos == 0) throw FalloDeArchivo(motivoCambiado, archivo.Ruta());
-            salida.Escribir(std::string_view(trozo).substr(0, leidos));
-            lugar += leidos;
-        }
+        CopiarLinea(archivo, linea, salida);
     }
     return cuenta;
 }

@@ -9,13 +9,13 @@ namespace {
 
 bool EsDigito(char c) { return c >= '0' && c <= '9'; }
 
-// Digits, in groups of three behind the first one where there are any.
+// Digits, in groups of three behind the first one where there are any; a group that begins a number has no 0 in front.
 bool EsParteEntera(std::string_view texto, char grupo) {
     std::size_t digitos = 0;
     bool hayGrupos = false;
     for (const char c : texto) {
         if (c == grupo) {
-            if (hayGrupos ? digitos != 3 : digitos < 1 || digitos > 3) return false;
+            if (hayGrupos ? digitos != 3 : digitos < 1 || digitos > 3 || texto.front() == '0') return false;
             hayGrupos = true;
             digitos = 0;
         } else if (EsDigito(c)) {

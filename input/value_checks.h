@@ -8,7 +8,7 @@
 namespace qor {
 
 // Digits with at most one decimal sign among them, '.' or ','; the other one may group thousands, and then each group has three
-// digits. A sign stands in front or behind.
+// digits and the first one no 0 in front, so that "0,870" is no number with a point. A sign stands in front or behind.
 bool EsNumero(std::string_view valor, char decimal);
 
 // How dates are written: the letters DD, MM and YY or YYYY, each at most once, with signs between them or none.

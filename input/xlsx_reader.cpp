@@ -19,11 +19,6 @@ constexpr std::size_t maximoDeFila = std::size_t{16} << 20;
 constexpr std::uint64_t maximoDeFilas = 1048576;
 constexpr std::size_t maximoDeColumnas = 16384;
 
-std::string_view NombreLocal(const pugi::xml_node& nodo) {
-    const std::string_view nombre = nodo.name();
-    return nombre.substr(nombre.find(':') + 1);
-}
-
 pugi::xml_node Hijo(const pugi::xml_node& nodo, std::string_view nombre) {
     for (const auto& hijo : nodo.children()) {
         if (NombreLocal(hijo) == nombre) return hijo;
@@ -56,6 +51,7 @@ class LibroXlsx::Filas : public FuenteDeFilas {
 public:
     Filas(LibroXlsx& libro, const Hoja& hoja)
         : libro_(libro),
+          hoja_(hoja.nombre),
           parte_(libro.paquete_.Abrir(hoja.parte)),
           elementos_([this](char* donde, std::size_t cuanto) { return parte_->Leer(donde, cuanto); },
                      [this](const std::string& motivo) { parte_->Fallar(motivo); }, "row", maximoDeFila) {}
@@ -76,8 +72,12 @@ public:
         std::size_t columna = 0;
         for (const auto& hijo : nodo.children()) {
             if (NombreLocal(hijo) != "c") continue;
-            if (const auto referencia = hijo.attribute("r")) columna = ColumnaDe(referencia.value());
-            if (columna >= maximoDeColumnas) parte_->Fallar("a cell has no column");
+            if (const auto referencia = hijo.attribute("r")) {
+                const auto dicha = ColumnaDe(referencia.value());
+                if (dicha < columna) Fallar(referencia.value(), "two cells have one place, or are not in their order");
+                columna = dicha;
+            }
+            if (columna >= maximoDeColumnas) Fallar(hijo.attribute("r").value(), "a cell has no column");
             if (columna >= fila.celdas.size()) fila.celdas.resize(columna + 1);
             LeerCelda(hijo, fila.celdas[columna++]);
         }
@@ -85,6 +85,12 @@ public:
     }
 
 private:
+    [[noreturn]] void Fallar(std::string_view celda, std::string_view motivo) const {
+        std::string donde = "the sheet " + hoja_ + ", ";
+        donde += celda.empty() ? "row " + std::to_string(numero_) : "cell " + std::string(celda);
+        parte_->Fallar(donde.append(": ").append(motivo));
+    }
+
     void LeerCelda(const pugi::xml_node& nodo, CeldaDeHoja& celda) {
         using Clase = CeldaDeHoja::Clase;
         const std::string_view tipo = nodo.attribute("t").value();
@@ -100,7 +106,7 @@ private:
             double numero = -1;
             const bool bien = LeerNumeroDeCelda(Recortar(texto), numero) && numero >= 0 && libro_.Textos() != nullptr &&
                               libro_.Textos()->Texto(static_cast<std::uint64_t>(numero), utf8_);
-            if (!bien) parte_->Fallar("a shared string is missing");
+            if (!bien) Fallar(nodo.attribute("r").value(), "its shared string is missing");
             celda.PonerUtf8(utf8_);
         } else if (tipo == "str") {
             // What stands there is escaped as any other string.
@@ -130,6 +136,7 @@ private:
     }
 
     LibroXlsx& libro_;
+    std::string hoja_;
     std::unique_ptr<ParteXlsx> parte_;
     PartidorDeElementos elementos_;
     pugi::xml_document xml_;

@@ -16,11 +16,6 @@ constexpr std::uint64_t maximoDeTextos = std::uint64_t{8} << 30;
 constexpr std::size_t paginasDeTextos = 4096;
 constexpr std::size_t paginasDeFinales = 1024;
 
-std::string_view NombreLocal(const pugi::xml_node& nodo) {
-    const std::string_view nombre = nodo.name();
-    return nombre.substr(nombre.find(':') + 1);
-}
-
 int Cifra(char c) {
     if (c >= '0' && c <= '9') return c - '0';
     if (c >= 'A' && c <= 'F') return c - 'A' + 10;
@@ -52,6 +47,11 @@ void AgregarCaracter(std::string& salida, int valor) {
 }
 
 }  // namespace
+
+std::string_view NombreLocal(const pugi::xml_node& nodo) {
+    const std::string_view nombre = nodo.name();
+    return nombre.substr(nombre.find(':') + 1);
+}
 
 void AgregarTextoDeCelda(std::string& utf8, std::string_view escrito) {
     for (std::size_t lugar = 0; lugar < escrito.size();) {

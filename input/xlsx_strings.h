@@ -9,6 +9,9 @@
 
 namespace qor {
 
+// The name of an element without its prefix.
+std::string_view NombreLocal(const pugi::xml_node& nodo);
+
 class ParteXlsx;
 
 // The text of a string item, shared or in a cell: that of its runs, without what only tells how it is read aloud. UTF-8; control

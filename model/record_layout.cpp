@@ -7,6 +7,10 @@
 
 namespace qor {
 
+bool TieneIdentificador(std::string_view linea, std::string_view identificador) {
+    return SinBlancosDetras(linea.substr(0, identificador.size())) == SinBlancosDetras(identificador);
+}
+
 DisenoDeRegistros::DisenoDeRegistros(const Especificacion& especificacion, const Opciones& opciones)
     : especificacion_(especificacion),
       opciones_(opciones),

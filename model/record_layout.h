@@ -11,6 +11,10 @@
 
 namespace qor {
 
+// A line of the one file begins with an id. The report compares as many characters as the id has; blanks stand behind the end of a
+// line, and blanks at the end of the id don't count.
+bool TieneIdentificador(std::string_view linea, std::string_view identificador);
+
 // How the records of a specification lie in the lines of their files. Groups are those of the step-loops; 0 is the main record.
 class DisenoDeRegistros {
 public:

@@ -14,7 +14,8 @@ namespace {
 
 std::string_view SinCondicion(std::string_view celda) { return Recortar(AntesDe(celda, ';')); }
 
-std::string Fila(const char* lado, int fila) { return std::string(lado) + " side, row " + std::to_string(fila); }
+Frase FilaDelPrograma(int fila) { return {"program side, row %1", {std::to_string(fila)}}; }
+Frase FilaDelArchivo(int fila) { return {"file side, row %1", {std::to_string(fila)}}; }
 
 }  // namespace
 
@@ -29,16 +30,17 @@ void Explicaciones::PonerArchivos(ArchivoDeGrupo archivo) {
     if (lineas_) lineas_->PonerArchivos(std::move(archivo));
 }
 
-std::vector<std::string> Explicaciones::De(const FalloDeRegistro& fallo) {
-    std::vector<std::string> lineas;
+std::vector<Frase> Explicaciones::De(const FalloDeRegistro& fallo) {
+    std::vector<Frase> lineas;
     const auto procedencia = Buscar(fallo);
     if (!fallo.lugar.campo.empty()) {
-        std::string linea = "value \"" + std::string(fallo.lugar.valor) + "\"";
-        if (fallo.esBapi) linea.append(" of ").append(fallo.lugar.campo);
-        if (procedencia) linea += ": " + DeDondeViene(fallo, *procedencia);
+        const std::string valor(fallo.lugar.valor);
+        Frase linea =
+            fallo.esBapi ? Frase("value \"%1\" of %2", {valor, std::string(fallo.lugar.campo)}) : Frase("value \"%1\"", {valor});
+        if (procedencia) linea = Frase("%1: %2", {std::move(linea), DeDondeViene(fallo, *procedencia)});
         lineas.push_back(std::move(linea));
     }
-    if (auto remedio = QueHacer(fallo, procedencia); !remedio.empty()) lineas.push_back(std::move(remedio));
+    if (auto remedio = QueHacer(fallo, procedencia); !remedio.Vacia()) lineas.push_back(std::move(remedio));
     return lineas;
 }
 
@@ -88,37 +90,44 @@ int Explicaciones::BuscarFila(const FalloDeRegistro& fallo) const {
     return sinNumero;
 }
 
-std::string Explicaciones::DeDondeViene(const FalloDeRegistro& fallo, const Procedencia& procedencia) {
+Frase Explicaciones::DeDondeViene(const FalloDeRegistro& fallo, const Procedencia& procedencia) {
     const auto celda = Recortar(especificacion_->TablaTransaccion[procedencia.fila].valor);
-    const std::string fila = Fila("program", procedencia.fila);
+    auto fila = FilaDelPrograma(procedencia.fila);
     if (procedencia.campoDeArchivo >= 0) {
         const auto& campo = especificacion_->TablaArchivo[procedencia.campoDeArchivo];
-        std::string texto = "field " + std::string(Recortar(campo.campo)) + LugarEnArchivo(fallo, procedencia);
-        if (!EstaEnBlanco(campo.conversion)) texto += ", after its conversion";
-        return texto + " (" + fila + "; " + Fila("file", procedencia.campoDeArchivo) + ")";
+        return {EstaEnBlanco(campo.conversion) ? "field %1%2 (%3; %4)" : "field %1%2, after its conversion (%3; %4)",
+                {std::string(Recortar(campo.campo)), LugarEnArchivo(fallo, procedencia), std::move(fila),
+                 FilaDelArchivo(procedencia.campoDeArchivo)}};
     }
-    if (EsVariable(celda)) return "the variable " + std::string(celda.substr(1)) + " (" + fila + ")";
-    return "the constant " + std::string(celda) + " (" + fila + ")";
+    if (EsVariable(celda)) return {"the variable %1 (%2)", {std::string(celda.substr(1)), std::move(fila)}};
+    return {"the constant %1 (%2)", {std::string(celda), std::move(fila)}};
 }
 
-std::string Explicaciones::LugarEnArchivo(const FalloDeRegistro& fallo, const Procedencia& procedencia) {
+Frase Explicaciones::LugarEnArchivo(const FalloDeRegistro& fallo, const Procedencia& procedencia) {
     if (repeticion_) return " of a record of the error table";
     if (opciones_->EntradaDeTabla()) return " of the database table";
     if (!diseno_->HayArchivo()) return " of your own data source";
     const auto [fila, campo, grupo] = procedencia;
+    const auto n = [](std::size_t numero) { return Frase(std::to_string(numero)); };
     const auto sitio = diseno_->SitioDe(campo, grupo);
-    std::string texto = diseno_->PorTabuladores() ? ", the " + std::to_string(sitio.numero) + ". field of "
-                                                  : ", columns " + std::to_string(sitio.columna + 1) + " to " +
-                                                        std::to_string(sitio.columna + sitio.ancho) + " of ";
-    const auto linea = lineas_->Buscar(fallo.registro, grupo, campo, fallo.lugar.valor);
-    if (linea > 0) {
-        texto += "line " + std::to_string(linea);
-    } else {
-        texto += grupo == 0 ? "the line" : "a line of step-loop " + std::to_string(grupo);
-        texto += " of record " + std::to_string(fallo.registro);
-    }
-    const std::string archivo = lineas_->Archivo(grupo);
-    return archivo.empty() ? texto : texto + " of the file " + DesdeUtf8ConFaltas(archivo);
+    const auto numero = lineas_->Buscar(fallo.registro, grupo, campo, fallo.lugar.valor);
+    const std::string archivo = DesdeUtf8ConFaltas(lineas_->Archivo(grupo));
+    const auto enArchivo = [&](Frase linea) { return archivo.empty() ? linea : Frase("%1 of the file %2", {linea, archivo}); };
+    Frase linea = numero > 0 && !archivo.empty() ? Frase("line %1 of the file %2", {n(numero), archivo})
+                  : numero > 0                   ? Frase("line %1", {n(numero)})
+                  : grupo == 0                   ? enArchivo({"the line of record %1", {n(fallo.registro)}})
+                               : enArchivo({"a line of step-loop %1 of record %2", {std::to_string(grupo), n(fallo.registro)}});
+    if (diseno_->PorTabuladores()) return {", the %1. field of %2", {std::to_string(sitio.numero), std::move(linea)}};
+    return {", columns %1 to %2 of %3", {n(sitio.columna + 1), n(sitio.columna + sitio.ancho), std::move(linea)}};
+}
+
+std::optional<LugarDeEntrada> Explicaciones::EntradaDe(const FalloDeRegistro& fallo) {
+    if (repeticion_ || !diseno_ || !diseno_->HayArchivo()) return std::nullopt;
+    const auto procedencia = Buscar(fallo);
+    if (!procedencia || procedencia->campoDeArchivo < 0) return std::nullopt;
+    const auto linea = lineas_->Buscar(fallo.registro, procedencia->grupo, procedencia->campoDeArchivo, fallo.lugar.valor);
+    if (linea == 0) return std::nullopt;
+    return LugarDeEntrada{procedencia->grupo, linea, procedencia->campoDeArchivo};
 }
 
 std::string Explicaciones::VariableDeArchivo(int grupo, const ConvencionesDeNombres& nombres) const {
@@ -127,29 +136,30 @@ std::string Explicaciones::VariableDeArchivo(int grupo, const ConvencionesDeNomb
     return prefijo + (grupo == 0 ? "FILE" : nombres.RaizArchivoStep + std::to_string(grupo));
 }
 
-std::string Explicaciones::QueHacer(const FalloDeRegistro& fallo, const std::optional<Procedencia>& procedencia) const {
+Frase Explicaciones::QueHacer(const FalloDeRegistro& fallo, const std::optional<Procedencia>& procedencia) const {
     const auto& mensaje = fallo.mensaje;
     const bool deArchivo = procedencia && procedencia->campoDeArchivo >= 0;
-    const std::string donde = deArchivo ? "in the file" : procedencia ? "in the specification" : "where it comes from";
-    const std::string enFila = procedencia ? " (" + Fila("program", procedencia->fila) + ")" : "";
+    const Frase donde = deArchivo ? "in the file" : procedencia ? "in the specification" : "where it comes from";
+    const Frase enFila = procedencia ? Frase(" (%1)", {FilaDelPrograma(procedencia->fila)}) : Frase();
     if (!fallo.lugar.campo.empty() && (fallo.esBapi || (mensaje.id == mensajes::clase && mensaje.numero == mensajes::sinEntrada))) {
-        return "correct the value " + donde + ", or add it to the value list of " +
-               std::string(SinNumeroDeFila(fallo.lugar.campo)) + " in " + valores_;
+        return {"correct the value %1, or add it to the value list of %2 in %3",
+                {donde, std::string(SinNumeroDeFila(fallo.lugar.campo)), valores_}};
     }
     if (fallo.esBapi && mensaje.texto.ends_with(" is missing or initial")) {
         return "the BAPI demands it, as the catalogue says: fill it in the specification";
     }
     if (mensaje.id != mensajes::clase) return {};
     if (mensaje.numero == mensajes::malFormado) {
-        return "the value is longer than the field of the screen: shorten it " + donde +
-               (deArchivo ? ", or the field's width" : "");
+        return {deArchivo ? "the value is longer than the field of the screen: shorten it %1, or the field's width"
+                          : "the value is longer than the field of the screen: shorten it %1",
+                {donde}};
     }
     if (mensaje.numero == mensajes::sinCampo)
-        return "the recording of this screen has no such field: correct its name" + enFila + ", or record it";
+        return {"the recording of this screen has no such field: correct its name%1, or record it", {enFila}};
     if (mensaje.numero == mensajes::sinPantalla) {
         if (fallo.lugar.programa.empty())
             return "the first row has to open a screen, and each row behind it is a screen or a field";
-        return "the recording of the transaction has no such screen: correct it" + enFila + ", or record it";
+        return {"the recording of the transaction has no such screen: correct it%1, or record it", {enFila}};
     }
     return {};
 }

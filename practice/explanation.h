@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/phrase.h"
+#include "model/input_place.h"
 #include "model/naming.h"
 #include "model/options.h"
 #include "model/place.h"
@@ -29,10 +31,14 @@ public:
     void EsRepeticion(bool repeticion) { repeticion_ = repeticion; }
     void PonerArchivos(ArchivoDeGrupo archivo);
 
-    std::vector<std::string> De(const FalloDeRegistro& fallo);
+    // Value and origin, and what is to be done.
+    std::vector<Frase> De(const FalloDeRegistro& fallo);
 
     // The cell of the program side whose value or screen failed; Parte::Ninguna where that is not known.
     Lugar CeldaDe(const FalloDeRegistro& fallo) const;
+
+    // Where in the input files that value stands; nothing where it comes from none of them, or the line was not found.
+    std::optional<LugarDeEntrada> EntradaDe(const FalloDeRegistro& fallo);
 
     // What the report reads a group's records from; 0 is the main record. Empty where it reads no file.
     std::string VariableDeArchivo(int grupo, const ConvencionesDeNombres& nombres) const;
@@ -47,9 +53,9 @@ private:
 
     std::optional<Procedencia> Buscar(const FalloDeRegistro& fallo) const;
     int BuscarFila(const FalloDeRegistro& fallo) const;
-    std::string DeDondeViene(const FalloDeRegistro& fallo, const Procedencia& procedencia);
-    std::string LugarEnArchivo(const FalloDeRegistro& fallo, const Procedencia& procedencia);
-    std::string QueHacer(const FalloDeRegistro& fallo, const std::optional<Procedencia>& procedencia) const;
+    Frase DeDondeViene(const FalloDeRegistro& fallo, const Procedencia& procedencia);
+    Frase LugarEnArchivo(const FalloDeRegistro& fallo, const Procedencia& procedencia);
+    Frase QueHacer(const FalloDeRegistro& fallo, const std::optional<Procedencia>& procedencia) const;
 
     const Especificacion* especificacion_;
     const Opciones* opciones_;

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <optional>
 
+#include "practice/messages.h"
+
 namespace qor {
 
 namespace {
@@ -18,20 +20,22 @@ std::optional<std::size_t> LeerNumeroDeRegistro(std::string_view texto) {
 
 }  // namespace
 
-std::string LineaDeFallo(const FalloDeRegistro& fallo) {
-    std::string linea = "record " + std::to_string(fallo.registro);
-    const auto agregar = [&linea](std::string_view parte) {
-        if (!parte.empty()) linea.append(", ").append(parte);
+Frase MotivoDeFallo(const FalloDeRegistro& fallo) {
+    std::string lugar;
+    const auto agregar = [&lugar](std::string_view parte) {
+        if (!parte.empty()) lugar.append(lugar.empty() ? "" : ", ").append(parte);
     };
     agregar(fallo.que);
     if (!fallo.esBapi) {
         agregar(fallo.lugar.programa);
-        if (!fallo.lugar.dynpro.empty()) linea.append(fallo.lugar.programa.empty() ? ", " : " ").append(fallo.lugar.dynpro);
+        if (!fallo.lugar.dynpro.empty()) lugar.append(fallo.lugar.programa.empty() ? ", " : " ").append(fallo.lugar.dynpro);
         agregar(fallo.lugar.campo);
     }
-    linea.append(": ").append(fallo.mensaje.id).append(" ").append(fallo.mensaje.numero);
-    return linea.append(" ").append(fallo.mensaje.texto);
+    lugar.append(": ").append(fallo.mensaje.id).append(" ").append(fallo.mensaje.numero).append(" ");
+    return {"%1%2", {lugar, FraseDeMensaje(fallo.mensaje.texto)}};
 }
+
+Frase LineaDeFallo(std::size_t registro, Frase motivo) { return {"record %1, %2", {std::to_string(registro), std::move(motivo)}}; }
 
 bool LeerFalloPedido(std::string_view texto, FallosPorRegistro& fallos) {
     const auto igual = texto.find('=');

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/phrase.h"
 #include "practice/events.h"
 
 namespace qor {
@@ -18,8 +19,10 @@ struct FalloDeRegistro {
     LugarDeFallo lugar;
 };
 
-// "record 3, MM01, SAPLMGMM 0070, MARA-MTART: 00 058 Entry ROHX does not exist"
-std::string LineaDeFallo(const FalloDeRegistro& fallo);
+// "MM01, SAPLMGMM 0070, MARA-MTART: 00 058 Entry ROHX does not exist"
+Frase MotivoDeFallo(const FalloDeRegistro& fallo);
+// The same of a record: "record 3, MM01, ..."
+Frase LineaDeFallo(std::size_t registro, Frase motivo);
 
 // The records that are to fail, by their numbers.
 using FallosPorRegistro = std::map<std::size_t, FalloPedido>;

@@ -12,6 +12,17 @@ struct Conocido {
     std::string_view texto;  // & takes the next variable, &1 to &4 the one of that number
 };
 
+// What the practice system itself says, as sentences.
+constexpr const char* frases[] = {
+    "Entry %1 does not exist",
+    "No batch input data for screen %1 %2",
+    "Field %1 does not exist in the screen %2 %3",
+    "Formatting error in the field %1",
+    "Parameter %1 is missing or initial",
+    "Transaction was processed",
+    "Asked to fail",
+};
+
 constexpr Conocido conocidos[] = {
     {"00", "001", "&1&2&3&4"},
     {"00", "058", "Entry & does not exist"},
@@ -73,6 +84,13 @@ std::string TextoDeMensaje(std::string_view clase, std::string_view numero, std:
         }
     }
     return ConBlancosSimples(texto);
+}
+
+Frase FraseDeMensaje(std::string_view texto) {
+    for (const auto* const frase : frases) {
+        if (auto reconocida = ReconocerFrase(texto, frase)) return *reconocida;
+    }
+    return std::string(texto);
 }
 
 }  // namespace qor

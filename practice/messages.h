@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/phrase.h"
+
 // Messages of the practice system: a class, a number and up to four variables, of which a text is made.
 namespace qor {
 
@@ -28,5 +30,8 @@ bool ConoceMensaje(std::string_view clase, std::string_view numero);
 // The text of a message. Each variable and the whole lose the blanks behind them, and several blanks become one. Of a message that
 // is not known: class, number and variables.
 std::string TextoDeMensaje(std::string_view clase, std::string_view numero, std::span<const std::string> variables);
+
+// The text of a message with its variables, which the practice system may have given, apart.
+Frase FraseDeMensaje(std::string_view texto);
 
 }  // namespace qor

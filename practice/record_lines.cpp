@@ -40,7 +40,7 @@ LineasDeRegistros::Archivado& LineasDeRegistros::Leer(const std::string& archivo
     nuevo.lineas = PartirEnLineas(nuevo.texto);
     const auto identificador = diseno_.Identificador(0);
     for (std::size_t i = 0; i < nuevo.lineas.size() && !identificador.empty(); ++i) {
-        if (nuevo.lineas[i].starts_with(identificador)) nuevo.principales.push_back(i + 1);
+        if (TieneIdentificador(nuevo.lineas[i], identificador)) nuevo.principales.push_back(i + 1);
     }
     return nuevo;
 }
@@ -54,9 +54,11 @@ std::size_t LineasDeRegistros::LineaPrincipal(std::size_t registro) {
 // In the one file the lines of a group stand behind their main record.
 std::size_t LineasDeRegistros::BuscarDetras(const Archivado& unico, std::size_t principal, int grupo, int filaDeArchivo,
                                             std::string_view valor) const {
-    for (std::size_t i = principal; i < unico.lineas.size() && !unico.lineas[i].starts_with(diseno_.Identificador(0)); ++i) {
+    for (std::size_t i = principal; i < unico.lineas.size() && !TieneIdentificador(unico.lineas[i], diseno_.Identificador(0));
+         ++i) {
         const auto linea = unico.lineas[i];
-        if (linea.starts_with(diseno_.Identificador(grupo)) && diseno_.ValorEn(linea, filaDeArchivo, grupo) == valor) return i + 1;
+        if (TieneIdentificador(linea, diseno_.Identificador(grupo)) && diseno_.ValorEn(linea, filaDeArchivo, grupo) == valor)
+            return i + 1;
     }
     return 0;
 }

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -142,7 +144,7 @@ struct CasoDeIda {
 // The lines of the files, each with something in it.
 std::vector<std::string> HacerArchivos(const CasoDeIda& caso, Azar& azar) {
     std::vector<std::string> archivos(caso.ids.empty() ? caso.anchos.size() : 1);
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 2000; ++i) {
         const auto clase = static_cast<std::size_t>(azar.Hasta(static_cast<int>(caso.anchos.size())));
         std::string linea = caso.ids.empty() ? "" : caso.ids[clase];
         const auto id = linea.size();
@@ -162,6 +164,29 @@ std::vector<std::string> HacerArchivos(const CasoDeIda& caso, Azar& azar) {
     return archivos;
 }
 
+// Without the lines that have errors.
+void DejarBuenas(ConversionDePrueba& prueba, const std::vector<std::string>& nombres, std::vector<std::string>& archivos) {
+    std::vector<std::string> revisar = {"data", "check", "D/doc.qor", "--format", "json", "--max-findings", "1000000"};
+    for (const auto& nombre : nombres) revisar.push_back("D/" + nombre);
+    prueba.Correr(revisar);
+    const auto todo = nlohmann::json::parse(prueba.salida);
+    const std::set<std::string> deValores = {"missing-value", "not-a-number", "not-a-date"};
+    for (std::size_t i = 0; i < archivos.size(); ++i) {
+        std::set<std::size_t> malas;
+        for (const auto& hallazgo : todo["files"][i]["findings"]) {
+            if (deValores.contains(hallazgo["code"])) malas.insert(hallazgo["line"].get<std::size_t>());
+        }
+        std::string buenas;
+        const auto lineas = PartirEnLineas(archivos[i]);
+        for (std::size_t linea = 0; linea < lineas.size(); ++linea) {
+            if (!malas.contains(linea + 1)) buenas.append(lineas[linea]).append("\r\n");
+        }
+        ASSERT_GT(buenas.size(), 500u);
+        archivos[i] = buenas;
+        prueba.directorio.Escribir(nombres[i], buenas);
+    }
+}
+
 TEST(Conversion, ThereAndBackIsTheSame) {
     const std::vector<CasoDeIda> casos = {
         {"mm01/materials.qor", {}, {{18, 1, 4, 40, 3, 9, 17, 3}}},
@@ -175,7 +200,7 @@ TEST(Conversion, ThereAndBackIsTheSame) {
             caso.ejemplo,
             "MATNR required\nBRGEW number ,\nMAKTX number ,\nBSTKD date DD.MM.YYYY\nKUNNR number ,\nLIFNR date "
             "DD.MM.YYYY\nNAME1 number ,\nMATKL date YYYYMMDD\n");
-        const auto archivos = HacerArchivos(caso, azar);
+        auto archivos = HacerArchivos(caso, azar);
         std::vector<std::string> nombres;
         std::vector<std::string> devueltos;
         for (std::size_t i = 0; i < archivos.size(); ++i) {
@@ -183,6 +208,7 @@ TEST(Conversion, ThereAndBackIsTheSame) {
             devueltos.push_back("out" + std::to_string(i) + ".txt");
             prueba.directorio.Escribir(nombres.back(), archivos[i]);
         }
+        DejarBuenas(prueba, nombres, archivos);
         for (const std::string forma : {"xlsx", "csv", "tsv"}) {
             std::vector<std::string> tablas;
             for (std::size_t i = 0; i < (forma == "xlsx" ? 1 : caso.anchos.size()); ++i) {
@@ -388,6 +414,43 @@ TEST(Conversion, ItemsGoWithTheirOrder) {
     EXPECT_FALSE(Existe(prueba.directorio / "none.txt"));
 }
 
+// What goes with a record that is left out is left out, too, in whatever file or table it lies.
+TEST(Conversion, WholeOrdersAreLeftOut) {
+    ConversionDePrueba prueba("va01/orders.qor", "KUNNR number .\nKWMENG number .\nKWMENG required\n");
+    const auto orden = [](const std::string& numero, const std::string& cliente) {
+        return numero + std::string(20 - numero.size(), ' ') + "TA  1000100000" + cliente + "\n";
+    };
+    const auto partida = [](const std::string& numero, const std::string& cantidad) {
+        return numero + std::string(20 - numero.size(), ' ') + "PUMP              " + cantidad + "\n";
+    };
+    const std::string nulo(1, '\0');
+    prueba.directorio.Escribir("o.txt", orden("A", "1") + orden("B", nulo) + orden("C", "3") + orden("D", "4"));
+    prueba.directorio.Escribir("i.txt",
+                               partida("D", nulo) + partida("B", "2") + partida("A", "5") + partida("D", "6") + partida("C", "x"));
+    const std::vector<std::string> fuera = {"--leave-out"};
+    EXPECT_EQ(prueba.Convertir({"o.txt", "i.txt"}, {"o.csv", "i.csv"}, fuera), estadoRechazado);
+    EXPECT_EQ(prueba.errores, "FILE 2, SLOOP_1 2, 2 errors; records left out: 5\n");
+    EXPECT_THAT(prueba.Leer("i.csv"), AllOf(HasSubstr("A;PUMP;5"), HasSubstr("C;PUMP;x"), Not(HasSubstr("\nD;"))));
+
+    // On the way back the kinds are asked, and the order of the item without a number goes with it.
+    EXPECT_EQ(prueba.Convertir({"o.csv", "i.csv"}, {"o2.txt", "i2.txt"}), estadoRechazado);
+    EXPECT_EQ(prueba.Dicho(), "i.csv:3:3: error: KWMENG \"x\": no number with \".\" as its decimal sign [not-a-number]\n");
+    EXPECT_EQ(prueba.errores, "FILE 2, SLOOP_1 1, 1 error; nothing was written\n");
+    EXPECT_EQ(prueba.Convertir({"o.csv", "i.csv"}, {"o2.txt", "i2.txt"}, fuera), estadoRechazado);
+    EXPECT_EQ(prueba.errores, "FILE 1, SLOOP_1 1, 1 error; records left out: 2\n");
+    EXPECT_EQ(prueba.Leer("o2.txt") + prueba.Leer("i2.txt"),
+              "A                   TA  10001000001\r\nA                   PUMP              5\r\n");
+
+    // Nothing of a file is taken that is not in windows-1252.
+    prueba.directorio.Escribir("o.txt", orden("\xC3\x84", "1"));
+    EXPECT_EQ(prueba.Convertir({"o.txt", "i.txt"}, {"o3.csv", "i3.csv"}, fuera), estadoRechazado);
+    EXPECT_THAT(prueba.errores, HasSubstr("nothing was written"));
+    EXPECT_FALSE(Existe(prueba.directorio / "o3.csv"));
+    prueba.directorio.Escribir("o.csv", "a;b\r\nx;y\r\n");
+    EXPECT_EQ(prueba.Convertir({"o.csv", "i.csv"}, {"o2.txt", "i2.txt"}, {"--other-columns", "--separator", ";"}), estadoRechazado);
+    EXPECT_THAT(prueba.errores, HasSubstr("no heading in row 1 of the table FILE is a field"));
+}
+
 TEST(Conversion, TextsGetTheFormOfTheFile) {
     ConversionDePrueba prueba("fb01/postings.qor", "BLDAT date DDMMYYYY\nWRBTR number .\n");
     prueba.directorio.Escribir("in.txt",
@@ -511,6 +574,7 @@ TEST(Workbook, BadFilesAreToldAndNeverHarm) {
         {Hoja("<row r=\"2\"/><row r=\"1\"/>"), "order"},
         {Hoja("<row r=\"1048577\"/>"), "order"},
         {Hoja("<row><c r=\"ZZZZ1\"/></row>"), "no column"},
+        {Hoja("<row r=\"7\"><c r=\"B7\"><v>1</v></c><c r=\"B7\"><v>2</v></c></row>"), "sheet A, cell B7: two cells"},
         {Hoja("<row><c t=\"s\"><v>3</v></c></row>"), "shared string is missing"},
         {Hoja("<row>" + std::string(20 << 20, 'x') + "</row>"), "16 megabytes"},
         {Hoja("<row>" + std::string(80 << 20, ' ') + "</row>"), "no workbook is"},

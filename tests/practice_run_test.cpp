@@ -417,7 +417,7 @@ TEST(Run, ComparesItsJournalWithAnExpectedOne) {
          {"--journal", "D/j"},
          1,
          "record 2, event 1, transaction MM01, SAPX 0100, RM-MATNR: \"B2\" instead of \"B9\"\n"
-         "record 2, event 1, transaction MM01, SAPX 0100, F: \"v\" is missing\n"
+         "record 2, event 1, transaction MM01, SAPX 0100, F: \"v\" missing\n"
          "record 2, event 1, transaction MM01, message: \"S 00 355 Transaction was processed\" instead of \"S 00 355 Done\"\n"
          "1 event is not as in D/e.\n"},
         // A record too many or too few leaves the others alone.
@@ -427,8 +427,8 @@ TEST(Run, ComparesItsJournalWithAnExpectedOne) {
              transaccion("3", campo("C3"), bien) + final,
          {},
          1,
-         "record 1, event 2, commit is missing\nrecord 2, event 1, transaction MM01 is not expected\n"
-         "record 3, event 1, transaction MM01 is missing\n3 events are not as in D/e.\n"},
+         "record 1, event 2, commit missing\nrecord 2, event 1, transaction MM01 not expected\n"
+         "record 3, event 1, transaction MM01 missing\n3 events are not as in D/e.\n"},
         {inicio + uno + dos + final,
          {"--fail", "2=No"},
          1,

@@ -55,19 +55,23 @@ TEST(RehearsalLines, RecordsAreFoundByStateNumberAndFailure) {
     resultado.registros.assign(100, EstadoDeRegistro::EnSesion);
     const auto fallar = [&](std::size_t registro, const char* texto, int fila) {
         resultado.registros[registro - 1] = EstadoDeRegistro::Fallado;
-        resultado.fallos.push_back({registro, texto, {}, Lugar::EnPrograma(fila, 3)});
+        resultado.fallos.push_back({registro, {}, texto, {}, Lugar::EnPrograma(fila, 3), {}});
     };
     fallar(12,
-           "record 12, MM01: 00 058 Entry \xD1"
+           "MM01: 00 058 Entry \xD1"
            "ANDU does not exist",
            4);
-    fallar(40, "record 40: stopped at 17", 5);
-    fallar(12, "record 12, MM02: not found", 9);
+    fallar(40, "stopped at 17", 5);
+    fallar(12, "MM02: not found", 9);
     auto& volcado = resultado.volcado.emplace();
     volcado.registro = 90;
     volcado.nombre = "COMPUTE";
     volcado.texto = "by zero";
-    RegistrosVistos vistos;
+    // Looked for in the language of the user.
+    RegistrosVistos vistos([](const Frase& frase) {
+        return frase.En(
+            [](std::string_view ingles) { return std::string(ingles == "MM02: not found" ? "MM02: no existe" : ingles); });
+    });
     vistos.Poner(&resultado);
     EXPECT_EQ(vistos.Cuantos(), 100U);
     EXPECT_EQ(vistos.Motivo(40), "stopped at 17");

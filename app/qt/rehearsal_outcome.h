@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTabWidget>
+#include <optional>
 #include <vector>
 
 #include "app/rehearsal_lines.h"
@@ -26,10 +27,16 @@ public:
     void Poner(const ResultadoDeEnsayo* resultado, const std::vector<LineaDeTotal>& totales);
 
 signals:
-    // A value, a condition, a pair was activated.
+    // A condition or a pair was activated, or what led to a short dump.
     void Activada(const Lugar& celda);
+    // A failure was activated: its place among those of the result.
+    void FalloActivado(std::size_t fallo);
     // A failure was chosen.
     void RegistroElegido(std::size_t registro);
+
+public:
+    // The failure that has the focus; nothing for none.
+    std::optional<std::size_t> FalloConFoco() const;
 
 private:
     QWidget* CrearVolcado();
@@ -40,7 +47,7 @@ private:
     void PonerVolcado(const ResultadoDeEnsayo& resultado);
     void Titular();
     void Activar(const QTreeWidgetItem* linea);
-    QTreeWidget* NuevoArbol(const char* nombre, const char* accesible);
+    QTreeWidget* NuevoArbol(const char* nombre, int accesible);
 
     const TextosIdioma& textos_;
     CajaDeLectura* lista_;

@@ -12,23 +12,22 @@
 #include "app/pages/findings_model.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
+#include "base/qt/whole_column.h"
 #include "base/qt/words.h"
+#include "practice/messages.h"
 
 namespace qor {
 
 using Clase = LineaDeEnvio::Clase;
 
 QString MotivoQt(const TextosIdioma& textos, const std::string& motivo) {
-    constexpr std::string_view antes = "The condition ";
-    constexpr std::string_view detras = " is not met.";
-    if (motivo.size() > antes.size() + detras.size() && motivo.starts_with(antes) && motivo.ends_with(detras)) {
-        const auto nombre = motivo.substr(antes.size(), motivo.size() - antes.size() - detras.size());
-        return Palabra(textos, "The condition %1 is not met.").arg(TextoQt(nombre));
-    }
-    return Palabra(textos, motivo);
+    const auto condicion = ReconocerFrase(motivo, "The condition %1 is not met.");
+    return condicion ? FraseQt(textos, *condicion) : EnIdioma(textos, motivo);
 }
 
 namespace {
+
+constexpr int maximoDeLetras = 60;  // of a column to begin with; a value can be of any length
 
 // The cell without its side, which is mostly the program side.
 QString LugarCorto(const TextosIdioma& textos, const Lugar& celda) {
@@ -36,6 +35,14 @@ QString LugarCorto(const TextosIdioma& textos, const Lugar& celda) {
     const QString entero = LugarEnPalabras(textos, celda);
     const auto coma = entero.indexOf(QStringLiteral(", "));
     return celda.parte == Lugar::Parte::Programa && coma > 0 ? entero.mid(coma + 2) : entero;
+}
+
+// "E 00 058 Entry ROHX does not exist": type, class and number stay.
+QString MensajeQt(const TextosIdioma& textos, std::string_view mensaje) {
+    std::size_t detras = 0;
+    for (int palabras = 0; palabras < 3 && detras != std::string_view::npos; ++palabras) detras = mensaje.find(' ', detras + 1);
+    if (detras == std::string_view::npos) return TextoQt(mensaje);
+    return TextoQt(mensaje.substr(0, detras + 1)) + FraseQt(textos, FraseDeMensaje(mensaje.substr(detras + 1)));
 }
 
 }  // namespace
@@ -83,17 +90,18 @@ int ModeloDeEnvios::rowCount(const QModelIndex& padre) const {
 QString ModeloDeEnvios::Texto(const LineaDeEnvio& linea, int columna) const {
     switch (columna) {
         case Campo: {
+            if (linea.clase == Clase::Mensaje) return MensajeQt(textos_, linea.nombre);
             QString nombre = TextoQt(linea.nombre);
             if (linea.clase != Clase::Operacion) return nombre;
-            if (linea.fallado) return nombre + QStringLiteral(" - ") + Palabra(textos_, "failed");
-            if (linea.enSesion) return nombre + QStringLiteral(" - ") + Palabra(textos_, "in session");
+            if (linea.fallado) return nombre + QStringLiteral(" - ") + Palabra(textos_, palabra::Fallado);
+            if (linea.enSesion) return nombre + QStringLiteral(" - ") + Palabra(textos_, palabra::EnJuegoDeDatos);
             return nombre;
         }
         case Valor: return TextoQt(linea.valor);
         case DeArchivo: {
             QString campo = TextoQt(linea.deArchivo);
             if (!campo.isEmpty() && linea.grupo > 0 && linea.deRegistro > 0) {
-                campo += QStringLiteral(", ") + Palabra(textos_, "line %1").arg(linea.deRegistro);
+                campo += QStringLiteral(", ") + Palabra(textos_, palabra::LineaNumero).arg(linea.deRegistro);
             }
             return campo;
         }
@@ -110,7 +118,7 @@ QVariant ModeloDeEnvios::data(const QModelIndex& lugar, int papel) const {
     switch (papel) {
         case Qt::DisplayRole: return Texto(*linea, lugar.column());
         case Qt::ToolTipRole: return ComoConsejo(Texto(*linea, lugar.column()));
-        case Qt::AccessibleDescriptionRole: return linea->gris ? Palabra(textos_, "not sent") : QString();
+        case Qt::AccessibleDescriptionRole: return linea->gris ? Palabra(textos_, palabra::NoEnviado) : QString();
         case Qt::FontRole: {
             QFont letra;
             if (linea->clase == Clase::Operacion || linea->clase == Clase::Pantalla) letra.setBold(true);
@@ -132,7 +140,7 @@ QVariant ModeloDeEnvios::data(const QModelIndex& lugar, int papel) const {
 
 QVariant ModeloDeEnvios::headerData(int columna, Qt::Orientation orientacion, int papel) const {
     if (papel != Qt::DisplayRole || orientacion != Qt::Horizontal) return {};
-    constexpr std::array titulos = {"Field", "Value", "File field", "Comes from, or why not sent"};
+    constexpr std::array titulos = {palabra::Campo, palabra::Valor, palabra::CampoDelArchivo, palabra::DeDondeVieneOPorQueNo};
     return Palabra(textos_, titulos.at(static_cast<std::size_t>(columna)));
 }
 
@@ -149,7 +157,7 @@ QModelIndex ModeloDeEnvios::PrimerCulpable() const {
 ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
     : QTreeView(padre), modelo_(new ModeloDeEnvios(textos, this)) {
     setObjectName(QStringLiteral("ArbolDeEnvios"));
-    setAccessibleName(Palabra(textos, "What the record sends"));
+    setAccessibleName(Palabra(textos, palabra::LoQueEnviaElRegistro));
     setModel(modelo_);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -157,14 +165,16 @@ ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
     setExpandsOnDoubleClick(false);
     setIndentation(fontMetrics().height());
     header()->setSectionsMovable(false);
-    header()->setStretchLastSection(true);
+    MostrarEnteraLaUltimaColumna(*this);
     // Until there are records, as wide as the title.
     const int deArchivo = header()->sectionSizeHint(ModeloDeEnvios::DeArchivo);
     if (deArchivo > header()->defaultSectionSize()) setColumnWidth(ModeloDeEnvios::DeArchivo, deArchivo);
     connect(this, &QTreeView::activated, this, [this](const QModelIndex& lugar) {
-        if (const auto* const linea = modelo_->Linea(lugar); linea != nullptr && linea->celda.parte != Lugar::Parte::Ninguna) {
-            emit Activada(linea->celda);
-        }
+        const auto* const linea = modelo_->Linea(lugar);
+        if (linea == nullptr) return;
+        const bool enArchivo = lugar.column() == ModeloDeEnvios::DeArchivo || lugar.column() == ModeloDeEnvios::Celda;
+        if (enArchivo && linea->deRegistro > 0) return emit EntradaActivada(*linea);
+        if (linea->celda.parte != Lugar::Parte::Ninguna) emit Activada(linea->celda);
     });
 }
 
@@ -181,15 +191,10 @@ void ArbolDeEnvios::Abarcar(const QModelIndex& padre) {
 void ArbolDeEnvios::AjustarColumnas() {
     if (ajustado_ || modelo_->rowCount() == 0) return;
     ajustado_ = true;
-    struct Parte {
-        int columna;
-        int centesimos;  // of the width, at most
-    };
-    for (const auto& [columna, centesimos] :
-         {Parte{ModeloDeEnvios::Campo, 40}, Parte{ModeloDeEnvios::Valor, 33}, Parte{ModeloDeEnvios::DeArchivo, 25}}) {
+    const int letra = fontMetrics().averageCharWidth();
+    for (const int columna : {ModeloDeEnvios::Campo, ModeloDeEnvios::Valor, ModeloDeEnvios::DeArchivo}) {
         resizeColumnToContents(columna);
-        setColumnWidth(columna,
-                       std::min(columnWidth(columna) + fontMetrics().averageCharWidth(), viewport()->width() * centesimos / 100));
+        setColumnWidth(columna, std::min(columnWidth(columna) + letra, letra * maximoDeLetras));
     }
 }
 

@@ -48,8 +48,13 @@ public:
     // A field that made the record fail is brought into sight.
     void Poner(std::vector<LineaDeEnvio> lineas);
 
+    // The line that is current; null for none.
+    const LineaDeEnvio* Actual() const { return modelo_->Linea(currentIndex()); }
+
 signals:
     void Activada(const Lugar& celda);
+    // The same on the file field, or on where the value comes from, of one that was read from a file.
+    void EntradaActivada(const LineaDeEnvio& linea);
 
 private:
     void Abarcar(const QModelIndex& padre);

@@ -38,7 +38,6 @@ protected:
 
     const TextosIdioma& Textos() const { return textos_; }
     QString Rotulo(int mensaje) const;
-    QString Literal(std::string_view ingles) const;
     QString Palabra(int numero) const;
     void PonerTitulo(const std::string& titulo);
 

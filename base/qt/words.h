@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <span>
+#include <string>
 #include <string_view>
 
 #include "base/messages.h"
+#include "base/phrase.h"
 #include "base/words.h"
 
 namespace qor {
@@ -12,14 +13,11 @@ namespace qor {
 // A word of the loaded language; its number is one of base/words.h.
 QString Palabra(const TextosIdioma& textos, int numero);
 
-// The word in the loaded language. English stands for every language but Spanish, and for a word without a twin.
-QString Palabra(const TextosIdioma& textos, std::string_view ingles);
+// What the core says in English, in the loaded language: the word whose English text it is. A text that is no word stays.
+QString EnIdioma(const TextosIdioma& textos, std::string_view ingles);
 
-struct ParDePalabras {
-    std::string_view ingles;
-    std::string_view espanol;  // UTF-8
-};
-
-std::span<const ParDePalabras> TodasLasPalabras();
+// A sentence in the loaded language.
+std::string FraseEnIdioma(const TextosIdioma& textos, const Frase& frase);
+QString FraseQt(const TextosIdioma& textos, const Frase& frase);
 
 }  // namespace qor

@@ -42,9 +42,9 @@ public:
 
 private:
     template <typename Control>
-    void AgregarFila(QGridLayout* orden, const char* nombre, const char* rotulo, Control* control);
+    void AgregarFila(QGridLayout* orden, const char* nombre, int rotulo, Control* control);
     void Leer();
-    void Habilitar();
+    void MostrarDeTipo();
     void ElegirLista();
     QString Falta(const ClaseDeCampo& clase) const;
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTableView>
 #include <QTest>
 #include <QTreeView>
@@ -81,6 +82,30 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     ASSERT_TRUE(p.LaVentana().foco.has_value());
     EXPECT_EQ(p.LaVentana().transaccion.PrimeraFilaTransaccion + p.LaVentana().foco->linea, 12);
 
+    // Its line in the input file, from each place that tells of it.
+    const auto verLinea = [&](const std::function<void()>& abrir) {
+        std::string visto;
+        QApplication::setActiveWindow(Ventana());
+        ProgramaDePrueba::ConDialogo(abrir, [&](QDialog& dialogo) {
+            auto* const rejilla = dialogo.findChild<QTableView*>(QStringLiteral("TablaDeRegistros"));
+            visto = dialogo.findChild<QLabel*>(QStringLiteral("EstadoDeLineas"))->toolTip().left(11).toStdString() + ", " +
+                    rejilla->currentIndex().data().toString().toStdString();
+        });
+        return visto;
+    };
+    auto* const listaDeFallos = Parte<QTreeWidget>("ListaDeFallos");
+    listaDeFallos->setCurrentItem(listaDeFallos->topLevelItem(1));
+    const auto conTecla = [](QWidget* control, int tecla) {
+        return [=] {
+            control->setFocus();
+            QTest::keyClick(control, static_cast<Qt::Key>(tecla));
+        };
+    };
+    EXPECT_EQ(verLinea(conTecla(tabla, Qt::Key_Return)), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea(conTecla(listaDeFallos, Qt::Key_Return)), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea([&] { emit arbol->activated(arbol->currentIndex().siblingAtColumn(2)); }), "Line 4 of 4, FLUIDS");
+    EXPECT_EQ(verLinea(conTecla(arbol, Qt::Key_F7)), "Line 4 of 4, FLUIDS");
+
     // The third one has no weight.
     busqueda->setText(QStringLiteral("3"));
     const auto hallados = arbol->model()->match(arbol->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("MARA-BRGEW"), 1,
@@ -100,6 +125,10 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     const auto escrito = LeerArchivo(fallados);
     EXPECT_THAT(PartirEnLineas(escrito), testing::ElementsAre(lineas[1], lineas[3]));
 
+    auto* const division = Parte<QSplitter>("DivisionDeRegistros");
+    const int ancho = division->width() - division->handleWidth();
+    division->setSizes({ancho - 400, 400});
+
     // The file that was chosen is known to the next start, and not to the document.
     const auto otra = carpeta / "other.txt";
     std::filesystem::copy(fallados, otra);
@@ -112,6 +141,7 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     p.principal->Sincronizar();
     p.Control<QAction>("RehearseOption")->trigger();
     EXPECT_EQ(Parte<QLineEdit>("FILE")->text(), NombreQt(otra));
+    EXPECT_EQ(Parte<QSplitter>("DivisionDeRegistros")->sizes().value(1), 400) << "the window is as it was left";
 
     // A window that closes stops its run, also one without an end.
     p.LaVentana().documento.especificacion.TablaArchivo[0].conversion = "DO.\r\nENDDO.\r\n";
@@ -123,6 +153,35 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     ASSERT_TRUE(Ventana()->Corriendo()) << Parte<QLabel>("Estado")->text().toStdString();
     Ventana()->close();
     EXPECT_FALSE(Ventana()->Corriendo());
+}
+
+// Of several input files those beside the chosen one are not replaced unasked.
+TEST(FormEnsayo, FailedRecordsOfSeveralFilesAskForEach) {
+    ProgramaDePrueba p;
+    const auto carpeta = CopiarEjemplo(QOR_TEST_SOURCE_DIR "/examples/va01", p.directorio.Ruta());
+    ASSERT_TRUE(OpenOption(p.LaVentana(), carpeta / "orders.qor"));
+    p.principal->Sincronizar();
+    p.Control<QAction>("RehearseOption")->trigger();
+    ASSERT_NE(Ventana(), nullptr);
+    QApplication::setActiveWindow(Ventana());
+    Parte<QLineEdit>("FILE")->setText(NombreQt(carpeta / "orders.txt"));
+    Parte<QLineEdit>("SLOOP_1")->setText(NombreQt(carpeta / "items.txt"));
+    Parte<QLineEdit>("Fallos")->setText(QStringLiteral("1"));
+    QTest::keyClick(Ventana(), Qt::Key_F9);
+    ASSERT_TRUE(QTest::qWaitFor([] { return !Ventana()->Corriendo(); }, 30'000));
+    p.directorio.Escribir("bad-SLOOP_1.txt", "mine");
+    const auto exportar = [&](Respuesta respuesta) {
+        p.vista->archivos = {p.directorio / "bad.txt"};
+        p.vista->respuestas = {respuesta};
+        emit Parte<QMenu>("MenuDeExportar")->aboutToShow();
+        Parte<QAction>("ExportarFallados")->trigger();
+        return LeerArchivo(p.directorio / "bad-SLOOP_1.txt");
+    };
+    EXPECT_EQ(exportar(Respuesta::No), "mine");
+    EXPECT_FALSE(std::filesystem::exists(p.directorio / "bad.txt"));
+    const auto partidas = exportar(Respuesta::Si);
+    EXPECT_THAT(LeerArchivo(carpeta / "items.txt"), HasSubstr(partidas));
+    EXPECT_NE(partidas, "mine");
 }
 
 }  // namespace

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qor {
+
+// A sentence in English with its parts kept apart, so that whoever shows it can say it in another language. Texts are windows-1252.
+class Frase {
+public:
+    Frase() = default;
+    // The same in every language: a name, a value, what others have said.
+    Frase(std::string texto) : texto_(std::move(texto)) {}
+    // "%1" to "%9" in `ingles`, a literal, stand for the parts.
+    Frase(const char* ingles, std::vector<Frase> partes = {}) : ingles_(ingles), partes_(std::move(partes)) {}
+
+    bool Vacia() const { return ingles_ == nullptr ? texto_.empty() : *ingles_ == '\0'; }
+    std::string EnIngles() const;
+    // `palabra` gives the twin of a sentence in English: std::string(std::string_view ingles).
+    template <typename Palabra>
+    std::string En(const Palabra& palabra) const {
+        if (ingles_ == nullptr) return texto_;
+        std::vector<std::string> dichas;
+        for (const auto& parte : partes_) dichas.push_back(parte.En(palabra));
+        return Llenar(palabra(std::string_view(ingles_)), dichas);
+    }
+
+private:
+    static std::string Llenar(std::string_view plantilla, const std::vector<std::string>& partes);
+
+    const char* ingles_ = nullptr;
+    std::string texto_;
+    std::vector<Frase> partes_;
+};
+
+// Whether a text is that sentence with its parts, which are then what stands in their places; none of them holds what stands
+// behind it in the sentence. The parts of `ingles` are in their order.
+std::optional<Frase> ReconocerFrase(std::string_view texto, const char* ingles);
+
+}  // namespace qor

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QTreeView>
+
+namespace qor {
+
+// The last column of a tree has room for its title and for what it shows, and takes what is left of the width; what is wider than
+// the view is scrolled to.
+void MostrarEnteraLaUltimaColumna(QTreeView& arbol);
+
+}  // namespace qor
