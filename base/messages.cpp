@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/phrase.h"
 
 namespace qor {
 
@@ -66,22 +67,8 @@ Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas
 
 Mensaje MensajeLiteral(std::string_view texto) { return {{}, std::string(texto)}; }
 
-Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, std::initializer_list<std::string_view> partes) {
+Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vector<std::string>& partes) {
     return MensajeLiteral(Llenar(textos.Palabra(palabra), partes));
-}
-
-std::string Llenar(std::string_view plantilla, std::initializer_list<std::string_view> partes) {
-    std::string texto;
-    for (std::size_t i = 0; i < plantilla.size(); ++i) {
-        const bool esLugar = plantilla[i] == '%' && i + 1 < plantilla.size() && plantilla[i + 1] >= '1' && plantilla[i + 1] <= '9';
-        if (!esLugar) {
-            texto += plantilla[i];
-            continue;
-        }
-        const auto parte = static_cast<std::size_t>(plantilla[++i] - '1');
-        if (parte < partes.size()) texto += *(partes.begin() + parte);
-    }
-    return texto;
 }
 
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {

@@ -58,9 +58,7 @@ using Pieza = std::variant<int, std::string_view>;
 Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas);
 Mensaje MensajeLiteral(std::string_view texto);
 // A word with "%1" to "%9" filled; a message without a number.
-Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, std::initializer_list<std::string_view> partes = {});
-// What is put in is not searched for places.
-std::string Llenar(std::string_view plantilla, std::initializer_list<std::string_view> partes);
+Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vector<std::string>& partes = {});
 
 // A message with what the system said, where the failure is one of a file; any other failure adds nothing.
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo);

@@ -7,7 +7,7 @@ namespace {
 
 TEST(Phrases, PartsStandWhereTheSentenceOfALanguageHasThem) {
     const Frase dentro("line %1", {"7"});
-    const Frase frase("%1 of %2", {dentro, "100%1"});
+    const Frase frase("%1 of %2", {dentro, std::string("100%1")});
     EXPECT_EQ(frase.EnIngles(), "line 7 of 100%1") << "a sign in a part is no place";
     const auto alReves = [](std::string_view ingles) {
         return std::string(ingles == "%1 of %2" ? "%2: %1" : ingles == "line %1" ? "l. %1" : ingles);

@@ -14,6 +14,7 @@
 #include "app/pages/controls.h"
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
+#include "base/qt/whole_column.h"
 #include "base/qt/words.h"
 
 namespace qor {
@@ -120,7 +121,7 @@ PanelDeRegistros::PanelDeRegistros(const TextosIdioma& textos, QWidget* padre)
     tabla_->verticalHeader()->hide();
     tabla_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     tabla_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    tabla_->horizontalHeader()->setStretchLastSection(true);
+    MostrarEnteraLaUltimaColumna(*tabla_);
     tabla_->horizontalHeader()->setHighlightSections(false);
 
     auto* const cabeza = new QHBoxLayout;

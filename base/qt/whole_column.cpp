@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QTimer>
 #include <algorithm>
+#include <functional>
 
 namespace qor {
 
@@ -13,20 +14,20 @@ namespace {
 // Looks again whenever the width, the rows or the other columns change: once for all of that which comes at once.
 class UltimaColumna : public QObject {
 public:
-    explicit UltimaColumna(QTreeView& arbol) : QObject(&arbol), arbol_(arbol) {
+    UltimaColumna(QAbstractItemView& vista, QHeaderView& cabecera, std::function<void(int)> medir)
+        : QObject(&vista), vista_(vista), cabecera_(cabecera), medir_(std::move(medir)) {
         reloj_.setSingleShot(true);
         reloj_.setInterval(0);
         connect(&reloj_, &QTimer::timeout, this, [this] { Ajustar(); });
         const auto pedir = [this] { reloj_.start(); };
-        const auto* const modelo = arbol.model();
+        const auto* const modelo = vista.model();
         connect(modelo, &QAbstractItemModel::modelReset, this, pedir);
         connect(modelo, &QAbstractItemModel::rowsInserted, this, pedir);
         connect(modelo, &QAbstractItemModel::dataChanged, this, pedir);
-        connect(arbol.header(), &QHeaderView::sectionResized, this, [this](int columna) {
-            if (columna != arbol_.header()->count() - 1) reloj_.start();
+        connect(&cabecera, &QHeaderView::sectionResized, this, [this](int columna) {
+            if (columna != cabecera_.count() - 1) reloj_.start();
         });
-        connect(&arbol, &QTreeView::expanded, this, pedir);
-        arbol.viewport()->installEventFilter(this);
+        vista.viewport()->installEventFilter(this);
     }
 
     bool eventFilter(QObject* objeto, QEvent* evento) override {
@@ -36,24 +37,30 @@ public:
 
 private:
     void Ajustar() {
-        auto* const cabecera = arbol_.header();
-        const int ultima = cabecera->count() - 1;
+        const int ultima = cabecera_.count() - 1;
         if (ultima < 0) return;
-        arbol_.resizeColumnToContents(ultima);
-        const int resto = arbol_.viewport()->width() - cabecera->sectionPosition(ultima);
-        cabecera->resizeSection(ultima, std::max(cabecera->sectionSize(ultima), resto));
+        medir_(ultima);
+        const int resto = vista_.viewport()->width() - cabecera_.sectionPosition(ultima);
+        cabecera_.resizeSection(ultima, std::max(cabecera_.sectionSize(ultima), resto));
     }
 
-    QTreeView& arbol_;
+    QAbstractItemView& vista_;
+    QHeaderView& cabecera_;
+    std::function<void(int)> medir_;
     QTimer reloj_;
 };
 
+template <class Vista>
+void Preparar(Vista& vista, QHeaderView& cabecera) {
+    cabecera.setStretchLastSection(false);
+    vista.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    new UltimaColumna(vista, cabecera, [&vista](int columna) { vista.resizeColumnToContents(columna); });
+}
+
 }  // namespace
 
-void MostrarEnteraLaUltimaColumna(QTreeView& arbol) {
-    arbol.header()->setStretchLastSection(false);
-    arbol.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    new UltimaColumna(arbol);
-}
+void MostrarEnteraLaUltimaColumna(QTreeView& arbol) { Preparar(arbol, *arbol.header()); }
+
+void MostrarEnteraLaUltimaColumna(QTableView& tabla) { Preparar(tabla, *tabla.horizontalHeader()); }
 
 }  // namespace qor

@@ -78,7 +78,7 @@ struct TodosLosDialogos {
         // The preview wants records from a file.
         e.documento.especificacion.OrigenUsuario = false;
         agregar(new FormDatos(
-            e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .alCambiar = {}, .memoria = {}}, {}, nullptr));
+            e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .memoria = {}, .alCambiar = {}}, {}, nullptr));
         e.documento.especificacion.OrigenUsuario = true;
         agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
         agregar(new FormEjemplos(t, {{.carpeta = "mm01", .archivo = "a.qor", .frases = {{"en", "One."}}}}, "copies", nullptr));
@@ -92,10 +92,10 @@ struct TodosLosDialogos {
                                 .recordado = [](const std::string&) { return std::filesystem::path(); },
                                 .recordar = {},
                                 .irA = {},
-                                .ayuda = ayuda,
-                                .directorio = "",
                                 .verDatos = {},
                                 .valoresPropios = {},
+                                .ayuda = ayuda,
+                                .directorio = "",
                                 .memoria = {}}));
         return todos;
     }
