@@ -66,7 +66,6 @@ struct TodosLosDialogos {
         agregar(new FormLenguaje(t, v, datos + "/language.txt", "English", nullptr));
         agregar(new FormSelectLanguage(t, datos + "/language.txt", nullptr));
         agregar(new FormDirectorios(t, v, ajustes, nullptr));
-        agregar(new FormImport(importacion, sesion, t, v, nullptr));
         agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
         agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
         agregar(new FormPrinters(t, v, nullptr));
