@@ -54,7 +54,7 @@ FormDatos::FormDatos(Ventana& ventana, EntornoDeDatos entorno, const std::filesy
       ventana_(ventana),
       entorno_(std::move(entorno)),
       controles_(ventana, entorno_.alCambiar) {
-    setWindowTitle(Literal("Data preview"));
+    setWindowTitle(Palabra(palabra::VistaDeLosDatos));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(false);
     auto* const orden = new QVBoxLayout(this);
@@ -92,9 +92,9 @@ QLayout* FormDatos::CrearCabeza() {
     ruta_ = new QLineEdit(this);
     ruta_->setObjectName(QStringLiteral("Archivo"));
     ruta_->setReadOnly(true);
-    ruta_->setPlaceholderText(Literal("(no file was chosen)"));
+    ruta_->setPlaceholderText(Palabra(palabra::NoSeEligioNingunArchivo));
     auto* const examinar = NuevoBoton("Examinar", Rotulo(rotuloDeExaminar));
-    auto* const recargar = NuevoBoton("Recargar", Literal("Re&load"));
+    auto* const recargar = NuevoBoton("Recargar", Palabra(palabra::Recargar));
     recargar->setToolTip(QStringLiteral("F5"));
     connect(examinar, &QPushButton::clicked, this, &FormDatos::ElegirArchivo);
     connect(recargar, &QPushButton::clicked, this, [this] { Abrir(Archivo().Ruta()); });
@@ -102,7 +102,7 @@ QLayout* FormDatos::CrearCabeza() {
     linea_->setObjectName(QStringLiteral("IrALinea"));
     linea_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,18}")), linea_));
     linea_->setMaximumWidth(AnchoDeLetras(14));
-    linea_->setPlaceholderText(Literal("(number)"));
+    linea_->setPlaceholderText(Palabra(palabra::EjemploDeNumero));
     connect(linea_, &QLineEdit::returnPressed, this, [this] {
         const auto pedida = linea_->text().toULongLong();
         if (pedida > 0) tabla_->IrA(pedida - 1);
@@ -110,11 +110,11 @@ QLayout* FormDatos::CrearCabeza() {
         tabla_->setFocus();
     });
     auto* const fila = new QHBoxLayout;
-    fila->addWidget(NuevoRotulo("ArchivoLabel", Literal("&File:"), ruta_));
+    fila->addWidget(NuevoRotulo("ArchivoLabel", Palabra(palabra::RotuloArchivo), ruta_));
     fila->addWidget(ruta_, 1);
     fila->addWidget(examinar);
     fila->addWidget(recargar);
-    fila->addWidget(NuevoRotulo("IrALineaLabel", Literal("&Go to line:"), linea_));
+    fila->addWidget(NuevoRotulo("IrALineaLabel", Palabra(palabra::IrALaLinea), linea_));
     fila->addWidget(linea_);
     return fila;
 }
@@ -123,22 +123,16 @@ QLayout* FormDatos::CrearCabeza() {
 QWidget* FormDatos::CrearVacio() {
     vacio_ = new QWidget(this);
     vacio_->setObjectName(QStringLiteral("LadoVacio"));
-    auto* const explicacion = NuevaExplicacion(
-        "LadoVacioTexto",
-        Literal("The file side has no fields yet. They can be made from a heading line whose names are separated by "
-                "tabs, or from marks: click in the ruler below the table where a field ends."));
+    auto* const explicacion = NuevaExplicacion("LadoVacioTexto", Palabra(palabra::ElLadoDelArchivoNoTieneCampos));
     explicacion->setParent(vacio_);
-    deCabecera_ = NuevoBoton("LlenarDeCabecera", Literal("Fields from the headi&ng line"));
-    deMarcas_ = NuevoBoton("LlenarDeMarcas", Literal("Fields from the mar&ks"));
+    deCabecera_ = NuevoBoton("LlenarDeCabecera", Palabra(palabra::CamposDeLaCabecera));
+    deMarcas_ = NuevoBoton("LlenarDeMarcas", Palabra(palabra::CamposDeLasMarcas));
     connect(deCabecera_, &QPushButton::clicked, this, [this] {
         Editar([this] {
             if (Archivo().Indice()) LlenarLadoDeCabecera(ventana_, *diseno_, *Archivo().Indice());
         });
         if (LadoVacio()) return;
-        ventana_.vista.Informar(
-            MensajeLiteral(TextoDelModelo(Literal("The widths are those of the longest values in the first 1000 lines. The heading "
-                                                  "line is still a line of the file, and the "
-                                                  "report reads it as a record."))));
+        ventana_.vista.Informar(MensajeLiteral(TextoDelModelo(Palabra(palabra::LosAnchosSonDeLosValoresLargos))));
     });
     connect(deMarcas_, &QPushButton::clicked, this, [this] {
         Editar([this] {
@@ -156,7 +150,7 @@ QWidget* FormDatos::CrearVacio() {
 QWidget* FormDatos::CrearVista() {
     pestanas_ = new QTabBar(this);
     pestanas_->setObjectName(QStringLiteral("Archivos"));
-    pestanas_->setAccessibleName(Literal("Input files"));
+    pestanas_->setAccessibleName(Palabra(palabra::ArchivosDeEntrada));
     pestanas_->setDrawBase(false);
     pestanas_->setExpanding(false);
     connect(pestanas_, &QTabBar::currentChanged, this, [this](int archivo) {
@@ -167,7 +161,7 @@ QWidget* FormDatos::CrearVista() {
     modelo_->PonerHallazgos(&revision_->Hallazgos());
     modelo_->PonerIconos(IconoDeTema("finding-error"), IconoDeTema("finding-warning"));
     tabla_ = new TablaDeRegistros(modelo_, this);
-    tabla_->Rejilla()->setAccessibleName(Literal("Records of the file"));
+    tabla_->Rejilla()->setAccessibleName(Palabra(palabra::RegistrosDelArchivo));
     regla_ = new ReglaDeLinea(Textos(), this);
     regla_->setObjectName(QStringLiteral("Regla"));
     estadoDeLineas_ = NuevoRotulo("EstadoDeLineas", {});
@@ -191,7 +185,7 @@ QWidget* FormDatos::CrearVista() {
 
     clase_ = new PanelDeClase(
         Textos(), [this] { return ventana_.vista.ElegirParaAbrir(entorno_.directorio, todosLosArchivos); }, this);
-    guardarClases_ = NuevoBoton("GuardarClases", Literal("S&ave the checks"));
+    guardarClases_ = NuevoBoton("GuardarClases", Palabra(palabra::GuardarLosControles));
     connect(clase_, &PanelDeClase::Cambiada, this, &FormDatos::CambiarClase);
     connect(guardarClases_, &QPushButton::clicked, this, [this] {
         controles_.Guardar();
@@ -238,15 +232,15 @@ QWidget* FormDatos::CrearVista() {
 
 QLayout* FormDatos::CrearPie() {
     auto* const ayuda = NuevaAyuda("Ayuda", Rotulo(rotuloDeAyuda), entorno_.ayuda, 0);
-    deshacer_ = NuevoBoton("Deshacer", Literal("&Undo"));
+    deshacer_ = NuevoBoton("Deshacer", Palabra(palabra::Deshacer));
     deshacer_->setToolTip(QKeySequence(QKeySequence::Undo).toString(QKeySequence::NativeText));
     connect(deshacer_, &QPushButton::clicked, this, &FormDatos::DeshacerPaso);
-    mostrarLado_ = NuevoBoton("MostrarClases", Literal("Checks of the f&ield"));
+    mostrarLado_ = NuevoBoton("MostrarClases", Palabra(palabra::BotonControlesDelCampo));
     mostrarLado_->setCheckable(true);
     mostrarLado_->setChecked(screen()->availableSize().width() >= anchoConLado);
     lado_->setVisible(mostrarLado_->isChecked());
     connect(mostrarLado_, &QPushButton::toggled, lado_, &QWidget::setVisible);
-    auto* const cerrar = NuevoBoton("Cerrar", Literal("Close"));
+    auto* const cerrar = NuevoBoton("Cerrar", Palabra(palabra::Cerrar));
     connect(cerrar, &QPushButton::clicked, this, &QDialog::accept);
     return FilaDeBotones({ayuda, mostrarLado_, deshacer_, cerrar}, 1);
 }
@@ -307,8 +301,8 @@ void FormDatos::ElegirRutas(const std::filesystem::path& principal) {
         archivos_.push_back(std::make_unique<ArchivoVisto>(archivos[i].nombre));
         archivos_.back()->Abrir(ruta);
         nombres << QString::fromStdString(archivos[i].nombre);
-        pestanas_->addTab((i == 0 ? Literal("Main records") : Literal("Step-loop %1").arg(i)) + QStringLiteral(" (") +
-                          nombres.last() + QLatin1Char(')'));
+        pestanas_->addTab((i == 0 ? Palabra(palabra::RegistrosPrincipales) : Palabra(palabra::StepLoop).arg(i)) +
+                          QStringLiteral(" (") + nombres.last() + QLatin1Char(')'));
     }
     pestanas_->setVisible(archivos_.size() > 1);
     pestanas_->updateGeometry();  // tabs that came before the bar was seen have no height yet
@@ -492,7 +486,7 @@ void FormDatos::MostrarActual() {
 void FormDatos::MostrarEstado() {
     QStringList partes;
     if (cambiado_) {
-        partes << Literal("The file has changed. Please reload it.");
+        partes << Palabra(palabra::ElArchivoHaCambiado);
     } else if (!Archivo().Fallo().empty()) {
         partes << QString::fromStdString(Archivo().Fallo());
     }
@@ -500,12 +494,12 @@ void FormDatos::MostrarEstado() {
         const auto lineas = Archivo().Indice()->Lineas();
         const QLocale numeros;
         if (lineas == 0) {
-            partes << Literal("The file is empty.");
+            partes << Palabra(palabra::ElArchivoEstaVacio);
         } else {
-            partes << Literal("Line %1 of %2")
+            partes << Palabra(palabra::LineaDeLineas)
                           .arg(numeros.toString(qulonglong{tabla_->Actual() + 1}), numeros.toString(qulonglong{lineas}));
         }
-        if (!Archivo().Indice()->Completo()) partes << Literal("counting");
+        if (!Archivo().Indice()->Completo()) partes << Palabra(palabra::Contando);
     }
     if (const int fila = tabla_->FilaActual(); fila >= 0) {
         const QString motivos = modelo_->Motivos(fila, tabla_->ColumnaActual());

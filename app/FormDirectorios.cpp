@@ -12,6 +12,7 @@
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -27,16 +28,17 @@ void Tomar(std::filesystem::path& ajuste, const CajaDeLinea* caja) {
 
 FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, AjustesDelPrograma& ajustes, QWidget* padre)
     : Dialogo(textos, "FormDirectorios", padre), vista_(vista), ajustes_(ajustes) {
-    setWindowTitle(Literal("Directories and files"));
+    setWindowTitle(Palabra(palabra::DirectoriosYArchivos));
     auto* const rejilla = new QGridLayout;
-    documentos_ = NuevaFila(rejilla, 0, "Directory of the documents:", "DirectorioDocumentos",
+    documentos_ = NuevaFila(rejilla, 0, palabra::DirectorioDeLosDocumentos, "DirectorioDocumentos",
                             TextoDeRuta(ajustes.DirectorioDocumentos), true);
-    anchos_ = NuevaFila(rejilla, 1, "File of the field widths:", "ArchivoAnchos", TextoDeRuta(ajustes.ArchivoAnchos), false);
-    catalogo_ = NuevaFila(rejilla, 2, "BAPI catalogue:", "ArchivoBAPI", TextoDeRuta(ajustes.ArchivoBAPI), false);
-    editor_ = NuevaFila(rejilla, 3, "Text editor for reports:", "EditorDeTextos", ajustes.EditorDeTextos, false);
-    editor_->setPlaceholderText(Literal("a known one that is installed"));
+    anchos_ =
+        NuevaFila(rejilla, 1, palabra::ArchivoDeLosAnchosDeCampos, "ArchivoAnchos", TextoDeRuta(ajustes.ArchivoAnchos), false);
+    catalogo_ = NuevaFila(rejilla, 2, palabra::CatalogoDeBAPIs, "ArchivoBAPI", TextoDeRuta(ajustes.ArchivoBAPI), false);
+    editor_ = NuevaFila(rejilla, 3, palabra::EditorDeTextosParaLosReports, "EditorDeTextos", ajustes.EditorDeTextos, false);
+    editor_->setPlaceholderText(Palabra(palabra::UnoConocidoQueEsteInstalado));
     rejilla->setColumnStretch(1, 1);
-    auto* const aceptar = NuevoBoton("OK", Literal("OK"));
+    auto* const aceptar = NuevoBoton("OK", Palabra(palabra::Aceptar));
     aceptar->setDefault(true);
     auto* const cancelar = NuevoBoton("Cancel", Rotulo(187));
     connect(aceptar, &QPushButton::clicked, this, &QDialog::accept);
@@ -48,8 +50,8 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
     PonerTamano(90, 10);
 }
 
-CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char* rotulo, const char* nombre,
-                                        const std::string& valor, bool directorio) {
+CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, int rotulo, const char* nombre, const std::string& valor,
+                                        bool directorio) {
     auto* const caja = new CajaDeLinea(this);
     caja->setObjectName(QString::fromLatin1(nombre));
     caja->PonerTexto(valor);
@@ -64,7 +66,7 @@ CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, const char
             caja->PonerTexto(*ruta);
         }
     });
-    orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Literal(rotulo), caja), fila, 0);
+    orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Palabra(rotulo), caja), fila, 0);
     orden->addWidget(caja, fila, 1);
     orden->addWidget(examinar, fila, 2);
     return caja;

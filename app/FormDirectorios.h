@@ -24,8 +24,7 @@ protected:
     void accept() override;
 
 private:
-    CajaDeLinea* NuevaFila(QGridLayout* orden, int fila, const char* rotulo, const char* nombre, const std::string& valor,
-                           bool directorio);
+    CajaDeLinea* NuevaFila(QGridLayout* orden, int fila, int rotulo, const char* nombre, const std::string& valor, bool directorio);
 
     Vista& vista_;
     AjustesDelPrograma& ajustes_;

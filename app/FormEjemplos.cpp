@@ -8,6 +8,7 @@
 #include "app/pages/controls.h"
 #include "base/qt/text.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -20,20 +21,19 @@ constexpr int rotuloDeCancelar = 187;
 FormEjemplos::FormEjemplos(const TextosIdioma& textos, const std::vector<EjemploIncluido>& ejemplos,
                            const std::filesystem::path& destino, QWidget* padre)
     : Dialogo(textos, "FormEjemplos", padre), lista_(Nuevo<QListWidget>("ListaDeEjemplos", this)) {
-    setWindowTitle(Literal("Open an example"));
-    const bool espanol = IgualesSinCaja(textos.Texto(0), "Espanol");
-    lista_->setAccessibleName(Literal("Examples"));
+    setWindowTitle(Palabra(palabra::AbrirUnEjemplo));
+    const std::string& codigo = textos.Palabra(palabra::CodigoDelIdioma);
+    lista_->setAccessibleName(Palabra(palabra::Ejemplos));
     lista_->setWordWrap(true);
     lista_->setAlternatingRowColors(true);
     lista_->setSpacing(2);
     lista_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lista_->setResizeMode(QListView::Adjust);
-    for (const auto& ejemplo : ejemplos) lista_->addItem(QString::fromStdString(espanol ? ejemplo.espanol : ejemplo.ingles));
+    for (const auto& ejemplo : ejemplos) lista_->addItem(QString::fromStdString(ejemplo.Frase(codigo)));
     lista_->setCurrentRow(0);
     auto* const explicacion =
-        NuevaExplicacion("DestinoDeEjemplo",
-                         Literal("A copy of the example, with its input files, goes to %1 and is opened.").arg(NombreQt(destino)));
-    auto* const abrir = NuevoBoton("Abrir", Literal("&Open"));
+        NuevaExplicacion("DestinoDeEjemplo", Palabra(palabra::UnaCopiaDelEjemploSeAbre).arg(NombreQt(destino)));
+    auto* const abrir = NuevoBoton("Abrir", Palabra(palabra::Abrir));
     auto* const cancelar = NuevoBoton("Cancelar", Rotulo(rotuloDeCancelar));
     abrir->setDefault(true);
     connect(abrir, &QPushButton::clicked, this, &QDialog::accept);

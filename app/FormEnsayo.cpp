@@ -30,6 +30,7 @@
 #include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "base/words.h"
 #include "input/layout.h"
 
 namespace qor {
@@ -77,7 +78,7 @@ private:
 }  // namespace
 
 FormEnsayo::FormEnsayo(EntornoDeEnsayo entorno) : Dialogo(entorno.textos, "FormEnsayo", nullptr), entorno_(std::move(entorno)) {
-    setWindowTitle(Literal("Rehearsal"));
+    setWindowTitle(Palabra(palabra::Ensayo));
     setWindowIcon(IconoDeTema("rehearse"));
     setModal(false);
     setWindowFlags(Qt::Window);
@@ -112,28 +113,28 @@ FormEnsayo::~FormEnsayo() {
 // ---- Controls ----
 
 QLayout* FormEnsayo::CrearMando() {
-    correr_ = NuevoBoton("Correr", Literal("&Run"));
+    correr_ = NuevoBoton("Correr", Palabra(palabra::BotonEnsayar));
     correr_->setIcon(IconoDeTema("rehearse"));
     correr_->setToolTip(QStringLiteral("F9"));
-    detener_ = NuevoBoton("Detener", Literal("&Stop"));
+    detener_ = NuevoBoton("Detener", Palabra(palabra::Detener));
     avance_ = new QProgressBar(this);
     avance_->setObjectName(QStringLiteral("Avance"));
-    avance_->setAccessibleName(Literal("Progress of the rehearsal"));
+    avance_->setAccessibleName(Palabra(palabra::AvanceDelEnsayo));
     avance_->setTextVisible(false);
     avance_->setMaximumWidth(AnchoDeLetras(20));
     estado_ = NuevoRotulo("Estado", {});
     estado_->setTextFormat(Qt::PlainText);
     estado_->setWordWrap(true);
     estado_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    ajustes_ = NuevoBoton("MostrarAjustes", Literal("Se&ttings"));
+    ajustes_ = NuevoBoton("MostrarAjustes", Palabra(palabra::Ajustes));
     ajustes_->setCheckable(true);
     ajustes_->setChecked(true);
-    exportar_ = NuevoBoton("Exportar", Literal("&Export"));
+    exportar_ = NuevoBoton("Exportar", Palabra(palabra::Exportar));
     menuDeExportar_ = new QMenu(this);
     menuDeExportar_->setObjectName(QStringLiteral("MenuDeExportar"));
     exportar_->setMenu(menuDeExportar_);
     ayuda_ = NuevaAyuda("Ayuda", Rotulo(rotuloDeAyuda), entorno_.ayuda, 0);
-    cerrar_ = NuevoBoton("Cerrar", Literal("Close"));
+    cerrar_ = NuevoBoton("Cerrar", Palabra(palabra::Cerrar));
     connect(correr_, &QPushButton::clicked, this, &FormEnsayo::Correr);
     connect(detener_, &QPushButton::clicked, this, [this] {
         if (Corriendo()) ensayo_->Detener();
@@ -254,7 +255,7 @@ void FormEnsayo::PonerDocumento() {
     documento_ = entorno_.documento.ruta;
     pedido_->Reiniciar();
     revision_ = entorno_.documento.Revision();
-    setWindowTitle(Literal("Rehearsal") +
+    setWindowTitle(Palabra(palabra::Ensayo) +
                    (documento_.empty() ? QString() : QStringLiteral(" - ") + NombreQt(documento_.filename())));
     MostrarResultado(nullptr);
     ensayo_.reset();
@@ -293,8 +294,8 @@ void FormEnsayo::Correr() {
 }
 
 bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
-    const auto rehusar = [this](const char* frase, const fs::path& ruta) {
-        entorno_.vista.Advertir(MensajeLiteral(TextoDelModelo(Literal(frase).arg(NombreQt(ruta)))));
+    const auto rehusar = [this](int frase, const fs::path& ruta) {
+        entorno_.vista.Advertir(MensajeLiteral(TextoDelModelo(Palabra(frase).arg(NombreQt(ruta)))));
         return false;
     };
     PanelDePedido::Pedido elegido;
@@ -303,7 +304,7 @@ bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
     pedido.fallos = std::move(elegido.fallos);
     pedido.parametros = std::move(elegido.parametros);
     for (const auto& archivo : pedido_->Archivos()) {
-        if (!archivo.ruta.empty() && !HayArchivo(archivo.ruta)) return rehusar("There is no file %1.", archivo.ruta);
+        if (!archivo.ruta.empty() && !HayArchivo(archivo.ruta)) return rehusar(palabra::NoExisteElArchivo, archivo.ruta);
         pedido.archivos.push_back(archivo.ruta);
         entorno_.recordar(archivo.parametro, archivo.ruta);
     }
@@ -313,12 +314,12 @@ bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
     if (propios) pedido.sistema.valores = entorno_.valoresPropios;
     for (const auto& [nombre, archivo] : elegido.tablas) {
         const auto ruta = documento_.parent_path() / RutaDelSistema(archivo);
-        if (!HayArchivo(ruta)) return rehusar("There is no file %1.", ruta);
+        if (!HayArchivo(ruta)) return rehusar(palabra::NoExisteElArchivo, ruta);
         pedido.sistema.tablas.emplace_back(nombre, ruta);
     }
     std::error_code ignorado;
     if (!propios && !fs::is_directory(pedido.sistema.valores, ignorado)) {
-        return rehusar("There is no folder %1.", pedido.sistema.valores);
+        return rehusar(palabra::NoExisteLaCarpeta, pedido.sistema.valores);
     }
     if (pedido_->EnArchivoPropio()) pedido.sistema.archivo = entorno_.archivoPropio();
     if (!documento_.empty()) {
@@ -363,9 +364,9 @@ void FormEnsayo::MirarAvance() {
     if (!Corriendo()) return;
     if (listo_) return Terminar();
     if (avance_->maximum() > 0) avance_->setValue(std::min(static_cast<int>(ensayo_->Empezados()), avance_->maximum()));
-    if (ensayo_->Empezados() == 0) return PonerEstado(Literal("The input files are being read"));
+    if (ensayo_->Empezados() == 0) return PonerEstado(Palabra(palabra::SeLeenLosArchivosDeEntrada));
     const std::chrono::duration<double> segundos = std::chrono::steady_clock::now() - comienzo_;
-    PonerEstado(Literal("%1 records, %2 failed, %3 s")
+    PonerEstado(Palabra(palabra::CuentaDelEnsayoEnMarcha)
                     .arg(Cifra(ensayo_->Empezados()), Cifra(ensayo_->Fallados()), QLocale().toString(segundos.count(), 'f', 1)));
 }
 
@@ -378,23 +379,24 @@ void FormEnsayo::Terminar() {
     const auto& resultado = ensayo_->Resultado();
     const auto& cuenta = resultado.cuenta;
     if (!falloDelHilo_.empty()) {
-        PonerEstado(Literal("The rehearsal failed: %1").arg(QString::fromStdString(falloDelHilo_)));
+        PonerEstado(Palabra(palabra::ElEnsayoFallo).arg(QString::fromStdString(falloDelHilo_)));
     } else if (!resultado.empezado) {
-        PonerEstado(Literal("The report was not run."));
+        PonerEstado(Palabra(palabra::ElReportNoSeEjecuto));
     } else {
-        QStringList partes{Literal(cuenta.registros == 1 ? "%1 record read" : "%1 records read").arg(Cifra(cuenta.registros))};
-        constexpr std::array deVarios = {std::pair{EstadoDeRegistro::Contabilizado, "%1 posted"},
-                                         std::pair{EstadoDeRegistro::EnSesion, "%1 in session"},
-                                         std::pair{EstadoDeRegistro::Fallado, "%1 failed"}};
+        QStringList partes{Palabra(cuenta.registros == 1 ? palabra::CuentaDeUnRegistroLeido : palabra::CuentaDeRegistrosLeidos)
+                               .arg(Cifra(cuenta.registros))};
+        constexpr std::array deVarios = {std::pair{EstadoDeRegistro::Contabilizado, palabra::CuentaDeContabilizados},
+                                         std::pair{EstadoDeRegistro::EnSesion, palabra::CuentaEnJuegoDeDatos},
+                                         std::pair{EstadoDeRegistro::Fallado, palabra::CuentaDeFallados}};
         for (const auto& [estado, palabras] : deVarios) {
             const auto cuantos = registros_->Registros().CuantosEn(estado);
             if (cuantos == 1)
                 partes << Cifra(cuantos) + QLatin1Char(' ') + PalabraDe(Textos(), estado);
             else if (cuantos > 1)
-                partes << Literal(palabras).arg(Cifra(cuantos));
+                partes << Palabra(palabras).arg(Cifra(cuantos));
         }
-        if (resultado.volcado) partes << Literal("short dump");
-        if (resultado.detenido) partes << Literal("stopped");
+        if (resultado.volcado) partes << Palabra(palabra::Volcado);
+        if (resultado.detenido) partes << Palabra(palabra::Detenido);
         PonerEstado(partes.join(QStringLiteral(", ")));
     }
     if (screen()->availableSize().height() < altoSinAjustes) ajustes_->setChecked(false);
@@ -431,12 +433,12 @@ void FormEnsayo::MostrarRegistro() {
     QString titulo;
     if (registro > 0) {
         const auto estado = ensayo_->Resultado().registros.at(registro - 1);
-        titulo = Literal("Record %1: %2").arg(Cifra(registro), PalabraDe(Textos(), estado));
+        titulo = Palabra(palabra::RegistroConEstado).arg(Cifra(registro), PalabraDe(Textos(), estado));
         ConTrampa(entorno_.vista,
                   [&] { lineas = LineasDe(ensayo_->EnviosDe(registro), registros_->Registros().Culpables(registro)); });
         if (lineas.empty()) {
             titulo += QStringLiteral(". ") +
-                      (estado == EstadoDeRegistro::SinLlegar ? Literal("It was not worked on.") : Literal("It sent nothing."));
+                      (estado == EstadoDeRegistro::SinLlegar ? Palabra(palabra::NoSeProceso) : Palabra(palabra::NoEnvioNada));
         }
     }
     titulo_->setText(titulo);
@@ -485,10 +487,10 @@ void FormEnsayo::VerLoElegido() {
 void FormEnsayo::LlenarExportar() {
     menuDeExportar_->clear();
     menuDeExportar_
-        ->addAction(Literal("The &journal..."), this,
+        ->addAction(Palabra(palabra::ElDiario), this,
                     [this] { Exportar(filtroDeDiario, [this](const fs::path& archivo) { ensayo_->ExportarDiario(archivo); }); })
         ->setObjectName(QStringLiteral("ExportarDiario"));
-    auto* const fallados = menuDeExportar_->addAction(Literal("The &failed records..."), this, [this] { ExportarFallados(); });
+    auto* const fallados = menuDeExportar_->addAction(Palabra(palabra::LosRegistrosFallados), this, [this] { ExportarFallados(); });
     fallados->setObjectName(QStringLiteral("ExportarFallados"));
     fallados->setEnabled(ensayo_->Resultado().cuenta.fallados > 0 && !parametros_.empty());
     std::vector<std::string> sesiones;
@@ -497,14 +499,14 @@ void FormEnsayo::LlenarExportar() {
     menuDeExportar_->addSeparator();
     for (std::size_t n = 0; n < sesiones.size(); ++n) {
         menuDeExportar_->addAction(
-            Literal("The session %1...").arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
+            Palabra(palabra::ElJuegoDeDatos).arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
             [this, n] { Exportar(filtroDeTextos, [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); }); });
     }
 }
 
 void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs::path&)>& accion) {
     if (const auto archivo = entorno_.vista.ElegirParaGrabar(filtro); archivo && Escribir([&] { accion(*archivo); })) {
-        PonerEstado(Literal("Written: %1").arg(NombreQt(*archivo)));
+        PonerEstado(Palabra(palabra::Escrito).arg(NombreQt(*archivo)));
     }
 }
 
@@ -514,11 +516,11 @@ bool FormEnsayo::Escribir(const std::function<void()>& accion) {
         accion();
         return true;
     } catch (const FalloDeArchivo& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(palabra::LaExportacionFallo)));
         aviso.detalle = fallo.Detalle();
         entorno_.vista.Advertir(aviso);
     } catch (const FalloDeEjecucion& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Literal("The export failed.")));
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(palabra::LaExportacionFallo)));
         aviso.detalle = fallo.what();
         entorno_.vista.Advertir(aviso);
     }
@@ -532,7 +534,7 @@ bool FormEnsayo::PuedenReemplazarse(const std::vector<fs::path>& archivos) {
         if (Existe(archivo)) presentes << NombreQt(archivo.filename());
     }
     if (presentes.isEmpty()) return true;
-    const QString pregunta = Literal("Beside the chosen file these are written too, and they exist already: %1. Replace them?");
+    const QString pregunta = Palabra(palabra::ReemplazarLosDeAlLado);
     const auto mensaje = MensajeLiteral(TextoDelModelo(pregunta.arg(presentes.join(QStringLiteral(", ")))));
     return entorno_.vista.Preguntar(mensaje, Botones::SiNo) == Respuesta::Si;
 }
@@ -543,10 +545,10 @@ void FormEnsayo::ExportarFallados() {
     const auto archivos = ensayo_->ArchivosDeFallados(*elegido);
     if (!PuedenReemplazarse({archivos.begin() + 1, archivos.end()})) return;
     if (!Escribir([&] { ensayo_->ExportarFallados(*elegido); })) return;
-    if (archivos.size() == 1) return PonerEstado(Literal("Written: %1").arg(NombreQt(archivos.front())));
+    if (archivos.size() == 1) return PonerEstado(Palabra(palabra::Escrito).arg(NombreQt(archivos.front())));
     QStringList escritos;
     for (const auto& archivo : archivos) escritos << NombreQt(archivo.filename());
-    PonerEstado(Literal("Written: %1").arg(escritos.join(QStringLiteral(", "))));
+    PonerEstado(Palabra(palabra::Escrito).arg(escritos.join(QStringLiteral(", "))));
 }
 
 }  // namespace qor

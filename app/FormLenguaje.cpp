@@ -11,13 +11,14 @@
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
 FormLenguaje::FormLenguaje(const TextosIdioma& textos, Vista& vista, const std::filesystem::path& archivoDeIdiomas,
                            const std::string& IdiomaActual, QWidget* padre)
     : Dialogo(textos, "FormLenguaje", padre), Lenguaje_(new QComboBox(this)) {
-    setWindowTitle(Literal("Choose a language"));
+    setWindowTitle(Palabra(palabra::ElijaUnIdioma));
     Lenguaje_->setObjectName(QStringLiteral("Lenguaje"));
     Lenguaje_->setAccessibleName(windowTitle());
     Lenguaje_->setEditable(true);
@@ -28,7 +29,7 @@ FormLenguaje::FormLenguaje(const TextosIdioma& textos, Vista& vista, const std::
     const int presente = Lenguaje_->findText(TextoQt(IdiomaActual), Qt::MatchFixedString);
     Lenguaje_->setCurrentIndex(presente);
     if (presente < 0) Lenguaje_->setCurrentText(TextoQt(IdiomaActual));
-    auto* const OK = NuevoBoton("OK", Literal("OK"));
+    auto* const OK = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK->setDefault(true);
     connect(OK, &QPushButton::clicked, this, &QDialog::accept);
     auto* const orden = new QVBoxLayout(this);

@@ -27,6 +27,7 @@
 #include "app/qt/scroll_page.h"
 #include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
+#include "app/qt/toolkit_language.h"
 #include "base/failure.h"
 #include "base/failure_trap.h"
 #include "base/qt/text.h"
@@ -218,7 +219,7 @@ void Principal::MostrarConexion() {
     salida_->MostrarPrograma(estado.GenerateProgram);
     ConnectionStatus_->setVisible(estado.ConnectionStatus);
     QString sistema = TextoQt(conexion_->ConnectionStatus());
-    if (conexion_->EsDePractica()) sistema += QStringLiteral(" - ") + Palabra(programa_.textos, "Practice system");
+    if (conexion_->EsDePractica()) sistema += QStringLiteral(" - ") + Palabra(programa_.textos, palabra::SistemaDePractica);
     ConnectionStatus_->setText(sistema);
     MostrarTitulo();
 }
@@ -227,7 +228,7 @@ void Principal::MostrarConexion() {
 void Principal::MostrarTitulo() {
     QString titulo = QString::fromStdString(TituloDeVentana(ventana_.documento)) + QStringLiteral("[*]");
     if (conexion_->EsDePractica()) {
-        titulo += QStringLiteral("  -  ") + Palabra(programa_.textos, "Practice system");
+        titulo += QStringLiteral("  -  ") + Palabra(programa_.textos, palabra::SistemaDePractica);
     } else if (conexion_->Conectado()) {
         titulo += QStringLiteral("  -  ") + TextoQt(conexion_->ConnectionStatus());
     }
@@ -237,7 +238,7 @@ void Principal::MostrarTitulo() {
 // Everything anew in the loaded language.
 void Principal::RefrescarIdioma() {
     lazos_.SinCambios([this] {
-        CambiarIdiomaDeQt(IgualesSinCaja(programa_.textos.Texto(0), "Espanol"));
+        CambiarIdiomaDeQt(programa_.textos.Palabra(palabra::CodigoDelIdioma));
         PonerRotulos(controles_, programa_.textos);
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
@@ -325,7 +326,7 @@ void Principal::CuidarTrabajo() {
             copias_.Actualizar(abierto_);
         } catch (const FalloDeArchivo& fallo) {
             // A box would stand in the way of the work again and again.
-            statusBar()->showMessage(Palabra(programa_.textos, "Unsaved work can't be copied:") + QLatin1Char(' ') +
+            statusBar()->showMessage(Palabra(programa_.textos, palabra::NoSePuedeCopiarElTrabajo) + QLatin1Char(' ') +
                                      QString::fromStdString(fallo.Detalle()));
         }
     });
@@ -336,9 +337,9 @@ bool Principal::OfrecerTrabajo() {
     bool restaurado = false;
     for (auto& copia : copias_.Abandonadas()) {
         const QString nombre =
-            copia.documento.ruta.empty() ? Palabra(programa_.textos, "a new document") : NombreQt(copia.documento.ruta);
-        const QString pregunta = Palabra(programa_.textos, "Unsaved work on %1 was left behind at %2. Restore it?")
-                                     .arg(nombre, QString::fromStdString(copia.cuando));
+            copia.documento.ruta.empty() ? Palabra(programa_.textos, palabra::UnDocumentoNuevo) : NombreQt(copia.documento.ruta);
+        const QString pregunta =
+            Palabra(programa_.textos, palabra::QuedoTrabajoSinGuardar).arg(nombre, QString::fromStdString(copia.cuando));
         switch (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::RestaurarDescartarLuego)) {
             case Respuesta::Si:
                 Hacer([&] {

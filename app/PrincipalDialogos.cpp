@@ -109,8 +109,7 @@ void Principal::ClicPreview() {
 
 void Principal::ClicDatos(const std::filesystem::path& archivo) {
     if (!DisenoDeEntrada(abierto_.especificacion, abierto_.opciones).HayArchivo()) {
-        vista_->Informar(MensajeLiteral(TextoDelModelo(
-            Palabra(programa_.textos, "The records of this specification come from no file, so there is no data to preview."))));
+        vista_->Informar(MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::SinArchivoNoHayDatosQueMostrar))));
         return;
     }
     const auto memoria = programa_.rutaDeAjustes.parent_path() / "qor-input.ini";
@@ -232,7 +231,7 @@ void Principal::ClicSeleccionarIdioma() {
 }
 
 void Principal::PreguntarIdioma() {
-    FormSelectLanguage dialogo(programa_.textos, this);
+    FormSelectLanguage dialogo(programa_.textos, programa_.directorioDeDatos / "language.txt", this);
     dialogo.exec();
     CargarIdioma(dialogo.Idioma());
 }

@@ -12,6 +12,7 @@
 #include "base/failure.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "base/words.h"
 #include "editor/close_gaps.h"
 #include "editor/document_commands.h"
 #include "input/layout.h"
@@ -83,9 +84,7 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
     propios.CargarINI(carpeta / nombreDeAjustes);
     if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
     const Mensaje pregunta =
-        MensajeLiteral(TextoDelModelo(Palabra(programa_.textos,
-                                              "This example is made with naming conventions, and your settings have none. Activate "
-                                              "them? The options, page \"Naming conventions\", take them back.")));
+        MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
     if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
     activas = 1;
     GuardarElecciones(programa_);
@@ -107,7 +106,7 @@ void Principal::AbrirEjemplo() {
     try {
         archivo = CopiarEjemplo(directorio / ejemplo.carpeta, destino) / ejemplo.archivo;
     } catch (const FalloDeArchivo& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, "The example can't be copied.")));
+        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::NoSePuedeCopiarElEjemplo)));
         aviso.detalle = fallo.Detalle();
         return vista_->Advertir(aviso);
     }
@@ -118,7 +117,8 @@ void Principal::AbrirEjemplo() {
         case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
         case EjemploIncluido::Clase::Grabacion: {
             auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);
-            if (importacion) TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, "Rows")));
+            if (importacion)
+                TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, palabra::Filas)));
             break;
         }
     }

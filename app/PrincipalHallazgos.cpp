@@ -82,7 +82,7 @@ void Principal::MostrarHallazgos() {
     controles_.Buscar<QAction>("FindingsOption")->setChecked(vigia_.Pedido());
     // A box would stand in the way of the work again and again.
     if (!vigia_.Fallo().empty()) {
-        statusBar()->showMessage(Palabra(programa_.textos, "The findings can't be worked out:") + QLatin1Char(' ') +
+        statusBar()->showMessage(Palabra(programa_.textos, palabra::NoSePuedenDeterminarLosHallazgos) + QLatin1Char(' ') +
                                  TextoQt(vigia_.Fallo()));
     }
 }
@@ -112,7 +112,7 @@ void Principal::IrAVecino(int paso) {
         MirarHallazgos();
     }
     const int vecino = vigia_.Vecino(hallazgos_->Elegido(), paso);
-    if (vecino < 0) return statusBar()->showMessage(Palabra(programa_.textos, "No findings"));
+    if (vecino < 0) return statusBar()->showMessage(Palabra(programa_.textos, palabra::SinHallazgos));
     hallazgos_->Elegir(vecino);
     IrAHallazgo(vecino);
 }

@@ -27,8 +27,13 @@ struct Argumentos {
     bool avisosComoErrores = false;
 };
 
-const std::map<std::string, std::string (*)(const DocumentosRevisados&)> formatos = {
-    {"text", HallazgosComoTexto}, {"json", HallazgosComoJSON}, {"sarif", HallazgosComoSARIF}, {"github", HallazgosParaGitHub}};
+using Revisados = const DocumentosRevisados&;
+using Textos = const TextosIdioma&;
+const std::map<std::string, std::string (*)(Revisados, Textos)> formatos = {
+    {"text", [](Revisados revisados, Textos) { return HallazgosComoTexto(revisados); }},
+    {"json", [](Revisados revisados, Textos) { return HallazgosComoJSON(revisados); }},
+    {"sarif", HallazgosComoSARIF},
+    {"github", [](Revisados revisados, Textos) { return HallazgosParaGitHub(revisados); }}};
 
 bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     const auto chequear = [&](const std::string& ruta) {
@@ -72,7 +77,7 @@ bool CheckAll(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     };
     revisar(argumentos.documento);
     for (const auto& otro : argumentos.otros) revisar(otro);
-    contexto.salida << formatos.at(argumentos.formato)(revisados);
+    contexto.salida << formatos.at(argumentos.formato)(revisados, contexto.textos);
     if (argumentos.formato == "text") contexto.errores << ResumenDeHallazgos(revisados);
     return bien;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 #include "base/failure.h"
 #include "base/files.h"
@@ -15,6 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* nombreDeLista = "examples.txt";
+constexpr const char* codigoDeReserva = "en";
 
 EjemploIncluido LeerCabeza(std::string_view linea) {
     std::istringstream palabras{std::string(linea)};
@@ -48,15 +50,25 @@ fs::path DirectorioDeEjemplos(const fs::path& directorioDeDatos) {
     return {};
 }
 
+const std::string& EjemploIncluido::Frase(const std::string& codigo) const {
+    static const std::string ninguna;
+    for (const auto& elegido : {codigo, std::string(codigoDeReserva)}) {
+        if (const auto frase = frases.find(elegido); frase != frases.end()) return frase->second;
+    }
+    return ninguna;
+}
+
 std::vector<EjemploIncluido> LeerListaDeEjemplos(std::string_view texto) {
     std::vector<EjemploIncluido> ejemplos;
+    bool dentro = false;
     for (const auto linea : PartirEnLineas(texto)) {
-        if (EstaEnBlanco(linea) || linea.starts_with('#')) continue;
-        const bool ingles = linea.starts_with("en ");
-        if (!ingles && !linea.starts_with("es ")) {
+        if (linea.starts_with('#')) continue;
+        if (EstaEnBlanco(linea)) {
+            dentro = false;
+        } else if (!std::exchange(dentro, true)) {
             ejemplos.push_back(LeerCabeza(linea));
-        } else if (!ejemplos.empty()) {
-            (ingles ? ejemplos.back().ingles : ejemplos.back().espanol) = std::string(Recortar(linea.substr(3)));
+        } else {
+            ejemplos.back().frases[std::string(AntesDe(linea, ' '))] = Recortar(DespuesDe(linea, ' '));
         }
     }
     return ejemplos;

@@ -32,8 +32,8 @@ std::string ResumenDeHallazgos(const DocumentosRevisados& documentos);
 // One object; see the manual page for its members. A byte of a path that is no UTF-8 becomes U+FFFD.
 std::string HallazgosComoJSON(const DocumentosRevisados& documentos);
 
-// A log in the Static Analysis Results Interchange Format, 2.1.0.
-std::string HallazgosComoSARIF(const DocumentosRevisados& documentos);
+// A log in the Static Analysis Results Interchange Format, 2.1.0. What it says of a kind of findings is in English.
+std::string HallazgosComoSARIF(const DocumentosRevisados& documentos, const TextosIdioma& textos);
 
 // Workflow commands, one for each finding and for each document that could not be checked.
 std::string HallazgosParaGitHub(const DocumentosRevisados& documentos);

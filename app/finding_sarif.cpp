@@ -7,6 +7,7 @@
 #include "app/console_view.h"
 #include "app/finding_formats.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "findings/catalogue.h"
 #include "findings/place_words.h"
 
@@ -59,18 +60,18 @@ std::map<int, const Hallazgo*> EjemplosDeTipos(const DocumentosRevisados& docume
 
 // What is said of all findings of a kind. A message of Generate has its sentence in the language file only, so that of a finding
 // stands for it.
-std::string DescripcionDeTipo(const TipoDeHallazgo& tipo, const Hallazgo& ejemplo) {
-    if (tipo.ingles.empty()) return TextoDeTerminal(ejemplo.texto);
-    std::string descripcion(AntesDe(tipo.ingles, '\n'));  // the first of its sentences
+std::string DescripcionDeTipo(const TipoDeHallazgo& tipo, const Hallazgo& ejemplo, const TextosIdioma& textos) {
+    if (tipo.variantes == 0) return TextoDeTerminal(ejemplo.texto);
+    std::string descripcion = TextoDeTerminal(textos.PalabraInglesa(palabra::DeHallazgo(tipo.codigo, 0)));
     for (const char* valor : {"{1}", "{2}", "{3}", "{4}"}) descripcion = ReemplazarTodo(descripcion, valor, "...");
     return descripcion;
 }
 
-Json Regla(const Hallazgo& ejemplo) {
+Json Regla(const Hallazgo& ejemplo, const TextosIdioma& textos) {
     const auto& tipo = TipoDe(ejemplo.codigo);
     Json regla = Json::object();
     regla["id"] = CodigoDeHallazgo(tipo.codigo);
-    regla["shortDescription"] = EnUnTexto(DescripcionDeTipo(tipo, ejemplo));
+    regla["shortDescription"] = EnUnTexto(DescripcionDeTipo(tipo, ejemplo, textos));
     regla["help"] = EnUnTexto("See " + PaginaDeAyuda(tipo.codigo) + " in the help of the program.");
     regla["defaultConfiguration"]["level"] = PalabraDeGravedad(tipo.gravedad);
     return regla;
@@ -117,7 +118,7 @@ Json Corrida(const DocumentosRevisados& documentos) {
 
 }  // namespace
 
-std::string HallazgosComoSARIF(const DocumentosRevisados& documentos) {
+std::string HallazgosComoSARIF(const DocumentosRevisados& documentos, const TextosIdioma& textos) {
     Json programa = Json::object();
     programa["name"] = "qorgen";
     programa["version"] = QOR_VERSION;
@@ -125,7 +126,7 @@ std::string HallazgosComoSARIF(const DocumentosRevisados& documentos) {
     std::map<int, std::size_t> lugarDeRegla;
     for (const auto& [codigo, ejemplo] : EjemplosDeTipos(documentos)) {
         lugarDeRegla[codigo] = programa["rules"].size();
-        programa["rules"].push_back(Regla(*ejemplo));
+        programa["rules"].push_back(Regla(*ejemplo, textos));
     }
 
     Json corrida = Json::object();

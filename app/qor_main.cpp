@@ -14,9 +14,11 @@
 #include "app/qt/help_window.h"
 #include "app/qt/sap_actions.h"
 #include "app/qt/screen_view.h"
+#include "app/qt/toolkit_language.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
 #include "base/process.h"
+#include "base/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
 
@@ -53,6 +55,7 @@ void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
 // The data-set editor without the rest, for an end user who corrects a file. The file is named behind the option, or chosen in it.
 int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
     QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
+    qor::CambiarIdiomaDeQt(programa.textos.Palabra(qor::palabra::CodigoDelIdioma));
     qor::VistaDePantalla vista(programa.textos);
     const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
         auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);

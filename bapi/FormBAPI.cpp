@@ -23,6 +23,7 @@
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -67,7 +68,7 @@ void FormBAPI::CrearControles() {
     Arbol_->setMinimumWidth(AnchoDeLetras(56));
     partes->setStretchFactor(1, 1);
 
-    OK_ = NuevoBoton("OK", Literal("OK"));
+    OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     Cancel_ = NuevoBoton("Cancel", Rotulo(187));
     connect(OK_, &QPushButton::clicked, this, &FormBAPI::Aceptar);
     connect(Cancel_, &QPushButton::clicked, this, &QDialog::reject);

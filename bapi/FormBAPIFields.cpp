@@ -4,6 +4,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "base/words.h"
+
 namespace qor {
 
 FormBAPIFields::FormBAPIFields(const TextosIdioma& textos, QWidget* padre)
@@ -14,7 +16,7 @@ FormBAPIFields::FormBAPIFields(const TextosIdioma& textos, QWidget* padre)
     TodosOption_->setChecked(true);
     ObligatoriosOption_->setObjectName(QStringLiteral("ObligatoriosOption"));
     ObligatoriosOption_->setText(Rotulo(197));
-    auto* const OK = NuevoBoton("OK", Literal("OK"));
+    auto* const OK = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK->setDefault(true);
     auto* const Cancel = NuevoBoton("Cancel", Rotulo(187));
     connect(OK, &QPushButton::clicked, this, &QDialog::accept);

@@ -8,17 +8,18 @@
 #include "base/key_filters.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
 FormTrans::FormTrans(const TextosIdioma& textos, NavegadorDeBAPIs navegador, QWidget* padre)
     : Dialogo(textos, "FormTrans", padre), navegador_(std::move(navegador)), Transac_(new CajaDeLinea(this)) {
-    setWindowTitle(Literal("Add an operation"));
+    setWindowTitle(Palabra(palabra::AgregarUnaOperacion));
     Transac_->setObjectName(QStringLiteral("Transac"));
     Transac_->PonerFiltro([](std::string_view texto) { return FiltrarTexto("Transac", texto); });
-    auto* const ButtonBAPILocator = NuevoBoton("ButtonBAPILocator", Literal("&BAPI browser..."));
+    auto* const ButtonBAPILocator = NuevoBoton("ButtonBAPILocator", Palabra(palabra::BuscadorDeBAPIs));
     ButtonBAPILocator->setEnabled(static_cast<bool>(navegador_));
-    auto* const OK = NuevoBoton("OK", Literal("OK"));
+    auto* const OK = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK->setEnabled(false);
     auto* const Cancel = NuevoBoton("Cancel", Rotulo(187));
     connect(Transac_, &QLineEdit::textChanged, this, [this, OK, Cancel] {
@@ -34,7 +35,7 @@ FormTrans::FormTrans(const TextosIdioma& textos, NavegadorDeBAPIs navegador, QWi
         reject();
     });
     auto* const orden = new QVBoxLayout(this);
-    orden->addWidget(NuevoRotulo("TransacLabel", Literal("&Transaction code:"), Transac_));
+    orden->addWidget(NuevoRotulo("TransacLabel", Palabra(palabra::CodigoDeTransaccion), Transac_));
     orden->addWidget(Transac_);
     orden->addStretch();
     orden->addLayout(FilaDeBotones({ButtonBAPILocator, OK, Cancel}, 1));

@@ -4,17 +4,53 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/phrase.h"
 
 namespace qor {
 
+namespace {
+
+const std::string vacio;
+
+const std::string& Buscar(const std::map<int, std::string>& palabras, int numero) {
+    const auto palabra = palabras.find(numero);
+    return palabra == palabras.end() ? vacio : palabra->second;
+}
+
+}  // namespace
+
 const std::string& TextosIdioma::Texto(int numero) const {
-    static const std::string vacio;
     return numero >= 0 && numero <= ultimo ? textos_[static_cast<std::size_t>(numero)] : vacio;
 }
 
 void TextosIdioma::Poner(int numero, std::string_view texto) { textos_.at(static_cast<std::size_t>(numero)) = texto; }
 
-void TextosIdioma::Vaciar() { textos_.fill({}); }
+const std::string& TextosIdioma::Palabra(int numero) const { return Buscar(palabras_, numero); }
+
+const std::string& TextosIdioma::PalabraInglesa(int numero) const { return Buscar(inglesas_, numero); }
+
+void TextosIdioma::PonerPalabra(int numero, std::string_view texto) { palabras_[numero] = texto; }
+
+void TextosIdioma::CompletarPalabras(const TextosIdioma& otro) {
+    palabras_.insert(otro.palabras_.lower_bound(primeraCompartida), otro.palabras_.end());
+}
+
+void TextosIdioma::CompletarInglesas(const TextosIdioma& ingles) {
+    inglesas_.insert(ingles.palabras_.begin(), ingles.palabras_.end());
+    for (const auto& [numero, texto] : inglesas_) numeros_.emplace(texto, numero);
+}
+
+std::string_view TextosIdioma::PorIngles(std::string_view ingles) const {
+    const auto numero = numeros_.find(ingles);
+    return numero == numeros_.end() ? ingles : std::string_view(Palabra(numero->second));
+}
+
+void TextosIdioma::Vaciar() {
+    textos_.fill({});
+    palabras_.clear();
+    inglesas_.clear();
+    numeros_.clear();
+}
 
 Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas) {
     Mensaje mensaje;
@@ -30,6 +66,10 @@ Mensaje Componer(const TextosIdioma& textos, std::initializer_list<Pieza> piezas
 }
 
 Mensaje MensajeLiteral(std::string_view texto) { return {{}, std::string(texto)}; }
+
+Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vector<std::string>& partes) {
+    return MensajeLiteral(Llenar(textos.Palabra(palabra), partes));
+}
 
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {
     if (const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo)) {

@@ -10,7 +10,7 @@ bool EsLugar(std::string_view plantilla, std::size_t i) {
 
 }  // namespace
 
-std::string Frase::Llenar(std::string_view plantilla, const std::vector<std::string>& partes) {
+std::string Llenar(std::string_view plantilla, const std::vector<std::string>& partes) {
     std::string texto;
     for (std::size_t i = 0; i < plantilla.size(); ++i) {
         if (!EsLugar(plantilla, i)) {

@@ -7,6 +7,9 @@
 
 namespace qor {
 
+// A text with its parts in the places "%1" to "%9". What is put in is not searched for places; one without a part stays empty.
+std::string Llenar(std::string_view plantilla, const std::vector<std::string>& partes);
+
 // A sentence in English with its parts kept apart, so that whoever shows it can say it in another language. Texts are windows-1252.
 class Frase {
 public:
@@ -28,8 +31,6 @@ public:
     }
 
 private:
-    static std::string Llenar(std::string_view plantilla, const std::vector<std::string>& partes);
-
     const char* ingles_ = nullptr;
     std::string texto_;
     std::vector<Frase> partes_;

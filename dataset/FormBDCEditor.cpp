@@ -18,6 +18,7 @@
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "dataset/qt/line_view.h"
 
 namespace qor {
@@ -71,7 +72,7 @@ FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::file
     orden->addLayout(CrearEjecucion());
     Ayuda_ = NuevaAyuda("Ayuda", Rotulo(132), ayuda, paginaDeAyuda);
     EdicionButton_ = NuevoBoton("EdicionButton", Rotulo(rotuloDeManual));
-    OK_ = NuevoBoton("OK", Literal("OK"));
+    OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     connect(EdicionButton_, &QPushButton::clicked, this, [this] {
         if (vista_.Preguntar(Componer(Textos(), {406}), Botones::SiNo) != Respuesta::Si) return CambiarVista();
         if (!vista_.AbrirEditor(RutaArchivo_)) vista_.Advertir(Componer(Textos(), {325}));
@@ -94,18 +95,18 @@ QLayout* FormBDCEditor::CrearArchivo() {
     auto* const fila = new QHBoxLayout;
     fila->addWidget(Browse_);
     fila->addWidget(FileToEdit_, 1);
-    fila->addWidget(NuevoRotulo("LineasLabel", Literal("Lines:")));
+    fila->addWidget(NuevoRotulo("LineasLabel", Palabra(palabra::Lineas)));
     fila->addWidget(LabelCompletado_);
     return fila;
 }
 
 void FormBDCEditor::CrearSeleccion() {
-    FrameSeleccionar_ = NuevoMarco("FrameSeleccionar", Literal("Records to change"));
+    FrameSeleccionar_ = NuevoMarco("FrameSeleccionar", Palabra(palabra::RegistrosACambiar));
     auto* const rejilla = new QGridLayout(FrameSeleccionar_);
     TransaccionCombo_ = NuevaLista(FrameSeleccionar_, QStringLiteral("TransaccionCombo"));
-    rejilla->addWidget(NuevoRotulo("TransaccionLabel", Literal("&Transaction:"), TransaccionCombo_), 0, 0);
+    rejilla->addWidget(NuevoRotulo("TransaccionLabel", Palabra(palabra::Transaccion), TransaccionCombo_), 0, 0);
     rejilla->addWidget(TransaccionCombo_, 0, 1);
-    const char* const rotulos[] = {"Condition &1:", "Condition &2:", "Condition &3:"};
+    const int rotulos[] = {palabra::Condicion1, palabra::Condicion2, palabra::Condicion3};
     for (std::size_t i = 0; i < condiciones_.size(); ++i) {
         auto& [campo, accion, valor] = condiciones_[i];
         const QString n = QString::number(i + 1);
@@ -113,20 +114,19 @@ void FormBDCEditor::CrearSeleccion() {
         accion = ConNombre(new QComboBox(FrameSeleccionar_), QStringLiteral("Accion%1Combo").arg(n));
         PonerCombo(*accion, {Textos().Texto(214), Textos().Texto(215)});
         valor = NuevaCajaEnMayusculas(FrameSeleccionar_, QStringLiteral("Valor%1Texto").arg(n));
-        valor->setAccessibleName(Literal(rotulos[i]).remove('&'));
-        accion->setAccessibleName(Literal(rotulos[i]).remove('&'));
+        valor->setAccessibleName(Palabra(rotulos[i]).remove('&'));
+        accion->setAccessibleName(Palabra(rotulos[i]).remove('&'));
         const int fila = static_cast<int>(i) + 1;
         rejilla->addWidget(
-            NuevoRotulo(QStringLiteral("Condicion%1Label").arg(n).toLatin1().constData(), Literal(rotulos[i]), campo), fila, 0);
+            NuevoRotulo(QStringLiteral("Condicion%1Label").arg(n).toLatin1().constData(), Palabra(rotulos[i]), campo), fila, 0);
         rejilla->addWidget(campo, fila, 1);
         rejilla->addWidget(accion, fila, 2);
         rejilla->addWidget(valor, fila, 3);
     }
-    OpcionSiempre_ =
-        ConNombre(new QRadioButton(Literal("&Every occurrence of the field must meet its condition"), FrameSeleccionar_),
-                  QStringLiteral("OpcionSiempre"));
+    OpcionSiempre_ = ConNombre(new QRadioButton(Palabra(palabra::TodasLasAparicionesCumplen), FrameSeleccionar_),
+                               QStringLiteral("OpcionSiempre"));
     OpcionUnaVez_ =
-        ConNombre(new QRadioButton(Literal("&One occurrence is enough"), FrameSeleccionar_), QStringLiteral("OpcionUnaVez"));
+        ConNombre(new QRadioButton(Palabra(palabra::BastaUnaAparicion), FrameSeleccionar_), QStringLiteral("OpcionUnaVez"));
     rejilla->addWidget(OpcionSiempre_, 4, 1, 1, 3);
     rejilla->addWidget(OpcionUnaVez_, 5, 1, 1, 3);
     rejilla->setColumnStretch(1, 2);
@@ -134,19 +134,20 @@ void FormBDCEditor::CrearSeleccion() {
 }
 
 void FormBDCEditor::CrearReemplazo() {
-    FrameReemplazar_ = NuevoMarco("FrameReemplazar", Literal("Replacement"));
+    FrameReemplazar_ = NuevoMarco("FrameReemplazar", Palabra(palabra::Reemplazo));
     auto* const rejilla = new QGridLayout(FrameReemplazar_);
     ComboField_ = NuevaLista(FrameReemplazar_, QStringLiteral("ComboField"));
     NuevoValorCampo_ = ConNombre(new CajaDeLinea(FrameReemplazar_), QStringLiteral("NuevoValorCampo"));
-    OptionCualquiera_ = ConNombre(new QRadioButton(Literal("&Any value"), FrameReemplazar_), QStringLiteral("OptionCualquiera"));
+    OptionCualquiera_ =
+        ConNombre(new QRadioButton(Palabra(palabra::CualquierValor), FrameReemplazar_), QStringLiteral("OptionCualquiera"));
     OptionValor_ =
-        ConNombre(new QRadioButton(Literal("Only a value that &contains:"), FrameReemplazar_), QStringLiteral("OptionValor"));
+        ConNombre(new QRadioButton(Palabra(palabra::SoloUnValorQueContiene), FrameReemplazar_), QStringLiteral("OptionValor"));
     CrearValor();
-    rejilla->addWidget(NuevoRotulo("FieldLabel", Literal("&Field:"), ComboField_), 0, 0);
+    rejilla->addWidget(NuevoRotulo("FieldLabel", Palabra(palabra::RotuloCampo), ComboField_), 0, 0);
     rejilla->addWidget(ComboField_, 0, 1);
-    rejilla->addWidget(NuevoRotulo("NuevoValorLabel", Literal("&New value:"), NuevoValorCampo_), 1, 0);
+    rejilla->addWidget(NuevoRotulo("NuevoValorLabel", Palabra(palabra::ValorNuevo), NuevoValorCampo_), 1, 0);
     rejilla->addWidget(NuevoValorCampo_, 1, 1);
-    rejilla->addWidget(NuevoRotulo("ValorViejoLabel", Literal("Replaces:")), 2, 0);
+    rejilla->addWidget(NuevoRotulo("ValorViejoLabel", Palabra(palabra::ReemplazaA)), 2, 0);
     rejilla->addWidget(OptionCualquiera_, 2, 1);
     rejilla->addWidget(OptionValor_, 3, 1);
     rejilla->addWidget(FrameValor_, 0, 2, 4, 1);
@@ -160,12 +161,12 @@ void FormBDCEditor::CrearReemplazo() {
 }
 
 void FormBDCEditor::CrearValor() {
-    FrameValor_ = NuevoMarco("FrameValor", Literal("Old value"));
+    FrameValor_ = NuevoMarco("FrameValor", Palabra(palabra::ValorAnterior));
     ValorCampo_ = NuevaCajaEnMayusculas(FrameValor_, QStringLiteral("ValorCampo"));
     ValorCampo_->setAccessibleName(FrameValor_->title());
-    OptionTodo_ = ConNombre(new QRadioButton(Literal("Replace the &whole value"), FrameValor_), QStringLiteral("OptionTodo"));
+    OptionTodo_ = ConNombre(new QRadioButton(Palabra(palabra::ReemplazarTodoElValor), FrameValor_), QStringLiteral("OptionTodo"));
     OptionParte_ =
-        ConNombre(new QRadioButton(Literal("Replace this &part of the value"), FrameValor_), QStringLiteral("OptionParte"));
+        ConNombre(new QRadioButton(Palabra(palabra::ReemplazarEstaParteDelValor), FrameValor_), QStringLiteral("OptionParte"));
     auto* const orden = new QVBoxLayout(FrameValor_);
     orden->addWidget(ValorCampo_);
     orden->addWidget(OptionTodo_);
@@ -174,13 +175,13 @@ void FormBDCEditor::CrearValor() {
 }
 
 void FormBDCEditor::CrearManual() {
-    FrameManual_ = NuevoMarco("FrameManual", Literal("Lines of the file"));
+    FrameManual_ = NuevoMarco("FrameManual", Palabra(palabra::LineasDelArchivo));
     TextoManual_ = new VistaDeLineas(FrameManual_);
     TextoManual_->setObjectName(QStringLiteral("TextoManual"));
     TextoManual_->setAccessibleName(FrameManual_->title());
     PosicionManual_ = NuevoRotulo("PosicionManual", {});
     connect(TextoManual_, &VistaDeLineas::PosicionCambiada, this, [this](qulonglong linea, qulonglong lineas) {
-        PosicionManual_->setText(lineas == 0 ? QString() : Literal("Line %1 of %2").arg(linea + 1).arg(lineas));
+        PosicionManual_->setText(lineas == 0 ? QString() : Palabra(palabra::LineaDeLineas).arg(linea + 1).arg(lineas));
     });
     auto* const orden = new QVBoxLayout(FrameManual_);
     orden->addWidget(TextoManual_, 1);
@@ -188,12 +189,12 @@ void FormBDCEditor::CrearManual() {
 }
 
 QLayout* FormBDCEditor::CrearEjecucion() {
-    Ejecutar_ = NuevoBoton("Ejecutar", Literal("&Replace"));
+    Ejecutar_ = NuevoBoton("Ejecutar", Palabra(palabra::Reemplazar));
     ProgressBar1_ = new QProgressBar(this);
     ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
     ProgressBar1_->setRange(0, pasosDeProgreso);
     ProgressBar1_->setFormat(QStringLiteral("%p %"));
-    Detener_ = NuevoBoton("Detener", Literal("&Stop"));
+    Detener_ = NuevoBoton("Detener", Palabra(palabra::Detener));
     Detener_->setEnabled(false);
     connect(Ejecutar_, &QPushButton::clicked, this, &FormBDCEditor::Ejecutar);
     connect(Detener_, &QPushButton::clicked, this, [this] { detener_ = true; });

@@ -9,6 +9,7 @@
 #include "base/failure_trap.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -53,7 +54,7 @@ void FormABAPWindow::CrearControles(const AbrirAyuda& ayuda) {
     auto* const ABAPHelp = NuevaAyuda("ABAPHelp", Rotulo(110), ayuda, paginaDeCodigo);
     auto* const FormulasHelp = NuevaAyuda("FormulasHelp", Rotulo(111), ayuda, paginaDeFormulas);
     auto* const TablasHelp = NuevaAyuda("TablasHelp", Rotulo(112), ayuda, paginaDeTablas);
-    auto* const Command1 = NuevoBoton("Command1", Literal("OK"));
+    auto* const Command1 = NuevoBoton("Command1", Palabra(palabra::Aceptar));
     connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* const formulas = new QHBoxLayout;

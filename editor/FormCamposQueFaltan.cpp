@@ -6,22 +6,22 @@
 #include <QVBoxLayout>
 
 #include "base/qt/text.h"
+#include "base/words.h"
 
 namespace qor {
 
 FormCamposQueFaltan::FormCamposQueFaltan(const TextosIdioma& textos, const std::vector<std::string>& campos, QWidget* padre)
     : Dialogo(textos, "FormCamposQueFaltan", padre), campos_(campos), lista_(new QListWidget(this)) {
-    setWindowTitle(Literal("Add missing file fields"));
+    setWindowTitle(Palabra(palabra::AgregarLosCamposQueFaltan));
     lista_->setObjectName(QStringLiteral("ListaDeCampos"));
     lista_->setAccessibleName(windowTitle());
     for (const auto& campo : campos_) lista_->addItem(TextoQt(campo));
     Marcar(true);
     auto* const explicacion = NuevaExplicacion(
-        "Explicacion", Literal("These fields are named on the program side and missing on the file side. The ticked "
-                               "ones are added behind its last field, without widths."));
-    auto* const todos = NuevoBoton("MarcarTodos", Literal("&All"));
-    auto* const ninguno = NuevoBoton("MarcarNinguno", Literal("&None"));
-    auto* const aceptar = NuevoBoton("OKButton", Literal("A&dd"));
+        "Explicacion", Palabra(palabra::EstosCamposFaltanEnElArchivo));
+    auto* const todos = NuevoBoton("MarcarTodos", Palabra(palabra::MarcarTodos));
+    auto* const ninguno = NuevoBoton("MarcarNinguno", Palabra(palabra::MarcarNinguno));
+    auto* const aceptar = NuevoBoton("OKButton", Palabra(palabra::Agregar));
     aceptar->setDefault(true);
     auto* const cancelar = NuevoBoton("Cancelar", Rotulo(187));
     connect(todos, &QPushButton::clicked, this, [this] { Marcar(true); });

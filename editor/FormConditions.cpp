@@ -13,6 +13,7 @@
 #include "base/key_filters.h"
 #include "base/qt/lists.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -55,7 +56,7 @@ void FormConditions::CrearControles(const AbrirAyuda& ayuda) {
         return pasa ? std::string(texto) : std::string();
     });
     auto* const CondicionesButton = NuevaAyuda("CondicionesButton", Rotulo(132), ayuda, paginaDeAyuda);
-    OK_ = NuevoBoton("OK", Literal("OK"));
+    OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK_->setDefault(true);
     connect(OK_, &QPushButton::clicked, this, &QDialog::accept);
 

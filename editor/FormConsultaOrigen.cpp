@@ -4,22 +4,24 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "base/words.h"
+
 namespace qor {
 
 FormConsultaOrigen::FormConsultaOrigen(const TextosIdioma& textos, QWidget* padre) : Dialogo(textos, "FormConsultaOrigen", padre) {
-    setWindowTitle(Literal("File to read"));
+    setWindowTitle(Palabra(palabra::ArchivoALeer));
     auto* const orden = new QVBoxLayout(this);
-    const auto nuevaOpcion = [&](const char* nombre, std::string_view rotulo) {
-        auto* const opcion = new QRadioButton(Literal(rotulo), this);
+    const auto nuevaOpcion = [&](const char* nombre, int rotulo) {
+        auto* const opcion = new QRadioButton(Palabra(rotulo), this);
         opcion->setObjectName(QString::fromLatin1(nombre));
         orden->addWidget(opcion);
         return opcion;
     };
-    ClientFlatOp_ = nuevaOpcion("ClientFlatOp", "File of the &workstation, fields of fixed width");
-    ClientTabOp_ = nuevaOpcion("ClientTabOp", "File of the workstation, fields delimited by &tabs");
-    ServerOp_ = nuevaOpcion("ServerOp", "File of the &server");
+    ClientFlatOp_ = nuevaOpcion("ClientFlatOp", palabra::ArchivoDeEstacionAnchoFijo);
+    ClientTabOp_ = nuevaOpcion("ClientTabOp", palabra::ArchivoDeEstacionTabuladores);
+    ServerOp_ = nuevaOpcion("ServerOp", palabra::ArchivoDelServidor);
     ClientFlatOp_->setChecked(true);
-    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    auto* const OKButton = NuevoBoton("OKButton", Palabra(palabra::Aceptar));
     OKButton->setDefault(true);
     connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
     orden->addStretch();

@@ -4,21 +4,23 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/words.h"
+
 namespace qor {
 
 FormConsultadeEliminar::FormConsultadeEliminar(const TextosIdioma& textos, QWidget* padre)
     : Dialogo(textos, "FormConsultadeEliminar", padre) {
-    setWindowTitle(Literal("Clear the data source"));
+    setWindowTitle(Palabra(palabra::BorrarElOrigenDeDatos));
     auto* const orden = new QVBoxLayout(this);
-    const auto nuevaCasilla = [&](const char* nombre, std::string_view rotulo) {
-        auto* const casilla = new QCheckBox(Literal(rotulo), this);
+    const auto nuevaCasilla = [&](const char* nombre, int rotulo) {
+        auto* const casilla = new QCheckBox(Palabra(rotulo), this);
         casilla->setObjectName(QString::fromLatin1(nombre));
         orden->addWidget(casilla);
         return casilla;
     };
-    casillas_ = {nuevaCasilla("CheckVariables", "&Declarations and parameters"), nuevaCasilla("CheckForms", "&Forms"),
-                 nuevaCasilla("CheckUsuario", "Code that &reads the data")};
-    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    casillas_ = {nuevaCasilla("CheckVariables", palabra::CasillaDeclaraciones), nuevaCasilla("CheckForms", palabra::CasillaRutinas),
+                 nuevaCasilla("CheckUsuario", palabra::CasillaCodigoQueLee)};
+    auto* const OKButton = NuevoBoton("OKButton", Palabra(palabra::Aceptar));
     OKButton->setDefault(true);
     connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
     orden->addStretch();

@@ -14,6 +14,7 @@
 #include "base/qt/lists.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 #include "editor/FormConsultaOrigen.h"
 #include "editor/FormConsultadeEliminar.h"
 
@@ -32,8 +33,8 @@ FormDataSource::FormDataSource(Ventana& ventana, const Preferencias& preferencia
       preferencias_(preferencias),
       estado_(std::move(estado)),
       preview_(std::move(preview)) {
-    setWindowTitle(Literal("Data source"));
-    CheckOtroOrigen_ = new QCheckBox(Literal("The data come from my &own code"), this);
+    setWindowTitle(Palabra(palabra::OrigenDeDatos));
+    CheckOtroOrigen_ = new QCheckBox(Palabra(palabra::LosDatosProvienenDeMiCodigo), this);
     CheckOtroOrigen_->setObjectName(QStringLiteral("CheckOtroOrigen"));
     CheckOtroOrigen_->setChecked(ventana.documento.especificacion.OrigenUsuario);
     connect(CheckOtroOrigen_, &QCheckBox::toggled, this, [this](bool encendido) {
@@ -49,7 +50,7 @@ FormDataSource::FormDataSource(Ventana& ventana, const Preferencias& preferencia
     partes->addWidget(findChild<QSplitter*>(), 1);
     partes->addLayout(CrearModelos());
     auto* const Ayuda = NuevaAyuda("Ayuda", Rotulo(132), ayuda, paginaDeAyuda);
-    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    auto* const OKButton = NuevoBoton("OKButton", Palabra(palabra::Aceptar));
     OKButton->setDefault(true);
     connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
     orden->addLayout(FilaDeBotones({Ayuda, OKButton}, 1));
@@ -65,13 +66,13 @@ void FormDataSource::IrA(const std::string& texto, int linea) {
 void FormDataSource::CrearTextos() {
     struct Descripcion {
         const char* nombre;
-        std::string_view rotulo;
+        int rotulo = 0;
         std::string Especificacion::*texto;
     };
     const std::array<Descripcion, 3> descripciones = {{
-        {"Variables", "&Declarations and parameters:", &Especificacion::OrigenVariables},
-        {"Forms", "&Forms:", &Especificacion::OrigenForms},
-        {"Source", "Code that &reads the data:", &Especificacion::OrigenSource},
+        {"Variables", palabra::RotuloDeclaraciones, &Especificacion::OrigenVariables},
+        {"Forms", palabra::RotuloRutinas, &Especificacion::OrigenForms},
+        {"Source", palabra::RotuloCodigoQueLee, &Especificacion::OrigenSource},
     }};
     auto* const textos = new QSplitter(Qt::Vertical, this);
     textos->setChildrenCollapsible(false);
@@ -83,7 +84,7 @@ void FormDataSource::CrearTextos() {
         caja->MostrarComoABAP();
         auto* const orden = new QVBoxLayout(marco);
         orden->setContentsMargins(0, 0, 0, 0);
-        orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Literal(rotulo), caja));
+        orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Palabra(rotulo), caja));
         orden->addWidget(caja, 1);
         textos->addWidget(marco);
         cajas_[i] = {texto, caja};
@@ -93,8 +94,8 @@ void FormDataSource::CrearTextos() {
     }
 }
 
-void FormDataSource::CrearBoton(QLayout* orden, const char* nombre, std::string_view rotulo, const std::function<void()>& accion) {
-    auto* const boton = NuevoBoton(nombre, Literal(rotulo));
+void FormDataSource::CrearBoton(QLayout* orden, const char* nombre, int rotulo, const std::function<void()>& accion) {
+    auto* const boton = NuevoBoton(nombre, Palabra(rotulo));
     orden->addWidget(boton);
     connect(boton, &QPushButton::clicked, this, [this, accion] {
         ConTrampa(ventana_.vista, accion);
@@ -103,7 +104,7 @@ void FormDataSource::CrearBoton(QLayout* orden, const char* nombre, std::string_
 }
 
 QLayout* FormDataSource::CrearModelos() {
-    auto* const Modelos = NuevoMarco("FrameModelos", Literal("Code models"));
+    auto* const Modelos = NuevoMarco("FrameModelos", Palabra(palabra::ModelosDeCodigo));
     ComboItabs_ = new QComboBox(Modelos);
     ComboItabs_->setObjectName(QStringLiteral("ComboItabs"));
     PonerCombo(*ComboItabs_, estado_.estructuras.tablas);
@@ -111,23 +112,23 @@ QLayout* FormDataSource::CrearModelos() {
     connect(ComboItabs_, &QComboBox::currentTextChanged, this,
             [this](const QString& tabla) { estado_.ComboItabs = TextoDelModelo(tabla); });
     auto* const modelos = new QVBoxLayout(Modelos);
-    modelos->addWidget(NuevoRotulo("ComboItabsLabel", Literal("Internal &table:"), ComboItabs_));
+    modelos->addWidget(NuevoRotulo("ComboItabsLabel", Palabra(palabra::TablaInterna), ComboItabs_));
     modelos->addWidget(ComboItabs_);
-    CrearBoton(modelos, "ModeloArchivo", "Read a f&ile...", [this] {
+    CrearBoton(modelos, "ModeloArchivo", palabra::BotonLeerUnArchivo, [this] {
         FormConsultaOrigen consulta(Textos(), this);
         consulta.exec();
         ClicModeloArchivo(ventana_, preferencias_, estado_, consulta.Fuente());
     });
-    CrearBoton(modelos, "ModeloOpenSQL", "O&pen SQL", [this] { ClicModeloOpenSQL(ventana_, preferencias_, estado_); });
-    CrearBoton(modelos, "ModeloSQLNativo", "&Native SQL", [this] { ClicModeloSQLNativo(ventana_, preferencias_, estado_); });
+    CrearBoton(modelos, "ModeloOpenSQL", palabra::OpenSQL, [this] { ClicModeloOpenSQL(ventana_, preferencias_, estado_); });
+    CrearBoton(modelos, "ModeloSQLNativo", palabra::SQLNativo, [this] { ClicModeloSQLNativo(ventana_, preferencias_, estado_); });
 
     auto* const orden = new QVBoxLayout;
     orden->addWidget(Modelos);
-    CrearBoton(orden, "PreviewButton", "Pre&view...", [this] {
+    CrearBoton(orden, "PreviewButton", palabra::BotonVistaPrevia, [this] {
         const std::string texto = TextoDePreview(ventana_, preferencias_);
         if (!texto.empty() && preview_) preview_(texto, this);
     });
-    CrearBoton(orden, "Eliminar", "&Clear...", [this] { ElegirYEliminar(); });
+    CrearBoton(orden, "Eliminar", palabra::BotonBorrar, [this] { ElegirYEliminar(); });
     orden->addStretch();
     return orden;
 }

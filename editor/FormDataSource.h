@@ -34,7 +34,7 @@ private:
 
     void CrearTextos();
     QLayout* CrearModelos();
-    void CrearBoton(QLayout* orden, const char* nombre, std::string_view rotulo, const std::function<void()>& accion);
+    void CrearBoton(QLayout* orden, const char* nombre, int rotulo, const std::function<void()>& accion);
     void ElegirYEliminar();
     void Habilitar();
     void Mostrar();

@@ -6,6 +6,7 @@
 #include "base/qt/abap_highlighter.h"
 #include "base/qt/fixed_font.h"
 #include "base/qt/read_only_box.h"
+#include "base/words.h"
 #include "editor/document_commands.h"
 
 namespace qor {
@@ -20,7 +21,7 @@ FormMostrarTextos::FormMostrarTextos(const TextosIdioma& textos, const std::stri
     Texto->setLineWrapMode(QPlainTextEdit::NoWrap);
     new ColoresABAP(Texto->document());
     Texto->PonerTexto(TextoMostrado);
-    auto* const OK = NuevoBoton("OK", Literal("OK"));
+    auto* const OK = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK->setDefault(true);
     connect(OK, &QPushButton::clicked, this, &QDialog::accept);
     auto* const orden = new QVBoxLayout(this);

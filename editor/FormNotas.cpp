@@ -13,6 +13,7 @@
 #include "base/key_filters.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -38,7 +39,7 @@ FormNotas::FormNotas(Ventana& ventana, FilaDeTabla fila, const AbrirAyuda& ayuda
     orden->addWidget(Steploop_);
     orden->addWidget(partes_, 2);
     auto* const Command2 = NuevaAyuda("Command2", Rotulo(132), ayuda, paginaDeAyuda);
-    auto* const Command1 = NuevoBoton("Command1", Literal("OK"));
+    auto* const Command1 = NuevoBoton("Command1", Palabra(palabra::Aceptar));
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
     orden->addLayout(FilaDeBotones({Command2, Command1}, 1));

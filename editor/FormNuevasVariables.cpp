@@ -9,6 +9,7 @@
 #include "base/failure_trap.h"
 #include "base/qt/lists.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -48,7 +49,7 @@ void FormNuevasVariables::CrearControles(const AbrirAyuda& ayuda) {
     InsertBAPIButton->setEnabled(static_cast<bool>(navegador_));
     auto* const LimpiarBoton = NuevoBoton("Limpiar", Rotulo(152));
     auto* const Ayuda = NuevaAyuda("Ayuda", Rotulo(153), ayuda, paginaDeAyuda);
-    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    auto* const OKButton = NuevoBoton("OKButton", Palabra(palabra::Aceptar));
     OKButton->setDefault(true);
 
     connect(ListaDefiniciones_, &QListWidget::currentRowChanged, this, [this](int fila) {

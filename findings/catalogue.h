@@ -7,16 +7,15 @@
 
 #include "findings/finding.h"
 
-// The kinds of findings: code, severity, and the sentence in both languages. Codes are a contract: one that was given stays.
+// The kinds of findings: code, severity, and how many sentences. Codes are a contract: one that was given stays.
 namespace qor {
 
 struct TipoDeHallazgo {
     int codigo;
     Gravedad gravedad;
-    // "{1}" to "{4}" stand for what the finding puts in, and for nothing where it puts in less. Empty where the sentence is that of
-    // a message of Generate. A kind that has several sentences, its variants, has one in each line. UTF-8.
-    std::string_view ingles;
-    std::string_view espanol;
+    // The sentences, its variants, are words of the language file (palabra::DeHallazgo), in which "{1}" to "{4}" stand for what the
+    // finding puts in, and for nothing where it puts in less. None where the sentence is that of a message of Generate.
+    int variantes = 0;
 };
 
 std::span<const TipoDeHallazgo> TiposDeHallazgo();

@@ -4,70 +4,83 @@
 #include <array>
 #include <iterator>
 
+#include "base/words.h"
+
 namespace qor {
 
 namespace {
 
-struct NombreDeParte {
-    Lugar::Parte parte;
-    std::string_view lado;
-    std::array<std::string_view, 5> columnas = {};
+struct Nombre {
+    std::string_view ingles;
+    int palabra = 0;
 };
 
+struct NombreDeParte {
+    Lugar::Parte parte;
+    Nombre lado;
+    std::array<Nombre, 5> columnas = {};
+};
+
+constexpr Nombre campo{"field", palabra::ColumnaCampo};
+constexpr Nombre nota{"note", palabra::ColumnaNota};
+constexpr Nombre nombre{"name", palabra::ColumnaNombre};
+
 constexpr NombreDeParte partes[] = {
-    {Lugar::Parte::Archivo, "file side", {"field", "width", "note", "conversion"}},
-    {Lugar::Parte::Programa, "program side", {"program", "dynpro", "field", "value", "note"}},
-    {Lugar::Parte::Condiciones, "conditions", {"name", "text"}},
-    {Lugar::Parte::BAPIs, "BAPIs", {"name", "call text"}},
-    {Lugar::Parte::VariablesGlobales, "global definitions"},
-    {Lugar::Parte::OrigenVariables, "declarations of the data source"},
-    {Lugar::Parte::OrigenForms, "forms of the data source"},
-    {Lugar::Parte::OrigenSource, "code of the data source"},
-    {Lugar::Parte::Opcion, "option"},
-    {Lugar::Parte::Preferencia, "setting"},
+    {Lugar::Parte::Archivo,
+     {"file side", palabra::LadoDelArchivo},
+     {campo, {"width", palabra::ColumnaAncho}, nota, {"conversion", palabra::ColumnaConversion}}},
+    {Lugar::Parte::Programa,
+     {"program side", palabra::LadoDelPrograma},
+     {{{"program", palabra::ColumnaPrograma}, {"dynpro", palabra::ColumnaDynpro}, campo, {"value", palabra::ColumnaValor}, nota}}},
+    {Lugar::Parte::Condiciones, {"conditions", palabra::LadoCondiciones}, {nombre, {"text", palabra::ColumnaTexto}}},
+    {Lugar::Parte::BAPIs, {"BAPIs", palabra::LadoBAPIs}, {nombre, {"call text", palabra::ColumnaTextoDeLlamada}}},
+    {Lugar::Parte::VariablesGlobales, {"global definitions", palabra::LadoDefinicionesGlobales}},
+    {Lugar::Parte::OrigenVariables, {"declarations of the data source", palabra::LadoDeclaracionesDelOrigen}},
+    {Lugar::Parte::OrigenForms, {"forms of the data source", palabra::LadoRutinasDelOrigen}},
+    {Lugar::Parte::OrigenSource, {"code of the data source", palabra::LadoCodigoDelOrigen}},
+    {Lugar::Parte::Opcion, {"option", palabra::LadoOpcion}},
+    {Lugar::Parte::Preferencia, {"setting", palabra::LadoAjuste}},
 };
 
 struct Rotulo {
     std::string_view control;
-    std::string_view ingles;
-    std::string_view espanol;
+    Nombre nombre;
 };
 
 // The words of the screen.
 constexpr Rotulo rotulos[] = {
-    {"AddF4", "F4 help for file names", "Ayuda F4 para nombres de archivo"},
-    {"ArchivoFuente", "Input file or table", "Archivo o tabla de entrada"},
-    {"CallTransaction", "Use CALL TRANSACTION", "Usar CALL TRANSACTION"},
-    {"CheckActivateNamingConventions", "Use naming conventions", "Usar convenciones de nombres"},
-    {"CommitCheck", "COMMIT WORK after each record", "COMMIT WORK después de cada registro"},
-    {"DelimTab", "Tab-delimited fields", "Campos separados por tabuladores"},
-    {"DescripcionStatus", "Status", "Estado"},
-    {"Description", "Description", "Descripción"},
-    {"EncodingAdditional", "Other addition", "Otra adición"},
-    {"ErrorHandlingCheck", "Keep failed records in an error table", "Conservar los registros con error en una tabla"},
-    {"FileParameterCh", "File name as parameter", "Nombre de archivo como parámetro"},
-    {"Functional", "Functional contact", "Contacto funcional"},
-    {"GCprefijo", "Global constants", "Constantes globales"},
-    {"GNprefijo", "Global numbers", "Números globales"},
-    {"GSprefijo", "Global variables", "Variables globales"},
-    {"GTprefijo", "Global internal tables", "Tablas internas globales"},
-    {"Identificadores", "Record identifiers", "Identificadores de registro"},
-    {"LNprefijo", "Local numbers", "Números locales"},
-    {"LSprefijo", "Local variables and parameters", "Variables y parámetros locales"},
-    {"LTprefijo", "Local internal tables", "Tablas internas locales"},
-    {"ModeAsParameter", "Call mode as parameter", "Modo de llamada como parámetro"},
-    {"NombreManual", "Session name", "Nombre del juego de datos"},
-    {"Notes", "Notes", "Notas"},
-    {"OneFileOption", "All records in one file", "Todos los registros en un archivo"},
-    {"PNprefijo", "Numeric parameters of the selection screen", "Parámetros numéricos de la pantalla de selección"},
-    {"PSprefijo", "Parameters of the selection screen", "Parámetros de la pantalla de selección"},
-    {"ProgID", "Number of this program in the table", "Número de este programa en la tabla"},
-    {"Programa", "Program file to generate", "Archivo de programa a generar"},
-    {"SafeCallTransactionCheck", "Put failed transactions into a session",
-     "Poner las transacciones con error en un juego de datos"},
-    {"SpaceCode", "Code for an intended blank", "Código para un blanco intencional"},
-    {"TablaZ", "Error table", "Tabla de errores"},
-    {"Technical", "Technical contact", "Contacto técnico"},
+    {"AddF4", {"F4 help for file names", palabra::OpcionAyudaF4}},
+    {"ArchivoFuente", {"Input file or table", palabra::OpcionArchivoOTablaDeEntrada}},
+    {"CallTransaction", {"Use CALL TRANSACTION", palabra::OpcionCallTransaction}},
+    {"CheckActivateNamingConventions", {"Use naming conventions", palabra::OpcionUsarConvencionesDeNombres}},
+    {"CommitCheck", {"COMMIT WORK after each record", palabra::OpcionCommitWork}},
+    {"DelimTab", {"Tab-delimited fields", palabra::OpcionCamposSeparadosPorTabuladores}},
+    {"DescripcionStatus", {"Status", palabra::OpcionEstado}},
+    {"Description", {"Description", palabra::OpcionDescripcion}},
+    {"EncodingAdditional", {"Other addition", palabra::OpcionOtraAdicion}},
+    {"ErrorHandlingCheck", {"Keep failed records in an error table", palabra::OpcionConservarLosRegistros}},
+    {"FileParameterCh", {"File name as parameter", palabra::OpcionNombreDeArchivoComoParametro}},
+    {"Functional", {"Functional contact", palabra::OpcionContactoFuncional}},
+    {"GCprefijo", {"Global constants", palabra::OpcionConstantesGlobales}},
+    {"GNprefijo", {"Global numbers", palabra::OpcionNumerosGlobales}},
+    {"GSprefijo", {"Global variables", palabra::OpcionVariablesGlobales}},
+    {"GTprefijo", {"Global internal tables", palabra::OpcionTablasInternasGlobales}},
+    {"Identificadores", {"Record identifiers", palabra::OpcionIdentificadoresDeRegistro}},
+    {"LNprefijo", {"Local numbers", palabra::OpcionNumerosLocales}},
+    {"LSprefijo", {"Local variables and parameters", palabra::OpcionVariablesLocales}},
+    {"LTprefijo", {"Local internal tables", palabra::OpcionTablasInternasLocales}},
+    {"ModeAsParameter", {"Call mode as parameter", palabra::OpcionModoDeLlamadaComoParametro}},
+    {"NombreManual", {"Session name", palabra::OpcionNombreDelJuegoDeDatos}},
+    {"Notes", {"Notes", palabra::OpcionNotas}},
+    {"OneFileOption", {"All records in one file", palabra::OpcionTodosLosRegistrosEnUnArchivo}},
+    {"PNprefijo", {"Numeric parameters of the selection screen", palabra::OpcionParametrosNumericos}},
+    {"PSprefijo", {"Parameters of the selection screen", palabra::OpcionParametrosDePantalla}},
+    {"ProgID", {"Number of this program in the table", palabra::OpcionNumeroDelPrograma}},
+    {"Programa", {"Program file to generate", palabra::OpcionArchivoDeProgramaAGenerar}},
+    {"SafeCallTransactionCheck", {"Put failed transactions into a session", palabra::OpcionJuegoDeLasErroneas}},
+    {"SpaceCode", {"Code for an intended blank", palabra::OpcionCodigoParaUnBlancoIntencional}},
+    {"TablaZ", {"Error table", palabra::OpcionTablaDeErrores}},
+    {"Technical", {"Technical contact", palabra::OpcionContactoTecnico}},
 };
 
 const NombreDeParte* ParteDe(const Lugar& lugar) {
@@ -76,35 +89,40 @@ const NombreDeParte* ParteDe(const Lugar& lugar) {
     return parte == std::end(partes) ? nullptr : parte;
 }
 
+Nombre LadoDe(const Lugar& lugar) {
+    const auto* const parte = ParteDe(lugar);
+    return parte == nullptr ? Nombre{} : parte->lado;
+}
+
+Nombre ColumnaDe(const Lugar& lugar) {
+    const auto* const parte = ParteDe(lugar);
+    const auto columna = static_cast<std::size_t>(lugar.columna);
+    return parte == nullptr || lugar.columna < 0 || columna >= parte->columnas.size() ? Nombre{} : parte->columnas[columna];
+}
+
+Nombre OpcionDe(const Lugar& lugar) {
+    const auto* const rotulo =
+        std::find_if(std::begin(rotulos), std::end(rotulos), [&](const Rotulo& uno) { return uno.control == lugar.Opcion(); });
+    return rotulo == std::end(rotulos) ? Nombre{} : rotulo->nombre;
+}
+
 }  // namespace
 
 std::string TextoDeLugar(const Lugar& lugar) {
     std::string texto(lugar.parte == Lugar::Parte::Ninguna ? "specification" : LadoDeLugar(lugar));
     if (lugar.opcion != nullptr) texto.append(" ").append(lugar.opcion);
-    if (const auto rotulo = RotuloDeOpcion(lugar, false); !rotulo.empty()) texto.append(" (").append(rotulo).append(")");
+    if (const auto rotulo = OpcionDe(lugar).ingles; !rotulo.empty()) texto.append(" (").append(rotulo).append(")");
     if (lugar.fila >= 0) texto += ", row " + std::to_string(lugar.fila);
     if (const auto columna = ColumnaDeLugar(lugar); !columna.empty()) texto.append(", ").append(columna);
     if (lugar.linea > 0) texto += ", line " + std::to_string(lugar.linea);
     return texto;
 }
 
-std::string_view LadoDeLugar(const Lugar& lugar) {
-    const auto* const parte = ParteDe(lugar);
-    return parte == nullptr ? std::string_view{} : parte->lado;
-}
+std::string_view LadoDeLugar(const Lugar& lugar) { return LadoDe(lugar).ingles; }
+std::string_view ColumnaDeLugar(const Lugar& lugar) { return ColumnaDe(lugar).ingles; }
 
-std::string_view RotuloDeOpcion(const Lugar& lugar, bool enEspanol) {
-    const auto* const rotulo =
-        std::find_if(std::begin(rotulos), std::end(rotulos), [&](const Rotulo& uno) { return uno.control == lugar.Opcion(); });
-    if (rotulo == std::end(rotulos)) return {};
-    return enEspanol ? rotulo->espanol : rotulo->ingles;
-}
-
-std::string_view ColumnaDeLugar(const Lugar& lugar) {
-    const auto* const parte = ParteDe(lugar);
-    const auto columna = static_cast<std::size_t>(lugar.columna);
-    return parte == nullptr || lugar.columna < 0 || columna >= parte->columnas.size() ? std::string_view{}
-                                                                                      : parte->columnas[columna];
-}
+int PalabraDeLado(const Lugar& lugar) { return LadoDe(lugar).palabra; }
+int PalabraDeColumna(const Lugar& lugar) { return ColumnaDe(lugar).palabra; }
+int PalabraDeOpcion(const Lugar& lugar) { return OpcionDe(lugar).palabra; }
 
 }  // namespace qor

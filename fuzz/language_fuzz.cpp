@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t can
     Exigir(resultado != ResultadoIdioma::SinArchivo, "a content is a file");
     Exigir(idioma == nombre || idioma == "English", "only English stands in for another language");
     Exigir(textos.Texto(0).empty() || IgualesSinCaja(textos.Texto(0), Recortar(idioma)), "the texts are those of the language");
-    Exigir(textos.Texto(1000).empty(), "numbers from 1000 on are passed over");
+    Exigir(textos.Texto(1000).empty(), "numbers from 1000 on are no messages");
     for (int n = 1; n < 1000; ++n) {
         const bool enLiteral = n >= 500 && n <= 699;
         Exigir(!enLiteral || !Contiene(textos.Texto(n), "'"), "texts for literals have no apostrophe");

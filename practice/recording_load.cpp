@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/words.h"
 #include "practice/recordings.h"
 #include "practice/session_transfer.h"
 #include "practice/stored_recordings.h"
@@ -13,10 +14,10 @@ GrabacionDeArchivo LeerGrabacionDeArchivo(const std::filesystem::path& archivo) 
     try {
         grabacion.transacciones = Grabaciones().Agregar(grabacion.texto);
     } catch (const FalloDeEjecucion& fallo) {
-        throw FalloDeGrabacion("The recording can't be read", fallo.what(), archivo);
+        throw FalloDeGrabacion("The recording can't be read", palabra::NoSePuedeLeerLaGrabacion, fallo.what(), archivo);
     }
     if (grabacion.transacciones == 0) {
-        throw FalloDeGrabacion("Nothing was recorded", "It holds no recording and no session", archivo);
+        throw FalloDeGrabacion("Nothing was recorded", palabra::NoSeGraboNada, "It holds no recording and no session", archivo);
     }
     return grabacion;
 }

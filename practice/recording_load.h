@@ -15,15 +15,17 @@ struct GrabacionDeArchivo {
     int transacciones;
 };
 
-// A file that could be read, but can't be kept as a recording. Behind `Que`, `Detalle` has the reason and the file.
+// A file that could be read, but can't be kept as a recording. Behind `Que`, in English, `Detalle` has the reason and the file.
 class FalloDeGrabacion : public FalloDeArchivo {
 public:
-    FalloDeGrabacion(const char* que, const std::string& motivo, const std::filesystem::path& ruta)
-        : FalloDeArchivo(motivo, ruta), que_(que) {}
+    FalloDeGrabacion(const char* que, int palabra, const std::string& motivo, const std::filesystem::path& ruta)
+        : FalloDeArchivo(motivo, ruta), que_(que), palabra_(palabra) {}
     const char* Que() const { return que_; }
+    int Palabra() const { return palabra_; }  // the same as a word of the language file
 
 private:
     const char* que_;
+    int palabra_;
 };
 
 // Reads the program made of a recording, or a file of session records. Throws FalloDeGrabacion where it is none of them, and

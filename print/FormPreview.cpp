@@ -6,6 +6,7 @@
 #include "base/qt/abap_highlighter.h"
 #include "base/qt/fixed_font.h"
 #include "base/qt/read_only_box.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -28,7 +29,7 @@ FormPreview::FormPreview(const TextosIdioma& textos, Vista& vista, const std::st
     Preview->PonerTexto(texto);
     Preview->AlTeclear([&textos, &vista] { vista.Advertir(Componer(textos, {362})); });
     auto* const AyudaBoton = NuevaAyuda("Ayuda", Rotulo(132), ayuda, paginaDeAyuda);
-    auto* const OKButton = NuevoBoton("OKButton", Literal("OK"));
+    auto* const OKButton = NuevoBoton("OKButton", Palabra(palabra::Aceptar));
     OKButton->setDefault(true);
     connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
     auto* const orden = new QVBoxLayout(this);

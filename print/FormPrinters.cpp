@@ -13,6 +13,7 @@
 #include "base/paths.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "print/page.h"
 #include "print/qt/pdf_device.h"
 
@@ -43,7 +44,7 @@ std::unique_ptr<DispositivoQt> NuevoPDF(const std::filesystem::path& archivo, Vi
 
 FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, QWidget* padre)
     : Dialogo(textos, "FormPrinters", padre), vista_(vista), impresoras_(QPrinterInfo::availablePrinterNames()) {
-    setWindowTitle(Literal("Printers"));
+    setWindowTitle(Palabra(palabra::Impresoras));
     CrearControles();
     PonerTamano(56, 16);
 }
@@ -54,7 +55,7 @@ void FormPrinters::CrearControles() {
     PrintersList_ = new QListWidget(this);
     PrintersList_->setObjectName(QStringLiteral("PrintersList"));
     PrintersList_->addItems(impresoras_);
-    PrintersList_->addItem(Literal("PDF file..."));
+    PrintersList_->addItem(Palabra(palabra::ArchivoPDF));
     PrintersList_->setCurrentRow(std::max(0, static_cast<int>(impresoras_.indexOf(QPrinterInfo::defaultPrinterName()))));
     Copias_ = new CajaDeLinea(this);
     Copias_->setObjectName(QStringLiteral("Copias"));
@@ -62,7 +63,7 @@ void FormPrinters::CrearControles() {
     Copias_->PonerFiltro(SoloDigitos);
     Copias_->PonerTexto("1");
     Copias_->setMaximumWidth(AnchoDeLetras(8));
-    auto* const PrintButton = NuevoBoton("PrintButton", Literal("&Print"));
+    auto* const PrintButton = NuevoBoton("PrintButton", Palabra(palabra::Imprimir));
     PrintButton->setDefault(true);
     auto* const CancelButton = NuevoBoton("CancelButton", Rotulo(187));
     connect(PrintButton, &QPushButton::clicked, this, &FormPrinters::Elegir);
@@ -70,11 +71,11 @@ void FormPrinters::CrearControles() {
     connect(CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* const copias = new QHBoxLayout;
-    copias->addWidget(NuevoRotulo("CopiasLabel", Literal("&Copies:"), Copias_));
+    copias->addWidget(NuevoRotulo("CopiasLabel", Palabra(palabra::Copias), Copias_));
     copias->addWidget(Copias_);
     copias->addStretch();
     auto* const orden = new QVBoxLayout(this);
-    orden->addWidget(NuevoRotulo("PrintersLabel", Literal("P&rinter:"), PrintersList_));
+    orden->addWidget(NuevoRotulo("PrintersLabel", Palabra(palabra::Impresora), PrintersList_));
     orden->addWidget(PrintersList_, 1);
     orden->addLayout(copias);
     orden->addLayout(FilaDeBotones({PrintButton, CancelButton}));

@@ -7,6 +7,7 @@
 
 #include "base/busy_pointer.h"
 #include "base/qt/text_boxes.h"
+#include "base/words.h"
 #include "sap/publish.h"
 
 namespace qor {
@@ -29,13 +30,13 @@ FormABAP::FormABAP(SesionSAP& sesion, const TextosIdioma& textos, Vista& vista, 
     NombreABAP_->setObjectName(QStringLiteral("NombreABAP"));
     NombreABAP_->PonerFiltro(FiltrarNombre);
     NombreABAP_->PonerTexto(NombreElegido);
-    OK_ = NuevoBoton("OK", Literal("OK"));
+    OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     Cancel_ = NuevoBoton("Cancel", Rotulo(187));
     connect(NombreABAP_, &QLineEdit::textChanged, this, &FormABAP::Habilitar);
     connect(OK_, &QPushButton::clicked, this, &FormABAP::Aceptar);
     connect(Cancel_, &QPushButton::clicked, this, &QDialog::reject);
     auto* const orden = new QVBoxLayout(this);
-    orden->addWidget(NuevoRotulo("NombreABAPLabel", Literal("&Name:"), NombreABAP_));
+    orden->addWidget(NuevoRotulo("NombreABAPLabel", Palabra(palabra::Nombre), NombreABAP_));
     orden->addWidget(NombreABAP_);
     orden->addStretch();
     orden->addLayout(FilaDeBotones({OK_, Cancel_}));

@@ -16,6 +16,7 @@
 #include "base/code_page.h"
 #include "base/qt/text.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "sap/templates.h"
 
 namespace qor {
@@ -47,7 +48,7 @@ std::string Cortado(const QLineEdit& caja) { return std::string(Recortar(TextoDe
 FormLogon::FormLogon(EleccionDeLogon& eleccion, const std::filesystem::path& practica, const TextosIdioma& textos, Vista& vista,
                      QWidget* padre)
     : Dialogo(textos, "FormLogon", padre), eleccion_(eleccion), parametros_(eleccion.parametros), vista_(vista) {
-    setWindowTitle(Literal("Log on to a system"));
+    setWindowTitle(Palabra(palabra::ConectarseAUnSistema));
     auto* const marcos = new QGridLayout;
     marcos->addWidget(CrearSistema(), 0, 0, 2, 1);
     FrameUsuario_ = CrearUsuario();
@@ -57,7 +58,7 @@ FormLogon::FormLogon(EleccionDeLogon& eleccion, const std::filesystem::path& pra
     Elegir();
     auto* const orden = new QVBoxLayout(this);
     orden->addLayout(marcos);
-    OK_ = NuevoBoton("OK", Literal("OK"));
+    OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     OK_->setDefault(true);
     auto* const Cancel = NuevoBoton("Cancel", Rotulo(187));
     connect(OK_, &QPushButton::clicked, this, [this] {
@@ -91,54 +92,56 @@ QLineEdit* FormLogon::NuevaCaja(const char* nombre, const std::string& texto, in
     return caja;
 }
 
-QRadioButton* FormLogon::NuevaOpcion(const char* nombre, std::string_view rotulo, QWidget* marco) {
-    auto* const opcion = new QRadioButton(Literal(rotulo), marco);
+QRadioButton* FormLogon::NuevaOpcion(const char* nombre, int rotulo, QWidget* marco) {
+    auto* const opcion = new QRadioButton(Palabra(rotulo), marco);
     opcion->setObjectName(QString::fromLatin1(nombre));
     return opcion;
 }
 
 QWidget* FormLogon::CrearSistema() {
-    auto* const marco = NuevoMarco("FrameSistema", Literal("System"));
-    OptionServidor_ = NuevaOpcion("OptionServidor", "&Application server", marco);
+    auto* const marco = NuevoMarco("FrameSistema", Palabra(palabra::Sistema));
+    OptionServidor_ = NuevaOpcion("OptionServidor", palabra::ServidorDeAplicaciones, marco);
     Servidor_ = NuevaCaja("Servidor", parametros_.servidor);
     NumeroDeSistema_ = NuevaCaja("NumeroDeSistema", parametros_.numeroDeSistema, largoDeNumero);
-    OptionMensajes_ = NuevaOpcion("OptionMensajes", "&Message server and logon group", marco);
+    OptionMensajes_ = NuevaOpcion("OptionMensajes", palabra::ServidorDeMensajesYGrupo, marco);
     ServidorDeMensajes_ = NuevaCaja("ServidorDeMensajes", parametros_.servidorDeMensajes);
     Sistema_ = NuevaCaja("Sistema", parametros_.sistema, largoDeSistema);
     Grupo_ = NuevaCaja("Grupo", parametros_.grupo);
     Ruta_ = NuevaCaja("Ruta", parametros_.ruta);
-    Ruta_->setToolTip(Literal("A router string with a password (/W/ or /P/) is used for this logon, but not remembered."));
+    Ruta_->setToolTip(Palabra(palabra::UnRouterConContrasena));
     auto* const rejilla = new QGridLayout(marco);
     rejilla->addWidget(OptionServidor_, 0, 0, 1, 2);
     LlenarFilas(rejilla, 1,
-                {{"ServidorLabel", "&Host:", Servidor_}, {"NumeroDeSistemaLabel", "System &number:", NumeroDeSistema_}});
+                {{"ServidorLabel", palabra::DireccionDelServidor, Servidor_},
+                 {"NumeroDeSistemaLabel", palabra::NumeroDeSistema, NumeroDeSistema_}});
     rejilla->addWidget(OptionMensajes_, 3, 0, 1, 2);
     LlenarFilas(rejilla, 4,
-                {{"ServidorDeMensajesLabel", "H&ost:", ServidorDeMensajes_},
-                 {"SistemaLabel", "&System name:", Sistema_},
-                 {"GrupoLabel", "Logon &group:", Grupo_},
-                 {"RutaLabel", "SAP &router:", Ruta_}});
+                {{"ServidorDeMensajesLabel", palabra::DireccionDelServidorDeMensajes, ServidorDeMensajes_},
+                 {"SistemaLabel", palabra::NombreDelSistema, Sistema_},
+                 {"GrupoLabel", palabra::GrupoDeConexion, Grupo_},
+                 {"RutaLabel", palabra::SAProuter, Ruta_}});
     return marco;
 }
 
 QWidget* FormLogon::CrearPractica(const std::filesystem::path& practica) {
     auto* const marco = NuevoMarco("FramePractica", {});
-    OptionPractica_ = NuevaOpcion("OptionPractica", "Prac&tice system", marco);
-    auto* const que = NuevoRotulo("PracticaLabel", Literal("Part of this program, no SAP system."));
+    OptionPractica_ = NuevaOpcion("OptionPractica", palabra::OpcionSistemaDePractica, marco);
+    auto* const que = NuevoRotulo("PracticaLabel", Palabra(palabra::EsParteDeEstePrograma));
     OptionPractica_->setAccessibleDescription(que->text());
     for (auto* const control : std::initializer_list<QWidget*>{OptionPractica_, que}) control->setToolTip(NombreQt(practica));
     Rol_ = new QComboBox(this);
     Rol_->setObjectName(QStringLiteral("Rol"));
-    constexpr std::pair<const char*, const char*> roles[] = {
-        {"T", "Test"},     {"P", "Production"},    {"C", "Customizing"}, {"D", "Demonstration"},
-        {"E", "Training"}, {"S", "SAP reference"}, {"", "None"}};
-    for (const auto& [letra, nombre] : roles) Rol_->addItem(Literal(nombre), QString::fromLatin1(letra));
+    constexpr std::pair<const char*, int> roles[] = {{"T", palabra::RolPrueba},      {"P", palabra::RolProduccion},
+                                                     {"C", palabra::RolCustomizing}, {"D", palabra::RolDemostracion},
+                                                     {"E", palabra::RolFormacion},   {"S", palabra::RolReferenciaSAP},
+                                                     {"", palabra::RolNinguno}};
+    for (const auto& [letra, nombre] : roles) Rol_->addItem(Palabra(nombre), QString::fromLatin1(letra));
     Rol_->setCurrentIndex(std::max(0, Rol_->findData(TextoQt(eleccion_.rol))));
-    Rol_->setToolTip(Literal("A system whose client is productive takes no programs."));
+    Rol_->setToolTip(Palabra(palabra::UnMandanteProductivoNoAdmiteProgramas));
     auto* const rejilla = new QGridLayout(marco);
     rejilla->addWidget(OptionPractica_, 0, 0, 1, 2);
     rejilla->addWidget(que, 1, 0, 1, 2);
-    rejilla->addWidget(NuevoRotulo("RolLabel", Literal("Rol&e of the client:"), Rol_), 2, 0);
+    rejilla->addWidget(NuevoRotulo("RolLabel", Palabra(palabra::RolDelMandante), Rol_), 2, 0);
     rejilla->addWidget(Rol_, 2, 1);
     return marco;
 }
@@ -152,7 +155,7 @@ void FormLogon::Elegir() {
 }
 
 QWidget* FormLogon::CrearUsuario() {
-    auto* const marco = NuevoMarco("FrameUsuario", Literal("User"));
+    auto* const marco = NuevoMarco("FrameUsuario", Palabra(palabra::MarcoUsuario));
     Cliente_ = NuevaCaja("Cliente", parametros_.cliente, largoDeCliente);
     Usuario_ = NuevaCaja("Usuario", parametros_.usuario);
     Clave_ = NuevaCaja("Clave", {});
@@ -160,16 +163,16 @@ QWidget* FormLogon::CrearUsuario() {
     Idioma_ = NuevaCaja("Idioma", parametros_.idioma, largoDeIdioma);
     auto* const rejilla = new QGridLayout(marco);
     LlenarFilas(rejilla, 0,
-                {{"ClienteLabel", "&Client:", Cliente_},
-                 {"UsuarioLabel", "&User:", Usuario_},
-                 {"ClaveLabel", "&Password:", Clave_},
-                 {"IdiomaLabel", "&Language:", Idioma_}});
+                {{"ClienteLabel", palabra::Mandante, Cliente_},
+                 {"UsuarioLabel", palabra::Usuario, Usuario_},
+                 {"ClaveLabel", palabra::Contrasena, Clave_},
+                 {"IdiomaLabel", palabra::Idioma, Idioma_}});
     return marco;
 }
 
 void FormLogon::LlenarFilas(QGridLayout* rejilla, int primera, std::initializer_list<Fila> filas) {
     for (const auto& [nombre, rotulo, caja] : filas) {
-        rejilla->addWidget(NuevoRotulo(nombre, Literal(rotulo), caja), primera, 0);
+        rejilla->addWidget(NuevoRotulo(nombre, Palabra(rotulo), caja), primera, 0);
         rejilla->addWidget(caja, primera++, 1);
     }
     rejilla->setColumnStretch(1, 1);
@@ -204,9 +207,7 @@ bool FormLogon::TodosSePuedenMandar() {
         caja->setFocus();
         caja->selectAll();
         const QString nombre = rotulo->text().remove(QLatin1Char('&')).remove(QLatin1Char(':'));
-        vista_.Advertir(MensajeLiteral(TextoDelModelo(
-            Literal("The field \"%1\" holds a character that can't be sent to the system, so nothing was sent. Please correct it.")
-                .arg(nombre))));
+        vista_.Advertir(MensajeLiteral(TextoDelModelo(Palabra(palabra::CaracterQueNoSePuedeEnviar).arg(nombre))));
         return false;
     }
     return true;

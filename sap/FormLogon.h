@@ -29,14 +29,14 @@ protected:
 
 private:
     QLineEdit* NuevaCaja(const char* nombre, const std::string& texto, int letras = 0);
-    QRadioButton* NuevaOpcion(const char* nombre, std::string_view rotulo, QWidget* marco);
+    QRadioButton* NuevaOpcion(const char* nombre, int rotulo, QWidget* marco);
     QWidget* CrearSistema();
     QWidget* CrearUsuario();
     QWidget* CrearPractica(const std::filesystem::path& practica);
     void Elegir();
     struct Fila {
         const char* nombre;
-        std::string_view rotulo;
+        int rotulo = 0;
         QLineEdit* caja;
     };
     void LlenarFilas(QGridLayout* rejilla, int primera, std::initializer_list<Fila> filas);

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "base/values.h"
 #include "model/document_format.h"
+#include "tests/support/language.h"
 #include "tests/support/left_out_on_windows.h"
 #include "tests/support/temporary_directory.h"
 
@@ -122,8 +123,9 @@ void ExigirSARIF(const Json& registro) {
 
 #ifndef LEFT_OUT_CheckAll_SARIFHoldsWhatItsSchemaAsksFor
 TEST(CheckAll, SARIFHoldsWhatItsSchemaAsksFor) {
-    ExigirSARIF(Json::parse(HallazgosComoSARIF({})));
-    const auto registro = Json::parse(HallazgosComoSARIF(Revisados()));
+    const auto textos = TextosDe("Espanol");
+    ExigirSARIF(Json::parse(HallazgosComoSARIF({}, textos)));
+    const auto registro = Json::parse(HallazgosComoSARIF(Revisados(), textos));
     ExigirSARIF(registro);
     const auto& corrida = registro["runs"][0];
     ASSERT_EQ(corrida["results"].size(), 4U);
@@ -139,7 +141,7 @@ TEST(CheckAll, SARIFHoldsWhatItsSchemaAsksFor) {
     // A warning that is taken for an error is one where it is found; its kind stays what it is.
     auto revisados = Revisados();
     TomarAvisosPorErrores(revisados[0].hallazgos);
-    const auto conErrores = Json::parse(HallazgosComoSARIF(revisados))["runs"][0];
+    const auto conErrores = Json::parse(HallazgosComoSARIF(revisados, textos))["runs"][0];
     EXPECT_EQ(conErrores["results"][1]["level"], "error");
     EXPECT_EQ(conErrores["tool"]["driver"], corrida["tool"]["driver"]);
 }

@@ -5,6 +5,7 @@
 
 #include "app/publish_question.h"
 #include "app/refusal_view.h"
+#include "tests/support/language.h"
 #include "tests/support/window_fixture.h"
 
 namespace qor {
@@ -226,10 +227,10 @@ TEST_F(Findings, AReportWithErrorsIsPublishedOnlyAfterAYes) {
         {2, {Respuesta::No}, "Espanol", "El report tiene 2 errores,", ""},
     };
     for (const auto& caso : casos) {
-        p.textos.Poner(0, caso.idioma);
+        const auto textos = pruebas::TextosDe(caso.idioma);
         p.vista.respuestas = caso.respuestas;
         const auto dialogo = TrasPreguntarPorErrores([](const std::string& propuesto) { return propuesto; },
-                                                     [&] { return caso.errores; }, p.textos, p.vista);
+                                                     [&] { return caso.errores; }, textos, p.vista);
         EXPECT_EQ(dialogo("ZLOAD"), caso.nombre);
         const std::string avisos = p.vista.TomarAvisos();
         EXPECT_THAT(avisos, testing::StartsWith(caso.pregunta));

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/words.h"
 #include "tests/support/temporary_directory.h"
 
 namespace qor {
@@ -19,13 +20,16 @@ constexpr const char* archivo =
     "699,\"'\"\r\n"
     "700,\"d'oh.html\"\r\n"
     "999,\"last\"\r\n"
-    "1000,\"beyond\"\r\n"
-    "40000,\"far beyond\"\r\n"
+    "1000,\"en\"\r\n"
+    "1011,\" a word \"\r\n"
+    "1012,\"another\"\r\n"
+    "100000,\"beyond\"\r\n"
     "0,\"Espa\xF1ol\"\r\n"
     "300,\"\xBFGrabar?\"\r\n"
     "0,\"Deutsch\"\r\n"
     "300,\"Sichern?\"\r\n"
     "300,\"Wirklich sichern?\"\r\n"
+    "1012,\"ein anderes\"\r\n"
     "0,\"English\"\r\n"
     "301,\"a second section of the name\"\r\n";
 
@@ -62,6 +66,26 @@ TEST(Language, NamesAreFoundInAnyCase) {
     EXPECT_EQ(Carga(archivo, "deutsch").Texto(300), "Wirklich sichern?") << "the later text of a number counts";
 }
 
+// The words of the language itself, else those of English, else those of the program's own file; what tells of the language is
+// never another's.
+TEST(Language, WordsThatAreMissingComeFromEnglish) {
+    const Carga ingles(archivo, "English");
+    const Carga aleman(archivo, "Deutsch");
+    EXPECT_EQ(ingles.textos.Palabra(1000) + ingles.textos.Palabra(1011) + ingles.textos.Palabra(1012), "en a word another");
+    EXPECT_EQ(aleman.textos.Palabra(1000) + aleman.textos.Palabra(1011) + aleman.textos.Palabra(1012), " a word ein anderes");
+    EXPECT_EQ(aleman.textos.Palabra(100000) + ingles.textos.Palabra(1013), "");
+    EXPECT_EQ(aleman.textos.PalabraInglesa(1012), "another");
+    EXPECT_EQ(aleman.textos.PorIngles("another"), "ein anderes");
+    EXPECT_EQ(aleman.textos.PorIngles("no word"), "no word");
+
+    const DirectorioTemporal directorio;
+    TextosIdioma textos;
+    std::string idioma = "Espanol";
+    RecuperarIdioma(textos, directorio.Escribir("language.txt", "0,\"Espanol\"\r\n1,\"Uno\"\r\n"), idioma);
+    EXPECT_EQ(textos.Texto(1) + textos.Palabra(palabra::Cerrar), "UnoCerrar") << "a file without words, of an earlier version";
+    EXPECT_EQ(textos.Palabra(palabra::CodigoDelIdioma), "");
+}
+
 TEST(Language, AFailureKeepsWhatWasRead) {
     struct Caso {
         const char* que;
@@ -95,6 +119,7 @@ TEST(Language, AMissingFileLeavesTheTextsAlone) {
     std::string idioma = "Espanol";
     EXPECT_EQ(RecuperarIdioma(textos, DirectorioTemporal() / "language.txt", idioma), ResultadoIdioma::SinArchivo);
     EXPECT_EQ(textos.Texto(300) + idioma, "loaded beforeEspanol");
+    EXPECT_EQ(textos.Palabra(palabra::Cerrar), "Cerrar") << "words are still there for what has to be told";
 }
 
 TEST(Language, ListsTheNamesWithoutQuotes) {

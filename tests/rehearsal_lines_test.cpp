@@ -155,7 +155,7 @@ TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     for (const auto& ejemplo : LeerEjemplos(QOR_TEST_SOURCE_DIR "/data", ejemplos)) {
         SCOPED_TRACE(ejemplo.carpeta);
         ofrecidas.push_back(ejemplo.carpeta);
-        for (const auto& frase : {ejemplo.ingles, ejemplo.espanol}) EXPECT_TRUE(frase.ends_with('.'));
+        for (const auto& [codigo, frase] : ejemplo.frases) EXPECT_TRUE(frase.ends_with('.')) << codigo;
         const auto copia = CopiarEjemplo(ejemplos / ejemplo.carpeta, directorio.Ruta());
         if (ejemplo.clase != EjemploIncluido::Clase::Documento) continue;
         pruebas::VentanaDePrueba p;

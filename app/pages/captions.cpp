@@ -2,17 +2,14 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
-#include <QTranslator>
 #include <array>
 #include <string>
 
@@ -149,77 +146,77 @@ constexpr Rotulo consejos[] = {
     {"UpButton", 6}, {"DownButton", 7}, {"UndoButton", 8}, {"PreviewButton", 9}, {"ButtonAddOperation", 194},
 };
 
-struct RotuloLiteral {
+struct RotuloDePalabra {
     const char* control;
-    const char* ingles;
+    int palabra;
 };
 
-constexpr RotuloLiteral literales[] = {
-    {"RehearseOption", "Re&hearse..."},
-    {"OpenExampleOption", "Open an &example..."},
-    {"EditOption", "&Edit"},
-    {"UndoOption", "&Undo"},
-    {"UpOption", "Move the field &up"},
-    {"DownOption", "Move the field d&own"},
-    {"InsertOption", "&Insert a copy of the row above it"},
-    {"DeleteOption", "&Delete the row"},
-    {"NoteOption", "N&ote..."},
-    {"CodeOption", "Conversion co&de..."},
-    {"DefinitionsOption", "&Variables and definitions..."},
-    {"PreviewOption", "Preview of t&he structures..."},
-    {"DataPreviewOption", "Data pr&eview..."},
-    {"FindOption", "&Find..."},
-    {"FindNextOption", "Find ne&xt"},
-    {"CutOption", "Cu&t"},
-    {"CopyOption", "&Copy"},
-    {"PasteOption", "&Paste"},
-    {"RowsOption", "Ro&ws"},
-    {"CopyRowsOption", "&Copy the rows"},
-    {"InsertBlankOption", "Insert &a blank row above"},
-    {"RowUpOption", "Move the row u&p"},
-    {"RowDownOption", "Move the row dow&n"},
-    {"ConditionOption", "Cond&itions..."},
-    {"GoToFieldOption", "Go to the fi&le field"},
-    {"MissingFieldsOption", "Add &missing file fields..."},
-    {"AddOperationOption", "&Add an operation..."},
-    {"SourceOption", "Data &source..."},
-    {"GenerateOption", "&Generate the program"},
-    {"FindingsOption", "Findin&gs"},
-    {"NextFindingOption", "&Next finding"},
-    {"PreviousFindingOption", "P&revious finding"},
-    {"Logon", "Log &on..."},
-    {"Logoff", "Log o&ff"},
-    {"KeepRecordingOption", "&Keep a recording in the practice system..."},
-    {"ButtonLogon", "Log &on..."},
-    {"ButtonLogoff", "Log o&ff"},
-    {"LineaArchivoLabel", "Row"},
-    {"LineaTransaccionLabel", "Row"},
-    {"ArrastreLabel", "Drag onto a value:"},
-    {"FrameContabilizacion", "Posting"},
-    {"FrameErrores", "Error handling"},
-    {"OptionEncodingNone", "No addition"},
-    {"OptionEncodingAdditional", "Other addition:"},
-    {"LabelGSprefix", "Global variables:"},
-    {"LabelGNprefix", "Global numbers:"},
-    {"LabelGTprefix", "Global internal tables:"},
-    {"LabelLSprefix", "Local variables and parameters:"},
-    {"LabelLNprefix", "Local numbers:"},
-    {"LabelLTprefix", "Local internal tables:"},
-    {"LabelGCprefix", "Global constants:"},
-    {"LabelPSprefix", "Parameters of the selection screen:"},
-    {"LabelPNprefix", "Numeric parameters of the selection screen:"},
+constexpr RotuloDePalabra palabras[] = {
+    {"RehearseOption", palabra::OrdenEnsayar},
+    {"OpenExampleOption", palabra::OrdenAbrirUnEjemplo},
+    {"EditOption", palabra::MenuEdicion},
+    {"UndoOption", palabra::Deshacer},
+    {"UpOption", palabra::SubirElCampo},
+    {"DownOption", palabra::BajarElCampo},
+    {"InsertOption", palabra::InsertarUnaFila},
+    {"DeleteOption", palabra::BorrarLaFila},
+    {"NoteOption", palabra::OrdenNota},
+    {"CodeOption", palabra::OrdenCodigoDeConversion},
+    {"DefinitionsOption", palabra::VariablesYDefiniciones},
+    {"PreviewOption", palabra::VistaPreviaDeLasEstructuras},
+    {"DataPreviewOption", palabra::OrdenVistaDeLosDatos},
+    {"FindOption", palabra::OrdenBuscar},
+    {"FindNextOption", palabra::OrdenBuscarElSiguiente},
+    {"CutOption", palabra::OrdenCortar},
+    {"CopyOption", palabra::OrdenCopiar},
+    {"PasteOption", palabra::OrdenPegar},
+    {"RowsOption", palabra::MenuFilas},
+    {"CopyRowsOption", palabra::OrdenCopiarLasFilas},
+    {"InsertBlankOption", palabra::OrdenInsertarFilaEnBlanco},
+    {"RowUpOption", palabra::OrdenSubirLaFila},
+    {"RowDownOption", palabra::OrdenBajarLaFila},
+    {"ConditionOption", palabra::OrdenCondiciones},
+    {"GoToFieldOption", palabra::OrdenIrAlCampoDelArchivo},
+    {"MissingFieldsOption", palabra::OrdenAgregarLosCamposQueFaltan},
+    {"AddOperationOption", palabra::OrdenAgregarUnaOperacion},
+    {"SourceOption", palabra::OrdenOrigenDeLosDatos},
+    {"GenerateOption", palabra::OrdenGenerarElPrograma},
+    {"FindingsOption", palabra::OrdenHallazgos},
+    {"NextFindingOption", palabra::HallazgoSiguiente},
+    {"PreviousFindingOption", palabra::HallazgoAnterior},
+    {"Logon", palabra::OrdenConectar},
+    {"Logoff", palabra::OrdenDesconectar},
+    {"KeepRecordingOption", palabra::OrdenGuardarUnaGrabacion},
+    {"ButtonLogon", palabra::OrdenConectar},
+    {"ButtonLogoff", palabra::OrdenDesconectar},
+    {"LineaArchivoLabel", palabra::Fila},
+    {"LineaTransaccionLabel", palabra::Fila},
+    {"ArrastreLabel", palabra::ArrastreAUnValor},
+    {"FrameContabilizacion", palabra::Contabilizacion},
+    {"FrameErrores", palabra::TratamientoDeErrores},
+    {"OptionEncodingNone", palabra::SinAdicion},
+    {"OptionEncodingAdditional", palabra::OtraAdicion},
+    {"LabelGSprefix", palabra::VariablesGlobales},
+    {"LabelGNprefix", palabra::NumerosGlobales},
+    {"LabelGTprefix", palabra::TablasInternasGlobales},
+    {"LabelLSprefix", palabra::VariablesYParametrosLocales},
+    {"LabelLNprefix", palabra::NumerosLocales},
+    {"LabelLTprefix", palabra::TablasInternasLocales},
+    {"LabelGCprefix", palabra::ConstantesGlobales},
+    {"LabelPSprefix", palabra::ParametrosDeLaPantalla},
+    {"LabelPNprefix", palabra::ParametrosNumericosDeLaPantalla},
 };
 
-constexpr RotuloLiteral consejosLiterales[] = {
-    {"DataPreviewButton", "Data preview"},
-    {"ExpandirCampo", "Give the field column more room, or take it back"},
-    {"LineaArchivo", "Double-click: back to the first row"},
-    {"LineaTransaccion", "Double-click: back to the first row"},
-    {"EnterCode", "Drag onto the value of a row to make it an OK code"},
-    {"SaveCode", "Drag onto the value of a row to make it an OK code"},
-    {"F5Code", "Drag onto the value of a row to make it an OK code"},
-    {"CreateCode", "Drag onto the value of a row to make it an OK code"},
-    {"RehearseButton", "Rehearse on the practice system (F9)"},
+constexpr RotuloDePalabra consejosDePalabra[] = {
+    {"DataPreviewButton", palabra::VistaDeLosDatos},
+    {"ExpandirCampo", palabra::DarMasEspacioALosCampos},
+    {"LineaArchivo", palabra::DobleClicALaPrimeraFila},
+    {"LineaTransaccion", palabra::DobleClicALaPrimeraFila},
+    {"EnterCode", palabra::ArrastrarComoOKCode},
+    {"SaveCode", palabra::ArrastrarComoOKCode},
+    {"F5Code", palabra::ArrastrarComoOKCode},
+    {"CreateCode", palabra::ArrastrarComoOKCode},
+    {"RehearseButton", palabra::EnsayarEnElSistemaDePractica},
 };
 
 struct TitulosDePestanas {
@@ -256,22 +253,23 @@ void PonerNumerados(const Controles& controles, const TextosIdioma& textos) {
     }
 }
 
-void PonerLiterales(const Controles& controles, const TextosIdioma& textos) {
-    for (const auto& rotulo : literales) PonerRotulo(controles.Buscar(rotulo.control), Palabra(textos, rotulo.ingles));
-    for (const auto& consejo : consejosLiterales) PonerConsejo(controles, consejo.control, Palabra(textos, consejo.ingles));
+void PonerPalabras(const Controles& controles, const TextosIdioma& textos) {
+    for (const auto& rotulo : palabras) PonerRotulo(controles.Buscar(rotulo.control), Palabra(textos, rotulo.palabra));
+    for (const auto& consejo : consejosDePalabra) PonerConsejo(controles, consejo.control, Palabra(textos, consejo.palabra));
     // Words of ABAP are the same in every language.
     PonerRotulo(controles.Buscar("OptionEncodingDefault"), QStringLiteral("ENCODING DEFAULT"));
     PonerRotulo(controles.Buscar("OptionEncodingNonUnicode"), QStringLiteral("ENCODING NON-UNICODE"));
     for (int i = 0; i < lineasArchivo; ++i) {
         auto* const codigo = controles.Buscar<QToolButton>(QByteArray("ABAP_") + QByteArray::number(i));
         codigo->setText(TextoQt(textos.Texto(38)));
-        codigo->setToolTip(Palabra(textos, "Conversion code of the field"));
+        codigo->setToolTip(Palabra(textos, palabra::CodigoDeConversionDelCampo));
     }
-    controles.Buscar<QLineEdit>("TextoBuscado")->setPlaceholderText(Palabra(textos, "Text to find"));
-    controles.Buscar<QToolBar>("BarraDeBotones")->setWindowTitle(Palabra(textos, "Tools"));
+    controles.Buscar<QLineEdit>("TextoBuscado")->setPlaceholderText(Palabra(textos, palabra::TextoABuscar));
+    controles.Buscar<QToolBar>("BarraDeBotones")->setWindowTitle(Palabra(textos, palabra::Herramientas));
     auto* const prioridad = controles.Buscar<QComboBox>("PrioridadCombo");
     prioridad->clear();
-    for (const char* const palabra : {"High", "Medium", "Low"}) prioridad->addItem(Palabra(textos, palabra));
+    for (const int prioridadDicha : {palabra::PrioridadAlta, palabra::PrioridadMedia, palabra::PrioridadBaja})
+        prioridad->addItem(Palabra(textos, prioridadDicha));
     prioridad->setCurrentIndex(-1);
 }
 
@@ -279,15 +277,7 @@ void PonerLiterales(const Controles& controles, const TextosIdioma& textos) {
 
 void PonerRotulos(const Controles& controles, const TextosIdioma& textos) {
     PonerNumerados(controles, textos);
-    PonerLiterales(controles, textos);
-}
-
-void CambiarIdiomaDeQt(bool espanol) {
-    static QTranslator traductor;
-    QCoreApplication::removeTranslator(&traductor);
-    if (espanol && traductor.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QCoreApplication::installTranslator(&traductor);
-    }
+    PonerPalabras(controles, textos);
 }
 
 }  // namespace qor

@@ -15,9 +15,7 @@ namespace qor {
 
 namespace {
 
-QString PalabraSiHay(const TextosIdioma& textos, std::string_view ingles) {
-    return ingles.empty() ? QString() : Palabra(textos, ingles);
-}
+QString PalabraSiHay(const TextosIdioma& textos, int palabra) { return palabra == 0 ? QString() : Palabra(textos, palabra); }
 
 }  // namespace
 
@@ -26,26 +24,24 @@ IconosDeGravedad::IconosDeGravedad()
 
 QString PalabraDe(const TextosIdioma& textos, Gravedad gravedad) {
     switch (gravedad) {
-        case Gravedad::Error: return Palabra(textos, "Error");
-        case Gravedad::Aviso: return Palabra(textos, "Warning");
+        case Gravedad::Error: return Palabra(textos, palabra::Error);
+        case Gravedad::Aviso: return Palabra(textos, palabra::Advertencia);
         case Gravedad::Nota: break;
     }
-    return Palabra(textos, "Note");
+    return Palabra(textos, palabra::Nota);
 }
 
 // The person counts rows from 1.
 QString LugarEnPalabras(const TextosIdioma& textos, const Lugar& lugar) {
     QStringList partes;
-    partes << Palabra(textos, lugar.parte == Lugar::Parte::Ninguna ? "specification" : LadoDeLugar(lugar));
+    partes << Palabra(textos, lugar.parte == Lugar::Parte::Ninguna ? palabra::LadoEspecificacion : PalabraDeLado(lugar));
     if (lugar.opcion != nullptr) {
-        const auto rotulo = RotuloDeOpcion(lugar, IgualesSinCaja(textos.Texto(0), "Espanol"));
-        partes.last() +=
-            QLatin1Char(' ') + (rotulo.empty() ? QString::fromLatin1(lugar.opcion)
-                                               : QString::fromUtf8(rotulo.data(), static_cast<qsizetype>(rotulo.size())));
+        const int rotulo = PalabraDeOpcion(lugar);
+        partes.last() += QLatin1Char(' ') + (rotulo == 0 ? QString::fromLatin1(lugar.opcion) : Palabra(textos, rotulo));
     }
-    if (lugar.fila >= 0) partes << Palabra(textos, "row %1").arg(lugar.fila + 1);
-    partes << PalabraSiHay(textos, ColumnaDeLugar(lugar));
-    if (lugar.linea > 0) partes << Palabra(textos, "line %1").arg(lugar.linea);
+    if (lugar.fila >= 0) partes << Palabra(textos, palabra::FilaNumero).arg(lugar.fila + 1);
+    partes << PalabraSiHay(textos, PalabraDeColumna(lugar));
+    if (lugar.linea > 0) partes << Palabra(textos, palabra::LineaNumero).arg(lugar.linea);
     partes.removeAll(QString());
     return partes.join(QStringLiteral(", "));
 }
@@ -79,10 +75,10 @@ QVariant ModeloDeHallazgos::data(const QModelIndex& lugar, int papel) const {
 QVariant ModeloDeHallazgos::headerData(int columna, Qt::Orientation orientacion, int papel) const {
     if (orientacion != Qt::Horizontal || papel != Qt::DisplayRole) return {};
     switch (columna) {
-        case Severidad: return Palabra(textos_, "Severity");
-        case Codigo: return Palabra(textos_, "Code");
-        case Sitio: return Palabra(textos_, "Place");
-        default: return Palabra(textos_, "Text");
+        case Severidad: return Palabra(textos_, palabra::Gravedad);
+        case Codigo: return Palabra(textos_, palabra::Codigo);
+        case Sitio: return Palabra(textos_, palabra::Lugar);
+        default: return Palabra(textos_, palabra::Texto);
     }
 }
 

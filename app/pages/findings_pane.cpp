@@ -125,10 +125,10 @@ void PanelDeHallazgos::MostrarElegido() {
 }
 
 void PanelDeHallazgos::RefrescarIdioma() {
-    const QString nombre = Palabra(textos_, "Findings");
+    const QString nombre = Palabra(textos_, palabra::Hallazgos);
     lista_->setAccessibleName(nombre);
-    cerrar_->setToolTip(Palabra(textos_, "Close"));
-    cerrar_->setAccessibleName(Palabra(textos_, "Close") + QLatin1Char(' ') + nombre);
+    cerrar_->setToolTip(Palabra(textos_, palabra::Cerrar));
+    cerrar_->setAccessibleName(Palabra(textos_, palabra::Cerrar) + QLatin1Char(' ') + nombre);
     emit modelo_->headerDataChanged(Qt::Horizontal, 0, ModeloDeHallazgos::CantidadDeColumnas - 1);
     PonerTitulo();
     AjustarColumnas();
@@ -136,28 +136,29 @@ void PanelDeHallazgos::RefrescarIdioma() {
 
 void PanelDeHallazgos::PonerTitulo() {
     QStringList partes;
-    const auto agregar = [&](int cuantos, const char* uno, const char* varios) {
+    const auto agregar = [&](int cuantos, int uno, int varios) {
         if (cuantos > 0) partes << Palabra(textos_, cuantos == 1 ? uno : varios).arg(cuantos);
     };
-    agregar(cuenta_.errores, "%1 error", "%1 errors");
-    agregar(cuenta_.avisos, "%1 warning", "%1 warnings");
-    agregar(cuenta_.notas, "%1 note", "%1 notes");
-    if (!completo_) partes << Palabra(textos_, "there may be more behind them");
-    titulo_->setText(partes.isEmpty() ? QString()
-                                      : Palabra(textos_, "Findings") + QStringLiteral(": ") + partes.join(QStringLiteral(", ")));
+    agregar(cuenta_.errores, palabra::CuentaDeUnError, palabra::CuentaDeErrores);
+    agregar(cuenta_.avisos, palabra::CuentaDeUnAviso, palabra::CuentaDeAvisos);
+    agregar(cuenta_.notas, palabra::CuentaDeUnaNota, palabra::CuentaDeNotas);
+    if (!completo_) partes << Palabra(textos_, palabra::PuedeHaberMasDetras);
+    titulo_->setText(partes.isEmpty()
+                         ? QString()
+                         : Palabra(textos_, palabra::Hallazgos) + QStringLiteral(": ") + partes.join(QStringLiteral(", ")));
 }
 
 // Wide enough for what mostly stands there; a user can change it.
 void PanelDeHallazgos::AjustarColumnas() {
     const auto ancho = [this](const QString& texto) { return lista_->fontMetrics().horizontalAdvance(texto); };
     const int borde = ancho(QStringLiteral("mm"));
-    int severidad = ancho(Palabra(textos_, "Severity"));
+    int severidad = ancho(Palabra(textos_, palabra::Gravedad));
     for (const auto gravedad : {Gravedad::Error, Gravedad::Aviso, Gravedad::Nota}) {
         severidad = std::max(severidad, ancho(PalabraDe(textos_, gravedad)) + lista_->fontMetrics().height());
     }
     lista_->setColumnWidth(ModeloDeHallazgos::Severidad, severidad + borde);
     lista_->setColumnWidth(ModeloDeHallazgos::Codigo,
-                           std::max(ancho(Palabra(textos_, "Code")), ancho(QStringLiteral("Q000"))) + borde);
+                           std::max(ancho(Palabra(textos_, palabra::Codigo)), ancho(QStringLiteral("Q000"))) + borde);
     lista_->setColumnWidth(ModeloDeHallazgos::Sitio, ancho(LugarEnPalabras(textos_, Lugar::EnPrograma(ultimaFila, 0))) + borde);
 }
 

@@ -9,6 +9,7 @@
 #include "app/pages/layout.h"
 #include "base/qt/words.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
 #include "editor/option_rules.h"
@@ -98,7 +99,7 @@ void PanelDePrograma::MostrarLineas() {
 void PanelDePrograma::MostrarFormas(CeldaDeRejilla* celda) {
     if (celda->Lugar().columna != Columna::Valor) return;
     const bool espera = !EstaEnBlanco(TextoDe(entorno_.ventana, {Columna::Campo, celda->Lugar().linea}));
-    celda->setPlaceholderText(espera ? Palabra(entorno_.ventana.textos, "'constant', FIELD, @variable") : QString());
+    celda->setPlaceholderText(espera ? Palabra(entorno_.ventana.textos, palabra::LasTresFormasDeUnValor) : QString());
 }
 
 // Each state of the button has widths of its own, which the user may have changed.

@@ -105,7 +105,8 @@ QGroupBox* PaginaDeHerramientas::NuevaImportacion(QWidget* padre) {
     });
     auto* const importar = lazos.Boton("ImportTrans", grupo, [&ventana] {
         auto importacion = LeerImportacion(ventana.documento.especificacion, ventana.ReporteTrans, ventana.textos, ventana.vista);
-        if (importacion) TomarImportacion(ventana, std::move(*importacion), TextoDelModelo(Palabra(ventana.textos, "Rows")));
+        if (importacion)
+            TomarImportacion(ventana, std::move(*importacion), TextoDelModelo(Palabra(ventana.textos, palabra::Filas)));
     });
     connect(archivo, &QLineEdit::textChanged, this,
             [&lazos, &ventana, archivo] { lazos.Cambio([&] { ventana.ReporteTrans = RutaDelSistema(archivo->Texto()); }); });

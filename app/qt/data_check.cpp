@@ -37,7 +37,8 @@ void RevisionDeDatos::Mirar() {
     estado_ = {true, corriendo, revision_->Completa(), revision_->PorMil(), {}};
     if (!corriendo) {
         if (const auto fallo = revision_->Fallo(); !fallo.empty()) {
-            estado_.fallo = Palabra(textos_, "The files can't be checked:") + QLatin1Char(' ') + QString::fromStdString(fallo);
+            estado_.fallo =
+                Palabra(textos_, palabra::NoSePuedenRevisarLosArchivos) + QLatin1Char(' ') + QString::fromStdString(fallo);
         }
         revision_.reset();
     }

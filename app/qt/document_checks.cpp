@@ -13,9 +13,7 @@ namespace qor {
 
 namespace {
 
-Mensaje MensajeDe(const Ventana& ventana, const char* ingles) {
-    return MensajeLiteral(TextoDelModelo(Palabra(ventana.textos, ingles)));
-}
+Mensaje MensajeDe(const Ventana& ventana, int palabra) { return MensajeDePalabra(ventana.textos, palabra); }
 
 }  // namespace
 
@@ -25,8 +23,7 @@ ControlesDelDocumento::ControlesDelDocumento(Ventana& ventana, std::function<voi
     try {
         clases_ = ClasesDeCampos::DeDocumento(ventana_.documento.ruta);
     } catch (const FalloDeEjecucion& fallo) {
-        fallo_ =
-            Palabra(ventana_.textos, "The checks beside the document can't be read:") + QLatin1Char(' ') + TextoQt(fallo.what());
+        fallo_ = Palabra(ventana_.textos, palabra::NoSePuedenLeerLosControles) + QLatin1Char(' ') + TextoQt(fallo.what());
     }
 }
 
@@ -38,9 +35,7 @@ void ControlesDelDocumento::Poner(const std::string& campo, const ClaseDeCampo& 
 bool ControlesDelDocumento::Guardar() {
     auto& documento = ventana_.documento;
     if (documento.ruta.empty()) {
-        const auto pregunta = MensajeDe(
-            ventana_,
-            "The checks are kept beside the document, in a file of its name that ends in .checks. Save the document first?");
+        const auto pregunta = MensajeDe(ventana_, palabra::GuardarAntesElDocumento);
         if (ventana_.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si || !SaveAsOption(ventana_)) return false;
         if (alGuardarDocumento_) alGuardarDocumento_();
     }
@@ -52,7 +47,7 @@ bool ControlesDelDocumento::Guardar() {
     try {
         GuardarArchivo(ClasesDeCampos::ArchivoDe(documento.ruta), clases_.Texto(nombres));
     } catch (const FalloDeEjecucion& fallo) {
-        ventana_.vista.Advertir(ConDetalle(MensajeDe(ventana_, "The checks can't be saved."), fallo));
+        ventana_.vista.Advertir(ConDetalle(MensajeDe(ventana_, palabra::NoSePuedenGuardarLosControles), fallo));
         return false;
     }
     cambiados_ = false;
@@ -62,7 +57,7 @@ bool ControlesDelDocumento::Guardar() {
 
 bool ControlesDelDocumento::PuedenDejarse() {
     if (!cambiados_) return true;
-    const auto pregunta = MensajeDe(ventana_, "The checks of the fields were changed. Save them?");
+    const auto pregunta = MensajeDe(ventana_, palabra::GuardarLosControlesCambiados);
     switch (ventana_.vista.Preguntar(pregunta, Botones::SiNoCancelar)) {
         case Respuesta::Si: return Guardar();
         case Respuesta::No: return true;

@@ -17,19 +17,15 @@ constexpr std::size_t maximoDeLinea = std::size_t{1} << 16;
 }  // namespace
 
 void LlenarLadoDeCabecera(Ventana& ventana, const DisenoDeEntrada& diseno, const IndiceDeLineas& archivo) {
-    const auto mensaje = [&](const char* ingles) { return MensajeLiteral(TextoDelModelo(Palabra(ventana.textos, ingles))); };
+    const auto mensaje = [&](int palabra) { return MensajeDePalabra(ventana.textos, palabra); };
     auto lineas = archivo.Leer(0, lineasMiradas + 1, maximoDeLinea);
     if (lineas.empty()) return;
     const std::string cabecera = std::move(lineas.front());
     lineas.erase(lineas.begin());
-    if (cabecera.find('\t') == std::string::npos)
-        return ventana.vista.Advertir(mensaje("The first line of the file holds no tabs."));
+    if (cabecera.find('\t') == std::string::npos) return ventana.vista.Advertir(mensaje(palabra::LaPrimeraLineaNoTieneTabuladores));
     if (!diseno.PorTabuladores()) {
-        if (ventana.documento.opciones.ServidorOp())
-            return ventana.vista.Advertir(mensaje("Fields separated by tabs are read from files of the workstation only."));
-        const auto pregunta = mensaje(
-            "The first line holds names separated by tabs, but the specification reads fields of fixed width. Read fields "
-            "separated by tabs from now on?");
+        if (ventana.documento.opciones.ServidorOp()) return ventana.vista.Advertir(mensaje(palabra::TabuladoresSoloDeLaEstacion));
+        const auto pregunta = mensaje(palabra::LeerDesdeAhoraPorTabuladores);
         if (ventana.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
         CambiarOpcion(ventana, &Opciones::AnchoFijo, false);
     }

@@ -18,6 +18,7 @@ namespace qor {
 namespace {
 
 constexpr int mensajeDeContenido = 714;
+constexpr const char* paginasInglesas = "help/en/";
 
 QToolButton* NuevoBoton(QWidget* padre, const char* nombre, const char* icono) {
     auto* const boton = new QToolButton(padre);
@@ -62,31 +63,41 @@ VentanaDeAyuda::VentanaDeAyuda(const TextosIdioma& textos, std::filesystem::path
 }
 
 void VentanaDeAyuda::RefrescarIdioma() {
-    setWindowTitle(Palabra(textos_, "Help") + QStringLiteral(" - Qor Generator"));
-    atras_->setText(Palabra(textos_, "Back"));
-    adelante_->setText(Palabra(textos_, "Forward"));
-    contenido_->setText(Palabra(textos_, "Contents"));
-    cerrar_->setText(Palabra(textos_, "Close"));
+    setWindowTitle(Palabra(textos_, palabra::Ayuda) + QStringLiteral(" - Qor Generator"));
+    atras_->setText(Palabra(textos_, palabra::Atras));
+    adelante_->setText(Palabra(textos_, palabra::Adelante));
+    contenido_->setText(Palabra(textos_, palabra::Contenido));
+    cerrar_->setText(Palabra(textos_, palabra::Cerrar));
 }
 
 void VentanaDeAyuda::MostrarPagina(int mensaje) {
     const QString nombre = TextoQt(textos_.Texto(mensaje));
-    const QString ruta = QString::fromStdString(directorioDeDatos_.string()) + '/' + nombre;
-    if (QFileInfo(ruta).isFile()) {
-        navegador_->setSource(QUrl::fromLocalFile(ruta));
+    if (const QUrl pagina = DondeEste(QUrl::fromLocalFile(EnDatos(nombre))); !pagina.isEmpty()) {
+        navegador_->setSource(pagina);
     } else {
-        navegador_->setPlainText(Palabra(textos_, "This page is not installed:") + ' ' + nombre);
+        navegador_->setPlainText(Palabra(textos_, palabra::EstaPaginaNoEstaInstalada) + ' ' + nombre);
     }
     Traer();
 }
 
 void VentanaDeAyuda::MostrarPagina(const std::string& nombre) {
-    const QString contenido =
-        QString::fromStdString(directorioDeDatos_.string()) + '/' + TextoQt(textos_.Texto(mensajeDeContenido));
-    const QUrl pagina = QUrl::fromLocalFile(contenido).resolved(QUrl(QString::fromStdString(nombre)));
-    if (!QFileInfo(pagina.toLocalFile()).isFile()) return MostrarPagina(mensajeDeContenido);
+    const QString contenido = EnDatos(TextoQt(textos_.Texto(mensajeDeContenido)));
+    const QUrl pagina = DondeEste(QUrl::fromLocalFile(contenido).resolved(QUrl(QString::fromStdString(nombre))));
+    if (pagina.isEmpty()) return MostrarPagina(mensajeDeContenido);
     navegador_->setSource(pagina);
     Traer();
+}
+
+QString VentanaDeAyuda::EnDatos(const QString& nombre) const {
+    return QString::fromStdString(directorioDeDatos_.string()) + QLatin1Char('/') + nombre;
+}
+
+// A page, or the English one of its name where a language lacks it. Empty where there is none either.
+QUrl VentanaDeAyuda::DondeEste(const QUrl& pagina) const {
+    if (QFileInfo(pagina.toLocalFile()).isFile()) return pagina;
+    QUrl inglesa = QUrl::fromLocalFile(EnDatos(QLatin1String(paginasInglesas) + pagina.fileName()));
+    inglesa.setFragment(pagina.fragment());
+    return QFileInfo(inglesa.toLocalFile()).isFile() ? inglesa : QUrl();
 }
 
 // In front of all windows.

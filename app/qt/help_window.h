@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QUrl>
 #include <QWidget>
 #include <filesystem>
 #include <string>
@@ -17,7 +18,8 @@ class VentanaDeAyuda : public QWidget {
 public:
     VentanaDeAyuda(const TextosIdioma& textos, std::filesystem::path directorioDeDatos, QWidget* padre);
 
-    // The page of a message, in front of all windows. A page that is not there is named in its place.
+    // The page of a message, in front of all windows. The English page stands for one that a language lacks; one that is not there
+    // either is named in its place.
     void MostrarPagina(int mensaje);
     // A page of the loaded language by its name, with the place in it behind "#". The contents where the page is not there.
     void MostrarPagina(const std::string& nombre);
@@ -29,6 +31,8 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
+    QString EnDatos(const QString& nombre) const;
+    QUrl DondeEste(const QUrl& pagina) const;
     void Traer();
 
     const TextosIdioma& textos_;

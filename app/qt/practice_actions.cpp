@@ -14,7 +14,7 @@ void GuardarGrabacionElegida(const std::filesystem::path& sistema, const std::fi
                              const TextosIdioma& textos, Vista& vista) {
     const auto archivo = vista.ElegirParaAbrir(directorio, "*.*|*");
     if (!archivo) return;
-    const auto advertir = [&](const char* que, const FalloDeArchivo& fallo) {
+    const auto advertir = [&](int que, const FalloDeArchivo& fallo) {
         vista.Advertir(ConDetalle(MensajeLiteral(TextoDelModelo(Palabra(textos, que)) + "."), fallo));
     };
     GrabacionDeArchivo grabacion;
@@ -22,18 +22,18 @@ void GuardarGrabacionElegida(const std::filesystem::path& sistema, const std::fi
         const ConPunteroOcupado puntero(vista);
         grabacion = LeerGrabacionDeArchivo(*archivo);
     } catch (const FalloDeGrabacion& fallo) {
-        return advertir(fallo.Que(), fallo);
+        return advertir(fallo.Palabra(), fallo);
     } catch (const FalloDeArchivo& fallo) {
-        return advertir("The recording can't be read", fallo);
+        return advertir(palabra::NoSePuedeLeerLaGrabacion, fallo);
     }
     try {
         BaseDePractica base(sistema);
         GuardarGrabacion(base, grabacion);
     } catch (const FalloDeArchivo& fallo) {
-        return advertir("The practice system can't keep the recording", fallo);
+        return advertir(palabra::NoSePuedeGuardarLaGrabacion, fallo);
     }
-    const auto que = Palabra(textos, "The practice system keeps the recording %1.").arg(TextoQt(grabacion.nombre));
-    const auto cuantas = Palabra(textos, "Transactions: %1.").arg(grabacion.transacciones);
+    const auto que = Palabra(textos, palabra::SeGuardaLaGrabacion).arg(TextoQt(grabacion.nombre));
+    const auto cuantas = Palabra(textos, palabra::SusTransacciones).arg(grabacion.transacciones);
     vista.Informar(MensajeLiteral(TextoDelModelo(que) + "\r\n" + TextoDelModelo(cuantas)));
 }
 
@@ -47,20 +47,14 @@ bool HayGrabacion(const std::filesystem::path& sistema) {
 }
 
 void AvisarSinGrabaciones(const TextosIdioma& textos, Vista& vista) {
-    vista.Informar(
-        MensajeLiteral(TextoDelModelo(Palabra(textos,
-                                              "The practice system holds no recording yet. The command \"Keep a recording in the "
-                                              "practice system\" of the menu \"Connection\" puts one in."))));
+    vista.Informar(MensajeLiteral(TextoDelModelo(Palabra(textos, palabra::NoTieneGrabacionesTodavia))));
 }
 
 void AvisarAnchosDesconocidos(const Especificacion& especificacion, const std::filesystem::path& diccionario,
                               const TextosIdioma& textos, Vista& vista) {
     const auto campos = CamposSinAncho(especificacion);
     if (campos.empty()) return;
-    Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(textos,
-                                                          "The practice system does not know the widths of: %1. Structures and "
-                                                          "their fields can be added in this file, which the logon reads:")
-                                                      .arg(TextoQt(campos))));
+    Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(textos, palabra::NoConoceLosAnchosDe).arg(TextoQt(campos))));
     aviso.detalle = diccionario.string();
     vista.Informar(aviso);
 }

@@ -55,18 +55,18 @@ void PonerCelda(QTreeWidgetItem* linea, const Lugar& celda) { linea->setData(0, 
 PestanasDeResultado::PestanasDeResultado(const TextosIdioma& textos, QWidget* padre)
     : QTabWidget(padre),
       textos_(textos),
-      lista_(NuevaCaja("Lista", Palabra(textos, "List of the report"), this)),
-      fallos_(NuevoArbol("ListaDeFallos", "Failures")),
-      totales_(NuevoArbol("Totales", "Totals")),
-      avisos_(NuevaCaja("Avisos", Palabra(textos, "Notices"), this)) {
+      lista_(NuevaCaja("Lista", Palabra(textos, palabra::ListaDelReport), this)),
+      fallos_(NuevoArbol("ListaDeFallos", palabra::Fallos)),
+      totales_(NuevoArbol("Totales", palabra::Totales)),
+      avisos_(NuevaCaja("Avisos", Palabra(textos, palabra::Avisos), this)) {
     setObjectName(QStringLiteral("PestanasDeResultado"));
     setDocumentMode(true);
     avisos_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     fallos_->setHeaderHidden(true);
     MostrarEnteraLaUltimaColumna(*fallos_);
     totales_->setColumnCount(4);
-    totales_->setHeaderLabels(
-        {Palabra(textos, "What"), Palabra(textos, "Number"), Palabra(textos, "True"), Palabra(textos, "False")});
+    totales_->setHeaderLabels({Palabra(textos, palabra::Que), Palabra(textos, palabra::TipoNumero),
+                               Palabra(textos, palabra::Cierta), Palabra(textos, palabra::Falsa)});
     totales_->header()->setStretchLastSection(false);
     totales_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     for (const int columna : {1, 2, 3}) totales_->header()->setSectionResizeMode(columna, QHeaderView::ResizeToContents);
@@ -82,7 +82,7 @@ PestanasDeResultado::PestanasDeResultado(const TextosIdioma& textos, QWidget* pa
     Titular();
 }
 
-QTreeWidget* PestanasDeResultado::NuevoArbol(const char* nombre, const char* accesible) {
+QTreeWidget* PestanasDeResultado::NuevoArbol(const char* nombre, int accesible) {
     auto* const arbol = Nuevo<QTreeWidget>(nombre, this);
     arbol->setAccessibleName(Palabra(textos_, accesible));
     arbol->setUniformRowHeights(true);
@@ -98,11 +98,11 @@ QWidget* PestanasDeResultado::CrearVolcado() {
     textoDeVolcado_->setTextFormat(Qt::PlainText);
     textoDeVolcado_->setWordWrap(true);
     textoDeVolcado_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    irACelda_ = new QPushButton(Palabra(textos_, "&Go to the cell"), pagina);
+    irACelda_ = new QPushButton(Palabra(textos_, palabra::IrALaCelda), pagina);
     irACelda_->setObjectName(QStringLiteral("IrACelda"));
     irACelda_->setAutoDefault(false);
     connect(irACelda_, &QPushButton::clicked, this, [this] { emit Activada(celdaDelVolcado_); });
-    reporte_ = NuevaCaja("ReporteDelVolcado", Palabra(textos_, "Report"), pagina);
+    reporte_ = NuevaCaja("ReporteDelVolcado", Palabra(textos_, palabra::Report), pagina);
     new ColoresABAP(reporte_->document());
     auto* const cabeza = new QHBoxLayout;
     cabeza->addWidget(textoDeVolcado_, 1);
@@ -119,10 +119,10 @@ void PestanasDeResultado::Titular() {
     const auto con = [](const QString& titulo, int cuantos) {
         return cuantos > 0 ? QStringLiteral("%1 (%2)").arg(titulo, Cifra(static_cast<std::uint64_t>(cuantos))) : titulo;
     };
-    setTabText(indexOf(lista_), Palabra(textos_, "&List"));
-    setTabText(indexOf(fallos_), con(Palabra(textos_, "Fail&ures"), cuantosFallos_));
-    setTabText(indexOf(totales_), Palabra(textos_, "T&otals"));
-    setTabText(indexOf(avisos_), con(Palabra(textos_, "&Notices"), cuantosAvisos_));
+    setTabText(indexOf(lista_), Palabra(textos_, palabra::PestanaLista));
+    setTabText(indexOf(fallos_), con(Palabra(textos_, palabra::PestanaFallos), cuantosFallos_));
+    setTabText(indexOf(totales_), Palabra(textos_, palabra::PestanaTotales));
+    setTabText(indexOf(avisos_), con(Palabra(textos_, palabra::PestanaAvisos), cuantosAvisos_));
 }
 
 void PestanasDeResultado::Poner(const ResultadoDeEnsayo* resultado, const std::vector<LineaDeTotal>& totales) {
@@ -181,7 +181,7 @@ void PestanasDeResultado::PonerFallos(const ResultadoDeEnsayo& resultado) {
 
 void PestanasDeResultado::PonerTotales(const ResultadoDeEnsayo& resultado, const std::vector<LineaDeTotal>& totales) {
     QTreeWidgetItem* grupo = nullptr;
-    const auto titular = [&](const char* titulo) {
+    const auto titular = [&](int titulo) {
         grupo = new QTreeWidgetItem(totales_, {Palabra(textos_, titulo)});
         QFont letra = grupo->font(0);
         letra.setBold(true);
@@ -193,16 +193,17 @@ void PestanasDeResultado::PonerTotales(const ResultadoDeEnsayo& resultado, const
         return linea;
     };
     const auto& cuenta = resultado.cuenta;
-    titular("Records");
-    agregar({Palabra(textos_, "read"), Cifra(cuenta.registros)});
+    titular(palabra::Registros);
+    agregar({Palabra(textos_, palabra::Leidos), Cifra(cuenta.registros)});
     for (const auto estado : {EstadoDeRegistro::Contabilizado, EstadoDeRegistro::EnSesion, EstadoDeRegistro::Fallado}) {
         const auto cuantos = std::count(resultado.registros.begin(), resultado.registros.end(), estado);
         const bool siempre = estado == EstadoDeRegistro::Fallado;
         if (cuantos > 0 || siempre) agregar({PalabraDe(textos_, estado), Cifra(static_cast<std::uint64_t>(cuantos))});
     }
     for (const auto& [que, cuantos] :
-         {std::pair{"transactions called", cuenta.transacciones}, std::pair{"transactions put into sessions", cuenta.insertadas},
-          std::pair{"sessions", cuenta.sesiones}, std::pair{"calls of BAPIs", cuenta.bapis}}) {
+         {std::pair{palabra::TransaccionesLlamadas, cuenta.transacciones},
+          std::pair{palabra::TransaccionesEnJuegosDeDatos, cuenta.insertadas}, std::pair{palabra::JuegosDeDatos, cuenta.sesiones},
+          std::pair{palabra::LlamadasABAPIs, cuenta.bapis}}) {
         if (cuantos > 0) agregar({Palabra(textos_, que), Cifra(cuantos)});
     }
     using Titulo = LineaDeTotal::Titulo;
@@ -210,9 +211,9 @@ void PestanasDeResultado::PonerTotales(const ResultadoDeEnsayo& resultado, const
     for (const auto& total : totales) {
         if (total.titulo != presente) {
             presente = total.titulo;
-            titular(presente == Titulo::Condiciones ? "Conditions, how often asked"
-                    : presente == Titulo::Pares     ? "Value pairs, how often used"
-                                                    : "Lines without a record");
+            titular(presente == Titulo::Condiciones ? palabra::CondicionesPreguntadas
+                    : presente == Titulo::Pares     ? palabra::ParesDeValoresUsados
+                                                    : palabra::LineasSinRegistro);
         }
         QStringList textos{FraseQt(textos_, total.nombre)};
         if (presente != Titulo::Huerfanos) textos << Cifra(total.veces);
@@ -229,13 +230,13 @@ void PestanasDeResultado::PonerAvisos(const ResultadoDeEnsayo& resultado) {
     lineas.insert(lineas.end(), resultado.huerfanos.begin(), resultado.huerfanos.end());
     cuantosAvisos_ = static_cast<int>(lineas.size());
     QString texto = Juntar(lineas, [this](const Frase& frase) { return FraseQt(textos_, frase); });
-    const auto agregar = [&](const char* frase, std::size_t cuantos) {
+    const auto agregar = [&](int frase, std::size_t cuantos) {
         if (!texto.isEmpty()) texto += QLatin1Char('\n');
         texto += Palabra(textos_, frase).arg(Cifra(cuantos));
         ++cuantosAvisos_;
     };
-    if (resultado.hayMasFallos) agregar("The first %1 failures are listed.", maximoDeFallos);
-    if (resultado.hayMasLista) agregar("The first %1 lines of the list are shown.", maximoDeLista);
+    if (resultado.hayMasFallos) agregar(palabra::SeMuestranLosPrimerosFallos, maximoDeFallos);
+    if (resultado.hayMasLista) agregar(palabra::SeMuestranLasPrimerasLineas, maximoDeLista);
     avisos_->setPlainText(texto);
 }
 
@@ -244,14 +245,14 @@ void PestanasDeResultado::PonerVolcado(const ResultadoDeEnsayo& resultado) {
     celdaDelVolcado_ = volcado.celda;
     const bool hayCelda = volcado.celda.parte != Lugar::Parte::Ninguna;
     QStringList partes;
-    if (volcado.registro > 0) partes << Palabra(textos_, "record %1").arg(volcado.registro);
-    partes << Palabra(textos_, "line %1").arg(volcado.linea);
+    if (volcado.registro > 0) partes << Palabra(textos_, palabra::RegistroNumero).arg(volcado.registro);
+    partes << Palabra(textos_, palabra::LineaNumero).arg(volcado.linea);
     if (hayCelda) partes << LugarEnPalabras(textos_, volcado.celda);
     textoDeVolcado_->setText(partes.join(QStringLiteral(", ")) + QStringLiteral(": ") + TextoQt(volcado.nombre) + QLatin1Char(' ') +
                              TextoQt(volcado.texto));
     irACelda_->setVisible(hayCelda);
     reporte_->setPlainText(LineasQt(resultado.reporte));
-    insertTab(0, volcado_, Palabra(textos_, "Short &dump"));
+    insertTab(0, volcado_, Palabra(textos_, palabra::PestanaVolcado));
     setCurrentIndex(0);
     const QTextBlock bloque = reporte_->document()->findBlockByNumber(volcado.linea - 1);
     if (!bloque.isValid()) return;

@@ -47,7 +47,7 @@ private:
     void PonerVolcado(const ResultadoDeEnsayo& resultado);
     void Titular();
     void Activar(const QTreeWidgetItem* linea);
-    QTreeWidget* NuevoArbol(const char* nombre, const char* accesible);
+    QTreeWidget* NuevoArbol(const char* nombre, int accesible);
 
     const TextosIdioma& textos_;
     CajaDeLectura* lista_;

@@ -28,12 +28,12 @@ constexpr std::array estados = {EstadoDeRegistro::SinLlegar, EstadoDeRegistro::C
 
 QString PalabraDe(const TextosIdioma& textos, EstadoDeRegistro estado) {
     switch (estado) {
-        case EstadoDeRegistro::Contabilizado: return Palabra(textos, "posted");
-        case EstadoDeRegistro::Fallado: return Palabra(textos, "failed");
-        case EstadoDeRegistro::EnSesion: return Palabra(textos, "in session");
+        case EstadoDeRegistro::Contabilizado: return Palabra(textos, palabra::Contabilizado);
+        case EstadoDeRegistro::Fallado: return Palabra(textos, palabra::Fallado);
+        case EstadoDeRegistro::EnSesion: return Palabra(textos, palabra::EnJuegoDeDatos);
         case EstadoDeRegistro::SinLlegar: break;
     }
-    return Palabra(textos, "not reached");
+    return Palabra(textos, palabra::SinLlegar);
 }
 
 // ---- The model ----
@@ -81,7 +81,7 @@ QVariant ModeloDeEnsayo::data(const QModelIndex& lugar, int papel) const {
             if (lugar.column() == Numero) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
             return {};
         case Qt::AccessibleTextRole:
-            if (lugar.column() == Numero) return Palabra(textos_, "record %1").arg(registro);
+            if (lugar.column() == Numero) return Palabra(textos_, palabra::RegistroNumero).arg(registro);
             return {};
         default: return {};
     }
@@ -91,7 +91,7 @@ QVariant ModeloDeEnsayo::headerData(int columna, Qt::Orientation orientacion, in
     if (orientacion != Qt::Horizontal) return {};
     if (papel == Qt::TextAlignmentRole && columna != Numero) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     if (papel != Qt::DisplayRole) return {};
-    constexpr std::array titulos = {"Record", "State", "Failure"};
+    constexpr std::array titulos = {palabra::Registro, palabra::Estado, palabra::Fallo};
     return Palabra(textos_, titulos.at(static_cast<std::size_t>(columna)));
 }
 
@@ -105,13 +105,13 @@ PanelDeRegistros::PanelDeRegistros(const TextosIdioma& textos, QWidget* padre)
       busqueda_(Nuevo<QLineEdit>("BuscarRegistro", this)),
       tabla_(Nuevo<QTableView>("TablaDeRegistrosDeEnsayo", this)) {
     setObjectName(QStringLiteral("PanelDeRegistros"));
-    filtro_->setAccessibleName(Palabra(textos, "State"));
+    filtro_->setAccessibleName(Palabra(textos, palabra::Estado));
     filtro_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    busqueda_->setAccessibleName(Palabra(textos, "Search"));
-    busqueda_->setPlaceholderText(Palabra(textos, "(number, or text of the failure)"));
+    busqueda_->setAccessibleName(Palabra(textos, palabra::Buscar));
+    busqueda_->setPlaceholderText(Palabra(textos, palabra::NumeroOTextoDelFallo));
     busqueda_->setClearButtonEnabled(true);
     tabla_->setModel(modelo_);
-    tabla_->setAccessibleName(Palabra(textos, "Records of the rehearsal"));
+    tabla_->setAccessibleName(Palabra(textos, palabra::RegistrosDelEnsayo));
     tabla_->setSelectionBehavior(QAbstractItemView::SelectRows);
     tabla_->setSelectionMode(QAbstractItemView::SingleSelection);
     tabla_->setTabKeyNavigation(false);
@@ -148,16 +148,16 @@ void PanelDeRegistros::PonerFiltros() {
     const auto agregar = [&](const QString& palabra, std::size_t cuantos, int dato) {
         filtro_->addItem(QStringLiteral("%1 (%2)").arg(palabra, QLocale().toString(static_cast<qulonglong>(cuantos))), dato);
     };
-    agregar(Palabra(textos_, "All"), registros.Todos(), -1);
+    agregar(Palabra(textos_, palabra::Todos), registros.Todos(), -1);
     for (const auto estado : estados) agregar(PalabraDe(textos_, estado), registros.CuantosEn(estado), static_cast<int>(estado));
 }
 
 void PanelDeRegistros::AjustarColumnas() {
     const auto ancho = [this](const QString& texto) { return tabla_->fontMetrics().horizontalAdvance(texto); };
     const int borde = ancho(QStringLiteral("mm"));
-    int estado = ancho(Palabra(textos_, "State"));
+    int estado = ancho(Palabra(textos_, palabra::Estado));
     for (const auto cada : estados) estado = std::max(estado, ancho(PalabraDe(textos_, cada)) + tabla_->fontMetrics().height());
-    const int numero = std::max(ancho(Palabra(textos_, "Record")),
+    const int numero = std::max(ancho(Palabra(textos_, palabra::Registro)),
                                 ancho(QLocale().toString(static_cast<qulonglong>(modelo_->Registros().Todos()))));
     tabla_->setColumnWidth(ModeloDeEnsayo::Numero, numero + borde);
     tabla_->setColumnWidth(ModeloDeEnsayo::Estado, estado + borde);

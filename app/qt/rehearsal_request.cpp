@@ -59,14 +59,15 @@ QLayout* PanelDePedido::CrearEleccion() {
     registros_ = Nuevo<QComboBox>("Registros", this);
     registros_->setEditable(true);
     registros_->setInsertPolicy(QComboBox::NoInsert);
-    registros_->addItems({QStringLiteral("1-10"), QStringLiteral("1-100"), QStringLiteral("1-1000"), Palabra(textos_, "All")});
-    registros_->setToolTip(Palabra(textos_, "From one to another, such as 11-20"));
+    registros_->addItems(
+        {QStringLiteral("1-10"), QStringLiteral("1-100"), QStringLiteral("1-1000"), Palabra(textos_, palabra::Todos)});
+    registros_->setToolTip(Palabra(textos_, palabra::DeUnoAOtro));
     fallos_ = Nuevo<QLineEdit>("Fallos", this);
-    fallos_->setPlaceholderText(Palabra(textos_, "(none; such as 2, 5=Credit limit exceeded)"));
+    fallos_->setPlaceholderText(Palabra(textos_, palabra::NingunoComoFallos));
     parametros_ = Nuevo<QLineEdit>("Parametros", this);
-    parametros_->setPlaceholderText(Palabra(textos_, "(as the report has them; such as P_TEST=X)"));
+    parametros_->setPlaceholderText(Palabra(textos_, palabra::ComoLosTieneElReport));
     sistema_ = Nuevo<QComboBox>("Sistema", this);
-    sistema_->addItems({Palabra(textos_, "In memory, gone afterwards"), Palabra(textos_, "My own, in its file")});
+    sistema_->addItems({Palabra(textos_, palabra::EnMemoria), Palabra(textos_, palabra::ElMioEnSuArchivo)});
     for (auto* const combo : {registros_, sistema_}) {
         combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         combo->setMinimumContentsLength(letrasDeSistema);
@@ -74,7 +75,7 @@ QLayout* PanelDePedido::CrearEleccion() {
     auto* const rejilla = new QGridLayout;
     rejilla->setVerticalSpacing(4);
     int fila = 0;
-    const auto agregar = [&](const char* nombre, const char* rotulo, QWidget* control) {
+    const auto agregar = [&](const char* nombre, int rotulo, QWidget* control) {
         auto* const texto = new QLabel(Palabra(textos_, rotulo), this);
         texto->setObjectName(QString::fromLatin1(nombre));
         texto->setBuddy(control);
@@ -82,10 +83,10 @@ QLayout* PanelDePedido::CrearEleccion() {
         rejilla->addWidget(texto, fila, 0);
         rejilla->addWidget(control, fila++, 1);
     };
-    agregar("RegistrosLabel", "Re&cords:", registros_);
-    agregar("FallosLabel", "Shall &fail:", fallos_);
-    agregar("ParametrosLabel", "&Parameters:", parametros_);
-    agregar("SistemaLabel", "Practice s&ystem:", sistema_);
+    agregar("RegistrosLabel", palabra::RotuloRegistros, registros_);
+    agregar("FallosLabel", palabra::QueFallen, fallos_);
+    agregar("ParametrosLabel", palabra::Parametros, parametros_);
+    agregar("SistemaLabel", palabra::RotuloSistemaDePractica, sistema_);
     rejilla->setColumnStretch(1, 1);
     rejilla->setRowStretch(fila, 1);
     return rejilla;
@@ -131,35 +132,35 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, co
     int fila = 0;
     for (const auto& archivo : archivos) {
         const QString parametro = TextoQt(archivo.parametro);
-        const QString rotulo = fila == 0 ? Palabra(textos_, "&Main records (%1):").arg(parametro)
-                                         : Palabra(textos_, "Step-loop %1 (%2):").arg(QString::number(fila), parametro);
+        const QString rotulo = fila == 0 ? Palabra(textos_, palabra::RotuloRegistrosPrincipales).arg(parametro)
+                                         : Palabra(textos_, palabra::RotuloStepLoop).arg(QString::number(fila), parametro);
         auto* const caja = NuevaRuta(fila, archivo.parametro.c_str(), rotulo,
                                      [this, nombre = archivo.parametro](QLineEdit* suya) { Examinar(nombre, suya); });
         caja->setText(NombreQt(archivo.ruta));
-        caja->setPlaceholderText(Palabra(textos_, "(no file was chosen)"));
+        caja->setPlaceholderText(Palabra(textos_, palabra::NoSeEligioNingunArchivo));
         connect(caja, &QLineEdit::editingFinished, this, [this, parametro, caja] { emit ArchivoElegido(parametro, caja->text()); });
         filas_.push_back({archivo.parametro, caja});
         ++fila;
     }
     tablas_ = nullptr;
     if (archivos.empty()) {
-        auto* const sinArchivo = new QLabel(Palabra(textos_, "The records of this specification come from no file."), dentro);
+        auto* const sinArchivo = new QLabel(Palabra(textos_, palabra::LosRegistrosNoVienenDeArchivo), dentro);
         sinArchivo->setObjectName(QStringLiteral("SinArchivo"));
         sinArchivo->setWordWrap(true);
         rejilla->addWidget(sinArchivo, fila++, 0, 1, 3);
         tablas_ = Nuevo<QLineEdit>("Tablas", dentro);
-        tablas_->setAccessibleName(Palabra(textos_, "Ta&bles:").remove(QLatin1Char('&')).remove(QLatin1Char(':')));
-        tablas_->setPlaceholderText(Palabra(textos_, "(none)"));
-        tablas_->setToolTip(
-            Palabra(textos_, "Tables of the practice system, each from a file of comma-separated values: NAME=FILE"));
-        auto* const rotulo = new QLabel(Palabra(textos_, "Ta&bles:"), dentro);
+        tablas_->setAccessibleName(Palabra(textos_, palabra::Tablas).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        tablas_->setPlaceholderText(Palabra(textos_, palabra::NingunaTabla));
+        tablas_->setToolTip(Palabra(textos_, palabra::TablasDeArchivos));
+        auto* const rotulo = new QLabel(Palabra(textos_, palabra::Tablas), dentro);
         rotulo->setBuddy(tablas_);
         rejilla->addWidget(rotulo, fila, 0);
         rejilla->addWidget(tablas_, fila++, 1, 1, 2);
     }
-    valores_ = NuevaRuta(fila++, "Valores", Palabra(textos_, "&Value lists:"), [this](QLineEdit* caja) { ExaminarValores(caja); });
-    valores_->setPlaceholderText(Palabra(textos_, "(the folder values of your practice system)"));
-    valores_->setAccessibleDescription(Palabra(textos_, "Folder of the value lists that fields are checked by"));
+    valores_ = NuevaRuta(fila++, "Valores", Palabra(textos_, palabra::ListasDeValores),
+                         [this](QLineEdit* caja) { ExaminarValores(caja); });
+    valores_->setPlaceholderText(Palabra(textos_, palabra::LaCarpetaValues));
+    valores_->setAccessibleDescription(Palabra(textos_, palabra::CarpetaDeLasListas));
     PonerValores(carpeta);
     rejilla->setRowStretch(fila, 1);
     // The bar takes room beside the rows, and only where there are many of them.
@@ -202,7 +203,7 @@ void PanelDePedido::EnfocarPrimero() { (filas_.empty() ? static_cast<QWidget*>(r
 
 // ---- What is typed ----
 
-bool PanelDePedido::Rehusar(QWidget* control, const char* motivo, const std::string& pieza) {
+bool PanelDePedido::Rehusar(QWidget* control, int motivo, const std::string& pieza) {
     vista_.Advertir(MensajeLiteral(TextoDelModelo(Palabra(textos_, motivo).arg(TextoQt(pieza)))));
     window()->activateWindow();
     control->setFocus(Qt::OtherFocusReason);
@@ -211,27 +212,19 @@ bool PanelDePedido::Rehusar(QWidget* control, const char* motivo, const std::str
 
 bool PanelDePedido::Leer(Pedido& pedido) {
     const QString registros = registros_->currentText().trimmed();
-    const bool todos = registros.compare(Palabra(textos_, "All"), Qt::CaseInsensitive) == 0;
+    const bool todos = registros.compare(Palabra(textos_, palabra::Todos), Qt::CaseInsensitive) == 0;
     if (!LeerTramoPedido(todos ? std::string() : TextoDelModelo(registros), pedido.tramo)) {
-        return Rehusar(
-            registros_,
-            "The records to work on are two numbers from 1 on with a hyphen between them, of which the second is not below "
-            "the first. This is not of that form: %1",
-            TextoDelModelo(registros));
+        return Rehusar(registros_, palabra::FormaDeLosRegistros, TextoDelModelo(registros));
     }
     if (const auto mala = LeerFallosPedidos(TextoDelModelo(fallos_->text()), pedido.fallos); !mala.empty()) {
-        return Rehusar(fallos_,
-                       "The records that shall fail are numbers from 1 on with commas between them, each with its message behind a "
-                       "sign of equality where you like. This is not of that form: %1",
-                       mala);
+        return Rehusar(fallos_, palabra::FormaDeLosFallos, mala);
     }
     if (const auto mala = LeerParesPedidos(TextoDelModelo(parametros_->text()), pedido.parametros); !mala.empty()) {
-        return Rehusar(parametros_, "Parameters are written NAME=VALUE, with commas between them. This is not of that form: %1",
-                       mala);
+        return Rehusar(parametros_, palabra::FormaDeLosParametros, mala);
     }
     if (tablas_ == nullptr) return true;
     if (const auto mala = LeerParesPedidos(TextoDelModelo(tablas_->text()), pedido.tablas); !mala.empty()) {
-        return Rehusar(tablas_, "Tables are written NAME=FILE, with commas between them. This is not of that form: %1", mala);
+        return Rehusar(tablas_, palabra::FormaDeLasTablas, mala);
     }
     return true;
 }

@@ -69,7 +69,7 @@ private:
     QLineEdit* NuevaRuta(int fila, const char* nombre, const QString& rotulo, const std::function<void(QLineEdit*)>& examinar);
     void Examinar(const std::string& parametro, QLineEdit* caja);
     void ExaminarValores(QLineEdit* caja);
-    bool Rehusar(QWidget* control, const char* motivo, const std::string& pieza);
+    bool Rehusar(QWidget* control, int motivo, const std::string& pieza);
 
     const TextosIdioma& textos_;
     Vista& vista_;

@@ -22,7 +22,7 @@ using Clase = LineaDeEnvio::Clase;
 
 QString MotivoQt(const TextosIdioma& textos, const std::string& motivo) {
     const auto condicion = ReconocerFrase(motivo, "The condition %1 is not met.");
-    return condicion ? FraseQt(textos, *condicion) : Palabra(textos, motivo);
+    return condicion ? FraseQt(textos, *condicion) : EnIdioma(textos, motivo);
 }
 
 namespace {
@@ -93,15 +93,15 @@ QString ModeloDeEnvios::Texto(const LineaDeEnvio& linea, int columna) const {
             if (linea.clase == Clase::Mensaje) return MensajeQt(textos_, linea.nombre);
             QString nombre = TextoQt(linea.nombre);
             if (linea.clase != Clase::Operacion) return nombre;
-            if (linea.fallado) return nombre + QStringLiteral(" - ") + Palabra(textos_, "failed");
-            if (linea.enSesion) return nombre + QStringLiteral(" - ") + Palabra(textos_, "in session");
+            if (linea.fallado) return nombre + QStringLiteral(" - ") + Palabra(textos_, palabra::Fallado);
+            if (linea.enSesion) return nombre + QStringLiteral(" - ") + Palabra(textos_, palabra::EnJuegoDeDatos);
             return nombre;
         }
         case Valor: return TextoQt(linea.valor);
         case DeArchivo: {
             QString campo = TextoQt(linea.deArchivo);
             if (!campo.isEmpty() && linea.grupo > 0 && linea.deRegistro > 0) {
-                campo += QStringLiteral(", ") + Palabra(textos_, "line %1").arg(linea.deRegistro);
+                campo += QStringLiteral(", ") + Palabra(textos_, palabra::LineaNumero).arg(linea.deRegistro);
             }
             return campo;
         }
@@ -118,7 +118,7 @@ QVariant ModeloDeEnvios::data(const QModelIndex& lugar, int papel) const {
     switch (papel) {
         case Qt::DisplayRole: return Texto(*linea, lugar.column());
         case Qt::ToolTipRole: return ComoConsejo(Texto(*linea, lugar.column()));
-        case Qt::AccessibleDescriptionRole: return linea->gris ? Palabra(textos_, "not sent") : QString();
+        case Qt::AccessibleDescriptionRole: return linea->gris ? Palabra(textos_, palabra::NoEnviado) : QString();
         case Qt::FontRole: {
             QFont letra;
             if (linea->clase == Clase::Operacion || linea->clase == Clase::Pantalla) letra.setBold(true);
@@ -140,7 +140,7 @@ QVariant ModeloDeEnvios::data(const QModelIndex& lugar, int papel) const {
 
 QVariant ModeloDeEnvios::headerData(int columna, Qt::Orientation orientacion, int papel) const {
     if (papel != Qt::DisplayRole || orientacion != Qt::Horizontal) return {};
-    constexpr std::array titulos = {"Field", "Value", "File field", "Comes from, or why not sent"};
+    constexpr std::array titulos = {palabra::Campo, palabra::Valor, palabra::CampoDelArchivo, palabra::DeDondeVieneOPorQueNo};
     return Palabra(textos_, titulos.at(static_cast<std::size_t>(columna)));
 }
 
@@ -157,7 +157,7 @@ QModelIndex ModeloDeEnvios::PrimerCulpable() const {
 ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
     : QTreeView(padre), modelo_(new ModeloDeEnvios(textos, this)) {
     setObjectName(QStringLiteral("ArbolDeEnvios"));
-    setAccessibleName(Palabra(textos, "What the record sends"));
+    setAccessibleName(Palabra(textos, palabra::LoQueEnviaElRegistro));
     setModel(modelo_);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);

@@ -101,7 +101,7 @@ public:
 private:
     void Tomar(std::optional<Importacion> importacion) {
         if (!importacion) return;
-        TomarImportacion(e_.ventana, std::move(*importacion), TextoDelModelo(Palabra(e_.programa.textos, "Rows")));
+        TomarImportacion(e_.ventana, std::move(*importacion), TextoDelModelo(Palabra(e_.programa.textos, palabra::Filas)));
     }
 
     bool PedirLogon(EleccionDeLogon& eleccion) {

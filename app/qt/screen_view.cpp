@@ -10,6 +10,7 @@
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/FormMostrarTextos.h"
 #include "editor/document_commands.h"
 
@@ -39,8 +40,8 @@ QString TextoDeMensaje(const Mensaje& mensaje, const TextosIdioma& textos) {
     const auto& deLaPantalla = mensaje.enPantalla.empty() ? mensaje.texto : mensaje.enPantalla;
     QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(deLaPantalla, "\r\n", "\n"), "\r", "\n"));
     if (mensaje.fila) {
-        texto += QStringLiteral("\n\n") + Palabra(textos, mensaje.fila->delArchivo ? "file side" : "program side") +
-                 QStringLiteral(", ") + Palabra(textos, "row %1").arg(mensaje.fila->fila + 1);
+        texto += QStringLiteral("\n\n") + Palabra(textos, mensaje.fila->delArchivo ? palabra::LadoDelArchivo : palabra::LadoDelPrograma) +
+                 QStringLiteral(", ") + Palabra(textos, palabra::FilaNumero).arg(mensaje.fila->fila + 1);
     }
     return mensaje.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(mensaje.detalle);
 }
@@ -83,7 +84,7 @@ void VistaDePantalla::Mostrar(const Mensaje& mensaje, Icono icono) {
     const PunteroNormal puntero(ocupado_);
     QMessageBox caja(Padre());
     PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information, textos_);
-    caja.addButton(Palabra(textos_, "OK"), QMessageBox::AcceptRole);
+    caja.addButton(Palabra(textos_, palabra::Aceptar), QMessageBox::AcceptRole);
     caja.exec();
 }
 
@@ -94,16 +95,16 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     PrepararCaja(caja, mensaje, QMessageBox::Question, textos_);
     const bool aceptar = botones == Botones::AceptarCancelar;
     const bool restaurar = botones == Botones::RestaurarDescartarLuego;
-    QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? "OK"
-                                                            : restaurar ? "&Restore"
-                                                                        : "&Yes"),
+    QPushButton* const si = caja.addButton(Palabra(textos_, aceptar     ? palabra::Aceptar
+                                                            : restaurar ? palabra::Recuperar
+                                                                        : palabra::Si),
                                            aceptar ? QMessageBox::AcceptRole : QMessageBox::YesRole);
     QPushButton* const no =
-        aceptar ? nullptr : caja.addButton(Palabra(textos_, restaurar ? "&Discard" : "&No"), QMessageBox::NoRole);
+        aceptar ? nullptr : caja.addButton(Palabra(textos_, restaurar ? palabra::Descartar : palabra::No), QMessageBox::NoRole);
     QPushButton* const cancelar =
-        botones == Botones::SiNo
-            ? nullptr
-            : caja.addButton(restaurar ? Palabra(textos_, "&Later") : TextoQt(textos_.Texto(187)), QMessageBox::RejectRole);
+        botones == Botones::SiNo ? nullptr
+                                 : caja.addButton(restaurar ? Palabra(textos_, palabra::MasTarde) : TextoQt(textos_.Texto(187)),
+                                                  QMessageBox::RejectRole);
     caja.setDefaultButton(si);
     caja.setEscapeButton(cancelar != nullptr ? cancelar : no);
     caja.exec();

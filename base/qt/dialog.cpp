@@ -26,7 +26,7 @@ void Dialogo::done(int resultado) {
 
 QString Dialogo::Rotulo(int mensaje) const { return TextoQt(textos_.Texto(mensaje)); }
 
-QString Dialogo::Literal(std::string_view ingles) const { return Palabra(textos_, ingles); }
+QString Dialogo::Palabra(int numero) const { return qor::Palabra(textos_, numero); }
 
 void Dialogo::PonerTitulo(const std::string& titulo) { setWindowTitle(TextoQt(titulo)); }
 

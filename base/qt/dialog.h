@@ -38,7 +38,7 @@ protected:
 
     const TextosIdioma& Textos() const { return textos_; }
     QString Rotulo(int mensaje) const;
-    QString Literal(std::string_view ingles) const;
+    QString Palabra(int numero) const;
     void PonerTitulo(const std::string& titulo);
 
     QLabel* NuevoRotulo(const char* nombre, const QString& texto, QWidget* companero = nullptr);

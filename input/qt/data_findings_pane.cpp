@@ -66,7 +66,7 @@ QVariant ModeloDeHallazgosDeDatos::data(const QModelIndex& lugar, int papel) con
     if (papel == Qt::FontRole && lugar.column() == Valor) return LetraFija();
     if (papel != Qt::DisplayRole) return {};
     switch (lugar.column()) {
-        case Severidad: return Palabra(textos_, aviso ? "Hint" : "Error");
+        case Severidad: return Palabra(textos_, aviso ? palabra::Indicio : palabra::Error);
         case Archivo: return archivos_.value(hallazgo.archivo);
         case Linea: return hallazgo.linea == 0 ? QString() : QString::number(hallazgo.linea);
         case Campo: return TextoQt(hallazgo.campo);
@@ -78,12 +78,12 @@ QVariant ModeloDeHallazgosDeDatos::data(const QModelIndex& lugar, int papel) con
 QVariant ModeloDeHallazgosDeDatos::headerData(int columna, Qt::Orientation orientacion, int papel) const {
     if (orientacion != Qt::Horizontal || papel != Qt::DisplayRole) return {};
     switch (columna) {
-        case Severidad: return Palabra(textos_, "Severity");
-        case Archivo: return Palabra(textos_, "File");
-        case Linea: return Palabra(textos_, "Line");
-        case Campo: return Palabra(textos_, "Field");
-        case Valor: return Palabra(textos_, "Value");
-        default: return Palabra(textos_, "What is wrong");
+        case Severidad: return Palabra(textos_, palabra::Gravedad);
+        case Archivo: return Palabra(textos_, palabra::Archivo);
+        case Linea: return Palabra(textos_, palabra::Linea);
+        case Campo: return Palabra(textos_, palabra::Campo);
+        case Valor: return Palabra(textos_, palabra::Valor);
+        default: return Palabra(textos_, palabra::QueEstaMal);
     }
 }
 
@@ -96,10 +96,10 @@ PanelDeHallazgosDeDatos::PanelDeHallazgosDeDatos(const TextosIdioma& textos, con
       modelo_(new ModeloDeHallazgosDeDatos(textos, hallazgos, this)),
       cuenta_(new QLabel(this)),
       progreso_(new QProgressBar(this)),
-      revisar_(NuevoBoton("Revisar", Palabra(textos, "&Check"), this)),
-      detener_(NuevoBoton("DetenerRevision", Palabra(textos, "&Stop"), this)),
-      anterior_(NuevoBoton("HallazgoAnterior", Palabra(textos, "Pr&evious"), this)),
-      siguiente_(NuevoBoton("HallazgoSiguiente", Palabra(textos, "Ne&xt"), this)),
+      revisar_(NuevoBoton("Revisar", Palabra(textos, palabra::Revisar), this)),
+      detener_(NuevoBoton("DetenerRevision", Palabra(textos, palabra::Detener), this)),
+      anterior_(NuevoBoton("HallazgoAnterior", Palabra(textos, palabra::Anterior), this)),
+      siguiente_(NuevoBoton("HallazgoSiguiente", Palabra(textos, palabra::Siguiente), this)),
       lista_(new QTreeView(this)) {
     setObjectName(QStringLiteral("PanelDeHallazgosDeDatos"));
     cuenta_->setObjectName(QStringLiteral("CuentaDeHallazgos"));
@@ -108,12 +108,12 @@ PanelDeHallazgosDeDatos::PanelDeHallazgosDeDatos(const TextosIdioma& textos, con
     progreso_->setObjectName(QStringLiteral("ProgresoDeRevision"));
     progreso_->setRange(0, 1000);
     progreso_->setFormat(QStringLiteral("%p %"));
-    progreso_->setAccessibleName(Palabra(textos, "Progress of the check"));
+    progreso_->setAccessibleName(Palabra(textos, palabra::AvanceDeLaRevision));
     progreso_->setMaximumWidth(fontMetrics().averageCharWidth() * 20);
     anterior_->setToolTip(QKeySequence(Qt::SHIFT | Qt::Key_F8).toString(QKeySequence::NativeText));
     siguiente_->setToolTip(QKeySequence(Qt::Key_F8).toString(QKeySequence::NativeText));
     lista_->setObjectName(QStringLiteral("ListaDeHallazgosDeDatos"));
-    lista_->setAccessibleName(Palabra(textos, "Findings"));
+    lista_->setAccessibleName(Palabra(textos, palabra::Hallazgos));
     lista_->setRootIsDecorated(false);
     lista_->setUniformRowHeights(true);
     lista_->setAllColumnsShowFocus(true);
@@ -166,17 +166,18 @@ void PanelDeHallazgosDeDatos::MostrarArchivos(bool varios) { lista_->setColumnHi
 QString PanelDeHallazgosDeDatos::Cuenta(const Estado& estado) const {
     if (!estado.fallo.isEmpty() || !estado.empezado) return estado.fallo;
     QStringList partes;
-    const auto agregar = [&](std::uint64_t cuantos, const char* uno, const char* varios) {
+    const auto agregar = [&](std::uint64_t cuantos, int uno, int varios) {
         if (cuantos > 0) partes << Palabra(textos_, cuantos == 1 ? uno : varios).arg(QLocale().toString(cuantos));
     };
-    agregar(hallazgos_.Errores(), "%1 error", "%1 errors");
-    agregar(hallazgos_.Avisos(), "%1 hint", "%1 hints");
-    if (partes.isEmpty() && estado.completo) partes << Palabra(textos_, "No findings");
-    if (!hallazgos_.Completos()) partes << Palabra(textos_, "%1 of them are listed").arg(QLocale().toString(modelo_->rowCount()));
+    agregar(hallazgos_.Errores(), palabra::CuentaDeUnError, palabra::CuentaDeErrores);
+    agregar(hallazgos_.Avisos(), palabra::CuentaDeUnIndicio, palabra::CuentaDeIndicios);
+    if (partes.isEmpty() && estado.completo) partes << Palabra(textos_, palabra::SinHallazgos);
+    if (!hallazgos_.Completos())
+        partes << Palabra(textos_, palabra::SeMuestranSoloAlgunos).arg(QLocale().toString(modelo_->rowCount()));
     if (estado.corriendo) {
-        partes << Palabra(textos_, "checking");
+        partes << Palabra(textos_, palabra::Revisando);
     } else if (!estado.completo) {
-        partes << Palabra(textos_, "the files were not checked to their end");
+        partes << Palabra(textos_, palabra::NoSeRevisaronHastaElFinal);
     }
     return partes.join(QStringLiteral(", "));
 }

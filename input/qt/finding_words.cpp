@@ -7,42 +7,43 @@ namespace qor {
 
 namespace {
 
-const char* TextoDeClase(HallazgoDeEntrada clase) {
+int PalabraDeClase(HallazgoDeEntrada clase) {
     switch (clase) {
-        case HallazgoDeEntrada::LineaCorta: return "the line ends before the field begins, which is read as blank";
-        case HallazgoDeEntrada::LineaLarga: return "what stands behind the record is lost";
-        case HallazgoDeEntrada::Tabuladores: return "the line has too many tabs, and what stands behind the last field is lost";
-        case HallazgoDeEntrada::TabuladoresDeMenos: return "the line has too few tabs, and the field is read as blank";
-        case HallazgoDeEntrada::SinCaracter: return "a byte has no character in windows-1252";
-        case HallazgoDeEntrada::Utf8: return "the file is in UTF-8";
-        case HallazgoDeEntrada::Utf8Mezclado: return "the characters could be meant as UTF-8, which the file is not";
-        case HallazgoDeEntrada::MarcaDeOrden: return "a byte order mark begins the file";
-        case HallazgoDeEntrada::Nulo: return "a NUL stands here, which no text has";
-        case HallazgoDeEntrada::FinesMezclados: return "the line ends in another way than the lines before";
-        case HallazgoDeEntrada::SinFinDeLinea: return "the last line of the file has no line end";
-        case HallazgoDeEntrada::Desconocida: return "the line begins with no id of a record";
-        case HallazgoDeEntrada::SinPrincipal: return "the record belongs to no main record";
-        case HallazgoDeEntrada::SinPartidas: return "no record of a step-loop belongs to this main record";
-        case HallazgoDeEntrada::SinComparar: return "the records of a step-loop are not compared with their main records";
-        case HallazgoDeEntrada::ClaveDoble: return "the main record of line %1 has the same key";
-        case HallazgoDeEntrada::ValorLargo: return "the value is longer than the field, and its end is lost";
-        case HallazgoDeEntrada::Obligatorio: return "a value is required";
-        case HallazgoDeEntrada::NoEsNumero: return "the value is no number with this decimal sign";
-        case HallazgoDeEntrada::NoEsFecha: return "the value is no date of this form";
-        case HallazgoDeEntrada::FueraDePatron: return "the value doesn't fit the pattern";
-        case HallazgoDeEntrada::FueraDeLista: return "the value is not in the list";
+        case HallazgoDeEntrada::LineaCorta: return palabra::LaLineaTerminaAntesDelCampo;
+        case HallazgoDeEntrada::LineaLarga: return palabra::SePierdeLoDetrasDelRegistro;
+        case HallazgoDeEntrada::Tabuladores: return palabra::TabuladoresDeMas;
+        case HallazgoDeEntrada::TabuladoresDeMenos: return palabra::TabuladoresDeMenos;
+        case HallazgoDeEntrada::SinCaracter: return palabra::UnByteNoTieneCaracter;
+        case HallazgoDeEntrada::Utf8: return palabra::ElArchivoEstaEnUTF8;
+        case HallazgoDeEntrada::MarcaDeOrden: return palabra::UnaMarcaDeOrdenDeBytes;
+        case HallazgoDeEntrada::Nulo: return palabra::AquiHayUnNUL;
+        case HallazgoDeEntrada::FinesMezclados: return palabra::LaLineaTerminaDeOtroModo;
+        case HallazgoDeEntrada::SinFinDeLinea: return palabra::LaUltimaLineaNoTieneFin;
+        case HallazgoDeEntrada::Desconocida: return palabra::LaLineaNoEmpiezaConIdentificador;
+        case HallazgoDeEntrada::SinPrincipal: return palabra::ElRegistroNoTienePrincipal;
+        case HallazgoDeEntrada::SinPartidas: return palabra::ElPrincipalNoTienePosiciones;
+        case HallazgoDeEntrada::ClaveDoble: return palabra::OtroPrincipalConLaMismaClave;
+        case HallazgoDeEntrada::ValorLargo: return palabra::ElValorEsMasLargo;
+        case HallazgoDeEntrada::Obligatorio: return palabra::FaltaUnValorObligatorio;
+        case HallazgoDeEntrada::NoEsNumero: return palabra::ElValorNoEsUnNumero;
+        case HallazgoDeEntrada::NoEsFecha: return palabra::ElValorNoEsUnaFecha;
+        case HallazgoDeEntrada::FueraDePatron: return palabra::ElValorNoCorrespondeAlPatron;
+        case HallazgoDeEntrada::FueraDeLista: return palabra::ElValorNoEstaEnLaLista;
+        case HallazgoDeEntrada::Utf8Mezclado: return palabra::LosCaracteresPodrianSerUTF8;
+        case HallazgoDeEntrada::SinComparar: return palabra::LosRegistrosNoSeComparan;
         case HallazgoDeEntrada::CeldaSinLugar: break;
     }
-    return "the cell doesn't fit the field";
+    return palabra::LaCeldaNoCabeEnElCampo;
 }
 
 }  // namespace
 
 QString TextoDeHallazgo(const TextosIdioma& textos, const HallazgoDeDatos& hallazgo) {
-    const char* const ingles = TextoDeClase(hallazgo.clase);
-    const QString traducido = Palabra(textos, ingles);
-    if (traducido == QLatin1String(ingles)) return QString::fromStdString(TextoVisible(hallazgo.texto));
-    return hallazgo.clase == HallazgoDeEntrada::ClaveDoble ? traducido.arg(hallazgo.otraLinea) : traducido;
+    const int palabra = PalabraDeClase(hallazgo.clase);
+    // The finding's own text is in English, and tells more.
+    if (textos.Palabra(palabra) == textos.PalabraInglesa(palabra)) return QString::fromStdString(TextoVisible(hallazgo.texto));
+    const QString frase = Palabra(textos, palabra);
+    return hallazgo.clase == HallazgoDeEntrada::ClaveDoble ? frase.arg(hallazgo.otraLinea) : frase;
 }
 
 }  // namespace qor

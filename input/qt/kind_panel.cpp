@@ -39,7 +39,7 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
       textos_(textos),
       elegir_(std::move(elegir)),
       nombre_(ConNombre<QLabel>("CampoDeClase", this)),
-      obligatorio_(ConNombre<QCheckBox>("Obligatorio", Palabra(textos, "Re&quired"), this)),
+      obligatorio_(ConNombre<QCheckBox>("Obligatorio", Palabra(textos, palabra::Obligatorio), this)),
       tipo_(ConNombre<QComboBox>("TipoDeCampo", this)),
       decimal_(ConNombre<QComboBox>("SignoDecimal", this)),
       formato_(ConNombre<QComboBox>("FormatoDeFecha", this)),
@@ -48,20 +48,21 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
       examinar_(ConNombre<QPushButton>("ExaminarLista", TextoQt(textos.Texto(rotuloDeExaminar)), this)),
       falta_(ConNombre<QLabel>("FaltaDeClase", this)) {
     setObjectName(QStringLiteral("PanelDeClase"));
-    setTitle(Palabra(textos, "Checks of the field"));
+    setTitle(Palabra(textos, palabra::ControlesDelCampo));
     QFont negrita = nombre_->font();
     negrita.setBold(true);
     nombre_->setFont(negrita);
     nombre_->setTextFormat(Qt::PlainText);
-    for (const char* const tipo : {"Any text", "Number", "Date"}) tipo_->addItem(Palabra(textos, tipo));
-    decimal_->addItem(Palabra(textos, "Point: 1,234.50"));
-    decimal_->addItem(Palabra(textos, "Comma: 1.234,50"));
+    for (const int tipo : {palabra::TipoCualquierTexto, palabra::TipoNumero, palabra::TipoFecha})
+        tipo_->addItem(Palabra(textos, tipo));
+    decimal_->addItem(Palabra(textos, palabra::DecimalConPunto));
+    decimal_->addItem(Palabra(textos, palabra::DecimalConComa));
     formato_->setEditable(true);
     formato_->addItems({QStringLiteral("YYYYMMDD"), QStringLiteral("DD.MM.YYYY"), QStringLiteral("DDMMYYYY"),
                         QStringLiteral("MM/DD/YYYY"), QStringLiteral("YYYY-MM-DD"), QStringLiteral("DD.MM.YY")});
     formato_->setMinimumContentsLength(10);
-    lista_->setPlaceholderText(Palabra(textos, "(file of allowed values)"));
-    patron_->setPlaceholderText(Palabra(textos, "(such as %1)").arg(QStringLiteral("[0-9]{10}")));
+    lista_->setPlaceholderText(Palabra(textos, palabra::ArchivoDeValoresAdmitidos));
+    patron_->setPlaceholderText(Palabra(textos, palabra::PorEjemplo).arg(QStringLiteral("[0-9]{10}")));
     examinar_->setAutoDefault(false);
     falta_->setWordWrap(true);
     falta_->setTextFormat(Qt::PlainText);
@@ -69,11 +70,11 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
     auto* const orden = new QGridLayout(this);
     orden->addWidget(nombre_, 0, 0, 1, 2);
     orden->addWidget(obligatorio_, 1, 0, 1, 2);
-    AgregarFila(orden, "TipoDeCampoLabel", "&Type:", tipo_);
-    AgregarFila(orden, "SignoDecimalLabel", "&Decimal sign:", decimal_);
-    AgregarFila(orden, "FormatoDeFechaLabel", "Date fo&rm:", formato_);
-    AgregarFila(orden, "PatronDeCampoLabel", "&Pattern:", patron_);
-    AgregarFila(orden, "ListaDeValoresLabel", "&Values:", lista_);
+    AgregarFila(orden, "TipoDeCampoLabel", palabra::Tipo, tipo_);
+    AgregarFila(orden, "SignoDecimalLabel", palabra::SignoDecimal, decimal_);
+    AgregarFila(orden, "FormatoDeFechaLabel", palabra::FormaDeLaFecha, formato_);
+    AgregarFila(orden, "PatronDeCampoLabel", palabra::Patron, patron_);
+    AgregarFila(orden, "ListaDeValoresLabel", palabra::Valores, lista_);
     orden->addWidget(examinar_, orden->rowCount(), 1, Qt::AlignRight);
     orden->addWidget(falta_, orden->rowCount(), 0, 1, 2);
     orden->setRowStretch(orden->rowCount(), 1);
@@ -88,7 +89,7 @@ PanelDeClase::PanelDeClase(const TextosIdioma& textos, Elegir elegir, QWidget* p
 }
 
 template <typename Control>
-void PanelDeClase::AgregarFila(QGridLayout* orden, const char* nombre, const char* rotulo, Control* control) {
+void PanelDeClase::AgregarFila(QGridLayout* orden, const char* nombre, int rotulo, Control* control) {
     auto* const titulo = ConNombre<QLabel>(nombre, Palabra(textos_, rotulo), this);
     titulo->setBuddy(control);
     const int fila = orden->rowCount();
@@ -105,7 +106,7 @@ void PanelDeClase::Mostrar(const std::string& campo, const ClaseDeCampo& clase, 
     mostrando_ = true;
     campo_ = campo;
     setEnabled(!campo.empty());
-    nombre_->setText(campo.empty() ? Palabra(textos_, "no field") : TextoQt(campo));
+    nombre_->setText(campo.empty() ? Palabra(textos_, palabra::NingunCampo) : TextoQt(campo));
     obligatorio_->setChecked(clase.obligatorio);
     tipo_->setCurrentIndex(static_cast<int>(clase.tipo));
     decimal_->setCurrentIndex(clase.decimal == ',' ? 1 : 0);
@@ -154,13 +155,13 @@ void PanelDeClase::Leer() {
 
 QString PanelDeClase::Falta(const ClaseDeCampo& clase) const {
     if (clase.tipo == ClaseDeCampo::Tipo::Fecha && !FormatoDeFecha::Leer(clase.formato)) {
-        return Palabra(textos_, "A date is written with DD, MM and YY or YYYY, and signs between them.");
+        return Palabra(textos_, palabra::ComoSeEscribeUnaFecha);
     }
     if (clase.patron.empty()) return {};
     try {
         const PatronDeValor patron(clase.patron);
     } catch (const FalloDeEjecucion& fallo) {
-        return Palabra(textos_, "The pattern can't be used:") + QLatin1Char(' ') + TextoQt(fallo.what());
+        return Palabra(textos_, palabra::ElPatronNoSePuedeUsar) + QLatin1Char(' ') + TextoQt(fallo.what());
     }
     return {};
 }

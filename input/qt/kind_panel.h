@@ -42,7 +42,7 @@ public:
 
 private:
     template <typename Control>
-    void AgregarFila(QGridLayout* orden, const char* nombre, const char* rotulo, Control* control);
+    void AgregarFila(QGridLayout* orden, const char* nombre, int rotulo, Control* control);
     void Leer();
     void MostrarDeTipo();
     void ElegirLista();

@@ -32,7 +32,7 @@ ReglaDeLinea::ReglaDeLinea(const TextosIdioma& textos, QWidget* padre) : QAbstra
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setMouseTracking(true);
-    setAccessibleName(Palabra(textos_, "Ruler over the line"));
+    setAccessibleName(Palabra(textos_, palabra::ReglaSobreLaLinea));
 }
 
 void ReglaDeLinea::Mostrar(std::string_view linea, const ClaseDeRegistro* clase, bool porTabuladores, TramoDeLinea tramo) {
@@ -219,7 +219,7 @@ void ReglaDeLinea::Senalar(const QPoint& lugar) {
     if (!arrastre_) return;
     const auto& campo = clase_.campos[static_cast<std::size_t>(arrastre_->campo)];
     QToolTip::showText(viewport()->mapToGlobal(lugar + QPoint(12, -2 * fontMetrics().height())),
-                       Palabra(textos_, "%1: width %2").arg(TextoQt(campo.nombre)).arg(arrastre_->ancho), viewport());
+                       Palabra(textos_, palabra::CampoConAncho).arg(TextoQt(campo.nombre)).arg(arrastre_->ancho), viewport());
 }
 
 void ReglaDeLinea::mousePressEvent(QMouseEvent* evento) {
@@ -253,7 +253,7 @@ int ReglaDeLinea::CampoEn(double columna) const {
 }
 
 QString ReglaDeLinea::DescripcionDe(const CampoDeRegistro& campo) const {
-    return Palabra(textos_, "%1: columns %2 to %3").arg(TextoQt(campo.nombre)).arg(campo.columna + 1).arg(BordeDe(campo));
+    return Palabra(textos_, palabra::CampoDeColumnaAColumna).arg(TextoQt(campo.nombre)).arg(campo.columna + 1).arg(BordeDe(campo));
 }
 
 void ReglaDeLinea::mouseMoveEvent(QMouseEvent* evento) {
@@ -378,11 +378,10 @@ void ReglaDeLinea::Describir() {
     if (conMarcas_) {
         const auto& columnas = marcas_.Columnas();
         const bool marcada = std::find(columnas.begin(), columnas.end(), cursor_) != columnas.end();
-        texto = Palabra(textos_, marcada ? "Column %1, marked" : "Column %1").arg(cursor_);
+        texto = Palabra(textos_, marcada ? palabra::ColumnaMarcada : palabra::ColumnaNumero).arg(cursor_);
     } else if (ConBordes() && elegido_ >= 0) {
         const auto& campo = clase_.campos[static_cast<std::size_t>(elegido_)];
-        texto =
-            Palabra(textos_, "Border of %1, width %2, column %3").arg(TextoQt(campo.nombre)).arg(campo.ancho).arg(BordeDe(campo));
+        texto = Palabra(textos_, palabra::BordeDelCampo).arg(TextoQt(campo.nombre)).arg(campo.ancho).arg(BordeDe(campo));
     }
     if (accessibleDescription() != texto) setAccessibleDescription(texto);
 }

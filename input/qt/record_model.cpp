@@ -236,14 +236,17 @@ QVariant ModeloDeRegistros::headerData(int seccion, Qt::Orientation orientacion,
     }
     if (papel != Qt::DisplayRole && papel != Qt::ToolTipRole) return {};
     const auto* const clase = ClasePrincipal();
-    if (conClase_ && seccion == 0) return Palabra(textos_, "Record");
+    if (conClase_ && seccion == 0) return Palabra(textos_, palabra::Registro);
     const int campo = seccion - (conClase_ ? 1 : 0);
-    if (seccion == ColumnaDeResto()) return Palabra(textos_, columnas_ == 1 ? "Line" : "Behind the last field");
+    if (seccion == ColumnaDeResto()) return Palabra(textos_, columnas_ == 1 ? palabra::Linea : palabra::DetrasDelUltimoCampo);
     if (clase == nullptr || campo >= static_cast<int>(clase->campos.size())) return QString();
     const auto& descrito = clase->campos[static_cast<std::size_t>(campo)];
     const QString nombre = TextoQt(descrito.nombre);
     if (papel == Qt::DisplayRole || diseno_->PorTabuladores()) return nombre;
-    return Palabra(textos_, "%1: columns %2 to %3").arg(nombre).arg(descrito.columna + 1).arg(descrito.columna + descrito.ancho);
+    return Palabra(textos_, palabra::CampoDeColumnaAColumna)
+        .arg(nombre)
+        .arg(descrito.columna + 1)
+        .arg(descrito.columna + descrito.ancho);
 }
 
 }  // namespace qor

@@ -40,6 +40,7 @@
 #include "sap/FormABAP.h"
 #include "sap/FormImport.h"
 #include "sap/FormLogon.h"
+#include "tests/forms/all_dialogs.h"
 #include "tests/forms/dialog_fixture.h"
 #include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
@@ -51,77 +52,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::string datos = QOR_TEST_SOURCE_DIR "/data";
-
-// Every dialog, made with the words of a language.
-class TodosLosDialogos : public ::testing::TestWithParam<const char*> {
-protected:
-    TodosLosDialogos() {
-        std::string idioma = GetParam();
-        RecuperarIdioma(prueba.textos, datos + "/language.txt", idioma);
-        prueba.Archivo({"KUNNR|10", "MATNR|18"});
-        prueba.Transaccion({"TRANS|VA01", "SAPMV45A|4001", "||RV45A-MABNR(1)|MATNR|!1 1!2F.TXT!30!4!51!65!7,MATNR"});
-        prueba.ventana.documento.especificacion.OrigenUsuario = true;
-    }
-
-    std::vector<std::unique_ptr<QDialog>> Crear() {
-        Ventana& e = prueba.ventana;
-        const TextosIdioma& t = prueba.textos;
-        Vista& v = prueba.vista;
-        const AbrirAyuda ayuda = [](int, QWidget*) {};
-        std::vector<std::unique_ptr<QDialog>> todos;
-        const auto agregar = [&](auto* dialogo) { todos.emplace_back(dialogo); };
-        agregar(new FormNotas(e, {Tabla::Archivo, 0}, ayuda, nullptr));
-        agregar(new FormNotas(e, {Tabla::Transaccion, 2}, ayuda, nullptr));
-        agregar(new FormConditions(e, ayuda, nullptr));
-        agregar(new FormABAPWindow(e, 0, datos, ayuda, nullptr));
-        agregar(new FormMostrarTextos(t, "REPORT X.", nullptr));
-        agregar(new FormNuevasVariables(e, {}, ayuda, nullptr));
-        agregar(new FormDataSource(e, preferencias, AbrirOrigen(e, preferencias).value(), {}, ayuda, nullptr));
-        agregar(new FormConsultaOrigen(t, nullptr));
-        agregar(new FormConsultadeEliminar(t, nullptr));
-        agregar(new FormLenguaje(t, v, datos + "/language.txt", "English", nullptr));
-        agregar(new FormSelectLanguage(t, nullptr));
-        agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
-        agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
-        agregar(new FormPrinters(t, v, nullptr));
-        agregar(new FormBAPI(prueba.documento, t, v, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
-        agregar(new FormBAPIFields(t, nullptr));
-        agregar(new FormTrans(t, {}, nullptr));
-        agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
-        agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
-        // The preview wants records from a file.
-        e.documento.especificacion.OrigenUsuario = false;
-        agregar(new FormDatos(
-            e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .memoria = {}, .alCambiar = {}}, {}, nullptr));
-        e.documento.especificacion.OrigenUsuario = true;
-        agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
-        agregar(
-            new FormEjemplos(t, {{.carpeta = "mm01", .archivo = "a.qor", .ingles = "One.", .espanol = "Uno."}}, "copies", nullptr));
-        agregar(new FormEnsayo({.textos = t,
-                                .vista = v,
-                                .documento = prueba.documento,
-                                .generacion = {},
-                                .sistema = {},
-                                .archivoPropio = {},
-                                .mandar = {},
-                                .recordado = [](const std::string&) { return std::filesystem::path(); },
-                                .recordar = {},
-                                .irA = {},
-                                .verDatos = {},
-                                .valoresPropios = {},
-                                .ayuda = ayuda,
-                                .directorio = "",
-                                .memoria = {}}));
-        return todos;
-    }
-
-    VentanaDePrueba prueba;
-    Preferencias preferencias;
-    std::filesystem::path catalogo = datos + "/BAPI46C";
-    SesionSAP sesion = SesionConectada(std::make_shared<Guion>());
-    EleccionDeLogon eleccion;
-};
+class DialogosEnIdioma : public ::testing::TestWithParam<const char*> {};
 
 QString LetraDeAcceso(const QString& texto) {
     const auto lugar = texto.indexOf(QLatin1Char('&'));
@@ -145,8 +76,9 @@ void Mirar(const QWidget& control, std::set<QString>& letras) {
         << "cut off";
 }
 
-TEST_P(TodosLosDialogos, ShowWholeWordsWithLettersOfTheirOwn) {
-    for (const auto& dialogo : Crear()) {
+TEST_P(DialogosEnIdioma, ShowWholeWordsWithLettersOfTheirOwn) {
+    TodosLosDialogos todos(datos + "/language.txt", GetParam());
+    for (const auto& dialogo : todos.Crear()) {
         SCOPED_TRACE(dialogo->objectName().toStdString());
         const DialogoAbierto abierto(*dialogo);
         EXPECT_FALSE(dialogo->windowTitle().isEmpty());
@@ -161,20 +93,10 @@ TEST_P(TodosLosDialogos, ShowWholeWordsWithLettersOfTheirOwn) {
         dialogo->reject();
         EXPECT_FALSE(dialogo->isVisible());
     }
-    EXPECT_THAT(prueba.vista.avisos, IsEmpty());
+    EXPECT_THAT(todos.prueba.vista.avisos, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, TodosLosDialogos, ::testing::Values("English", "Espanol"));
-
-TEST(Words, TwinsHaveTheSameSigns) {
-    std::set<std::string_view> vistas;
-    for (const auto& [ingles, espanol] : TodasLasPalabras()) {
-        EXPECT_TRUE(vistas.insert(ingles).second) << ingles << " twice";
-        for (const char signo : {'&', '%', ':', '.'}) {
-            EXPECT_EQ(std::count(ingles.begin(), ingles.end(), signo), std::count(espanol.begin(), espanol.end(), signo)) << ingles;
-        }
-    }
-}
+INSTANTIATE_TEST_SUITE_P(Languages, DialogosEnIdioma, ::testing::Values("English", "Espanol"));
 
 // ---- Texts to read ----
 
@@ -247,11 +169,12 @@ TEST(LanguageDialogs, AnswerTheChoice) {
     dialogo.Clic("OK");
     EXPECT_EQ(form.IdiomaElegido(), "Deutsch");
 
-    FormSelectLanguage primera(prueba.textos, nullptr);
+    FormSelectLanguage primera(prueba.textos, archivo, nullptr);
     const DialogoAbierto eleccion(primera);
-    eleccion.Clic("OptionSpanish");
+    EXPECT_EQ(primera.Idioma(), "English");
+    eleccion.Clic("OptionDeutsch");
     eleccion.Clic("BotonOK");
-    EXPECT_EQ(primera.Idioma(), "Espanol");
+    EXPECT_EQ(primera.Idioma(), "Deutsch") << "of the languages of the file";
 }
 
 // ---- Printers ----

@@ -7,6 +7,7 @@
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
 #include "editor/key_filters.h"
+#include "tests/support/language.h"
 
 namespace qor::pruebas {
 
@@ -81,6 +82,7 @@ bool VistaDePrueba::AbrirEditor(const std::filesystem::path& /*ruta*/) { return 
 
 VentanaDePrueba::VentanaDePrueba() : ventana(documento, textos, vista) {
     for (int n = 1; n < TextosIdioma::ultimo; ++n) textos.Poner(n, "<" + std::to_string(n) + ">");
+    PonerPalabras(textos);
 }
 
 void VentanaDePrueba::Archivo(std::initializer_list<std::string_view> filas) {
