@@ -15,7 +15,8 @@ ClasesDeCampos LeerClases(const ContextoDeComando& contexto, const Documento& do
     auto clases = ClasesDeCampos::DeDocumento(ruta);
     const auto& tabla = documento.especificacion.TablaArchivo;
     const auto fin = tabla.begin() + documento.especificacion.FilasArchivo();
-    for (const auto& [campo, clase] : clases.Todas()) {
+    for (const auto& una : clases.Todas()) {
+        const std::string& campo = una.first;
         const bool hay =
             std::any_of(tabla.begin(), fin, [&](const auto& fila) { return Mayusculas(Recortar(fila.campo)) == campo; });
         if (hay) continue;
