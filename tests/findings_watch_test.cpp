@@ -227,7 +227,7 @@ TEST_F(Findings, AReportWithErrorsIsPublishedOnlyAfterAYes) {
         {2, {Respuesta::No}, "Espanol", "El report tiene 2 errores,", ""},
     };
     for (const auto& caso : casos) {
-        const auto textos = TextosDe(caso.idioma);
+        const auto textos = pruebas::TextosDe(caso.idioma);
         p.vista.respuestas = caso.respuestas;
         const auto dialogo = TrasPreguntarPorErrores([](const std::string& propuesto) { return propuesto; },
                                                      [&] { return caso.errores; }, textos, p.vista);

@@ -154,7 +154,8 @@ TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     for (const auto& ejemplo : LeerEjemplos(QOR_TEST_SOURCE_DIR "/data", ejemplos)) {
         SCOPED_TRACE(ejemplo.carpeta);
         ofrecidas.push_back(ejemplo.carpeta);
-        for (const auto& frase : {ejemplo.ingles, ejemplo.espanol}) EXPECT_TRUE(frase.ends_with('.'));
+        EXPECT_TRUE(ejemplo.Frase("en").ends_with('.') && ejemplo.Frase("es").ends_with('.'));
+        EXPECT_NE(ejemplo.Frase("en"), ejemplo.Frase("es"));
         const auto copia = CopiarEjemplo(ejemplos / ejemplo.carpeta, directorio.Ruta());
         if (ejemplo.clase != EjemploIncluido::Clase::Documento) continue;
         pruebas::VentanaDePrueba p;
@@ -167,6 +168,13 @@ TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     }
     EXPECT_THAT(ofrecidas, testing::UnorderedElementsAreArray(carpetas));
     EXPECT_EQ(TablasDeCarpeta(ejemplos / "native-sql"), "ZPO_HEAD=zpo_head.csv, ZPO_ITEM=zpo_item.csv");
+}
+
+TEST(ExampleCopies, SentencesOfAnyLanguageAreRead) {
+    const auto leidos = LeerListaDeEjemplos("# A list.\n\nmm01 m.qor\nen One.\npt_BR Um.\n\n\nes s.txt dataset\nen Two.\n");
+    ASSERT_EQ(leidos.size(), 2U);
+    EXPECT_EQ(leidos[0].Frase("pt_BR") + leidos[0].Frase("es"), "Um.One.") << "English stands for a language that is missing";
+    EXPECT_EQ(leidos[1].carpeta + leidos[1].Frase("en"), "esTwo.");
 }
 
 TEST(ExampleCopies, ACopyTakesAFreeNameAndCanBeChanged) {
