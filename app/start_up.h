@@ -62,7 +62,7 @@ Arranque LeerArranque(std::string_view linea);
 // What the first activation does, in this order.
 struct PrimeraActivacion {
     bool mostrarPresentacion = false;
-    bool preguntarIdioma = false;     // FormSelectLanguage, then ElegirIdioma with "Espanol" or "English"
+    bool preguntarIdioma = false;     // FormSelectLanguage, then ElegirIdioma with its answer
     std::filesystem::path documento;  // for AbrirInicial; empty for none
     bool conectar = false;            // log on
 };
