@@ -83,8 +83,7 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
     ArchivoINI propios;
     propios.CargarINI(carpeta / nombreDeAjustes);
     if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
-    const Mensaje pregunta =
-        MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
+    const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
     if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
     activas = 1;
     GuardarElecciones(programa_);

@@ -17,8 +17,7 @@ FormCamposQueFaltan::FormCamposQueFaltan(const TextosIdioma& textos, const std::
     lista_->setAccessibleName(windowTitle());
     for (const auto& campo : campos_) lista_->addItem(TextoQt(campo));
     Marcar(true);
-    auto* const explicacion = NuevaExplicacion(
-        "Explicacion", Palabra(palabra::EstosCamposFaltanEnElArchivo));
+    auto* const explicacion = NuevaExplicacion("Explicacion", Palabra(palabra::EstosCamposFaltanEnElArchivo));
     auto* const todos = NuevoBoton("MarcarTodos", Palabra(palabra::MarcarTodos));
     auto* const ninguno = NuevoBoton("MarcarNinguno", Palabra(palabra::MarcarNinguno));
     auto* const aceptar = NuevoBoton("OKButton", Palabra(palabra::Agregar));

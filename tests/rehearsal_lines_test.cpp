@@ -171,6 +171,13 @@ TEST(ExampleCopies, EachFolderIsOfferedInBothLanguagesAndItsInputIsFound) {
     EXPECT_EQ(TablasDeCarpeta(ejemplos / "native-sql"), "ZPO_HEAD=zpo_head.csv, ZPO_ITEM=zpo_item.csv");
 }
 
+TEST(ExampleCopies, SentencesOfAnyLanguageAreRead) {
+    const auto leidos = LeerListaDeEjemplos("# A list.\n\nmm01 m.qor\nen One.\npt_BR Um.\n\n\nes s.txt dataset\nen Two.\n");
+    ASSERT_EQ(leidos.size(), 2U);
+    EXPECT_EQ(leidos[0].Frase("pt_BR") + leidos[0].Frase("es"), "Um.One.") << "English stands for a language that is missing";
+    EXPECT_EQ(leidos[1].carpeta + leidos[1].Frase("en"), "esTwo.");
+}
+
 #ifndef LEFT_OUT_ExampleCopies_ACopyTakesAFreeNameAndCanBeChanged
 TEST(ExampleCopies, ACopyTakesAFreeNameAndCanBeChanged) {
     namespace fs = std::filesystem;

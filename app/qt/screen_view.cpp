@@ -40,7 +40,8 @@ QString TextoDeMensaje(const Mensaje& mensaje, const TextosIdioma& textos) {
     const auto& deLaPantalla = mensaje.enPantalla.empty() ? mensaje.texto : mensaje.enPantalla;
     QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(deLaPantalla, "\r\n", "\n"), "\r", "\n"));
     if (mensaje.fila) {
-        texto += QStringLiteral("\n\n") + Palabra(textos, mensaje.fila->delArchivo ? palabra::LadoDelArchivo : palabra::LadoDelPrograma) +
+        texto += QStringLiteral("\n\n") +
+                 Palabra(textos, mensaje.fila->delArchivo ? palabra::LadoDelArchivo : palabra::LadoDelPrograma) +
                  QStringLiteral(", ") + Palabra(textos, palabra::FilaNumero).arg(mensaje.fila->fila + 1);
     }
     return mensaje.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(mensaje.detalle);
