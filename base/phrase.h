@@ -19,14 +19,23 @@ public:
     // "%1" to "%9" in `ingles`, a literal, stand for the parts.
     Frase(const char* ingles, std::vector<Frase> partes = {}) : ingles_(ingles), partes_(std::move(partes)) {}
 
-    bool Vacia() const { return ingles_ == nullptr ? texto_.empty() : *ingles_ == '\0'; }
+    // A row of the specification, from 0. The command line counts rows so, the screen from 1.
+    static Frase DeFila(int fila) {
+        Frase frase;
+        frase.fila_ = fila;
+        return frase;
+    }
+
+    bool Vacia() const { return !fila_ && (ingles_ == nullptr ? texto_.empty() : *ingles_ == '\0'); }
     std::string EnIngles() const;
-    // `palabra` gives the twin of a sentence in English: std::string(std::string_view ingles).
+    // `palabra` gives the twin of a sentence in English: std::string(std::string_view ingles). `primeraFila`: how the first row
+    // counts.
     template <typename Palabra>
-    std::string En(const Palabra& palabra) const {
+    std::string En(const Palabra& palabra, int primeraFila = 0) const {
+        if (fila_) return std::to_string(*fila_ + primeraFila);
         if (ingles_ == nullptr) return texto_;
         std::vector<std::string> dichas;
-        for (const auto& parte : partes_) dichas.push_back(parte.En(palabra));
+        for (const auto& parte : partes_) dichas.push_back(parte.En(palabra, primeraFila));
         return Llenar(palabra(std::string_view(ingles_)), dichas);
     }
 
@@ -34,6 +43,7 @@ private:
     const char* ingles_ = nullptr;
     std::string texto_;
     std::vector<Frase> partes_;
+    std::optional<int> fila_;
 };
 
 // Whether a text is that sentence with its parts, which are then what stands in their places; none of them holds what stands

@@ -14,8 +14,8 @@ namespace {
 
 std::string_view SinCondicion(std::string_view celda) { return Recortar(AntesDe(celda, ';')); }
 
-Frase FilaDelPrograma(int fila) { return {"program side, row %1", {std::to_string(fila)}}; }
-Frase FilaDelArchivo(int fila) { return {"file side, row %1", {std::to_string(fila)}}; }
+Frase FilaDelPrograma(int fila) { return {"program side, row %1", {Frase::DeFila(fila)}}; }
+Frase FilaDelArchivo(int fila) { return {"file side, row %1", {Frase::DeFila(fila)}}; }
 
 }  // namespace
 

@@ -13,6 +13,8 @@ TEST(Phrases, PartsStandWhereTheSentenceOfALanguageHasThem) {
         return std::string(ingles == "%1 of %2" ? "%2: %1" : ingles == "line %1" ? "l. %1" : ingles);
     };
     EXPECT_EQ(frase.En(alReves), "100%1: l. 7");
+    const Frase deFila("row %1", {Frase::DeFila(4)});
+    EXPECT_EQ(deFila.EnIngles() + ", " + deFila.En(alReves, 1), "row 4, row 5") << "the screen counts from 1";
     EXPECT_TRUE(Frase().Vacia());
     EXPECT_FALSE(dentro.Vacia());
 }

@@ -9,7 +9,7 @@ QString Palabra(const TextosIdioma& textos, int numero) { return TextoQt(textos.
 QString EnIdioma(const TextosIdioma& textos, std::string_view ingles) { return TextoQt(textos.PorIngles(ingles)); }
 
 std::string FraseEnIdioma(const TextosIdioma& textos, const Frase& frase) {
-    return frase.En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); });
+    return frase.En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); }, 1);
 }
 
 QString FraseQt(const TextosIdioma& textos, const Frase& frase) { return TextoQt(FraseEnIdioma(textos, frase)); }

@@ -11,7 +11,7 @@ _qorgen_commands() {
 
 _qorgen_options() {
     case $1 in
-        "") echo "-h --help --settings --data --language --yes" ;;
+        "") echo "-h --help --settings --data --language --yes --version" ;;
         "generate") echo "-h --help -o --output" ;;
         "check") echo "-h --help --all --format --warnings-as-errors" ;;
         "convert") echo "-h --help -o --output" ;;
