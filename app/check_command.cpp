@@ -38,7 +38,7 @@ const std::map<std::string, std::string (*)(Revisados, Textos)> formatos = {
 bool Check(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     const auto chequear = [&](const std::string& ruta) {
         // Of several documents a line tells which one the messages are about.
-        if (!argumentos.otros.empty()) contexto.errores << ReemplazarTodo(ruta, "\n", " ") << ":\n";
+        if (!argumentos.otros.empty()) contexto.errores << RutaDeTerminal(ruta) << ":\n";
         DocumentoDeComando abierto;
         return abierto.Abrir(contexto, ruta) && ChequearEspecificacion(abierto.Pedido(contexto));
     };

@@ -67,24 +67,10 @@ Respuesta VistaDeConsola::Preguntar(const Mensaje& mensaje, Botones botones) {
     return respuesta;
 }
 
-// Paths come with the command; no dialog is ever shown.
-std::optional<std::filesystem::path> VistaDeConsola::ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                                     const std::string& /*filtro*/) {
-    return std::nullopt;
-}
-std::optional<std::filesystem::path> VistaDeConsola::ElegirParaGrabar(const std::string& /*filtro*/) { return std::nullopt; }
-
-// Without a screen there is nothing to move, point at or focus.
-void VistaDeConsola::PunteroOcupado(bool /*ocupado*/) {}
-void VistaDeConsola::MostrarFila(Tabla /*tabla*/, int /*fila*/) {}
-void VistaDeConsola::Enfocar(const std::string& /*control*/) {}
-
 void VistaDeConsola::MostrarTexto(const std::string& texto) {
     const std::string listo = TextoDeTerminal(texto);
     salida_ << listo;
     if (!listo.ends_with('\n')) salida_ << '\n';
 }
-
-bool VistaDeConsola::AbrirEditor(const std::filesystem::path& /*ruta*/) { return false; }
 
 }  // namespace qor

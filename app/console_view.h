@@ -10,7 +10,7 @@ namespace qor {
 // The view of the command line. A message is one line "N: text" on `errores`, where N is the number of the first message that it
 // was built from; a question is such a line with its answer behind it, in brackets. What the system said about a file follows on a
 // line of its own, behind two blanks. Texts of the text window go to `salida`. Both are UTF-8 with LF.
-class VistaDeConsola : public Vista {
+class VistaDeConsola : public VistaSinPantalla {
 public:
     // With `siATodo` every question is answered with yes or OK, else with no, or with cancel where there is no "no".
     VistaDeConsola(std::ostream& salida, std::ostream& errores, bool siATodo)
@@ -21,15 +21,7 @@ public:
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                         const std::string& filtro) override;
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
-    void PunteroOcupado(bool ocupado) override;
-    void MostrarFila(Tabla tabla, int fila) override;
-    void Enfocar(const std::string& control) override;
     void MostrarTexto(const std::string& texto) override;
-    bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::filesystem::path& ruta) override;
 
 private:
     std::ostream& salida_;

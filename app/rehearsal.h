@@ -42,7 +42,7 @@ struct CampoEnviado {
     std::string campoDeArchivo;  // name of the file field in that cell; empty for a constant or a variable
     int grupo = 0;               // the kind of records that the value was read from: 0 the main record, else the step-loop,
     std::size_t deRegistro = 0;  // and the number of that record among those of its kind, from 1; 0 where it was read from no file
-    std::string sinEnviar;       // why nothing was sent, a sentence; empty for a field that was sent
+    Frase sinEnviar;             // why nothing was sent, a sentence; blank for a field that was sent
 };
 
 struct PantallaEnviada {
@@ -50,7 +50,7 @@ struct PantallaEnviada {
     std::string dynpro;    // of a table parameter the number of the row
     Lugar celda;
     std::vector<CampoEnviado> campos;  // in the order sent; those that sent nothing where they stand on the program side
-    std::string sinEnviar;             // why the screen was not opened, or the parameter has no row; its fields are not sent then
+    Frase sinEnviar;                   // why the screen was not opened, or the parameter has no row; its fields are not sent then
 };
 
 // A transaction or a BAPI of a record, or an operation of the specification that it passed over.
@@ -61,7 +61,7 @@ struct Envio {
     bool fallado = false;
     std::vector<PantallaEnviada> pantallas;
     std::vector<std::string> mensajes;  // "E 00 058 Entry ROHX does not exist"
-    std::string sinEnviar;              // why the operation of the specification was not run, a sentence; empty for one that was
+    Frase sinEnviar;                    // why the operation of the specification was not run, a sentence; blank for one that was
 };
 
 struct FalloDeEnsayo {

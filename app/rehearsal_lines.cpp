@@ -173,7 +173,7 @@ void PonerCampo(std::vector<LineaDeEnvio>& lineas, const CampoEnviado& campo, in
     linea.deRegistro = campo.deRegistro;
     linea.celda = campo.celda;
     linea.sinEnviar = campo.sinEnviar;
-    linea.gris = gris || !campo.sinEnviar.empty();
+    linea.gris = gris || !campo.sinEnviar.Vacia();
 }
 
 void PonerPantalla(std::vector<LineaDeEnvio>& lineas, const PantallaEnviada& pantalla, int padre, bool gris) {
@@ -185,7 +185,7 @@ void PonerPantalla(std::vector<LineaDeEnvio>& lineas, const PantallaEnviada& pan
     if (!pantalla.dynpro.empty()) linea.nombre += " " + pantalla.dynpro;
     linea.celda = pantalla.celda;
     linea.sinEnviar = pantalla.sinEnviar;
-    linea.gris = gris = gris || !pantalla.sinEnviar.empty();
+    linea.gris = gris = gris || !pantalla.sinEnviar.Vacia();
     for (const auto& campo : pantalla.campos) PonerCampo(lineas, campo, propia, gris);
 }
 
@@ -199,7 +199,7 @@ std::vector<LineaDeEnvio> LineasDe(const std::vector<Envio>& envios, const std::
         linea.clase = LineaDeEnvio::Clase::Operacion;
         linea.nombre = envio.nombre;
         linea.sinEnviar = envio.sinEnviar;
-        linea.gris = !envio.sinEnviar.empty();
+        linea.gris = !envio.sinEnviar.Vacia();
         linea.fallado = envio.fallado;
         linea.enSesion = envio.enSesion;
         const bool gris = linea.gris;

@@ -82,9 +82,9 @@ struct LineaDeEnvio {
     int grupo = 0;          // of CampoEnviado
     std::size_t deRegistro = 0;
     Lugar celda;
-    std::string sinEnviar;  // why not; empty for what was sent
-    bool gris = false;      // not sent, itself or what it stands in
-    bool fallado = false;   // of an operation that failed, of a field that made it fail, and of a message that says so
+    Frase sinEnviar;       // why not; empty for what was sent
+    bool gris = false;     // not sent, itself or what it stands in
+    bool fallado = false;  // of an operation that failed, of a field that made it fail, and of a message that says so
     bool enSesion = false;
 };
 

@@ -53,8 +53,8 @@ void FilasDeEnsayo::PonerProcedencia(CampoEnviado& campo, int fila, std::size_t 
     if (deArchivo_) campo.deRegistro = campo.grupo == 0 ? registro : linea;
 }
 
-std::string FilasDeEnsayo::NoSeCumple(std::string_view celda) {
-    return "The condition " + std::string(Recortar(DespuesDe(celda, ';'))) + " is not met.";
+Frase FilasDeEnsayo::NoSeCumple(std::string_view celda) {
+    return {"The condition %1 is not met.", {std::string(Recortar(DespuesDe(celda, ';')))}};
 }
 
 }  // namespace qor

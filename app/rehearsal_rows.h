@@ -39,7 +39,7 @@ public:
     void PonerProcedencia(CampoEnviado& campo, int fila, std::size_t registro, std::size_t linea) const;
 
     // "The condition X is not met."
-    static std::string NoSeCumple(std::string_view celda);
+    static Frase NoSeCumple(std::string_view celda);
 
 private:
     const Especificacion& especificacion_;

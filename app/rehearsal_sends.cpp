@@ -111,7 +111,7 @@ void LectorDeEnvios::DecirSinCondicion() {
     condicionada_ = -1;
 }
 
-void LectorDeEnvios::DecirSinCorrer(int cabeza, std::string motivo) {
+void LectorDeEnvios::DecirSinCorrer(int cabeza, Frase motivo) {
     Envio envio;
     envio.nombre = filas_.Codigo(cabeza);
     envio.esBapi = filas_.Fila(cabeza).EsCabezaBAPI();

@@ -33,7 +33,7 @@ private:
     void PonerBapis(int cabeza);
     void DecirSinLlamar();
     void DecirSinCondicion();
-    void DecirSinCorrer(int cabeza, std::string motivo);
+    void DecirSinCorrer(int cabeza, Frase motivo);
 
     const FilasDeEnsayo& filas_;
     bool conManejoDeErrores_;

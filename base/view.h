@@ -52,4 +52,21 @@ public:
     virtual bool AbrirEditor(const std::filesystem::path& ruta) = 0;
 };
 
+// A view without a screen: no dialog is shown and nothing can be moved, pointed at or focused. What is said and asked is left to
+// those that it is the base of.
+class VistaSinPantalla : public Vista {
+public:
+    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
+                                                         const std::string& /*filtro*/) override {
+        return std::nullopt;
+    }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
+    void PunteroOcupado(bool /*ocupado*/) override {}
+    void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
+    void Enfocar(const std::string& /*control*/) override {}
+    void MostrarTexto(const std::string& /*texto*/) override {}
+    bool OfreceEditor() const override { return false; }
+    bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
+};
+
 }  // namespace qor

@@ -514,11 +514,13 @@ inline constexpr int OpcionContactoTecnico = 1474;
 inline constexpr int PublicarConUnError = 1475;
 inline constexpr int PublicarConErrores = 1476;
 
-// Work with the rows of the grids, and what came with it
+// Data preview and rehearsal, more of them
 inline constexpr int LosCaracteresPodrianSerUTF8 = 1477;
 inline constexpr int LosRegistrosNoSeComparan = 1478;
 inline constexpr int SeLeenLosArchivosDeEntrada = 1479;
 inline constexpr int EsteEjemploUsaConvenciones = 1480;
+
+// Main form: the commands of the Edit menu on cells and rows, and their dialogs
 inline constexpr int OrdenBuscarElSiguiente = 1481;
 inline constexpr int OrdenCortar = 1482;
 inline constexpr int OrdenCopiar = 1483;

@@ -1,6 +1,5 @@
 #include "editor/cell_keys.h"
 
-#include <array>
 #include <span>
 
 #include "editor/cell_focus.h"
@@ -11,14 +10,6 @@
 namespace qor {
 
 namespace {
-
-constexpr std::array columnasArchivo = {Columna::CampoDeArchivo, Columna::Ancho};
-constexpr std::array columnasTransaccion = {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor};
-
-std::span<const Columna> ColumnasDe(Tabla tabla) {
-    if (tabla == Tabla::Archivo) return columnasArchivo;
-    return columnasTransaccion;
-}
 
 void MoverVentana(Ventana& ventana, Tabla tabla, int paso) {
     if (tabla == Tabla::Archivo) {

@@ -20,13 +20,8 @@ namespace {
 using Fila = std::vector<std::string>;
 using Bloque = std::vector<Fila>;
 
-std::span<const Columna> ColumnasDe(Tabla tabla) {
-    if (tabla == Tabla::Archivo) return columnasDeCeldasDeArchivo;
-    return columnasDeCeldasDeTransaccion;
-}
-
 // Where the rules speak to while it isn't known yet whether the block can be taken: a warning refuses it.
-class VistaDeTanteo final : public Vista {
+class VistaDeTanteo final : public VistaSinPantalla {
 public:
     std::optional<Mensaje> aviso;
     std::vector<std::string> noticias;
@@ -39,17 +34,6 @@ public:
         }
     }
     Respuesta Preguntar(const Mensaje& /*mensaje*/, Botones /*botones*/) override { return Respuesta::Cancelar; }
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                         const std::string& /*filtro*/) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
-    void PunteroOcupado(bool /*ocupado*/) override {}
-    void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
-    void Enfocar(const std::string& /*control*/) override {}
-    void MostrarTexto(const std::string& /*texto*/) override {}
-    bool OfreceEditor() const override { return false; }
-    bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
 };
 
 // The cell that begins at `i`, which then stands behind it.

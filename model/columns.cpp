@@ -4,6 +4,11 @@
 
 namespace qor {
 
+std::span<const Columna> ColumnasDe(Tabla tabla) {
+    if (tabla == Tabla::Archivo) return columnasDeCeldasDeArchivo;
+    return columnasDeCeldasDeTransaccion;
+}
+
 Tabla TablaDe(Columna columna) { return columna <= Columna::Ancho ? Tabla::Archivo : Tabla::Transaccion; }
 
 std::size_t NumeroDeColumna(Columna columna) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,7 @@ inline constexpr std::array columnasDeCeldasDeTransaccion = {Columna::Programa, 
 constexpr std::size_t largoMaximoDeCampo = 30;
 
 Tabla TablaDe(Columna columna);
+std::span<const Columna> ColumnasDe(Tabla tabla);
 
 // Number of the column on its side, from 0.
 std::size_t NumeroDeColumna(Columna columna);

@@ -81,16 +81,17 @@ std::string EnviosDe(const Ensayo& ensayo, std::size_t registro) {
     };
     for (const auto& envio : ensayo.EnviosDe(registro)) {
         decir(envio.nombre + (envio.esBapi ? " bapi" : "") + (envio.enSesion ? " session" : "") + (envio.fallado ? " failed" : ""),
-              envio.sinEnviar);
+              envio.sinEnviar.EnIngles());
         for (const auto& pantalla : envio.pantallas) {
-            decir(" " + pantalla.programa + " " + pantalla.dynpro + " <" + CeldaDe(pantalla.celda) + ">", pantalla.sinEnviar);
+            decir(" " + pantalla.programa + " " + pantalla.dynpro + " <" + CeldaDe(pantalla.celda) + ">",
+                  pantalla.sinEnviar.EnIngles());
             for (const auto& campo : pantalla.campos) {
                 std::string origen = CeldaDe(campo.celda);
                 if (!campo.campoDeArchivo.empty()) {
                     origen +=
                         " " + campo.campoDeArchivo + " " + std::to_string(campo.grupo) + ":" + std::to_string(campo.deRegistro);
                 }
-                decir("  " + campo.campo + "=" + campo.valor + " <" + origen + ">", campo.sinEnviar);
+                decir("  " + campo.campo + "=" + campo.valor + " <" + origen + ">", campo.sinEnviar.EnIngles());
             }
         }
         for (const auto& mensaje : envio.mensajes) decir(" " + mensaje, {});

@@ -20,11 +20,6 @@ namespace qor {
 
 using Clase = LineaDeEnvio::Clase;
 
-QString MotivoQt(const TextosIdioma& textos, const std::string& motivo) {
-    const auto condicion = ReconocerFrase(motivo, "The condition %1 is not met.");
-    return condicion ? FraseQt(textos, *condicion) : EnIdioma(textos, motivo);
-}
-
 namespace {
 
 constexpr int maximoDeLetras = 60;  // of a column to begin with; a value can be of any length
@@ -106,7 +101,7 @@ QString ModeloDeEnvios::Texto(const LineaDeEnvio& linea, int columna) const {
             return campo;
         }
         case Celda:
-            if (!linea.sinEnviar.empty()) return MotivoQt(textos_, linea.sinEnviar);
+            if (!linea.sinEnviar.Vacia()) return FraseQt(textos_, linea.sinEnviar);
             return LugarCorto(textos_, linea.celda);
         default: return {};
     }
@@ -182,7 +177,7 @@ ArbolDeEnvios::ArbolDeEnvios(const TextosIdioma& textos, QWidget* padre)
 void ArbolDeEnvios::Abarcar(const QModelIndex& padre) {
     for (int r = 0; r < modelo_->rowCount(padre); ++r) {
         const auto& linea = *modelo_->Linea(modelo_->index(r, 0, padre));
-        const bool sola = linea.clase == Clase::Mensaje || (linea.clase == Clase::Operacion && linea.sinEnviar.empty());
+        const bool sola = linea.clase == Clase::Mensaje || (linea.clase == Clase::Operacion && linea.sinEnviar.Vacia());
         setFirstColumnSpanned(r, padre, sola);
     }
 }

@@ -64,7 +64,4 @@ private:
     bool ajustado_ = false;
 };
 
-// A reason in the loaded language, where it has one of its own.
-QString MotivoQt(const TextosIdioma& textos, const std::string& motivo);
-
 }  // namespace qor

@@ -6,8 +6,6 @@ namespace qor {
 
 QString Palabra(const TextosIdioma& textos, int numero) { return TextoQt(textos.Palabra(numero)); }
 
-QString EnIdioma(const TextosIdioma& textos, std::string_view ingles) { return TextoQt(textos.PorIngles(ingles)); }
-
 std::string FraseEnIdioma(const TextosIdioma& textos, const Frase& frase) {
     return frase.En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); }, 1);
 }

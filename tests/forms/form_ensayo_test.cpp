@@ -155,6 +155,31 @@ TEST(FormEnsayo, AnExampleIsRehearsedWithKeysAlone) {
     EXPECT_FALSE(Ventana()->Corriendo());
 }
 
+// Records that were asked to fail in one document don't fail in the next one, and a file that the preview is given is rehearsed.
+TEST(FormEnsayo, AnotherDocumentBeginsAnew) {
+    ProgramaDePrueba p;
+    const auto abrir = [&p](const char* ejemplo, const char* documento) {
+        const auto carpeta = CopiarEjemplo(std::filesystem::path(QOR_TEST_SOURCE_DIR "/examples") / ejemplo, p.directorio.Ruta());
+        ASSERT_TRUE(OpenOption(p.LaVentana(), carpeta / documento));
+        p.principal->Sincronizar();
+    };
+    abrir("mm01", "materials.qor");
+    p.Control<QAction>("RehearseOption")->trigger();
+    ASSERT_NE(Ventana(), nullptr);
+    const auto pedido = [] {
+        return Parte<QComboBox>("Registros")->currentText() + QLatin1Char('|') + Parte<QLineEdit>("Fallos")->text() +
+               QLatin1Char('|') + Parte<QLineEdit>("Parametros")->text();
+    };
+    const QString alPrincipio = pedido();
+    Parte<QComboBox>("Registros")->setCurrentText(QStringLiteral("2-3"));
+    Parte<QLineEdit>("Fallos")->setText(QStringLiteral("2"));
+    Parte<QLineEdit>("Parametros")->setText(QStringLiteral("P=1"));
+    abrir("va01", "orders.qor");
+    EXPECT_EQ(pedido(), alPrincipio);
+    Ventana()->TomarArchivo("SLOOP_1", "/other.txt");
+    EXPECT_EQ(Parte<QLineEdit>("SLOOP_1")->text(), QStringLiteral("/other.txt"));
+}
+
 // Of several input files those beside the chosen one are not replaced unasked.
 TEST(FormEnsayo, FailedRecordsOfSeveralFilesAskForEach) {
     ProgramaDePrueba p;

@@ -11,7 +11,8 @@
 
 namespace qor::pruebas {
 
-// Runs qorgen with a directory of its own, in which its settings lie. "D/" in an argument stands for that directory.
+// Runs qorgen with a directory of its own, in which its settings lie. "D/" at the beginning of an argument, or of a value behind
+// "=", stands for that directory.
 struct QorgenDePrueba {
     DirectorioTemporal directorio;
     std::string salida;
@@ -19,9 +20,9 @@ struct QorgenDePrueba {
 
     int Correr(std::vector<std::string> argumentos) {
         for (auto& argumento : argumentos) {
-            if (const auto lugar = argumento.find("D/"); lugar != std::string::npos) {
-                argumento.replace(lugar, 2, directorio.Ruta().string() + "/");
-            }
+            const auto lugar = argumento.starts_with("D/") ? 0 : argumento.find("=D/");
+            if (lugar == std::string::npos) continue;
+            argumento.replace(lugar == 0 ? 0 : lugar + 1, 2, directorio.Ruta().string() + "/");
         }
         argumentos.insert(argumentos.begin(), {"--settings", directorio.Ruta().string()});
         std::ostringstream enSalida;
