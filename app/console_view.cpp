@@ -38,7 +38,7 @@ std::string LineasDe(const Mensaje& mensaje, const std::string& detras = "") {
 std::string TextoDeTerminal(std::string_view texto) { return AUtf8(ConFinesDeLinea(texto, "\n")); }
 
 std::string RutaDeTerminal(const std::filesystem::path& ruta) {
-    const std::string& bytes = ruta.native();
+    const std::string bytes = ruta.string();
     std::string texto;
     for (std::size_t i = 0; i < bytes.size();) {
         const auto largo = std::max<std::size_t>(LargoDeCaracter(std::string_view(bytes).substr(i)), 1);
