@@ -1,7 +1,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -66,7 +65,7 @@ void Principal::CrearMenus() {
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(ventana_); });
-    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(programa_.ajustes.DirectorioDocumentos); });
+    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(); });
     auto* const ejemplo = NuevaAccion("OpenExampleOption", archivo, [this] { AbrirEjemplo(); });
     ejemplo->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
     auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(ventana_); });
@@ -269,9 +268,9 @@ void Principal::CrearOtrosMenus() {
     NuevaAccion("AboutOption", ayuda, [this] { MostrarPresentacion(); });
 }
 
-void Principal::ElegirYAbrir(const std::filesystem::path& directorio) {
+void Principal::ElegirYAbrir() {
     if (!DejarDocumento(ventana_)) return;
-    const auto ruta = vista_->ElegirParaAbrir(directorio, filtroDeDocumentos);
+    const auto ruta = vista_->ElegirParaAbrir({ClaseDeArchivo::Documento, filtroDeDocumentos});
     if (ruta && OpenOption(ventana_, *ruta)) RecordarDirectorio(programa_, ventana_.documento);
 }
 
