@@ -1,5 +1,6 @@
 #include "app/qt/file_memory.h"
 
+#include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -13,6 +14,11 @@ QString Clave(ClaseDeArchivo clase) { return QStringLiteral("files/") + QString:
 
 QString Memoria(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
 
+std::filesystem::path DelUsuario() {
+    const QString documentos = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return RutaDeQt(QDir(documentos).exists() ? documentos : QDir::homePath());
+}
+
 }  // namespace
 
 LugaresDeDialogo LugaresDe(const Programa& programa, const std::filesystem::path& documento, ClaseDeArchivo clase) {
@@ -21,8 +27,7 @@ LugaresDeDialogo LugaresDe(const Programa& programa, const std::filesystem::path
     const auto ultimo = clase == ClaseDeArchivo::Documento
                             ? elegido
                             : RutaDeQt(QSettings(Memoria(programa), QSettings::IniFormat).value(Clave(clase)).toString());
-    return {ultimo, documento.parent_path(),
-            elegido.empty() ? RutaDeQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) : elegido};
+    return {ultimo, documento.parent_path(), elegido.empty() ? DelUsuario() : elegido};
 }
 
 void RecordarLugar(Programa& programa, ClaseDeArchivo clase, const std::filesystem::path& elegido) {

@@ -72,7 +72,7 @@ struct TodosLosDialogos {
         agregar(new FormBAPI(prueba.documento, t, v, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
         agregar(new FormBAPIFields(t, nullptr));
         agregar(new FormTrans(t, {}, nullptr));
-        agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
+        agregar(new FormBDCEditor(t, v, ayuda, nullptr));
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
         // The preview wants records from a file.
         e.documento.especificacion.OrigenUsuario = false;
