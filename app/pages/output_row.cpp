@@ -6,7 +6,6 @@
 #include "app/pages/layout.h"
 #include "app/qt/theme_icon.h"
 #include "base/chosen_path.h"
-#include "base/code_page.h"
 #include "base/paths.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
@@ -36,9 +35,8 @@ FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<v
                                                    .sugerido = NombreSugerido(documento, ".abap", ventana.textos),
                                                    .preguntaDespues = true});
             if (elegida) AceptarLugarElegido(programa.generador, *elegida);
-            // A directory that the code page can't hold needs no name where the document lies in it.
-            const bool juntoAlDocumento = elegida && elegida->parent_path() == documento.ruta.parent_path();
-            if (juntoAlDocumento && !DesdeUtf8(elegida->string())) elegida = elegida->filename();
+            // Beside the document the name is enough, so that both can be moved together.
+            if (elegida && elegida->parent_path() == documento.ruta.parent_path()) elegida = elegida->filename();
             if (const auto nombre = ComoTexto(elegida, vista)) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
         });
     auto* const boton = lazos.Boton("Generar", this, generar);
