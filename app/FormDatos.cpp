@@ -45,7 +45,6 @@ constexpr int milisegundosDePausa = 600;
 constexpr int anchoConLado = 1'100;  // of a screen on which the checks of a field are shown from the beginning
 constexpr int rotuloDeExaminar = 80;
 constexpr int rotuloDeAyuda = 132;
-constexpr const char* todosLosArchivos = "*.*|*";
 
 }  // namespace
 
@@ -184,7 +183,7 @@ QWidget* FormDatos::CrearVista() {
     deRegistros->addWidget(regla_);
 
     clase_ = new PanelDeClase(
-        Textos(), [this] { return ventana_.vista.ElegirParaAbrir(entorno_.directorio, todosLosArchivos); }, this);
+        Textos(), [this] { return ventana_.vista.ElegirParaAbrir({ClaseDeArchivo::ListaDeValores}); }, this);
     guardarClases_ = NuevoBoton("GuardarClases", Palabra(palabra::GuardarLosControles));
     connect(clase_, &PanelDeClase::Cambiada, this, &FormDatos::CambiarClase);
     connect(guardarClases_, &QPushButton::clicked, this, [this] {
@@ -327,8 +326,7 @@ void FormDatos::MostrarArchivo(int archivo) {
 }
 
 void FormDatos::ElegirArchivo() {
-    const auto directorio = Archivo().Ruta().empty() ? entorno_.directorio : Archivo().Ruta().parent_path();
-    const auto elegido = ventana_.vista.ElegirParaAbrir(directorio, todosLosArchivos);
+    const auto elegido = ventana_.vista.ElegirParaAbrir({ClaseDeArchivo::Entrada, todosLosArchivos, Archivo().Ruta()});
     if (!elegido) return;
     if (entorno_.recordar) entorno_.recordar(Archivo().Parametro(), *elegido);
     Abrir(*elegido);

@@ -34,9 +34,8 @@ struct EntornoDeDatos {
     // The file that was chosen for a parameter, such as FILE or SLOOP_1, the last time, and what is chosen now.
     std::function<std::filesystem::path(const std::string& parametro)> recordado;
     std::function<void(const std::string& parametro, const std::filesystem::path& archivo)> recordar;
-    std::filesystem::path directorio = {};  // where a file is looked for first
-    std::filesystem::path memoria = {};     // the file that remembers windows; empty for none
-    std::function<void()> alCambiar = {};   // the document was changed here
+    std::filesystem::path memoria = {};    // the file that remembers windows; empty for none
+    std::function<void()> alCambiar = {};  // the document was changed here
 };
 
 // The preview of the data: the input files of any size split by the specification, what a check of them finds, and the line as it

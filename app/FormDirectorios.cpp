@@ -1,6 +1,5 @@
 #include "app/FormDirectorios.h"
 
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -31,11 +30,13 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
     setWindowTitle(Palabra(palabra::DirectoriosYArchivos));
     auto* const rejilla = new QGridLayout;
     documentos_ = NuevaFila(rejilla, 0, palabra::DirectorioDeLosDocumentos, "DirectorioDocumentos",
-                            TextoDeRuta(ajustes.DirectorioDocumentos), true);
-    anchos_ =
-        NuevaFila(rejilla, 1, palabra::ArchivoDeLosAnchosDeCampos, "ArchivoAnchos", TextoDeRuta(ajustes.ArchivoAnchos), false);
-    catalogo_ = NuevaFila(rejilla, 2, palabra::CatalogoDeBAPIs, "ArchivoBAPI", TextoDeRuta(ajustes.ArchivoBAPI), false);
-    editor_ = NuevaFila(rejilla, 3, palabra::EditorDeTextosParaLosReports, "EditorDeTextos", ajustes.EditorDeTextos, false);
+                            TextoDeRuta(ajustes.DirectorioDocumentos), ClaseDeArchivo::CarpetaDeDocumentos);
+    anchos_ = NuevaFila(rejilla, 1, palabra::ArchivoDeLosAnchosDeCampos, "ArchivoAnchos", TextoDeRuta(ajustes.ArchivoAnchos),
+                        ClaseDeArchivo::AnchosDeCampos);
+    catalogo_ =
+        NuevaFila(rejilla, 2, palabra::CatalogoDeBAPIs, "ArchivoBAPI", TextoDeRuta(ajustes.ArchivoBAPI), ClaseDeArchivo::Catalogo);
+    editor_ = NuevaFila(rejilla, 3, palabra::EditorDeTextosParaLosReports, "EditorDeTextos", ajustes.EditorDeTextos,
+                        ClaseDeArchivo::EditorDeTextos);
     editor_->setPlaceholderText(Palabra(palabra::UnoConocidoQueEsteInstalado));
     rejilla->setColumnStretch(1, 1);
     auto* const aceptar = NuevoBoton("OK", Palabra(palabra::Aceptar));
@@ -51,20 +52,17 @@ FormDirectorios::FormDirectorios(const TextosIdioma& textos, Vista& vista, Ajust
 }
 
 CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, int rotulo, const char* nombre, const std::string& valor,
-                                        bool directorio) {
+                                        ClaseDeArchivo clase) {
     auto* const caja = new CajaDeLinea(this);
     caja->setObjectName(QString::fromLatin1(nombre));
     caja->PonerTexto(valor);
     auto* const examinar = NuevoBoton((std::string("Examinar") + nombre).c_str(), Rotulo(80));
-    connect(examinar, &QPushButton::clicked, this, [this, caja, directorio] {
-        if (directorio) {
-            const QString elegido = QFileDialog::getExistingDirectory(this, {}, caja->text());
-            if (elegido.isEmpty()) return;
-            if (const auto texto = ComoTexto(RutaDeQt(elegido), vista_)) caja->PonerTexto(*texto);
-        } else if (const auto ruta =
-                       ComoTexto(vista_.ElegirParaAbrir(RutaDelSistema(DirectorioDeRuta(caja->Texto())), "*.*|*"), vista_)) {
-            caja->PonerTexto(*ruta);
-        }
+    connect(examinar, &QPushButton::clicked, this, [this, caja, clase] {
+        const auto presente = RutaDelSistema(caja->Texto());
+        const bool carpeta = clase == ClaseDeArchivo::CarpetaDeDocumentos;
+        const auto elegido = carpeta ? vista_.ElegirCarpeta({clase, {}, presente / ""})
+                                     : vista_.ElegirParaAbrir({clase, todosLosArchivos, presente});
+        if (const auto texto = ComoTexto(elegido, vista_)) caja->PonerTexto(*texto);
     });
     orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Palabra(rotulo), caja), fila, 0);
     orden->addWidget(caja, fila, 1);

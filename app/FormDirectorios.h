@@ -24,7 +24,8 @@ protected:
     void accept() override;
 
 private:
-    CajaDeLinea* NuevaFila(QGridLayout* orden, int fila, int rotulo, const char* nombre, const std::string& valor, bool directorio);
+    CajaDeLinea* NuevaFila(QGridLayout* orden, int fila, int rotulo, const char* nombre, const std::string& valor,
+                           ClaseDeArchivo clase);
 
     Vista& vista_;
     AjustesDelPrograma& ajustes_;

@@ -32,6 +32,7 @@
 #include "base/qt/words.h"
 #include "base/words.h"
 #include "input/layout.h"
+#include "model/suggested_name.h"
 
 namespace qor {
 
@@ -60,10 +61,9 @@ public:
 
     void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override {}
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override { return vista_.Preguntar(mensaje, botones); }
-    std::optional<fs::path> ElegirParaAbrir(const fs::path& directorio, const std::string& filtro) override {
-        return vista_.ElegirParaAbrir(directorio, filtro);
-    }
-    std::optional<fs::path> ElegirParaGrabar(const std::string& filtro) override { return vista_.ElegirParaGrabar(filtro); }
+    std::optional<fs::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override { return vista_.ElegirParaAbrir(pedido); }
+    std::optional<fs::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override { return vista_.ElegirParaGrabar(pedido); }
+    std::optional<fs::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override { return vista_.ElegirCarpeta(pedido); }
     void PunteroOcupado(bool ocupado) override { vista_.PunteroOcupado(ocupado); }
     void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
     void Enfocar(const std::string& /*control*/) override {}
@@ -278,7 +278,7 @@ void FormEnsayo::PonerArchivos() {
         if (!HayArchivo(ruta)) ruta = ArchivoDelDocumento(documento, static_cast<int>(archivos.size()));
         archivos.push_back({archivo.nombre, ruta});
     }
-    pedido_->PonerArchivos(archivos, documento_.empty() ? entorno_.directorio : documento_.parent_path());
+    pedido_->PonerArchivos(archivos);
     if (!documento_.empty()) pedido_->PonerTablas(TablasDeCarpeta(documento_.parent_path()));
 }
 
@@ -488,7 +488,10 @@ void FormEnsayo::LlenarExportar() {
     menuDeExportar_->clear();
     menuDeExportar_
         ->addAction(Palabra(palabra::ElDiario), this,
-                    [this] { Exportar(filtroDeDiario, [this](const fs::path& archivo) { ensayo_->ExportarDiario(archivo); }); })
+                    [this] {
+                        Exportar({ClaseDeArchivo::Diario, filtroDeDiario, {}, Sugerido(".jsonl")},
+                                 [this](const fs::path& archivo) { ensayo_->ExportarDiario(archivo); });
+                    })
         ->setObjectName(QStringLiteral("ExportarDiario"));
     auto* const fallados = menuDeExportar_->addAction(Palabra(palabra::LosRegistrosFallados), this, [this] { ExportarFallados(); });
     fallados->setObjectName(QStringLiteral("ExportarFallados"));
@@ -500,12 +503,19 @@ void FormEnsayo::LlenarExportar() {
     for (std::size_t n = 0; n < sesiones.size(); ++n) {
         menuDeExportar_->addAction(
             Palabra(palabra::ElJuegoDeDatos).arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
-            [this, n] { Exportar(filtroDeTextos, [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); }); });
+            [this, n, nombre = sesiones[n]] {
+                Exportar({ClaseDeArchivo::JuegoDeDatos, filtroDeTextos, {}, Sugerido("-" + nombre + ".txt")},
+                         [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); });
+            });
     }
 }
 
-void FormEnsayo::Exportar(const char* filtro, const std::function<void(const fs::path&)>& accion) {
-    if (const auto archivo = entorno_.vista.ElegirParaGrabar(filtro); archivo && Escribir([&] { accion(*archivo); })) {
+fs::path FormEnsayo::Sugerido(const std::string& final) const {
+    return NombreSugerido(entorno_.documento, ComoNombreDeArchivo("x" + final).string().substr(1), Textos());
+}
+
+void FormEnsayo::Exportar(const PedidoDeArchivo& pedido, const std::function<void(const fs::path&)>& accion) {
+    if (const auto archivo = entorno_.vista.ElegirParaGrabar(pedido); archivo && Escribir([&] { accion(*archivo); })) {
         PonerEstado(Palabra(palabra::Escrito).arg(NombreQt(*archivo)));
     }
 }
@@ -516,9 +526,7 @@ bool FormEnsayo::Escribir(const std::function<void()>& accion) {
         accion();
         return true;
     } catch (const FalloDeArchivo& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(palabra::LaExportacionFallo)));
-        aviso.detalle = fallo.Detalle();
-        entorno_.vista.Advertir(aviso);
+        entorno_.vista.Advertir(ConDetalle(MensajeDePalabra(Textos(), palabra::LaExportacionFallo), fallo));
     } catch (const FalloDeEjecucion& fallo) {
         Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(palabra::LaExportacionFallo)));
         aviso.detalle = fallo.what();
@@ -540,7 +548,8 @@ bool FormEnsayo::PuedenReemplazarse(const std::vector<fs::path>& archivos) {
 }
 
 void FormEnsayo::ExportarFallados() {
-    const auto elegido = entorno_.vista.ElegirParaGrabar(filtroDeTextos);
+    const auto elegido =
+        entorno_.vista.ElegirParaGrabar({ClaseDeArchivo::RegistrosFallados, filtroDeTextos, {}, Sugerido("-failed.txt")});
     if (!elegido) return;
     const auto archivos = ensayo_->ArchivosDeFallados(*elegido);
     if (!PuedenReemplazarse({archivos.begin() + 1, archivos.end()})) return;

@@ -51,8 +51,7 @@ struct EntornoDeEnsayo {
     // The folder of the value lists of the user's own practice system.
     std::filesystem::path valoresPropios = {};
     AbrirAyuda ayuda;
-    std::filesystem::path directorio = {};  // where a file is looked for first
-    std::filesystem::path memoria = {};     // the file that remembers windows; empty for none
+    std::filesystem::path memoria = {};  // the file that remembers windows; empty for none
 };
 
 // The rehearsal: the report of the document runs on the practice system, and what it does with each record is looked at. The window
@@ -101,7 +100,9 @@ private:
     void Habilitar();
 
     void LlenarExportar();
-    void Exportar(const char* filtro, const std::function<void(const std::filesystem::path&)>& accion);
+    // The name of what is exported, with an ending behind that of the document.
+    std::filesystem::path Sugerido(const std::string& final) const;
+    void Exportar(const PedidoDeArchivo& pedido, const std::function<void(const std::filesystem::path&)>& accion);
     bool Escribir(const std::function<void()>& accion);
     bool PuedenReemplazarse(const std::vector<std::filesystem::path>& archivos);
     void ExportarFallados();

@@ -24,6 +24,7 @@
 #include "app/pages/output_row.h"
 #include "app/pages/start_page.h"
 #include "app/pages/tools_page.h"
+#include "app/qt/file_memory.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
 #include "app/qt/recent_documents.h"
@@ -71,7 +72,9 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                         Sincronizar();
                     },
                     [this](const std::string& control) { EnfocarControl(control); }, this,
-                    [this] { return programa_.ajustes.EditorDeTextos; }});
+                    [this] { return programa_.ajustes.EditorDeTextos; },
+                    [this](ClaseDeArchivo clase) { return LugaresDe(programa_, abierto_.ruta, clase); },
+                    [this](ClaseDeArchivo clase, const auto& elegido) { RecordarLugar(programa_, clase, elegido); }});
     if (fabrica)
         conexion_ = fabrica({programa_, ventana_, *vista_, this, [this] { lazos_.SinCambios([this] { MostrarConexion(); }); }});
     if (!conexion_) conexion_ = SinConexion(*vista_);
@@ -175,11 +178,7 @@ bool Principal::Mandar(const std::function<void()>& accion) {
 
 void Principal::GuardarAjustes() {
     const bool guardado = GuardarElecciones(programa_);
-    if (!guardado && !sinGuardarAvisado_) {
-        Mensaje aviso = MensajeLiteral(avisoAjustesSinGuardar);
-        aviso.detalle = programa_.detalleDeAjustes;
-        vista_->Advertir(aviso);
-    }
+    if (!guardado && !sinGuardarAvisado_) vista_->Advertir(programa_.falloDeAjustes);
     sinGuardarAvisado_ = !guardado;
 }
 
@@ -320,9 +319,7 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     CuidarTrabajo();
     if (OfrecerTrabajo()) return;
     if (!plan.documento.empty()) {
-        bool abierto = false;
-        Mandar([&] { abierto = AbrirInicial(programa_, ventana_, plan.documento); });
-        if (!abierto) TerminarCon(1);
+        Mandar([&] { AbrirInicial(programa_, ventana_, plan.documento); });
         return;
     }
     if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });

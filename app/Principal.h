@@ -114,8 +114,8 @@ private:
     QMenu* NuevoMenu(const char* nombre);
     QAction* NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion);
     void TeclaDelMenu(Tecla tecla);
-    // Asks which document to open, starting from a directory, and opens it.
-    void ElegirYAbrir(const std::filesystem::path& directorio);
+    // Asks which document to open, and opens it.
+    void ElegirYAbrir();
 
     // ---- PrincipalDialogos.cpp ----
     AbrirAyuda Ayuda();

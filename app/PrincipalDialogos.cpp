@@ -32,6 +32,7 @@
 #include "editor/missing_fields.h"
 #include "generator/generate.h"
 #include "input/layout.h"
+#include "model/suggested_name.h"
 #include "print/FormPreview.h"
 #include "print/FormPrinters.h"
 #include "print/specification_print.h"
@@ -62,7 +63,7 @@ void Principal::ClicGenerar() {
 
 void Principal::ClicImprimir() {
     if (!OfrecerQuitarHuecos(ventana_)) return;
-    ImpresionEnPapel papel(programa_.textos, *vista_, this);
+    ImpresionEnPapel papel(programa_.textos, *vista_, NombreSugerido(abierto_, ".pdf", programa_.textos), this);
     PrintOption(Pedido(*vista_), [&] { return papel.Elegir(); });
 }
 
@@ -127,7 +128,6 @@ void Principal::VerDatos(const std::function<std::filesystem::path(const std::st
                                          RecordarArchivo(memoria, abierto_.ruta, parametro, elegido);
                                          if (ensayo_) ensayo_->TomarArchivo(parametro, elegido);
                                      },
-                                 .directorio = programa_.ajustes.DirectorioDocumentos,
                                  .memoria = ajustes / "qor-window.ini",
                                  .alCambiar = [this] { Sincronizar(); }};
     FormDatos dialogo(ventana_, entorno, archivo, ventana);
@@ -174,7 +174,7 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,
                           .imprimir = [this](const std::string& nombre, const std::string& documentacion, QWidget* padre) {
-                              ImpresionEnPapel papel(programa_.textos, *vista_, padre);
+                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre + ".pdf"), padre);
                               if (Dispositivo* const dispositivo = papel.Elegir()) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }
@@ -195,7 +195,7 @@ std::filesystem::path Principal::DirectorioDeCatalogos() const {
 }
 
 void Principal::ClicEditorBDC(const std::filesystem::path& archivo) {
-    FormBDCEditor dialogo(programa_.textos, *vista_, programa_.ajustes.DirectorioDocumentos, Ayuda(), this);
+    FormBDCEditor dialogo(programa_.textos, *vista_, Ayuda(), this);
     if (!archivo.empty()) dialogo.Abrir(archivo);
     dialogo.exec();
 }

@@ -69,7 +69,6 @@ void Principal::ClicEnsayo() {
                 },
             .valoresPropios = RutaDePractica(EntornoDelProceso()).parent_path() / "values",
             .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("rehearsal.html", ventana); },
-            .directorio = programa_.ajustes.DirectorioDocumentos,
             .memoria = ajustes / "qor-window.ini"});
     }
     ensayo_->Traer();
@@ -105,9 +104,7 @@ void Principal::AbrirCopia(const EjemploIncluido& ejemplo) {
         archivo =
             CopiarEjemplo(DirectorioDeEjemplos(programa_.directorioDeDatos) / ejemplo.carpeta, CarpetaDeCopias()) / ejemplo.archivo;
     } catch (const FalloDeArchivo& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::NoSePuedeCopiarElEjemplo)));
-        aviso.detalle = fallo.Detalle();
-        return vista_->Advertir(aviso);
+        return vista_->Advertir(ConDetalle(MensajeDePalabra(programa_.textos, palabra::NoSePuedeCopiarElEjemplo), fallo));
     }
     switch (ejemplo.clase) {
         case EjemploIncluido::Clase::Documento:

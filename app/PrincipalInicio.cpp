@@ -150,11 +150,11 @@ void Principal::RecibirArchivo(const std::filesystem::path& archivo) {
     activateWindow();
     Mandar([&] {
         switch (ClaseDe(archivo)) {
-            case ClaseDeArchivo::Documento:
+            case ClaseDeSoltado::Documento:
                 if (OpenOption(ventana_, archivo)) RecordarDirectorio(programa_, abierto_);
                 break;
-            case ClaseDeArchivo::Grabacion: ImportarArchivo(archivo); break;
-            case ClaseDeArchivo::ArchivoDeDatos: ClicDatos(archivo); break;
+            case ClaseDeSoltado::Grabacion: ImportarArchivo(archivo); break;
+            case ClaseDeSoltado::ArchivoDeDatos: ClicDatos(archivo); break;
         }
     });
 }

@@ -1,7 +1,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -68,7 +67,7 @@ void Principal::CrearMenuDeArchivo() {
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] {
         if (NewOption(ventana_)) OcultarInicio();
     });
-    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(programa_.ajustes.DirectorioDocumentos); });
+    auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(); });
     CrearMenuDeRecientes(archivo);
     auto* const ejemplo = NuevaAccion("OpenExampleOption", archivo, [this] { AbrirEjemplo(); });
     ejemplo->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
@@ -272,9 +271,9 @@ void Principal::CrearOtrosMenus() {
     NuevaAccion("AboutOption", ayuda, [this] { MostrarPresentacion(); });
 }
 
-void Principal::ElegirYAbrir(const std::filesystem::path& directorio) {
+void Principal::ElegirYAbrir() {
     if (!DejarDocumento(ventana_)) return;
-    const auto ruta = vista_->ElegirParaAbrir(directorio, filtroDeDocumentos);
+    const auto ruta = vista_->ElegirParaAbrir({ClaseDeArchivo::Documento, filtroDeDocumentos});
     if (ruta && OpenOption(ventana_, *ruta)) RecordarDirectorio(programa_, ventana_.documento);
 }
 

@@ -20,12 +20,12 @@ std::string Comienzo(const std::filesystem::path& archivo) {
 
 }  // namespace
 
-ClaseDeArchivo ClaseDe(const std::filesystem::path& archivo) {
-    if (Mayusculas(archivo.extension().string()) == ".QOR") return ClaseDeArchivo::Documento;
+ClaseDeSoltado ClaseDe(const std::filesystem::path& archivo) {
+    if (Mayusculas(archivo.extension().string()) == ".QOR") return ClaseDeSoltado::Documento;
     try {
-        return EsGrabacion(Comienzo(archivo)) ? ClaseDeArchivo::Grabacion : ClaseDeArchivo::ArchivoDeDatos;
+        return EsGrabacion(Comienzo(archivo)) ? ClaseDeSoltado::Grabacion : ClaseDeSoltado::ArchivoDeDatos;
     } catch (const FalloDeArchivo&) {
-        return ClaseDeArchivo::ArchivoDeDatos;
+        return ClaseDeSoltado::ArchivoDeDatos;
     }
 }
 

@@ -11,13 +11,16 @@
 #include "app/Principal.h"
 #include "app/data_directory.h"
 #include "app/file_type.h"
+#include "app/qt/file_memory.h"
 #include "app/qt/help_window.h"
 #include "app/qt/sap_actions.h"
 #include "app/qt/screen_view.h"
 #include "app/qt/toolkit_language.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
+#include "base/message_text.h"
 #include "base/process.h"
+#include "base/qt/text.h"
 #include "base/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
@@ -25,10 +28,9 @@
 namespace {
 
 // `detalle` is what the system said about a file, in UTF-8.
-void Avisar(const char* texto, const std::string& detalle = {}) {
+void Avisar(const QString& texto, const std::string& detalle = {}) {
     const QString detras = detalle.empty() ? QString() : QLatin1Char('\n') + QString::fromStdString(detalle);
-    QMessageBox caja(QMessageBox::Warning, QString::fromLatin1(qor::tituloDelPrograma), QString::fromLatin1(texto) + detras,
-                     QMessageBox::Ok);
+    QMessageBox caja(QMessageBox::Warning, QString::fromLatin1(qor::tituloDelPrograma), texto + detras, QMessageBox::Ok);
     caja.setTextFormat(Qt::PlainText);
     caja.exec();
 }
@@ -53,16 +55,23 @@ void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
 }
 
 // The data-set editor without the rest, for an end user who corrects a file. The file is named behind the option, or chosen in it.
-int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
+int CorrerEditorDeDatos(qor::Programa& programa, const QStringList& argumentos) {
     QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
     qor::CambiarIdiomaDeQt(programa.textos.Palabra(qor::palabra::CodigoDelIdioma));
     qor::VistaDePantalla vista(programa.textos);
+    qor::VistaDePantalla::Formulario formulario;
+    formulario.editorDeTextos = [&programa] { return programa.ajustes.EditorDeTextos; };
+    formulario.lugares = [&programa](qor::ClaseDeArchivo clase) { return qor::LugaresDe(programa, {}, clase); };
+    formulario.recordar = [&programa](qor::ClaseDeArchivo clase, const std::filesystem::path& elegido) {
+        qor::RecordarLugar(programa, clase, elegido);
+    };
+    vista.Servir(std::move(formulario));
     const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
         auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);
         pagina->setAttribute(Qt::WA_DeleteOnClose);
         pagina->MostrarPagina(mensaje);
     };
-    qor::FormBDCEditor editor(programa.textos, vista, programa.ajustes.DirectorioDocumentos, ayuda, nullptr);
+    qor::FormBDCEditor editor(programa.textos, vista, ayuda, nullptr);
     if (!argumentos.isEmpty()) {
         const std::filesystem::path ruta = QFile::encodeName(argumentos.first()).toStdString();
         QTimer::singleShot(0, &editor, [&editor, ruta] { editor.Abrir(ruta); });
@@ -109,11 +118,14 @@ int main(int cantidad, char** argumentos) {
 
     qor::Programa programa;
     switch (qor::CargarPrograma(programa, qor::EntornoDelProceso(), qor::DirectorioDeDatos())) {
-        case qor::ResultadoIdioma::SinArchivo: Avisar(qor::avisoSinIdioma, programa.detalleDeIdioma); return 1;
-        case qor::ResultadoIdioma::Fallo: Avisar(qor::avisoFalloIdioma); break;
+        case qor::ResultadoIdioma::SinArchivo: Avisar(QString::fromLatin1(qor::avisoSinIdioma), programa.detalleDeIdioma); return 1;
+        case qor::ResultadoIdioma::Fallo: Avisar(QString::fromLatin1(qor::avisoFalloIdioma)); break;
         case qor::ResultadoIdioma::Bien: break;
     }
-    if (!programa.detalleDeAjustes.empty()) Avisar(qor::avisoAjustesSinLeer, programa.detalleDeAjustes);
+    if (!programa.falloDeAjustes.texto.empty()) {
+        const auto aviso = qor::EnPantalla(programa.falloDeAjustes, programa.textos);
+        Avisar(qor::TextoQt(aviso.texto), aviso.detalle);
+    }
     const QStringList dados = QApplication::arguments();
     if (dados.size() > 1 && dados.at(1) == QLatin1String("--data-set-editor")) return CorrerEditorDeDatos(programa, dados.mid(2));
     const std::string linea = LineaDe(QApplication::arguments());

@@ -15,12 +15,14 @@ public:
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                         const std::string& filtro) override {
-        return vista_.ElegirParaAbrir(directorio, filtro);
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirParaAbrir(pedido);
     }
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override {
-        return vista_.ElegirParaGrabar(filtro);
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirParaGrabar(pedido);
+    }
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirCarpeta(pedido);
     }
     void PunteroOcupado(bool ocupado) override { vista_.PunteroOcupado(ocupado); }
     void MostrarFila(Tabla tabla, int fila) override { vista_.MostrarFila(tabla, fila); }

@@ -277,7 +277,7 @@ std::vector<fs::path> Ensayo::ExportarFallados(const fs::path& archivo) const {
     if (yo.deErrores) throw FalloDeEjecucion("the records come from the error table");
     for (std::size_t i = 0; i < yo.entradas.size(); ++i) {
         if (!yo.identidades[i] || Identidad(yo.entradas[i]) != yo.identidades[i])
-            throw FalloDeArchivo(motivoCambiado, yo.entradas[i]);
+            throw FalloDeArchivo(CausaDeFallo::Cambiado, yo.entradas[i]);
     }
     const auto& registros = yo.resultado.registros;
     RegistrosFallados fallados;

@@ -54,10 +54,27 @@ fs::path LeerRuta(const ArchivoINI& ini, std::string_view clave, const fs::path&
     return valor.empty() ? defecto : RutaDelSistema(valor);
 }
 
+struct ClaveDeRuta {
+    const char* clave;
+    fs::path AjustesDelPrograma::*ruta;
+};
+
+constexpr std::array<ClaveDeRuta, 3> rutas = {{{"QOR Directory", &AjustesDelPrograma::DirectorioDocumentos},
+                                               {"FieldsFile", &AjustesDelPrograma::ArchivoAnchos},
+                                               {"BAPIFile", &AjustesDelPrograma::ArchivoBAPI}}};
+
+void PonerRutasPorDefecto(AjustesDelPrograma& ajustes, const fs::path& directorioDelPrograma) {
+    ajustes.directorioDelPrograma = directorioDelPrograma;
+    ajustes.DirectorioDocumentos = directorioDelPrograma;
+    ajustes.ArchivoAnchos = "C:\\Table_Fields";
+    ajustes.ArchivoBAPI = directorioDelPrograma / "BAPI46C";
+}
+
 // The settings are windows-1252: a path that they can't hold leaves the key as it was.
-void EscribirRuta(ArchivoINI& ini, std::string_view clave, const fs::path& ruta) {
+void EscribirRuta(ArchivoINI& ini, std::string_view clave, const fs::path& ruta, const fs::path& defecto) {
     try {
-        ini.EscribirClave(clave, RutaDelModelo(ruta));
+        if (ruta != defecto) return ini.EscribirClave(clave, RutaDelModelo(ruta));
+        if (!ini.LeerClave(clave).empty()) ini.EscribirClave(clave, "");
     } catch (const FalloDeEjecucion&) {
         return;
     }
@@ -191,10 +208,9 @@ std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view Encoding
 
 AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const fs::path& directorioDelPrograma) {
     AjustesDelPrograma ajustes;
+    PonerRutasPorDefecto(ajustes, directorioDelPrograma);
     ajustes.IdiomaActual = ini.LeerClave("Language");
-    ajustes.ArchivoAnchos = LeerRuta(ini, "FieldsFile", "C:\\Table_Fields");
-    ajustes.ArchivoBAPI = LeerRuta(ini, "BAPIFile", directorioDelPrograma / "BAPI46C");
-    ajustes.DirectorioDocumentos = LeerRuta(ini, "QOR Directory", directorioDelPrograma);
+    for (const auto& [clave, ruta] : rutas) ajustes.*ruta = LeerRuta(ini, clave, ajustes.*ruta);
     ajustes.EditorDeTextos = ini.LeerClave("Editor");
     ajustes.LogonAlInicio = SiSalvoNo(ini, "Logon at startup");
     ajustes.ChequearErroresLogon = SiSalvoNo(ini, "Check Logon Errors");
@@ -221,12 +237,16 @@ AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const fs::path& directorio
     return ajustes;
 }
 
+bool HayDirectorioElegido(const AjustesDelPrograma& ajustes) {
+    return (ajustes.DirectorioDocumentos / "").lexically_normal() != (ajustes.directorioDelPrograma / "").lexically_normal();
+}
+
 void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes) {
     const auto& preferencias = ajustes.preferencias;
     ini.EscribirClave("Language", ajustes.IdiomaActual);
-    EscribirRuta(ini, "QOR Directory", ajustes.DirectorioDocumentos);
-    EscribirRuta(ini, "FieldsFile", ajustes.ArchivoAnchos);
-    EscribirRuta(ini, "BAPIFile", ajustes.ArchivoBAPI);
+    AjustesDelPrograma defecto;
+    PonerRutasPorDefecto(defecto, ajustes.directorioDelPrograma);
+    for (const auto& [clave, ruta] : rutas) EscribirRuta(ini, clave, ajustes.*ruta, defecto.*ruta);
     // Where no editor was ever chosen there is no entry.
     if (ajustes.EditorDeTextos != ini.LeerClave("Editor")) ini.EscribirClave("Editor", ajustes.EditorDeTextos);
     ini.EscribirClave("Upload Function", preferencias.OptionWS_UPLOAD ? "WS_UPLOAD" : "GUI_UPLOAD");

@@ -69,7 +69,8 @@ std::string AdicionesDeEncoding(OpcionEncoding opcion, std::string_view Encoding
 
 // The settings by name. Paths outside windows-1252 live as long as the program; the file can't hold them.
 struct AjustesDelPrograma {
-    std::string IdiomaActual;  // empty until the user has chosen
+    std::filesystem::path directorioDelPrograma;  // where the defaults of the paths lie; not a setting itself
+    std::string IdiomaActual;                     // empty until the user has chosen
     std::filesystem::path ArchivoAnchos;
     std::filesystem::path ArchivoBAPI;
     std::filesystem::path DirectorioDocumentos;
@@ -89,6 +90,11 @@ struct AjustesDelPrograma {
 // (that of the data files) when no setting says otherwise.
 AjustesDelPrograma LeerAjustes(const ArchivoINI& ini, const std::filesystem::path& directorioDelPrograma);
 
+// Whether the user has chosen a directory for the documents, or one was opened.
+bool HayDirectorioElegido(const AjustesDelPrograma& ajustes);
+
+// Puts the settings into the entries. A path that is its default has no entry, or one without a value: the default moves with the
+// program.
 void GuardarAjustes(ArchivoINI& ini, const AjustesDelPrograma& ajustes);
 
 }  // namespace qor

@@ -42,21 +42,21 @@ fs::path ConNombreDelDisco(const fs::path& documento) {
 }
 
 bool GuardarINI(Programa& programa) {
-    if (!programa.ajustesLeidos) return false;
+    if (!programa.ajustesLeidos) {
+        programa.falloDeAjustes.texto = avisoAjustesSinGuardar;
+        return false;
+    }
     try {
         programa.ini.GuardarINI(programa.rutaDeAjustes);
         return true;
     } catch (const std::exception& fallo) {
-        programa.detalleDeAjustes = ConDetalle({}, fallo).detalle;
+        programa.falloDeAjustes = ConDetalle(MensajeLiteral(avisoAjustesSinGuardar), fallo);
         return false;
     }
 }
 
 void GuardarTodo(Programa& programa, Vista& vista) {
-    if (GuardarElecciones(programa)) return;
-    Mensaje aviso = MensajeLiteral(avisoAjustesSinGuardar);
-    aviso.detalle = programa.detalleDeAjustes;
-    vista.Advertir(aviso);
+    if (!GuardarElecciones(programa)) vista.Advertir(programa.falloDeAjustes);
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const
         programa.ini.CargarINI(programa.rutaDeAjustes);
     } catch (const FalloDeArchivo& fallo) {
         programa.ajustesLeidos = false;
-        programa.detalleDeAjustes = fallo.Detalle();
+        programa.falloDeAjustes = ConDetalle(MensajeLiteral(avisoAjustesSinLeer), fallo);
     }
     programa.ajustes = LeerAjustes(programa.ini, directorioDeDatos);
     std::string& elegido = programa.ajustes.IdiomaActual;

@@ -22,15 +22,14 @@ struct Programa {
     AjustesDelPrograma ajustes;
     TextosIdioma textos;
     EstadoDelGenerador generador;
-    int erroresDelReporte = 0;  // findings of the report that was generated last
-    bool ajustesLeidos = true;  // else nothing is saved over them: what is in them isn't known
-    // What the system said where the settings or the language file could not be read, or the settings not be saved.
-    std::string detalleDeAjustes;
-    std::string detalleDeIdioma;
+    int erroresDelReporte = 0;    // findings of the report that was generated last
+    bool ajustesLeidos = true;    // else nothing is saved over them: what is in them isn't known
+    Mensaje falloDeAjustes;       // where they could not be read, or not be saved; else without a text
+    std::string detalleDeIdioma;  // what the system said where the language file could not be read
 };
 
 // The load of the main form: settings, then the language, English where none was chosen yet. Settings that can't be read are the
-// defaults; then `detalleDeAjustes` is set, and avisoAjustesSinLeer is due. With ResultadoIdioma::SinArchivo the form shows
+// defaults; then `falloDeAjustes` is due. With ResultadoIdioma::SinArchivo the form shows
 // avisoSinIdioma and ends the program; with Fallo it shows avisoFalloIdioma and goes on.
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const std::filesystem::path& directorioDeDatos);
 
@@ -43,7 +42,7 @@ constexpr const char* avisoFalloListaDeIdiomas = "An error has occurred while tr
 // A language chosen by the user, at the first start or by the menu; it is saved at once. Nothing with a blank name.
 ResultadoIdioma ElegirIdioma(Programa& programa, std::string_view nombre);
 
-// Saves the settings as they are, right after the user has chosen some of them. False, with `detalleDeAjustes`, when that fails;
+// Saves the settings as they are, right after the user has chosen some of them. False, with `falloDeAjustes`, when that fails;
 // the end of the program tries again.
 bool GuardarElecciones(Programa& programa);
 
@@ -69,7 +68,8 @@ struct PrimeraActivacion {
 
 PrimeraActivacion PlanearPrimeraActivacion(const Programa& programa, const Arranque& arranque);
 
-// Opens the document named at the start, under the name that the disk has for it. False when it can't be opened: the program ends.
+// Opens the document named at the start, under the name that the disk has for it. False when it can't be opened: the specification
+// is then a new one.
 bool AbrirInicial(Programa& programa, Ventana& ventana, const std::filesystem::path& documento);
 
 // The unload of the main form: the question about changes, the document, the settings, the temporary file, then `desconectar`,

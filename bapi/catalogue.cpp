@@ -79,11 +79,11 @@ std::optional<CatalogoBAPI> RecuperarDatosBAPIs(const std::filesystem::path& Arc
         if (catalogo) {
             catalogo->FechaGeneracion = FechaDeArchivo(ArchivoBAPI);
         } else {
-            vista.Advertir(Componer(textos, {440}));
+            vista.Advertir(SobreArchivo(Componer(textos, {440}), ArchivoBAPI));
         }
         return catalogo;
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {382, " ", TextoDeRuta(ArchivoBAPI)}), fallo));
+        vista.Advertir(ConDetalle(Componer(textos, {382, " ", TextoDeRuta(ArchivoBAPI)}), fallo, ArchivoBAPI));
         return std::nullopt;
     }
 }

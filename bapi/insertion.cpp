@@ -243,7 +243,7 @@ ResultadoInsercion InsertarBAPI(Documento& documento, const std::filesystem::pat
         if (indice != -1) documento.especificacion.TablaBAPIs[indice].nombre = nombre;
         return InsertarDeTexto(documento, catalogo, nombre, indice, fila, todos, textos, vista);
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {382}), fallo));
+        vista.Advertir(SobreArchivo(ConDetalle(Componer(textos, {382}), fallo), ArchivoBAPI));
         return ResultadoInsercion::Detenido;
     }
 }

@@ -23,7 +23,7 @@ Descriptor AbrirRegular(const std::filesystem::path& ruta) {
     if (!descriptor.Abierto()) Fallar(ruta);
     EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor.Valor(), datos) != 0) Fallar(ruta);
-    if (!datos.EsRegular()) throw FalloDeArchivo("Not a regular file", ruta);
+    if (!datos.EsRegular()) throw FalloDeArchivo(CausaDeFallo::NoEsArchivo, ruta);
     return descriptor;
 }
 
@@ -98,7 +98,7 @@ IdentidadDeArchivo ArchivoAbierto::Identidad() const {
 
 void Bloquear(int descriptor, const std::filesystem::path& ruta) {
     if (llamadas::Bloquear(descriptor) == 0) return;
-    if (errno == EWOULDBLOCK) throw FalloDeArchivo("The file is in use", ruta);
+    if (errno == EWOULDBLOCK) throw FalloDeArchivo(CausaDeFallo::EnUso, ruta);
     Fallar(ruta);
 }
 

@@ -40,9 +40,6 @@ struct IdentidadDeArchivo {
     bool EsElMismo(const IdentidadDeArchivo& otra) const { return dispositivo == otra.dispositivo && inodo == otra.inodo; }
 };
 
-// Why a file that is another one now is left alone.
-constexpr const char* motivoCambiado = "Another program has changed the file";
-
 IdentidadDeArchivo IdentidadDe(const EstadoDeArchivo& estado);
 
 // Of the file that a path leads to; nothing where there is none.

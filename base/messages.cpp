@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/paths.h"
 #include "base/phrase.h"
 
 namespace qor {
@@ -74,9 +75,22 @@ Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vec
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {
     if (const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo)) {
         mensaje.detalle = deArchivo->Detalle();
+        mensaje.fallo = {deArchivo->Causa(), deArchivo->Ruta()};
     } else if (const auto* const delSistema = dynamic_cast<const std::filesystem::filesystem_error*>(&fallo)) {
         mensaje.detalle = delSistema->code().message() + ": " + delSistema->path1().string();
+        mensaje.fallo = {CausaDe(delSistema->code().default_error_condition().value()), delSistema->path1()};
     }
+    return mensaje;
+}
+
+Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo, const std::filesystem::path& ruta) {
+    mensaje = ConDetalle(std::move(mensaje), fallo);
+    if (!mensaje.fallo) mensaje.fallo = {CausaDeFallo::Danado, ruta};
+    return mensaje;
+}
+
+Mensaje SobreArchivo(Mensaje mensaje, const std::filesystem::path& ruta) {
+    mensaje.enPantalla = mensaje.texto + "\r\n" + TextoDeRuta(ruta);
     return mensaje;
 }
 

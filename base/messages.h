@@ -2,6 +2,7 @@
 
 #include <array>
 #include <exception>
+#include <filesystem>
 #include <functional>
 #include <initializer_list>
 #include <map>
@@ -10,6 +11,8 @@
 #include <string_view>
 #include <variant>
 #include <vector>
+
+#include "base/failure.h"
 
 namespace qor {
 
@@ -49,6 +52,12 @@ struct FilaDeMensaje {
     int fila = 0;             // from 0
 };
 
+// The failed operation that a message is about.
+struct FalloDeMensaje {
+    CausaDeFallo causa = CausaDeFallo::Otra;
+    std::filesystem::path ruta;
+};
+
 // What a message box shows: its text, and the numbers of the messages that it was built from.
 struct Mensaje {
     std::vector<int> numeros;
@@ -57,6 +66,8 @@ struct Mensaje {
     // What only the screen says: the row, and the text where its rows are counted otherwise than on paper.
     std::optional<FilaDeMensaje> fila = {};
     std::string enPantalla = {};  // empty where it is `texto`
+    std::optional<FalloDeMensaje> fallo = {};
+    std::filesystem::path escrito = {};  // the file that came out, which the user may go to; none for most messages
 
     // The first of the numbers, or 0 for a literal text.
     int Numero() const { return numeros.empty() ? 0 : numeros.front(); }
@@ -72,5 +83,9 @@ Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vec
 
 // A message with what the system said, where the failure is one of a file; any other failure adds nothing.
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo);
+// The same about a file that could be read; a failure that is not one of a file means that its content is damaged.
+Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo, const std::filesystem::path& ruta);
+// A message about a file, which only the screen names.
+Mensaje SobreArchivo(Mensaje mensaje, const std::filesystem::path& ruta);
 
 }  // namespace qor

@@ -98,7 +98,7 @@ void ArchivoNuevo::TomarDestino() {
         // Locked, but perhaps no longer the file of that name: once more.
         Bloquear(bloqueo_.Valor(), destino_);
     }
-    throw FalloDeArchivo("The file is in use", destino_);
+    throw FalloDeArchivo(CausaDeFallo::EnUso, destino_);
 }
 
 void ArchivoNuevo::AbrirTrabajo() {
@@ -177,7 +177,7 @@ ArchivoBloqueado ArchivoNuevo::PonerEnSuLugar(const std::optional<IdentidadDeArc
     Vaciar();
     TomarDestino();
     if (esperada && (!hayDestino_ || IdentidadDe(*anterior_) != *esperada)) {
-        throw FalloDeArchivo(motivoCambiado, destino_);
+        throw FalloDeArchivo(CausaDeFallo::Cambiado, destino_);
     }
     if (anterior_) DarAtributos();
     LlevarAlDisco();
@@ -220,7 +220,7 @@ void ArchivoNuevo::Colocar() {
         const auto nombrar = [this](const fs::path& nombre) { return llamadas::Nombrar(descriptor_.Valor(), nombre) == 0; };
         if (!hayDestino_) {
             if (nombrar(objetivo_)) return;
-            if (errno == EEXIST) throw FalloDeArchivo(motivoCambiado, destino_);  // it has come up since it was looked for
+            if (errno == EEXIST) throw FalloDeArchivo(CausaDeFallo::Cambiado, destino_);  // it has come up since it was looked for
             Fallar(errno);
         }
         DarNombreDeTrabajo(nombrar);

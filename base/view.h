@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/file_request.h"
 #include "base/messages.h"
 
 namespace qor {
@@ -32,9 +33,9 @@ public:
     virtual Respuesta Preguntar(const Mensaje& mensaje, Botones botones) = 0;
 
     // File dialogs. Nothing when the user cancels.
-    virtual std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                                 const std::string& filtro) = 0;
-    virtual std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) = 0;
+    virtual std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) = 0;
+    virtual std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) = 0;
+    virtual std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& pedido) = 0;
 
     virtual void PunteroOcupado(bool ocupado) = 0;
 
@@ -56,11 +57,9 @@ public:
 // those that it is the base of.
 class VistaSinPantalla : public Vista {
 public:
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                         const std::string& /*filtro*/) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return std::nullopt; }
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& /*pedido*/) override { return std::nullopt; }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& /*pedido*/) override { return std::nullopt; }
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& /*pedido*/) override { return std::nullopt; }
     void PunteroOcupado(bool /*ocupado*/) override {}
     void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
     void Enfocar(const std::string& /*control*/) override {}

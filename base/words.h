@@ -553,6 +553,39 @@ inline constexpr int AbrirUnDocumento = 1755;
 inline constexpr int ComoEmpezar = 1756;
 inline constexpr int ElDocumentoYaNoEsta = 1757;
 
+// What a failed operation on a file says on the screen
+inline constexpr int NoSePudoAbrirElArchivo = 1600;
+inline constexpr int NoSePudoProcesarElArchivo = 1601;
+inline constexpr int NoSePudoGuardarLaEspecificacion = 1602;
+inline constexpr int NoSePudoLeerElCatalogo = 1603;
+inline constexpr int ElArchivoNoExiste = 1604;
+inline constexpr int LaCarpetaNoExiste = 1605;
+inline constexpr int OtroTieneElArchivo = 1606;
+inline constexpr int SinPermisoParaElArchivo = 1607;
+inline constexpr int ElDiscoEsDeSoloLectura = 1608;
+inline constexpr int ElDiscoEstaLleno = 1609;
+inline constexpr int EsUnaCarpeta = 1610;
+inline constexpr int OtroCambioElArchivo = 1611;
+inline constexpr int ElArchivoEstaDanado = 1612;
+inline constexpr int LaAccionFallo = 1613;
+inline constexpr int NombreFueraDeLaPaginaDeCodigos = 1614;
+inline constexpr int OtroProgramaCambioElDocumento = 1615;
+inline constexpr int ElReportFueraDeLaCarpeta = 1616;
+inline constexpr int ElDocumentoNoSePuedeImprimir = 1617;
+inline constexpr int ElPDFNoSePuedeAbrir = 1618;
+inline constexpr int LosAjustesNoSePuedenLeer = 1619;
+inline constexpr int LosAjustesNoSePuedenGuardar = 1620;
+
+// What was written, and names for it
+inline constexpr int AbrirLaCarpeta = 1621;
+inline constexpr int CopiarAlPortapapeles = 1622;
+inline constexpr int NoSePudoAbrirLaCarpeta = 1623;
+inline constexpr int SeEscribioElPDF = 1624;
+inline constexpr int NoSePudoAbrirLaImpresora = 1625;
+inline constexpr int NombreSinTitulo = 1626;
+inline constexpr int LaGrabacionNoCabe = 1627;
+inline constexpr int NoSePudoEscribirElPrograma = 1628;
+
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }
 

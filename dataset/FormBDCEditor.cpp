@@ -56,9 +56,8 @@ std::string TextoDe(const QComboBox& lista) { return TextoDelModelo(lista.curren
 
 }  // namespace
 
-FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::filesystem::path directorio, const AbrirAyuda& ayuda,
-                             QWidget* padre)
-    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista), directorio_(std::move(directorio)) {
+FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, const AbrirAyuda& ayuda, QWidget* padre)
+    : Dialogo(textos, "FormBDCEditor", padre), vista_(vista) {
     setWindowTitle(QStringLiteral("QOR End-User"));
     auto* const orden = new QVBoxLayout(this);
     orden->addLayout(CrearArchivo());
@@ -75,7 +74,7 @@ FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::file
     OK_ = NuevoBoton("OK", Palabra(palabra::Aceptar));
     connect(EdicionButton_, &QPushButton::clicked, this, [this] {
         if (vista_.Preguntar(Componer(Textos(), {406}), Botones::SiNo) != Respuesta::Si) return CambiarVista();
-        if (!vista_.AbrirEditor(RutaArchivo_)) vista_.Advertir(Componer(Textos(), {325}));
+        if (!vista_.AbrirEditor(RutaArchivo_)) vista_.Advertir(SobreArchivo(Componer(Textos(), {325}), RutaArchivo_));
     });
     connect(OK_, &QPushButton::clicked, this, &QDialog::accept);
     orden->addLayout(FilaDeBotones({Ayuda_, EdicionButton_, OK_}, 2));
@@ -90,8 +89,10 @@ QLayout* FormBDCEditor::CrearArchivo() {
     FileToEdit_ = NuevoRotulo("FileToEdit", {});
     FileToEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     LabelCompletado_ = NuevoRotulo("LabelCompletado", {});
-    connect(Browse_, &QPushButton::clicked, this,
-            [this] { Abrir(vista_.ElegirParaAbrir(directorio_, "").value_or(std::filesystem::path())); });
+    connect(Browse_, &QPushButton::clicked, this, [this] {
+        Abrir(vista_.ElegirParaAbrir({ClaseDeArchivo::JuegoDeDatos, todosLosArchivos, RutaArchivo_})
+                  .value_or(std::filesystem::path()));
+    });
     auto* const fila = new QHBoxLayout;
     fila->addWidget(Browse_);
     fila->addWidget(FileToEdit_, 1);
@@ -250,7 +251,6 @@ void FormBDCEditor::Abrir(const std::filesystem::path& ruta) {
     FileToEdit_->setText(nombre);
     FileToEdit_->setToolTip(nombre);
     if (EstaEnBlanco(ruta.string())) return;
-    directorio_ = ruta.parent_path();
     AbrirManual();
     std::optional<JuegoDeDatos> leido;
     ConProgreso([&](const Progreso& progreso) { leido = ExaminarJuegoDeDatos(ruta, Textos(), vista_, progreso); });

@@ -22,9 +22,7 @@ class VistaDeLineas;
 class FormBDCEditor : public Dialogo {
     Q_OBJECT
 public:
-    // `directorio` is where the choice of a file starts.
-    FormBDCEditor(const TextosIdioma& textos, Vista& vista, std::filesystem::path directorio, const AbrirAyuda& ayuda,
-                  QWidget* padre);
+    FormBDCEditor(const TextosIdioma& textos, Vista& vista, const AbrirAyuda& ayuda, QWidget* padre);
 
     // Scans a file and fills the lists with what it holds, as Browse does for the chosen one.
     void Abrir(const std::filesystem::path& ruta);
@@ -59,7 +57,6 @@ private:
     void ConProgreso(const std::function<void(const Progreso&)>& accion);
 
     Vista& vista_;
-    std::filesystem::path directorio_;
     std::filesystem::path RutaArchivo_;
     JuegoDeDatos datos_;
     bool trabajando_ = false;

@@ -111,9 +111,9 @@ std::optional<JuegoDeDatos> ExaminarJuegoDeDatos(const std::filesystem::path& ru
             if (!progreso(static_cast<double>(lector.Leidos()) / static_cast<double>(lector.Tamano()))) return std::nullopt;
         }
         if (examen.Tipo() != TipoArchivo::UNKNOWN) return examen.Resultado(identidad);
-        vista.Advertir(Componer(textos, {403}));
+        vista.Advertir(SobreArchivo(Componer(textos, {403}), ruta));
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo, ruta));
     }
     return std::nullopt;
 }

@@ -231,7 +231,7 @@ bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, c
     try {
         if (Mayusculas(ruta.string()).ends_with(".TMP")) throw FalloDeArchivo("The name is that of the work file", ruta);
         auto archivo = ArchivoBloqueado::Abrir(ruta);
-        if (archivo.Identidad() != datos.identidad) throw FalloDeArchivo(motivoCambiado, ruta);
+        if (archivo.Identidad() != datos.identidad) throw FalloDeArchivo(CausaDeFallo::Cambiado, ruta);
         ArchivoNuevo nuevo(ruta, ".TMP", &archivo);
         std::optional<long> cambios;
         {
@@ -248,7 +248,7 @@ bool ReemplazarValores(const std::filesystem::path& ruta, JuegoDeDatos& datos, c
         datos.identidad = nuevo.Identidad();
         return true;
     } catch (const std::exception& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
+        vista.Advertir(SobreArchivo(ConDetalle(Componer(textos, {328}), fallo), ruta));
         return false;
     }
 }

@@ -7,6 +7,7 @@
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
 #include "editor/grids.h"
+#include "model/suggested_name.h"
 
 namespace qor {
 
@@ -56,7 +57,8 @@ bool OfrecerGrabacion(Ventana& ventana, int mensaje) {
 // Saves where the user chooses. A document that has a path keeps it when the dialog is cancelled, and is saved there.
 bool GuardarDondeSeElija(Ventana& ventana) {
     auto& documento = ventana.documento;
-    const auto elegida = ventana.vista.ElegirParaGrabar(filtroDeDocumentos);
+    const auto elegida = ventana.vista.ElegirParaGrabar(
+        {ClaseDeArchivo::Documento, filtroDeDocumentos, documento.ruta, NombreSugerido(documento, ".qor", ventana.textos)});
     if (elegida) return GuardarDocumentoComo(documento, *elegida, ventana.textos, ventana.vista);
     return !documento.ruta.empty() && GuardarDocumento(documento, ventana.textos, ventana.vista);
 }

@@ -17,7 +17,6 @@ namespace qor {
 namespace {
 
 constexpr std::size_t maximoDeFilas = 2;  // digits
-constexpr const char* filtroDeArchivos = "*.*|*.*";
 
 // Makes a row a head for a moment.
 class CabezaDePrueba {
@@ -160,8 +159,7 @@ char FiltrarTeclaDeNota(Ventana& ventana, const DialogoDeNotas& dialogo, char te
 void CambiarFilas(DialogoDeNotas& dialogo, const std::string& texto) { dialogo.Filas = texto.substr(0, maximoDeFilas); }
 
 void ExaminarStep(Ventana& ventana, DialogoDeNotas& dialogo) {
-    const auto elegido =
-        ComoTexto(ventana.vista.ElegirParaAbrir(ventana.documento.ruta.parent_path(), filtroDeArchivos), ventana.vista);
+    const auto elegido = ComoTexto(ventana.vista.ElegirParaAbrir({ClaseDeArchivo::Entrada}), ventana.vista);
     if (elegido) dialogo.NombreArchivo = *elegido;
 }
 

@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t can
     otro.LeerTexto(guardado);
     Exigir(otro.TextoCambiado(guardado) == guardado, "an unchanged file stays as it is");
     if (TieneClaveSinValor(texto)) return 0;
-    GuardarAjustes(otro, LeerAjustes(otro, "/another"));
+    GuardarAjustes(otro, LeerAjustes(otro, "/data"));
     Exigir(!otro.Modificado(), "settings that were saved are read back");
     return 0;
 }

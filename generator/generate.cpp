@@ -1,6 +1,7 @@
 #include "generator/generate.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "base/busy_pointer.h"
 #include "base/clock.h"
@@ -138,8 +139,8 @@ void EscribirReporte(Generacion& g) {
     EscribirSecciones(g);
 }
 
-// Writes the report, as far as it comes, in the place of the output file.
-void EscribirArchivo(Generacion& g, const std::filesystem::path& ruta) {
+// Writes the report, as far as it comes, in the place of the output file, and answers which file that is now.
+IdentidadDeArchivo EscribirArchivo(Generacion& g, const std::filesystem::path& ruta) {
     ArchivoNuevo archivo(ruta);
     try {
         EscribirReporte(g);
@@ -150,12 +151,21 @@ void EscribirArchivo(Generacion& g, const std::filesystem::path& ruta) {
     }
     archivo.Escribir(g.reporte.Texto());
     archivo.PonerEnSuLugar();
+    return archivo.Identidad();
 }
 
 // A message about the written file, which the user of a desktop is told where to find.
 Mensaje ConSalida(Mensaje mensaje, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
-    if (pedido.directorioDelDocumento) mensaje.texto += "\r\n" + TextoDeRuta(estado.UltimoPrograma);
+    if (!pedido.directorioDelDocumento) return mensaje;
+    mensaje.texto += "\r\n" + TextoDeRuta(estado.UltimoPrograma);
+    if (!estado.ProgramaTemporal) mensaje.escrito = estado.UltimoPrograma;
     return mensaje;
+}
+
+// Message 324; it names the file where no message before it has.
+Mensaje PreguntaPorElEditor(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
+    Mensaje pregunta = Componer(g.textos, {324});
+    return g.analisis.ManejoErrores ? ConSalida(std::move(pregunta), pedido, estado) : pregunta;
 }
 
 void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
@@ -167,7 +177,7 @@ void MostrarExito(const Generacion& g, const PedidoDeGeneracion& pedido, const E
     } else {
         vista.Informar(ConSalida(Componer(g.textos, {323}), pedido, estado));
     }
-    if (vista.OfreceEditor() && vista.Preguntar(Componer(g.textos, {324}), Botones::SiNo) == Respuesta::Si &&
+    if (vista.OfreceEditor() && vista.Preguntar(PreguntaPorElEditor(g, pedido, estado), Botones::SiNo) == Respuesta::Si &&
         !vista.AbrirEditor(estado.UltimoPrograma)) {
         vista.Advertir(ConSalida(Componer(g.textos, {325}), pedido, estado));
     }
@@ -215,7 +225,8 @@ std::optional<ReporteGenerado> Generar(const PedidoDeGeneracion& pedido, EstadoD
     Generacion g = NuevaGeneracion(pedido, oyente);
     const bool escrito = TrasLosChequeos(g, pedido, [&] {
         if (!ElegirSalida(pedido, estado)) return false;
-        EscribirArchivo(g, estado.UltimoPrograma);
+        estado.escrito.reset();
+        estado.escrito = EscribirArchivo(g, estado.UltimoPrograma);
         return true;
     });
     if (!escrito) return std::nullopt;

@@ -5,7 +5,9 @@
 
 #include "base/files.h"
 #include "base/paths.h"
+#include "base/phrase.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace qor {
 
@@ -50,17 +52,20 @@ bool AceptarLugar(const PedidoDeGeneracion& pedido, const fs::path& salida, Esta
     if (!directorio || directorio->empty()) return true;
     const fs::path destino = SinEnlaces(salida);
     if (EstaDentro(destino, SinEnlaces(*directorio)) || estado.rutasAceptadas.contains(destino)) return true;
-    const auto pregunta = MensajeLiteral("The report is to be written outside of the document's directory:\r\n" +
-                                         TextoDeRuta(destino) + "\r\nWrite it there?");
+    auto pregunta = MensajeLiteral("The report is to be written outside of the document's directory:\r\n" + TextoDeRuta(destino) +
+                                   "\r\nWrite it there?");
+    pregunta.enPantalla = Llenar(pedido.textos.Palabra(palabra::ElReportFueraDeLaCarpeta), {TextoDeRuta(destino)});
     if (pedido.vista.Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return Negada(pedido);
     estado.rutasAceptadas.insert(destino);
     return true;
 }
 
-bool AceptarReemplazo(const PedidoDeGeneracion& pedido, const fs::path& salida) {
+bool AceptarReemplazo(const PedidoDeGeneracion& pedido, const fs::path& salida, const EstadoDelGenerador& estado) {
     std::error_code ignorado;
     if (!Existe(salida) || fs::is_directory(salida, ignorado)) return true;
-    if (pedido.vista.Preguntar(Componer(pedido.textos, {337}), Botones::AceptarCancelar) == Respuesta::Aceptar) return true;
+    if (estado.escrito && salida == estado.UltimoPrograma && Identidad(salida) == estado.escrito) return true;
+    const Mensaje pregunta = SobreArchivo(Componer(pedido.textos, {337}), salida);
+    if (pedido.vista.Preguntar(pregunta, Botones::AceptarCancelar) == Respuesta::Aceptar) return true;
     return Negada(pedido);
 }
 
@@ -78,7 +83,7 @@ bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) 
     if (pedido.sistema == nullptr) {
         if (!ChequearNombreDeSalida(pedido)) return false;
         salida = RutaDeSalida(pedido);
-        if (!AceptarLugar(pedido, salida, estado) || !AceptarReemplazo(pedido, salida)) return false;
+        if (!AceptarLugar(pedido, salida, estado) || !AceptarReemplazo(pedido, salida, estado)) return false;
     } else {
         salida = pedido.sistema->ArchivoTemporal();
     }
@@ -87,6 +92,8 @@ bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) 
     estado.ProgramaTemporal = pedido.sistema != nullptr;
     return true;
 }
+
+void AceptarLugarElegido(EstadoDelGenerador& estado, const fs::path& ruta) { estado.rutasAceptadas.insert(SinEnlaces(ruta)); }
 
 void BorrarReporteTemporal(EstadoDelGenerador& estado) {
     if (!estado.ProgramaTemporal) return;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <set>
 
+#include "base/files.h"
 #include "generator/request.h"
 
 // The file that a run writes.
@@ -13,14 +15,20 @@ struct EstadoDelGenerador {
     std::filesystem::path UltimoPrograma;                 // the last file written
     bool ProgramaTemporal = false;                        // that file is to be deleted later
     std::set<std::filesystem::path> rutasAceptadas = {};  // outside of their documents' directories, links resolved
+    // What the last run has put there; it is replaced without a question as long as nobody else has touched it.
+    std::optional<IdentidadDeArchivo> escrito = {};
 };
 
 // False when no output file is named: message 301.
 bool ChequearNombreDeSalida(const PedidoDeGeneracion& pedido);
 
-// Decides where the report goes and puts it into `estado`; a temporary report of the run before is deleted. A file that is there,
-// and a path outside of the document's directory, are asked about. False when there is no name, or the user says no.
+// Decides where the report goes and puts it into `estado`; a temporary report of the run before is deleted. A file that is
+// there, unless the run before has written it, and a path outside of the document's directory are asked about. False when there is
+// no name, or the user says no.
 bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado);
+
+// The user has chosen a path for a report, which needs no question about its place any more.
+void AceptarLugarElegido(EstadoDelGenerador& estado, const std::filesystem::path& ruta);
 
 // Deletes the last file written where it is a temporary one.
 void BorrarReporteTemporal(EstadoDelGenerador& estado);

@@ -90,7 +90,7 @@ LecturaRepetida::LecturaRepetida(const std::vector<std::filesystem::path>& archi
 
 void LecturaRepetida::ExigirIguales() const {
     for (std::size_t i = 0; i < archivos_.size(); ++i) {
-        if (Identidad(archivos_[i]) != identidades_[i]) throw FalloDeArchivo(motivoCambiado, archivos_[i]);
+        if (Identidad(archivos_[i]) != identidades_[i]) throw FalloDeArchivo(CausaDeFallo::Cambiado, archivos_[i]);
     }
 }
 

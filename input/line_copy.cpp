@@ -17,7 +17,7 @@ void CopiarLinea(const ArchivoAbierto& archivo, const LineaLeida& linea, Archivo
     for (std::uint64_t lugar = 0; lugar < linea.largo;) {
         const auto quedan = std::min<std::uint64_t>(trozo.size(), linea.largo - lugar);
         const auto leidos = archivo.LeerEn(trozo.data(), static_cast<std::size_t>(quedan), linea.lugar + lugar);
-        if (leidos == 0) throw FalloDeArchivo(motivoCambiado, archivo.Ruta());
+        if (leidos == 0) throw FalloDeArchivo(CausaDeFallo::Cambiado, archivo.Ruta());
         salida.Escribir(std::string_view(trozo).substr(0, leidos));
         lugar += leidos;
     }

@@ -111,7 +111,7 @@ std::vector<CuentaDePartes> PartirArchivos(const DisenoDeEntrada& diseno, const 
     for (std::size_t i = 0; i < partes.size(); ++i) {
         const auto& archivo = revision.Archivos()[i].archivo;
         cuentas.push_back(Copiar(archivo, static_cast<int>(i), lotes, salidas[i]));
-        if (archivo.Identidad() != identidades[i]) throw FalloDeArchivo(motivoCambiado, archivo.Ruta());
+        if (archivo.Identidad() != identidades[i]) throw FalloDeArchivo(CausaDeFallo::Cambiado, archivo.Ruta());
     }
     for (auto& de : salidas) {
         for (auto* salida : {&de.buenos, &de.malos, &de.motivos}) salida->LlevarAlDisco();

@@ -6,8 +6,10 @@
 #include "base/failure.h"
 #include "base/new_file.h"
 #include "base/paths.h"
+#include "base/phrase.h"
 #include "base/text.h"
 #include "base/values.h"
+#include "base/words.h"
 #include "model/document_format.h"
 #include "model/gaps.h"
 
@@ -39,7 +41,7 @@ std::optional<Mensaje> Abrir(Documento& documento, const std::filesystem::path& 
         documento = LeerDeArchivo(ruta, lineas);
         return std::nullopt;
     } catch (const FalloDeEjecucion& fallo) {
-        return ConDetalle(Componer(textos, {335}), fallo);
+        return ConDetalle(Componer(textos, {335}), fallo, ruta);
     }
 }
 
@@ -71,12 +73,14 @@ bool Guardar(const TextosIdioma& textos, Vista& vista, Accion accion) {
 }
 
 // The file is the one that was read or written last; else the user is asked, and the answer is the state that may be overwritten.
-bool PuedeSobrescribir(const Documento& documento, std::optional<IdentidadDeArchivo>& presente, Vista& vista) {
+bool PuedeSobrescribir(const Documento& documento, std::optional<IdentidadDeArchivo>& presente, const TextosIdioma& textos,
+                       Vista& vista) {
     presente = Identidad(documento.ruta);
     if (!presente || presente == documento.identidad) return true;
-    return vista.Preguntar(MensajeLiteral("Another program has changed the document " + TextoDeRuta(documento.ruta) +
-                                          " since it was read. Overwrite it?"),
-                           Botones::SiNo) == Respuesta::Si;
+    const std::string nombre = TextoDeRuta(documento.ruta);
+    Mensaje pregunta = MensajeLiteral("Another program has changed the document " + nombre + " since it was read. Overwrite it?");
+    pregunta.enPantalla = Llenar(textos.Palabra(palabra::OtroProgramaCambioElDocumento), {nombre});
+    return vista.Preguntar(pregunta, Botones::SiNo) == Respuesta::Si;
 }
 
 }  // namespace
@@ -101,7 +105,7 @@ bool GuardarDocumentoComo(Documento& documento, const std::filesystem::path& rut
     return Guardar(textos, vista, [&] {
         const auto destino = RutaAbsoluta(ruta);
         std::optional<IdentidadDeArchivo> presente;
-        if (destino == documento.ruta && !PuedeSobrescribir(documento, presente, vista)) return false;
+        if (destino == documento.ruta && !PuedeSobrescribir(documento, presente, textos, vista)) return false;
         EscribirEnArchivo(documento, destino, presente);
         return true;
     });

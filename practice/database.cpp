@@ -121,7 +121,7 @@ void BaseDePractica::Abrir(const std::filesystem::path& ruta, Acceso acceso) {
     }
     if (existe && !std::filesystem::is_regular_file(estado)) {
         if (std::filesystem::is_directory(estado)) throw FalloDeArchivo(EISDIR, ruta);
-        throw FalloDeArchivo(noEsSistema, ruta);
+        throw FalloDeArchivo(noEsSistema, ruta, CausaDeFallo::Danado);
     }
     try {
         // Behind its whole path no name means anything but a file.
@@ -131,9 +131,9 @@ void BaseDePractica::Abrir(const std::filesystem::path& ruta, Acceso acceso) {
         if (acceso == Acceso::Escribir && sqlite3_db_readonly(conexion_->Mango(), "main") == 1) throw FalloDeArchivo(EACCES, ruta);
         Preparar();
     } catch (const FalloDeBase& fallo) {
-        throw FalloDeBase(fallo.Codigo(), fallo.what(), ruta);
+        throw FalloDeBase(fallo.Codigo(), fallo.what(), ruta, fallo.Causa());
     } catch (const FalloDeArchivo& fallo) {
-        throw FalloDeArchivo(fallo.what(), ruta);
+        throw FalloDeArchivo(fallo.what(), ruta, fallo.Causa());
     }
 }
 
@@ -144,14 +144,14 @@ void BaseDePractica::Preparar() {
         const auto aplicacion = base.Numero("PRAGMA application_id");
         const bool vacia = aplicacion == 0 && base.Numero("SELECT count(*) FROM sqlite_schema") == 0;
         if (vacia) return 0;
-        if (aplicacion != idDeAplicacion) throw FalloDeArchivo(noEsSistema, base.Ruta());
+        if (aplicacion != idDeAplicacion) throw FalloDeArchivo(noEsSistema, base.Ruta(), CausaDeFallo::Danado);
         const auto suya = base.Numero("PRAGMA user_version");
         if (suya > version) throw FalloDeArchivo("A newer release of this program has made it", base.Ruta());
         return suya;
     };
     const auto hecha = verificar();
     if (sqlite3_db_readonly(base.Mango(), "main") == 1) {
-        if (hecha == 0) throw FalloDeArchivo(noEsSistema, base.Ruta());
+        if (hecha == 0) throw FalloDeArchivo(noEsSistema, base.Ruta(), CausaDeFallo::Danado);
         if (hecha < version) {
             throw FalloDeArchivo("An older release of this program has made it; it has to be opened once where it can be written",
                                  base.Ruta());

@@ -22,7 +22,7 @@ Descriptor AbrirParaEscribir(const std::filesystem::path& ruta, bool anadir) {
     if (!descriptor.Abierto()) throw FalloDeArchivo(errno, ruta);
     EstadoDeArchivo datos;
     if (llamadas::Mirar(descriptor.Valor(), datos) != 0) throw FalloDeArchivo(errno, ruta);
-    if (!datos.EsRegular()) throw FalloDeArchivo("Not a regular file", ruta);
+    if (!datos.EsRegular()) throw FalloDeArchivo(CausaDeFallo::NoEsArchivo, ruta);
     Bloquear(descriptor.Valor(), ruta);
     if (!anadir && llamadas::Truncar(descriptor.Valor(), 0) != 0) throw FalloDeArchivo(errno, ruta);
     return descriptor;

@@ -19,7 +19,7 @@ struct GrabacionDeArchivo {
 class FalloDeGrabacion : public FalloDeArchivo {
 public:
     FalloDeGrabacion(const char* que, int palabra, const std::string& motivo, const std::filesystem::path& ruta)
-        : FalloDeArchivo(motivo, ruta), que_(que), palabra_(palabra) {}
+        : FalloDeArchivo(motivo, ruta, CausaDeFallo::Danado), que_(que), palabra_(palabra) {}
     const char* Que() const { return que_; }
     int Palabra() const { return palabra_; }  // the same as a word of the language file
 

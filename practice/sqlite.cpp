@@ -37,6 +37,18 @@ std::string MotivoDe(sqlite3* mango, int codigo) {
     }
 }
 
+CausaDeFallo CausaDe(sqlite3* mango, int codigo) {
+    switch (codigo & 0xFF) {
+        case SQLITE_NOTADB:
+        case SQLITE_CORRUPT: return CausaDeFallo::Danado;
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED: return CausaDeFallo::EnUso;
+        case SQLITE_FULL: return CausaDeFallo::SinLugar;
+        case SQLITE_READONLY: return CausaDeFallo::SoloLectura;
+        default: return qor::CausaDe(sistema::ErrorDeC(sqlite3_system_errno(mango)));
+    }
+}
+
 }  // namespace
 
 bool FalloDeBase::EsDelArchivo() const {
@@ -142,7 +154,7 @@ Conexion::Conexion(const std::filesystem::path& ruta, int modo) : ruta_(ruta) {
     sqlite3* mango = nullptr;
     const int codigo = sqlite3_open_v2(ruta.string().c_str(), &mango, modo, nullptr);
     mango_.reset(mango);
-    if (mango == nullptr) throw FalloDeBase(codigo, sqlite3_errstr(codigo), ruta_);
+    if (mango == nullptr) throw FalloDeBase(codigo, sqlite3_errstr(codigo), ruta_, CausaDeFallo::Otra);
     if (codigo != SQLITE_OK) Fallar(codigo);
     sqlite3_extended_result_codes(mango, 1);
     sqlite3_busy_timeout(mango, esperaMilisegundos);
@@ -155,7 +167,9 @@ Conexion::Conexion(const std::filesystem::path& ruta, int modo) : ruta_(ruta) {
 
 Conexion::~Conexion() = default;
 
-void Conexion::Fallar(int codigo) const { throw FalloDeBase(codigo, MotivoDe(mango_.get(), codigo), ruta_); }
+void Conexion::Fallar(int codigo) const {
+    throw FalloDeBase(codigo, MotivoDe(mango_.get(), codigo), ruta_, CausaDe(mango_.get(), codigo));
+}
 
 std::unique_ptr<Sentencia> Conexion::Preparar(std::string_view texto) {
     sqlite3_stmt* sentencia = nullptr;

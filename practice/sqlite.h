@@ -18,8 +18,8 @@ namespace qor {
 // What the database could not do. `Codigo` is SQLite's extended result code.
 class FalloDeBase : public FalloDeArchivo {
 public:
-    FalloDeBase(int codigo, const std::string& motivo, std::filesystem::path ruta)
-        : FalloDeArchivo(motivo, std::move(ruta)), codigo_(codigo) {}
+    FalloDeBase(int codigo, const std::string& motivo, std::filesystem::path ruta, CausaDeFallo causa)
+        : FalloDeArchivo(motivo, std::move(ruta), causa), codigo_(codigo) {}
 
     int Codigo() const { return codigo_; }
     // Of the file or the disk it lies on; else of the statement.

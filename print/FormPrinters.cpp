@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "base/failure.h"
 #include "base/paths.h"
@@ -42,8 +43,11 @@ std::unique_ptr<DispositivoQt> NuevoPDF(const std::filesystem::path& archivo, Vi
 
 }  // namespace
 
-FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, QWidget* padre)
-    : Dialogo(textos, "FormPrinters", padre), vista_(vista), impresoras_(QPrinterInfo::availablePrinterNames()) {
+FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre)
+    : Dialogo(textos, "FormPrinters", padre),
+      vista_(vista),
+      sugerido_(std::move(sugerido)),
+      impresoras_(QPrinterInfo::availablePrinterNames()) {
     setWindowTitle(Palabra(palabra::Impresoras));
     CrearControles();
     PonerTamano(56, 16);
@@ -89,7 +93,7 @@ void FormPrinters::Elegir() {
         impresora->setPrinterName(impresoras_.at(fila));
         impresora->setCopyCount(std::max(1, static_cast<int>(Numero(Copias_->Texto()))));
     } else {
-        const auto archivo = vista_.ElegirParaGrabar(filtroDePDF);
+        const auto archivo = vista_.ElegirParaGrabar({ClaseDeArchivo::PDF, filtroDePDF, {}, sugerido_});
         if (!archivo) return;
         archivoPDF_ = *archivo;
         impresora.reset();
@@ -102,13 +106,13 @@ std::optional<std::filesystem::path> FormPrinters::ArchivoPDF() const { return C
 
 std::unique_ptr<QPrinter> FormPrinters::Impresora() { return Cancelado() ? nullptr : std::move(impresora_); }
 
-ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, QWidget* padre)
-    : textos_(textos), vista_(vista), padre_(padre) {}
+ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre)
+    : textos_(textos), vista_(vista), sugerido_(std::move(sugerido)), padre_(padre) {}
 
 ImpresionEnPapel::~ImpresionEnPapel() = default;
 
 Dispositivo* ImpresionEnPapel::Elegir() {
-    FormPrinters dialogo(textos_, vista_, padre_);
+    FormPrinters dialogo(textos_, vista_, sugerido_, padre_);
     dialogo.exec();
     impresora_ = dialogo.Impresora();
     const auto archivo = dialogo.ArchivoPDF();

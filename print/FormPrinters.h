@@ -20,7 +20,8 @@ class CajaDeLinea;
 class FormPrinters : public Dialogo {
     Q_OBJECT
 public:
-    FormPrinters(const TextosIdioma& textos, Vista& vista, QWidget* padre);
+    // `sugerido` is the name of a PDF file.
+    FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre);
     ~FormPrinters() override;
 
     bool Cancelado() const { return result() != QDialog::Accepted; }
@@ -36,6 +37,7 @@ private:
     void Elegir();
 
     Vista& vista_;
+    std::filesystem::path sugerido_;
     QStringList impresoras_;  // as listed; the PDF file stands behind them
     std::unique_ptr<QPrinter> impresora_;
     std::optional<std::filesystem::path> archivoPDF_;
@@ -47,7 +49,7 @@ private:
 // The printer of a run: asked for in FormPrinters, opened, and closed with the object.
 class ImpresionEnPapel {
 public:
-    ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, QWidget* padre);
+    ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre);
     ~ImpresionEnPapel();
     ImpresionEnPapel(const ImpresionEnPapel&) = delete;
     ImpresionEnPapel& operator=(const ImpresionEnPapel&) = delete;
@@ -59,6 +61,7 @@ public:
 private:
     const TextosIdioma& textos_;
     Vista& vista_;
+    std::filesystem::path sugerido_;
     QWidget* padre_;
     std::unique_ptr<QPrinter> impresora_;
     std::unique_ptr<Dispositivo> dispositivo_;

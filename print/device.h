@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,9 @@ public:
     virtual void NuevaPagina() = 0;
     virtual int NumeroDePagina() const = 0;
     virtual void Terminar() = 0;
+
+    // The file that is written in the place of paper; empty for a printer.
+    virtual std::filesystem::path Archivo() const { return {}; }
 };
 
 }  // namespace qor

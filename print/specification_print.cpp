@@ -2,7 +2,9 @@
 
 #include "base/busy_pointer.h"
 #include "base/failure.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "generator/checks.h"
 #include "model/cells.h"
 #include "model/gaps.h"
@@ -217,6 +219,15 @@ private:
     Dispositivo& d_;
 };
 
+// The end of the printing: what was printed, or the file that was written.
+Mensaje MensajeDeImpreso(const Dispositivo& dispositivo, const TextosIdioma& textos) {
+    const auto archivo = dispositivo.Archivo();
+    if (archivo.empty()) return Componer(textos, {919});
+    Mensaje mensaje = MensajeLiteral(textos.Palabra(palabra::SeEscribioElPDF) + "\r\n" + TextoDeRuta(archivo));
+    mensaje.escrito = archivo;
+    return mensaje;
+}
+
 // A device whose file can't be written ends the printing with a message.
 template <typename Accion>
 bool ConAvisoDeFallo(Vista& vista, Accion accion) {
@@ -243,7 +254,7 @@ bool PrintOption(const PedidoDeGeneracion& pedido, const EleccionDeDispositivo& 
             const ConPunteroOcupado puntero(pedido.vista);
             Impresion(pedido, analisis, *dispositivo).Imprimir();
         }
-        pedido.vista.Informar(Componer(c.textos, {919}));
+        pedido.vista.Informar(MensajeDeImpreso(*dispositivo, c.textos));
         return true;
     });
 }
@@ -265,7 +276,7 @@ void ImprimirBAPI(Dispositivo& d, const TextosIdioma& textos, Vista& vista, std:
     }
     ConAvisoDeFallo(vista, [&] {
         d.Terminar();
-        vista.Informar(Componer(textos, {919}));
+        vista.Informar(MensajeDeImpreso(d, textos));
         return true;
     });
 }

@@ -106,10 +106,9 @@ void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& Archivo
     PedirNombreYPublicar(sesion, ArchivoGenerado, "", FormABAP, textos, vista);
 }
 
-void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::filesystem::path& DirectorioDocumentos, const DialogoABAP& FormABAP,
-                              const TextosIdioma& textos, Vista& vista) {
+void ButtonOnlinePublishLocal(SesionSAP& sesion, const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista) {
     if (!SistemaAdmiteProgramas(sesion, textos, vista)) return;
-    const auto archivo = vista.ElegirParaAbrir(DirectorioDocumentos, "");
+    const auto archivo = vista.ElegirParaAbrir({ClaseDeArchivo::Programa});
     if (!archivo || archivo->empty()) return;
     PedirNombreYPublicar(sesion, *archivo, TextoDeRuta(archivo->stem()), FormABAP, textos, vista);
 }

@@ -32,8 +32,7 @@ void ButtonOnlinePublish(SesionSAP& sesion, const std::filesystem::path& Archivo
                          const TextosIdioma& textos, Vista& vista);
 
 // Publishes a source file that the user chooses, with its own name as the first proposal.
-void ButtonOnlinePublishLocal(SesionSAP& sesion, const std::filesystem::path& DirectorioDocumentos, const DialogoABAP& FormABAP,
-                              const TextosIdioma& textos, Vista& vista);
+void ButtonOnlinePublishLocal(SesionSAP& sesion, const DialogoABAP& FormABAP, const TextosIdioma& textos, Vista& vista);
 
 // Publishes a source file, after the test of the system, under the name that the dialog answers to `propuesto`. True when the
 // system has taken it.

@@ -113,10 +113,10 @@ bool GenerarInfoCampos(const Documento& documento, const std::filesystem::path& 
     try {
         EscribirPedidos(documento.especificacion, archivo);
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
+        vista.Advertir(SobreArchivo(ConDetalle(Componer(textos, {328}), fallo), archivo));
         return false;
     }
-    if (!conectado) vista.Informar(Componer(textos, {327}));
+    if (!conectado) vista.Informar(SobreArchivo(Componer(textos, {327}), archivo));
     return true;
 }
 
@@ -141,7 +141,7 @@ bool ImportInfo(Documento& documento, const std::filesystem::path& archivo, cons
         if (LlenarAnchos(documento.especificacion, LeerArchivo(archivo))) documento.Cambiar();
         return true;
     } catch (const FalloDeEjecucion& fallo) {
-        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo));
+        vista.Advertir(ConDetalle(Componer(textos, {328}), fallo, archivo));
         return false;
     }
 }

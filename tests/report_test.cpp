@@ -227,6 +227,16 @@ TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
     EXPECT_EQ(informe.vista.diario, "busy <337>? idle A0 T0 <323>i <324>? edit:there.abap <325>");
     EXPECT_EQ(informe.o.TablaZ, "ZT");
     EXPECT_TRUE(LeerArchivo(RutaDelSistema(informe.o.Programa)).starts_with("*---"));
+
+    // What the run before has written is no other's work, until somebody changes it.
+    informe.vista.diario.clear();
+    informe.vista.conEditor = false;
+    EXPECT_TRUE(informe.Generar());
+    EXPECT_EQ(informe.vista.diario, "busy idle A0 T0 <323>i");
+    informe.directorio.Escribir("there.abap", "edited");
+    informe.vista.diario.clear();
+    EXPECT_FALSE(informe.Generar());
+    EXPECT_EQ(informe.vista.diario, "busy <337>? Programa idle");
 }
 
 #ifndef LEFT_OUT_Report_TheDesktopKeepsReportsBesideTheirDocuments

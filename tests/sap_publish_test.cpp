@@ -62,7 +62,7 @@ struct Publicacion : SesionDePractica {
         return RutaDelModelo(directorio.Escribir("load.v2.abap", texto));
     }
     void Generada(const std::string& archivo) { ButtonOnlinePublish(sesion, archivo, FormABAP, prueba.textos, prueba.vista); }
-    void Local() { ButtonOnlinePublishLocal(sesion, "", FormABAP, prueba.textos, prueba.vista); }
+    void Local() { ButtonOnlinePublishLocal(sesion, FormABAP, prueba.textos, prueba.vista); }
     void Oferta(const std::string& archivo) { OfrecerPublicacion(sesion, archivo, FormABAP, prueba.textos, prueba.vista); }
     std::string Avisos() { return prueba.vista.TomarAvisos(); }
 };

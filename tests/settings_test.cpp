@@ -214,7 +214,7 @@ TEST(Settings, DatasetAdditionsChooseTheirOption) {
 }
 
 #ifndef LEFT_OUT_Settings_AreSavedInTheirOrderAndReadBack
-// A first save writes every setting, in an order that users of the file know.
+// A first save writes every setting but a path that is its default, in an order that users of the file know.
 TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     AjustesDelPrograma ajustes = AjustesDe("");
     ajustes.IdiomaActual = "Espanol";
@@ -229,7 +229,7 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     GuardarAjustes(ini, ajustes);
     const std::string texto = ini.TextoCambiado("");
     EXPECT_EQ(texto,
-              "LANGUAGE=Espanol\r\nQOR DIRECTORY=/home/ana/cargas\r\nFIELDSFILE=C:\\Table_Fields\r\nBAPIFILE=/opt/qor/BAPI46C\r\n"
+              "LANGUAGE=Espanol\r\nQOR DIRECTORY=/home/ana/cargas\r\n"
               "UPLOAD FUNCTION=WS_UPLOAD\r\nDATASET ADDITIONS=NONE\r\nACTIVATE NAMING CONVENTIONS=Yes\r\n"
               "GS PREFIX=GS_\r\nGN PREFIX=GN_\r\nGT PREFIX=GT_\r\nLS PREFIX=LS_\r\nLN PREFIX=LN_\r\nLT PREFIX=TL_\r\n"
               "GC PREFIX=GC_\r\nPS PREFIX=PS_\r\nPN PREFIX=PN_\r\n"
@@ -238,6 +238,13 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
     auto otra = IniDe(texto);
     GuardarAjustes(otra, LeerAjustes(otra, "/elsewhere"));
     EXPECT_FALSE(otra.Modificado());
+    // A default that was stored goes, so that it is that of the program where it lies now.
+    auto vieja = IniDe("bapifile=/opt/qor/BAPI46C\nQOR Directory=/opt/qor/\nFieldsFile=/widths");
+    GuardarAjustes(vieja, LeerAjustes(vieja, "/opt/qor"));
+    const auto nueva = LeerAjustes(vieja, "/usr/share/qor");
+    EXPECT_EQ(nueva.ArchivoBAPI, "/usr/share/qor/BAPI46C");
+    EXPECT_EQ(nueva.DirectorioDocumentos, "/opt/qor/");
+    EXPECT_EQ(nueva.ArchivoAnchos, "/widths");
     // An editor has its entry once one was chosen, and keeps it when it is taken away again.
     for (const char* const editor : {"mousepad", ""}) {
         ajustes.EditorDeTextos = editor;

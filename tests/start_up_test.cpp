@@ -74,7 +74,7 @@ TEST(StartUp, FollowsSettingsAndCommandLine) {
     EXPECT_EQ(CargarPrograma(programa, EntornoDe({}), vacio.Ruta()), ResultadoIdioma::SinArchivo);
 }
 
-TEST(StartUp, ADocumentThatCannotBeOpenedEndsTheProgram) {
+TEST(StartUp, ADocumentIsOpenedOrTheReasonIsTold) {
     const DirectorioTemporal directorio;
     VentanaDePrueba p;
     p.Archivo({"A|1"});

@@ -6,9 +6,11 @@
 #include "app/pages/layout.h"
 #include "app/qt/theme_icon.h"
 #include "base/chosen_path.h"
-#include "base/code_page.h"
+#include "base/paths.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
+#include "generator/output.h"
+#include "model/suggested_name.h"
 
 namespace qor {
 
@@ -21,25 +23,32 @@ constexpr const char* filtroDeProgramas = "ABAP|*.abap|*.*|*";
 FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<void()>& generar, QWidget* padre) : QWidget(padre) {
     Lazos& lazos = entorno.lazos;
     auto* const rotulo = Nuevo<QLabel>("GenerateProgram", this);
-    auto* const programa = lazos.Linea("Programa", this, &Opciones::Programa);
-    rotulo->setBuddy(programa);
-    auto* const examinar = lazos.Boton("ExaminarPrograma", this, [&ventana = entorno.ventana, &vista = entorno.vista] {
-        auto elegida = vista.ElegirParaGrabar(filtroDeProgramas);
-        // A directory that the code page can't hold needs no name where the document lies in it.
-        const bool juntoAlDocumento = elegida && elegida->parent_path() == ventana.documento.ruta.parent_path();
-        if (juntoAlDocumento && !DesdeUtf8(elegida->string())) elegida = elegida->filename();
-        if (const auto nombre = ComoTexto(elegida, vista)) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
-    });
+    auto* const archivo = lazos.Linea("Programa", this, &Opciones::Programa);
+    rotulo->setBuddy(archivo);
+    auto* const examinar =
+        lazos.Boton("ExaminarPrograma", this, [&ventana = entorno.ventana, &vista = entorno.vista, &programa = entorno.programa] {
+            const auto& documento = ventana.documento;
+            const auto escrito = RutaDelSistema(documento.opciones.Programa);
+            auto elegida = vista.ElegirParaGrabar({.clase = ClaseDeArchivo::Programa,
+                                                   .filtro = filtroDeProgramas,
+                                                   .presente = escrito.empty() ? escrito : documento.ruta.parent_path() / escrito,
+                                                   .sugerido = NombreSugerido(documento, ".abap", ventana.textos),
+                                                   .preguntaDespues = true});
+            if (elegida) AceptarLugarElegido(programa.generador, *elegida);
+            // Beside the document the name is enough, so that both can be moved together.
+            if (elegida && elegida->parent_path() == documento.ruta.parent_path()) elegida = elegida->filename();
+            if (const auto nombre = ComoTexto(elegida, vista)) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
+        });
     auto* const boton = lazos.Boton("Generar", this, generar);
     boton->setIcon(IconoDeTema("generate"));
     auto* const orden = new QHBoxLayout(this);
     orden->setContentsMargins(0, 0, 0, 0);
     orden->addWidget(rotulo);
-    orden->addWidget(programa, 1);
+    orden->addWidget(archivo, 1);
     orden->addWidget(examinar);
     orden->addSpacing(12);
     orden->addWidget(boton);
-    delPrograma_ = {rotulo, programa, examinar};
+    delPrograma_ = {rotulo, archivo, examinar};
 }
 
 void FilaDeSalida::MostrarPrograma(bool visible) {

@@ -18,12 +18,6 @@
 
 namespace qor {
 
-namespace {
-
-constexpr const char* todosLosArchivos = "*.*|*";
-
-}  // namespace
-
 PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre)
     : QWidget(padre), entorno_(entorno), acciones_(acciones) {
     auto* const grupo = NuevoGrupo();
@@ -61,8 +55,7 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
     nombre->setBuddy(archivo);
     auto* const examinar = lazos.Boton("ExaminarFuente", grupo, [this] {
         Vista& vista = entorno_.vista;
-        const auto directorio = entorno_.programa.ajustes.DirectorioDocumentos;
-        const auto elegida = vista.ElegirParaAbrir(directorio, todosLosArchivos);
+        const auto elegida = vista.ElegirParaAbrir({ClaseDeArchivo::Entrada});
         const auto ruta = ComoTexto(elegida, vista);
         if (!ruta) return;
         CambiarOpcion(entorno_.ventana, &Opciones::ArchivoFuente, *ruta);

@@ -100,8 +100,8 @@ QGroupBox* PaginaDeHerramientas::NuevaImportacion(QWidget* padre) {
     auto* const grupo = Nuevo<QGroupBox>("FrameImportarTransacciones", padre);
     auto* const archivo = lazos.CajaFiltrada("ReporteTrans", grupo);
     auto* const examinar = lazos.Boton("ExaminarReporte", grupo, [this, &ventana] {
-        const auto directorio = entorno_.programa.ajustes.DirectorioDocumentos;
-        if (const auto ruta = entorno_.vista.ElegirParaAbrir(directorio, "*.*|*")) ventana.ReporteTrans = *ruta;
+        const auto ruta = entorno_.vista.ElegirParaAbrir({ClaseDeArchivo::Grabacion, todosLosArchivos, ventana.ReporteTrans});
+        if (ruta) ventana.ReporteTrans = *ruta;
     });
     auto* const importar = lazos.Boton("ImportTrans", grupo, [&ventana] {
         auto importacion = LeerImportacion(ventana.documento.especificacion, ventana.ReporteTrans, ventana.textos, ventana.vista);

@@ -10,9 +10,8 @@
 
 namespace qor {
 
-void GuardarGrabacionElegida(const std::filesystem::path& sistema, const std::filesystem::path& directorio,
-                             const TextosIdioma& textos, Vista& vista) {
-    const auto archivo = vista.ElegirParaAbrir(directorio, "*.*|*");
+void GuardarGrabacionElegida(const std::filesystem::path& sistema, const TextosIdioma& textos, Vista& vista) {
+    const auto archivo = vista.ElegirParaAbrir({ClaseDeArchivo::Grabacion});
     if (!archivo) return;
     const auto advertir = [&](int que, const FalloDeArchivo& fallo) {
         vista.Advertir(ConDetalle(MensajeLiteral(TextoDelModelo(Palabra(textos, que)) + "."), fallo));

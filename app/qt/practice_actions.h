@@ -9,9 +9,8 @@
 // What the desktop does and tells beside its commands while it is connected to a practice system. `sistema` is the file of it.
 namespace qor {
 
-// Asks for a file with a recording, from a directory on, and keeps it. Tells how it went.
-void GuardarGrabacionElegida(const std::filesystem::path& sistema, const std::filesystem::path& directorio,
-                             const TextosIdioma& textos, Vista& vista);
+// Asks for a file with a recording, and keeps it. Tells how it went.
+void GuardarGrabacionElegida(const std::filesystem::path& sistema, const TextosIdioma& textos, Vista& vista);
 
 // Whether there is a recording to import; where there is none, the user can be told how one gets in.
 bool HayGrabacion(const std::filesystem::path& sistema);

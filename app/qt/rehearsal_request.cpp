@@ -1,7 +1,6 @@
 #include "app/qt/rehearsal_request.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,7 +22,6 @@ constexpr int rotuloDeExaminar = 80;
 constexpr int letrasDeRuta = 16;  // seen at least
 constexpr int letrasDeSistema = 14;
 constexpr int filasSinBarra = 4;  // of files, seen at once
-constexpr const char* todosLosArchivos = "*.*|*";
 
 }  // namespace
 
@@ -40,7 +38,7 @@ PanelDePedido::PanelDePedido(const TextosIdioma& textos, Vista& vista, QWidget* 
     orden->setSpacing(12);
     orden->addWidget(zona_, 5, Qt::AlignTop);
     orden->addLayout(CrearEleccion(), 4);
-    PonerArchivos({}, {});
+    PonerArchivos({});
 }
 
 void PanelDePedido::PonerArchivo(const std::string& parametro, const std::filesystem::path& ruta) {
@@ -119,9 +117,8 @@ QLineEdit* PanelDePedido::NuevaRuta(int fila, const char* nombre, const QString&
     return caja;
 }
 
-void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos, const std::filesystem::path& directorio) {
+void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos) {
     const auto carpeta = valores_ == nullptr ? std::filesystem::path() : Valores();
-    directorio_ = directorio;
     filas_.clear();
     auto* const dentro = new QWidget(zona_);
     auto* const rejilla = new QGridLayout(dentro);
@@ -179,16 +176,16 @@ std::vector<ArchivoPedido> PanelDePedido::Archivos() const {
 
 void PanelDePedido::Examinar(const std::string& parametro, QLineEdit* caja) {
     const auto presente = RutaDeQt(caja->text().trimmed());
-    const auto elegida = vista_.ElegirParaAbrir(presente.empty() ? directorio_ : presente.parent_path(), todosLosArchivos);
+    const auto elegida = vista_.ElegirParaAbrir({ClaseDeArchivo::Entrada, todosLosArchivos, presente});
     if (!elegida) return;
     caja->setText(NombreQt(*elegida));
     emit ArchivoElegido(TextoQt(parametro), caja->text());
 }
 
 void PanelDePedido::ExaminarValores(QLineEdit* caja) {
-    const QString presente = caja->text().trimmed();
-    const QString elegida = QFileDialog::getExistingDirectory(window(), {}, presente.isEmpty() ? NombreQt(directorio_) : presente);
-    if (!elegida.isEmpty()) caja->setText(elegida);
+    const auto presente = RutaDeQt(caja->text().trimmed());
+    const auto elegida = vista_.ElegirCarpeta({ClaseDeArchivo::ListaDeValores, {}, presente.empty() ? presente : presente / ""});
+    if (elegida) caja->setText(NombreQt(*elegida));
 }
 
 void PanelDePedido::PonerTablas(const std::string& tablas) {

@@ -29,8 +29,8 @@ class PanelDePedido : public QWidget {
 public:
     PanelDePedido(const TextosIdioma& textos, Vista& vista, QWidget* padre);
 
-    // One row for each file. `directorio` is where files are looked for that have no path yet.
-    void PonerArchivos(const std::vector<ArchivoPedido>& archivos, const std::filesystem::path& directorio);
+    // One row for each file.
+    void PonerArchivos(const std::vector<ArchivoPedido>& archivos);
     std::vector<ArchivoPedido> Archivos() const;
     // A file that was chosen elsewhere.
     void PonerArchivo(const std::string& parametro, const std::filesystem::path& ruta);
@@ -73,7 +73,6 @@ private:
 
     const TextosIdioma& textos_;
     Vista& vista_;
-    std::filesystem::path directorio_;
     std::vector<FilaDeArchivo> filas_;
     QScrollArea* zona_ = nullptr;
     QLineEdit* tablas_ = nullptr;  // where there are no files

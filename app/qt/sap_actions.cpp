@@ -85,14 +85,13 @@ public:
                                  TrasPreguntar([this] { return e_.programa.erroresDelReporte; }), e_.programa.textos, e_.vista);
     }
     void ButtonOnlinePublishLocal() override {
-        qor::ButtonOnlinePublishLocal(sesion_, e_.programa.ajustes.DirectorioDocumentos, DialogoDelNombre(), e_.programa.textos,
-                                      e_.vista);
+        qor::ButtonOnlinePublishLocal(sesion_, DialogoDelNombre(), e_.programa.textos, e_.vista);
     }
 
     void GuardarGrabacion() override {
         if (!sesion_.EsDePractica()) return;
         if (!SesionActiva(sesion_)) return e_.vista.Advertir(MensajeLiteral(sesion_.Motivo));
-        GuardarGrabacionElegida(RutaDePracticaPropia(), e_.programa.ajustes.DirectorioDocumentos, e_.programa.textos, e_.vista);
+        GuardarGrabacionElegida(RutaDePracticaPropia(), e_.programa.textos, e_.vista);
     }
 
     SistemaConectado* Sistema() override { return sesion_.Conectado ? &sistema_ : nullptr; }

@@ -1,12 +1,16 @@
 #include "app/qt/screen_view.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 
 #include "app/qt/text_editor.h"
+#include "base/message_text.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
@@ -37,14 +41,14 @@ private:
 // Message boxes take plain text, in which a line ends with LF. The row that it is about
 // and the detail have lines of their own.
 QString TextoDeMensaje(const Mensaje& mensaje, const TextosIdioma& textos) {
-    const auto& deLaPantalla = mensaje.enPantalla.empty() ? mensaje.texto : mensaje.enPantalla;
-    QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(deLaPantalla, "\r\n", "\n"), "\r", "\n"));
+    const auto visto = EnPantalla(mensaje, textos);
+    QString texto = TextoQt(ReemplazarTodo(ReemplazarTodo(visto.texto, "\r\n", "\n"), "\r", "\n"));
     if (mensaje.fila) {
         texto += QStringLiteral("\n\n") +
                  Palabra(textos, mensaje.fila->delArchivo ? palabra::LadoDelArchivo : palabra::LadoDelPrograma) +
                  QStringLiteral(", ") + Palabra(textos, palabra::FilaNumero).arg(mensaje.fila->fila + 1);
     }
-    return mensaje.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(mensaje.detalle);
+    return visto.detalle.empty() ? texto : texto + QLatin1Char('\n') + QString::fromStdString(visto.detalle);
 }
 
 void PrepararCaja(QMessageBox& caja, const Mensaje& mensaje, QMessageBox::Icon icono, const TextosIdioma& textos) {
@@ -85,7 +89,10 @@ void VistaDePantalla::Mostrar(const Mensaje& mensaje, Icono icono) {
     const PunteroNormal puntero(ocupado_);
     QMessageBox caja(Padre());
     PrepararCaja(caja, mensaje, icono == Icono::Advertencia ? QMessageBox::Warning : QMessageBox::Information, textos_);
-    caja.addButton(Palabra(textos_, palabra::Aceptar), QMessageBox::AcceptRole);
+    auto* const aceptar = caja.addButton(Palabra(textos_, palabra::Aceptar), QMessageBox::AcceptRole);
+    caja.setDefaultButton(aceptar);
+    caja.setEscapeButton(aceptar);
+    AgregarBotonesDe(caja, mensaje.escrito);
     caja.exec();
 }
 
@@ -106,6 +113,7 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
         botones == Botones::SiNo ? nullptr
                                  : caja.addButton(restaurar ? Palabra(textos_, palabra::MasTarde) : TextoQt(textos_.Texto(187)),
                                                   QMessageBox::RejectRole);
+    AgregarBotonesDe(caja, mensaje.escrito);
     caja.setDefaultButton(si);
     caja.setEscapeButton(cancelar != nullptr ? cancelar : no);
     caja.exec();
@@ -113,22 +121,57 @@ Respuesta VistaDePantalla::Preguntar(const Mensaje& mensaje, Botones botones) {
     return no != nullptr && caja.clickedButton() == no ? Respuesta::No : Respuesta::Cancelar;
 }
 
-std::optional<std::filesystem::path> VistaDePantalla::ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                                      const std::string& filtro) {
-    AntesDePreguntar();
-    const QString ruta = QFileDialog::getOpenFileName(Padre(), {}, NombreQt(directorio), FiltroQt(filtro));
-    if (ruta.isEmpty()) return std::nullopt;
-    return RutaDeQt(ruta);
+void VistaDePantalla::AgregarBotonesDe(QMessageBox& caja, const std::filesystem::path& escrito) {
+    if (escrito.empty()) return;
+    const QFileInfo archivo(NombreQt(escrito));
+    const auto agregar = [&](int rotulo, const char* nombre, const std::function<void()>& accion) {
+        auto* const boton = caja.addButton(Palabra(textos_, rotulo), QMessageBox::ActionRole);
+        boton->setObjectName(QString::fromLatin1(nombre));
+        boton->setAutoDefault(false);
+        boton->disconnect();  // the box would close
+        QObject::connect(boton, &QPushButton::clicked, &caja, accion);
+    };
+    agregar(palabra::AbrirLaCarpeta, "AbrirCarpeta", [this, carpeta = archivo.absolutePath()] {
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(carpeta))) {
+            Advertir(MensajeDePalabra(textos_, palabra::NoSePudoAbrirLaCarpeta));
+        }
+    });
+    agregar(palabra::CopiarAlPortapapeles, "CopiarNombre",
+            [nombre = archivo.absoluteFilePath()] { QApplication::clipboard()->setText(nombre); });
 }
 
-std::optional<std::filesystem::path> VistaDePantalla::ElegirParaGrabar(const std::string& filtro) {
+QString VistaDePantalla::Comienzo(const PedidoDeArchivo& pedido) const {
+    const auto comienzo = ComienzoDelDialogo(pedido, formulario_.lugares ? formulario_.lugares(pedido.clase) : LugaresDeDialogo{});
+    return NombreQt(comienzo);
+}
+
+std::optional<std::filesystem::path> VistaDePantalla::Elegido(const PedidoDeArchivo& pedido, const QString& ruta) const {
+    if (ruta.isEmpty()) return std::nullopt;
+    auto elegido = RutaDeQt(ruta);
+    if (formulario_.recordar) formulario_.recordar(pedido.clase, elegido);
+    return elegido;
+}
+
+std::optional<std::filesystem::path> VistaDePantalla::ElegirParaAbrir(const PedidoDeArchivo& pedido) {
     AntesDePreguntar();
-    QFileDialog dialogo(Padre(), {}, {}, FiltroQt(filtro));
+    return Elegido(pedido, QFileDialog::getOpenFileName(Padre(), {}, Comienzo(pedido), FiltroQt(pedido.filtro)));
+}
+
+std::optional<std::filesystem::path> VistaDePantalla::ElegirCarpeta(const PedidoDeArchivo& pedido) {
+    AntesDePreguntar();
+    const QString carpeta = QFileDialog::getExistingDirectory(Padre(), {}, Comienzo(pedido));
+    return Elegido(pedido, carpeta.isEmpty() || carpeta.endsWith(QLatin1Char('/')) ? carpeta : carpeta + QLatin1Char('/'));
+}
+
+std::optional<std::filesystem::path> VistaDePantalla::ElegirParaGrabar(const PedidoDeArchivo& pedido) {
+    AntesDePreguntar();
+    QFileDialog dialogo(Padre(), {}, Comienzo(pedido), FiltroQt(pedido.filtro));
     dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    const auto patron = AntesDe(DespuesDe(filtro, '|'), '|');
+    dialogo.setOption(QFileDialog::DontConfirmOverwrite, pedido.preguntaDespues);
+    const auto patron = AntesDe(DespuesDe(pedido.filtro, '|'), '|');
     if (patron.starts_with("*.")) dialogo.setDefaultSuffix(TextoQt(patron.substr(2)));
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
-    return RutaDeQt(dialogo.selectedFiles().constFirst());
+    return Elegido(pedido, dialogo.selectedFiles().constFirst());
 }
 
 void VistaDePantalla::PunteroOcupado(bool ocupado) {

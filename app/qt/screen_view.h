@@ -8,6 +8,7 @@
 #include "base/messages.h"
 #include "base/view.h"
 
+class QMessageBox;
 class QWidget;
 
 namespace qor {
@@ -25,6 +26,9 @@ public:
         QWidget* ventana = nullptr;
         // The command of the settings that opens texts; empty for a known editor.
         std::function<std::string()> editorDeTextos;
+        // Where a file dialog can begin, and what was chosen in one.
+        std::function<LugaresDeDialogo(ClaseDeArchivo)> lugares;
+        std::function<void(ClaseDeArchivo, const std::filesystem::path&)> recordar;
     };
 
     explicit VistaDePantalla(const TextosIdioma& textos) : textos_(textos) {}
@@ -33,9 +37,9 @@ public:
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                         const std::string& filtro) override;
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override;
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override;
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override;
     void PunteroOcupado(bool ocupado) override;
     void MostrarFila(Tabla tabla, int fila) override;
     void Enfocar(const std::string& control) override;
@@ -46,6 +50,10 @@ public:
 private:
     QWidget* Padre() const;
     void AntesDePreguntar() const;
+    QString Comienzo(const PedidoDeArchivo& pedido) const;
+    std::optional<std::filesystem::path> Elegido(const PedidoDeArchivo& pedido, const QString& ruta) const;
+    // Buttons that lead to a file that was written, and leave the box open.
+    void AgregarBotonesDe(QMessageBox& caja, const std::filesystem::path& escrito);
     const TextosIdioma& textos_;
     Formulario formulario_;
     bool ocupado_ = false;

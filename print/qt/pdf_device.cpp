@@ -4,7 +4,7 @@ namespace qor {
 
 HojaPDF::HojaPDF() : hoja_(&contenido_) { contenido_.open(QIODevice::WriteOnly); }
 
-DispositivoPDF::DispositivoPDF(const std::filesystem::path& ruta) : DispositivoQt(hoja_), archivo_(ruta) {}
+DispositivoPDF::DispositivoPDF(const std::filesystem::path& ruta) : DispositivoQt(hoja_), ruta_(ruta), archivo_(ruta) {}
 
 void DispositivoPDF::Terminar() {
     DispositivoQt::Terminar();

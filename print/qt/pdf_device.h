@@ -23,8 +23,10 @@ public:
     explicit DispositivoPDF(const std::filesystem::path& ruta);
 
     void Terminar() override;
+    std::filesystem::path Archivo() const override { return ruta_; }
 
 private:
+    std::filesystem::path ruta_;
     ArchivoNuevo archivo_;
 };
 

@@ -68,16 +68,15 @@ struct TodosLosDialogos {
         agregar(new FormDirectorios(t, v, ajustes, nullptr));
         agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
         agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
-        agregar(new FormPrinters(t, v, nullptr));
+        agregar(new FormPrinters(t, v, {}, nullptr));
         agregar(new FormBAPI(prueba.documento, t, v, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
         agregar(new FormBAPIFields(t, nullptr));
         agregar(new FormTrans(t, {}, nullptr));
-        agregar(new FormBDCEditor(t, v, "", ayuda, nullptr));
+        agregar(new FormBDCEditor(t, v, ayuda, nullptr));
         agregar(new FormABAP(sesion, t, v, "ZNAME", nullptr));
         // The preview wants records from a file.
         e.documento.especificacion.OrigenUsuario = false;
-        agregar(new FormDatos(
-            e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .directorio = {}, .memoria = {}, .alCambiar = {}}, {}, nullptr));
+        agregar(new FormDatos(e, {.ayuda = ayuda, .recordado = {}, .recordar = {}, .memoria = {}, .alCambiar = {}}, {}, nullptr));
         e.documento.especificacion.OrigenUsuario = true;
         agregar(new FormLogon(eleccion, "practice.sqlite", t, v, nullptr));
         agregar(new FormEjemplos(t, {{.carpeta = "mm01", .archivo = "a.qor", .frases = {{"en", "One."}}}}, "copies", nullptr));
@@ -94,7 +93,6 @@ struct TodosLosDialogos {
                                 .verDatos = {},
                                 .valoresPropios = {},
                                 .ayuda = ayuda,
-                                .directorio = "",
                                 .memoria = {}}));
         return todos;
     }

@@ -230,7 +230,7 @@ protected:
 };
 
 TEST_F(EditorDeDatos, ListsWhatAFileHolds) {
-    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    FormBDCEditor form(prueba.textos, prueba.vista, {}, nullptr);
     const DialogoAbierto dialogo(form);
     const std::tuple<std::string, std::vector<std::string>, std::string, bool> casos[] = {
         {EscribirSesion(), {"<<119>>", "VA01", "MM01"}, "VBAK-AUART", true},
@@ -252,7 +252,7 @@ TEST_F(EditorDeDatos, ListsWhatAFileHolds) {
 
 TEST_F(EditorDeDatos, ReplacesUnderConditions) {
     const std::string ruta = EscribirSesion();
-    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    FormBDCEditor form(prueba.textos, prueba.vista, {}, nullptr);
     const DialogoAbierto dialogo(form);
     form.Abrir(ruta);
     dialogo.Clic("Ejecutar");
@@ -282,7 +282,7 @@ TEST_F(EditorDeDatos, ReplacesUnderConditions) {
 TEST_F(EditorDeDatos, ARunIsStoppedByItsButtonAndByClosing) {
     const std::string ruta = EscribirSesion(20000);
     const auto antes = std::filesystem::file_size(ruta);
-    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    FormBDCEditor form(prueba.textos, prueba.vista, {}, nullptr);
     const DialogoAbierto dialogo(form);
     form.Abrir(ruta);
     dialogo.Control<QComboBox>("ComboField")->setCurrentIndex(0);
@@ -304,7 +304,7 @@ TEST_F(EditorDeDatos, ARunIsStoppedByItsButtonAndByClosing) {
 }
 
 TEST_F(EditorDeDatos, ShowsTheLinesOfTheFile) {
-    FormBDCEditor form(prueba.textos, prueba.vista, "", {}, nullptr);
+    FormBDCEditor form(prueba.textos, prueba.vista, {}, nullptr);
     const DialogoAbierto dialogo(form);
     form.Abrir(EscribirSesion(20000));
     prueba.vista.respuestas = {Respuesta::No, Respuesta::Si, Respuesta::No};

@@ -40,7 +40,6 @@ protected:
     // Opens the preview of a file, uses it, and closes it.
     void Con(const std::string& texto, const std::function<void(QDialog&)>& usar) {
         EntornoDeDatos entorno;
-        entorno.directorio = p.directorio.Ruta();
         FormDatos dialogo(p.LaVentana(), entorno, p.directorio.Escribir("in.txt", texto), p.principal.get());
         dialogo.setWindowState(Qt::WindowNoState);
         dialogo.resize(1000, 640);

@@ -36,11 +36,9 @@ public:
         avisos.push_back(mensaje.Numero());
         return Tomar(respuestas).value_or(Respuesta::Cancelar);
     }
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                         const std::string& /*filtro*/) override {
-        return Tomar(archivos);
-    }
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& /*filtro*/) override { return Tomar(archivos); }
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& /*pedido*/) override { return Tomar(archivos); }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& /*pedido*/) override { return Tomar(archivos); }
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& /*pedido*/) override { return Tomar(archivos); }
     void MostrarTexto(const std::string& texto) override { textoMostrado = texto; }
     bool OfreceEditor() const override { return false; }
 

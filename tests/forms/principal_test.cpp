@@ -279,11 +279,12 @@ TEST(Principal, WheelAndScrollBarMoveTheGrids) {
 
 // ---- Start and end ----
 
-TEST(Principal, ADocumentThatCanNotBeOpenedEndsTheProgram) {
+TEST(Principal, ADocumentThatCanNotBeOpenedLeavesAnEmptyWindow) {
     ProgramaDePrueba p;
-    QTimer::singleShot(0, qApp, [&] { p.principal->ActivarPorPrimeraVez({false, (p.directorio / "missing.qor").string()}); });
-    EXPECT_EQ(QApplication::exec(), 1);
+    p.principal->ActivarPorPrimeraVez({false, (p.directorio / "missing.qor").string()});
     EXPECT_THAT(p.vista->avisos, ElementsAre(335));
+    EXPECT_TRUE(p.principal->isVisible());
+    EXPECT_TRUE(p.LaVentana().documento.ruta.empty());
 }
 
 TEST(Principal, AsksBeforeItLosesChanges) {

@@ -27,6 +27,7 @@
 #define LEFT_OUT_Paths_AreMadeAbsoluteByTheirText
 #define LEFT_OUT_SettingsPath_TakesTheFirstDirectoryThatApplies
 #define LEFT_OUT_Settings_AreSavedInTheirOrderAndReadBack
+#define LEFT_OUT_FailedFiles_AreToldApartOnTheScreen
 // Names of files that are no UTF-8.
 #define LEFT_OUT_CheckAll_SARIFHoldsWhatItsSchemaAsksFor
 #define LEFT_OUT_CheckAll_WorkflowCommandsAreEscaped

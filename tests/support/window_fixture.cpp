@@ -49,6 +49,7 @@ std::string VistaDePrueba::TomarAvisos() {
 
 void VistaDePrueba::Mostrar(const Mensaje& mensaje, Icono /*icono*/) {
     avisos.push_back(mensaje.texto);
+    mensajes.push_back(mensaje);
     detalles += mensaje.detalle;
 }
 
@@ -61,18 +62,23 @@ Respuesta VistaDePrueba::Preguntar(const Mensaje& mensaje, Botones /*botones*/) 
     return respuesta;
 }
 
-std::optional<std::filesystem::path> VistaDePrueba::SiguienteArchivo() {
+std::optional<std::filesystem::path> VistaDePrueba::SiguienteArchivo(const PedidoDeArchivo& pedido) {
+    pedidos.push_back(pedido);
     if (archivos.empty()) return std::nullopt;
     std::filesystem::path archivo = archivos.front();
     archivos.pop_front();
     return archivo;
 }
 
-std::optional<std::filesystem::path> VistaDePrueba::ElegirParaAbrir(const std::filesystem::path& /*directorio*/,
-                                                                    const std::string& /*filtro*/) {
-    return SiguienteArchivo();
+std::optional<std::filesystem::path> VistaDePrueba::ElegirParaAbrir(const PedidoDeArchivo& pedido) {
+    return SiguienteArchivo(pedido);
 }
-std::optional<std::filesystem::path> VistaDePrueba::ElegirParaGrabar(const std::string& /*filtro*/) { return SiguienteArchivo(); }
+std::optional<std::filesystem::path> VistaDePrueba::ElegirParaGrabar(const PedidoDeArchivo& pedido) {
+    return SiguienteArchivo(pedido);
+}
+std::optional<std::filesystem::path> VistaDePrueba::ElegirCarpeta(const PedidoDeArchivo& pedido) {
+    return SiguienteArchivo(pedido);
+}
 
 void VistaDePrueba::PunteroOcupado(bool /*ocupado*/) {}
 void VistaDePrueba::MostrarFila(Tabla /*tabla*/, int /*fila*/) {}

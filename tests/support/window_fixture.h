@@ -21,17 +21,19 @@ public:
     std::vector<std::string> focos;   // controls that got the focus
     std::deque<Respuesta> respuestas;
     std::deque<std::filesystem::path> archivos;
-    std::string detalles;               // what the system said behind the messages
-    std::function<void()> alPreguntar;  // what else happens while a question stands
+    std::vector<Mensaje> mensajes;         // as they were told
+    std::vector<PedidoDeArchivo> pedidos;  // of file dialogs
+    std::string detalles;                  // what the system said behind the messages
+    std::function<void()> alPreguntar;     // what else happens while a question stands
 
     // The messages since the last call, joined by a blank.
     std::string TomarAvisos();
 
     void Mostrar(const Mensaje& mensaje, Icono icono) override;
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override;
-    std::optional<std::filesystem::path> ElegirParaAbrir(const std::filesystem::path& directorio,
-                                                         const std::string& filtro) override;
-    std::optional<std::filesystem::path> ElegirParaGrabar(const std::string& filtro) override;
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override;
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override;
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override;
     void PunteroOcupado(bool ocupado) override;
     void MostrarFila(Tabla tabla, int fila) override;
     void Enfocar(const std::string& control) override;
@@ -40,7 +42,7 @@ public:
     bool AbrirEditor(const std::filesystem::path& ruta) override;
 
 private:
-    std::optional<std::filesystem::path> SiguienteArchivo();
+    std::optional<std::filesystem::path> SiguienteArchivo(const PedidoDeArchivo& pedido);
 };
 
 // An editor with a view that records, and texts that tell their number: message 333 is "<333>". Rows are written with "|" between

@@ -1,0 +1,41 @@
+#include "app/qt/file_memory.h"
+
+#include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include "base/qt/text.h"
+
+namespace qor {
+
+namespace {
+
+QString Clave(ClaseDeArchivo clase) { return QStringLiteral("files/") + QString::fromLatin1(NombreDeClase(clase)); }
+
+QString Memoria(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
+
+std::filesystem::path DelUsuario() {
+    const QString documentos = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return RutaDeQt(QDir(documentos).exists() ? documentos : QDir::homePath());
+}
+
+}  // namespace
+
+LugaresDeDialogo LugaresDe(const Programa& programa, const std::filesystem::path& documento, ClaseDeArchivo clase) {
+    const auto& ajustes = programa.ajustes;
+    const auto elegido = HayDirectorioElegido(ajustes) ? ajustes.DirectorioDocumentos : std::filesystem::path();
+    const auto ultimo = clase == ClaseDeArchivo::Documento
+                            ? elegido
+                            : RutaDeQt(QSettings(Memoria(programa), QSettings::IniFormat).value(Clave(clase)).toString());
+    return {ultimo, documento.parent_path(), elegido.empty() ? DelUsuario() : elegido};
+}
+
+void RecordarLugar(Programa& programa, ClaseDeArchivo clase, const std::filesystem::path& elegido) {
+    if (clase == ClaseDeArchivo::Documento) {
+        programa.ajustes.DirectorioDocumentos = elegido.parent_path() / "";
+        return;
+    }
+    QSettings(Memoria(programa), QSettings::IniFormat).setValue(Clave(clase), NombreQt(elegido.parent_path()));
+}
+
+}  // namespace qor

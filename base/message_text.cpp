@@ -1,0 +1,75 @@
+#include "base/message_text.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+
+#include "base/paths.h"
+#include "base/words.h"
+
+namespace qor {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A message whose text guesses, and the words that only say what failed.
+struct SinConjetura {
+    int mensaje;
+    int palabra;
+};
+
+constexpr std::array<SinConjetura, 5> sinConjeturas = {{{326, palabra::NoSePudoEscribirElPrograma},
+                                                        {328, palabra::NoSePudoProcesarElArchivo},
+                                                        {335, palabra::NoSePudoAbrirElArchivo},
+                                                        {336, palabra::NoSePudoGuardarLaEspecificacion},
+                                                        {382, palabra::NoSePudoLeerElCatalogo}}};
+
+bool FaltaLaCarpeta(const fs::path& ruta) {
+    std::error_code ignorado;
+    return ruta.has_parent_path() && !fs::exists(ruta.parent_path(), ignorado);
+}
+
+// The words of a cause; 0 where only the system can tell it.
+int PalabraDe(const FalloDeMensaje& fallo) {
+    switch (fallo.causa) {
+        case CausaDeFallo::Falta: return FaltaLaCarpeta(fallo.ruta) ? palabra::LaCarpetaNoExiste : palabra::ElArchivoNoExiste;
+        case CausaDeFallo::EnUso: return palabra::OtroTieneElArchivo;
+        case CausaDeFallo::SinPermiso: return palabra::SinPermisoParaElArchivo;
+        case CausaDeFallo::SoloLectura: return palabra::ElDiscoEsDeSoloLectura;
+        case CausaDeFallo::SinLugar: return palabra::ElDiscoEstaLleno;
+        case CausaDeFallo::NoEsArchivo: return palabra::EsUnaCarpeta;
+        case CausaDeFallo::Cambiado: return palabra::OtroCambioElArchivo;
+        case CausaDeFallo::Danado: return palabra::ElArchivoEstaDanado;
+        case CausaDeFallo::Otra: break;
+    }
+    return 0;
+}
+
+std::string RutaEntera(const fs::path& ruta) {
+    try {
+        return RutaAbsoluta(ruta).string();
+    } catch (const FalloDeEjecucion&) {
+        return ruta.string();
+    }
+}
+
+}  // namespace
+
+TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos) {
+    TextoEnPantalla visto{mensaje.enPantalla, mensaje.detalle};
+    if (visto.texto.empty()) {
+        visto.texto = mensaje.numeros.empty() ? std::string(textos.PorIngles(mensaje.texto)) : mensaje.texto;
+    }
+    if (!mensaje.fallo) return visto;
+    const auto seguro = std::find_if(sinConjeturas.begin(), sinConjeturas.end(),
+                                     [&](const SinConjetura& otro) { return otro.mensaje == mensaje.Numero(); });
+    if (seguro != sinConjeturas.end()) visto.texto = textos.Palabra(seguro->palabra);
+    const int causa = PalabraDe(*mensaje.fallo);
+    if (causa == 0) return visto;
+    visto.texto += "\r\n" + textos.Palabra(causa);
+    visto.detalle = RutaEntera(mensaje.fallo->ruta);
+    return visto;
+}
+
+}  // namespace qor

@@ -1,0 +1,140 @@
+#include "base/file_request.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "base/message_text.h"
+#include "model/document_file.h"
+#include "model/suggested_name.h"
+#include "sap/import.h"
+#include "tests/support/failing_calls.h"
+#include "tests/support/language.h"
+#include "tests/support/left_out_on_windows.h"
+#include "tests/support/temporary_directory.h"
+#include "tests/support/window_fixture.h"
+
+namespace qor::pruebas {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FileDialogs, BeginAtTheFirstPlaceThatIsThere) {
+    const DirectorioTemporal d;
+    for (const char* const nombre : {"now", "last", "doc", "user"}) fs::create_directory(d / nombre);
+    struct Caso {
+        const char* presente;
+        const char* ultimo;
+        const char* delDocumento;
+        const char* comienzo;
+    };
+    const Caso casos[] = {
+        {"", "last", "doc", "last/new.pdf"},    {"now/old.pdf", "last", "doc", "now/old.pdf"},
+        {"now/", "last", "doc", "now/new.pdf"}, {"gone/old.pdf", "last", "doc", "last/old.pdf"},
+        {"", "gone", "doc", "doc/new.pdf"},     {"", "", "gone", "user/new.pdf"},
+    };
+    const auto en = [&](const char* nombre) { return *nombre == '\0' ? fs::path() : d / nombre; };
+    for (const auto& caso : casos) {
+        const PedidoDeArchivo pedido{ClaseDeArchivo::PDF, "PDF|*.pdf", en(caso.presente), "new.pdf"};
+        EXPECT_EQ(ComienzoDelDialogo(pedido, {en(caso.ultimo), en(caso.delDocumento), d / "user"}), d / caso.comienzo);
+    }
+    EXPECT_EQ(ComienzoDelDialogo({ClaseDeArchivo::PDF, "PDF|*.pdf", {}, "new.pdf"}, {}), "new.pdf");
+}
+
+TEST(FileDialogs, SuggestTheNameOfTheDocumentOrWhatItIsAbout) {
+    const auto textos = TextosDe("English");
+    struct Caso {
+        const char* ruta;
+        const char* programa;
+        const char* descripcion;
+        const char* nombre;
+    };
+    const Caso casos[] = {
+        {"/a/materials.qor", "zload.abap", "Load", "materials.pdf"},
+        {"", "c:\\loads\\zload.abap", "Load", "zload.pdf"},
+        {"", " ", "Plants / stock: 1\r\nof them", "Plants _ stock_ 1.pdf"},
+        {"", "", "...", "specification.pdf"},
+        {"", "", "", "specification.pdf"},
+    };
+    for (const auto& caso : casos) {
+        Documento documento;
+        documento.ruta = caso.ruta;
+        documento.opciones.Programa = caso.programa;
+        documento.opciones.Description = caso.descripcion;
+        EXPECT_EQ(NombreSugerido(documento, ".pdf", textos), caso.nombre);
+    }
+}
+
+#ifndef LEFT_OUT_FailedFiles_AreToldApartOnTheScreen
+// What the user of a screen reads, behind the words for what failed: the cause, and the whole name.
+TEST(FailedFiles, AreToldApartOnTheScreen) {
+    const DirectorioTemporal d;
+    const auto textos = TextosDe("English");
+    VistaDePrueba vista;
+    Documento abierto;
+    ASSERT_TRUE(GuardarDocumentoComo(abierto, d / "locked.qor", textos, vista));
+    d.Escribir("damaged.qor", "\"QOR\",1,2\r\n");
+    const auto bueno = d.Escribir("good.qor", "x");
+
+    const auto abrir = [&](const fs::path& ruta) {
+        Documento otro;
+        vista.mensajes.clear();
+        EXPECT_FALSE(AbrirDocumento(otro, ruta, textos, vista));
+    };
+    const auto guardar = [&](const fs::path& ruta) {
+        Documento otro;
+        vista.mensajes.clear();
+        EXPECT_FALSE(GuardarDocumentoComo(otro, ruta, textos, vista));
+    };
+    const auto visto = [&] {
+        const auto texto = EnPantalla(vista.mensajes.at(0), textos);
+        return texto.texto + "|" + texto.detalle;
+    };
+    const auto se = [&](const char* que, const char* causa, const fs::path& ruta) {
+        return std::string(que) + "\r\n" + causa + "|" + ruta.string();
+    };
+    constexpr const char* sinAbrir = "The file could not be opened.";
+    constexpr const char* sinGuardar = "The specification could not be saved.";
+
+    abrir(d / "none.qor");
+    EXPECT_EQ(visto(), se(sinAbrir, "There is no such file.", d / "none.qor"));
+    abrir(d / "none/a.qor");
+    EXPECT_EQ(visto(), se(sinAbrir, "The folder of the file does not exist.", d / "none/a.qor"));
+    abrir(d / "locked.qor");
+    EXPECT_EQ(visto(), se(sinAbrir, "Another window, another program or another user has the file open.", d / "locked.qor"));
+    abrir(d / "damaged.qor");
+    EXPECT_EQ(visto(), se(sinAbrir, "The file is damaged, or it is a file of another kind.", d / "damaged.qor"));
+    abrir(d.Ruta());
+    EXPECT_EQ(visto(), se(sinAbrir, "It is a folder or a device and not a file.", d.Ruta()));
+    {
+        const FalloProvocado fallo(LlamadaDeArchivo::Abrir, 1, EACCES);
+        abrir(bueno);
+    }
+    EXPECT_EQ(visto(), se(sinAbrir, "You have no permission for this file or its folder.", bueno));
+    {
+        const FalloProvocado fallo(LlamadaDeArchivo::Leer, 1, EIO);
+        const FalloProvocado otro(LlamadaDeArchivo::Abrir, 1, EIO);
+        abrir(bueno);
+    }
+    EXPECT_EQ(visto(), sinAbrir + std::string("|Input/output error: ") + bueno.string());  // only the system can tell
+    {
+        const FalloProvocado fallo(LlamadaDeArchivo::LlevarAlDisco, 1, ENOSPC);
+        guardar(d / "full.qor");
+    }
+    EXPECT_EQ(visto(), se(sinGuardar, "There is no room left on the disk.", d / "full.qor"));
+    guardar(d / "none/a.qor");
+    EXPECT_EQ(visto(), se(sinGuardar, "The folder of the file does not exist.", d / "none/a.qor"));
+
+    // A recording with more rows than there is room for is in order.
+    std::string grabacion;
+    for (int fila = 0; fila < 1200; ++fila) grabacion += "perform bdc_field using 'F" + std::to_string(fila) + "' 'X'.\r\n";
+    vista.mensajes.clear();
+    EXPECT_FALSE(
+        LeerImportacion({}, d.Escribir("long.txt", "perform bdc_dynpro using 'SAPLX' '0100'.\r\n" + grabacion), textos, vista));
+    EXPECT_EQ(visto(),
+              "The recording has more rows than there is room for on the program side.\r\n" + (d / "long.txt").string() + "|");
+}
+#endif
+
+}  // namespace
+}  // namespace qor::pruebas
