@@ -573,7 +573,7 @@ inline constexpr int NoSePudoAbrirLaCarpeta = 1623;
 inline constexpr int SeEscribioElPDF = 1624;
 inline constexpr int NoSePudoAbrirLaImpresora = 1625;
 inline constexpr int NombreSinTitulo = 1626;
-inline constexpr int LaGrabacionNoCabe = 1627;
+inline constexpr int LaAccionSobreElArchivoFallo = 1627;
 inline constexpr int NoSePudoEscribirElPrograma = 1628;
 
 // Main form: its start page and the documents that were open before

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-
 #include <functional>
 #include <optional>
 
