@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "generator/conversions.h"
 
