@@ -320,7 +320,7 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     if (OfrecerTrabajo()) return;
     if (!plan.documento.empty()) {
         Mandar([&] { AbrirInicial(programa_, ventana_, plan.documento); });
-        return;
+        return MostrarInicio();
     }
     if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });
     MostrarInicio();

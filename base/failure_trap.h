@@ -1,8 +1,8 @@
 #pragma once
 
 #include <exception>
+#include <string>
 
-#include "base/code_page.h"
 #include "base/view.h"
 
 namespace qor {
@@ -16,9 +16,7 @@ bool ConTrampa(Vista& vista, Accion accion) {
         return true;
     } catch (const std::exception& fallo) {
         vista.PunteroOcupado(false);
-        Mensaje aviso = ConDetalle(MensajeLiteral("The action failed."), fallo);
-        if (aviso.detalle.empty()) aviso.detalle = AUtf8(fallo.what());
-        vista.Advertir(aviso);
+        vista.Advertir(ConDetalle(MensajeLiteral(std::string("The action failed: ") + fallo.what() + "."), fallo));
         return false;
     }
 }

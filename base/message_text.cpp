@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/paths.h"
+#include "base/phrase.h"
 #include "base/words.h"
 
 namespace qor {
@@ -46,6 +47,16 @@ int PalabraDe(const FalloDeMensaje& fallo) {
     return 0;
 }
 
+// What only the command line says in English. The reason of an action that failed is that of the system, unless there are words
+// for it.
+std::string DeLiteral(const Mensaje& mensaje, const TextosIdioma& textos) {
+    constexpr const char* fallo = "The action failed: %1.";
+    const auto frase = ReconocerFrase(mensaje.texto, fallo);
+    if (!frase) return std::string(textos.PorIngles(mensaje.texto));
+    if (mensaje.fallo && PalabraDe(*mensaje.fallo) != 0) return textos.Palabra(palabra::LaAccionSobreElArchivoFallo);
+    return frase->En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); });
+}
+
 std::string RutaEntera(const fs::path& ruta) {
     try {
         return RutaAbsoluta(ruta).string();
@@ -58,9 +69,7 @@ std::string RutaEntera(const fs::path& ruta) {
 
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos) {
     TextoEnPantalla visto{mensaje.enPantalla, mensaje.detalle};
-    if (visto.texto.empty()) {
-        visto.texto = mensaje.numeros.empty() ? std::string(textos.PorIngles(mensaje.texto)) : mensaje.texto;
-    }
+    if (visto.texto.empty()) visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : mensaje.texto;
     if (!mensaje.fallo) return visto;
     const auto seguro = std::find_if(sinConjeturas.begin(), sinConjeturas.end(),
                                      [&](const SinConjetura& otro) { return otro.mensaje == mensaje.Numero(); });

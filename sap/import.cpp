@@ -9,18 +9,11 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "base/words.h"
 #include "generator/conversions.h"
 
 namespace qor {
 
 namespace {
-
-// The file is in order, but the program side has no room for its rows.
-class LadoLleno : public FalloDeEjecucion {
-public:
-    using FalloDeEjecucion::FalloDeEjecucion;
-};
 
 class LectorDeSesion {
 public:
@@ -47,7 +40,7 @@ private:
     }
 
     FilaDeTransaccion& Fila(int fila) {
-        if (fila >= filasTabla) throw LadoLleno("the program side is full");
+        if (fila >= filasTabla) throw FalloDeEjecucion("the program side is full");
         return tabla_[fila];
     }
 
@@ -195,11 +188,6 @@ std::optional<Importacion> LeerImportacion(const Especificacion& especificacion,
         LeerSesion(importacion.tabla, texto, *inicio, [&] { vista.Advertir(Componer(textos, {372})); });
         importacion.filas = FilasConTexto(importacion.tabla, *inicio);
         return importacion;
-    } catch (const LadoLleno&) {
-        Mensaje aviso = Componer(textos, {335});
-        aviso.enPantalla = textos.Palabra(palabra::LaGrabacionNoCabe) + "\r\n" + TextoDeRuta(archivo);
-        vista.Advertir(aviso);
-        return std::nullopt;
     } catch (const FalloDeEjecucion& fallo) {
         vista.Advertir(ConDetalle(Componer(textos, {335}), fallo, archivo));
         return std::nullopt;

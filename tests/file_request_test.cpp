@@ -4,10 +4,11 @@
 
 #include <cerrno>
 
+#include "base/failure_trap.h"
+#include "base/files.h"
 #include "base/message_text.h"
 #include "model/document_file.h"
 #include "model/suggested_name.h"
-#include "sap/import.h"
 #include "tests/support/failing_calls.h"
 #include "tests/support/language.h"
 #include "tests/support/left_out_on_windows.h"
@@ -125,14 +126,13 @@ TEST(FailedFiles, AreToldApartOnTheScreen) {
     guardar(d / "none/a.qor");
     EXPECT_EQ(visto(), se(sinGuardar, "The folder of the file does not exist.", d / "none/a.qor"));
 
-    // A recording with more rows than there is room for is in order.
-    std::string grabacion;
-    for (int fila = 0; fila < 1200; ++fila) grabacion += "perform bdc_field using 'F" + std::to_string(fila) + "' 'X'.\r\n";
+    // An action that no rule of its own catches.
     vista.mensajes.clear();
-    EXPECT_FALSE(
-        LeerImportacion({}, d.Escribir("long.txt", "perform bdc_dynpro using 'SAPLX' '0100'.\r\n" + grabacion), textos, vista));
-    EXPECT_EQ(visto(),
-              "The recording has more rows than there is room for on the program side.\r\n" + (d / "long.txt").string() + "|");
+    EXPECT_FALSE(ConTrampa(vista, [&] { LeerArchivo(d / "none.txt"); }));
+    EXPECT_EQ(visto(), se("The action failed.", "There is no such file.", d / "none.txt"));
+    vista.mensajes.clear();
+    EXPECT_FALSE(ConTrampa(vista, [] { throw FalloDeEjecucion("no luck"); }));
+    EXPECT_EQ(visto(), "The action failed: no luck.|");
 }
 #endif
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <functional>
 #include <optional>
 
@@ -331,6 +332,7 @@ TEST(Report, TemporaryReportsGoWithTheNextRun) {
     EXPECT_TRUE(std::filesystem::exists(segundo));
     ASSERT_TRUE(informe.Generar());
     EXPECT_FALSE(std::filesystem::exists(segundo));
+    std::ofstream(RutaDelSistema(informe.o.Programa), std::ios::app) << "* mine\n";
     ASSERT_FALSE(informe.Generar());  // the report that is there is the user's own, and stays
     EXPECT_TRUE(std::filesystem::exists(RutaDelSistema(informe.o.Programa)));
 }
