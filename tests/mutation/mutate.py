@@ -16,7 +16,8 @@ import tempfile
 import time
 from pathlib import Path
 
-from mutations import MUTATIONS
+sys.dont_write_bytecode = True
+from mutations import MUTATIONS  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
 COPY = ROOT / "build/mutation/source"
