@@ -190,18 +190,5 @@ TEST_F(Generador, StopInTheOperationsLeavesWhatStandsInFront) {
     EXPECT_EQ(prueba.vista.focos.back(), "Text5_0");
 }
 
-TEST_F(Generador, SessionIsNamedAfterTheDocument) {
-    const struct {
-        const char* ruta;
-        int CallTransaction;
-        const char* nombre;
-    } casos[] = {{"/a/Carga de clientes.qor", 0, "QOR_CRGDCLNT"}, {"", 0, "QORBDC"}, {"", 1, "ERRORS"}, {"/a/b.qor", 1, "ERR_B"}};
-    for (const auto& caso : casos) {
-        RutaDocumento = caso.ruta;
-        o.CallTransaction = caso.CallTransaction;
-        EXPECT_TRUE(Contiene(Generar(), "BDCNAME LIKE APQI-GROUPID VALUE '" + std::string(caso.nombre) + "',\r\n")) << caso.ruta;
-    }
-}
-
 }  // namespace
 }  // namespace qor::pruebas

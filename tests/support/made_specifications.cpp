@@ -47,15 +47,15 @@ void PonerBAPI(Hecha& h) {
     for (const std::size_t largo : {47U, 48U, 49U}) AgregarFilas(h, {"||HEAD-" + std::string(largo - 5, 'Z') + "|ORDERNO"});
     for (const std::size_t largo : {44U, 45U, 46U}) AgregarFilas(h, {"||HEAD-" + std::string(largo - 5, 'Y') + ";COND|ORDERNO"});
     if (conTabla) {
-        AgregarFilas(h, {"||LINES-ITM_NUMBER(1)|NUMBER" + Cabeza(h, "LINES", ",ORDERNO"), "||LINES-PLANT(1);COND|'0001'",
+        AgregarFilas(h, {"||LINES-ITM_NUMBER(1)|LINENO" + Cabeza(h, "LINES", ",ORDERNO"), "||LINES-PLANT(1);COND|'0001'",
                          "||LINES-VERY_LONG_FIELD_NAME_OF_LINES(1)|YET_ANOTHER_RATHER_LONG_NAME"});
         const int f = h.Espec().FilasArchivo();
-        h.prueba.PonerArchivo(f, "NUMBER|5");
+        h.prueba.PonerArchivo(f, "LINENO|5");
         h.prueba.PonerArchivo(f + 1, "YET_ANOTHER_RATHER_LONG_NAME|31");
     }
     AgregarFilas(h, {"||HEAD2-VERY_LONG_FIELD_NAME_OF_HEAD|ANOTHER_RATHER_LONG_FIELD_NAME"});
     const char* const devueltos[] = {"\r\n     TABLES\r\n       RETURN = RETURN.",
-                                     "\r\n     IMPORTING\r\n       RETURN = RETURN\r\n", ".",
+                                     "\r\n     IMPORTING\r\n       RETURN = RETURN.\r\n", ".",
                                      "\r\n     IMPORTING\r\n       A = HEAD\r\n     TABLES\r\n       RETURN = RETURN."};
     h.Espec().TablaBAPIs[0] = {"ANOTHER", "CALL FUNCTION 'ANOTHER'."};
     h.Espec().TablaBAPIs[1] = {nombreBAPI, "CALL FUNCTION '" + std::string(nombreBAPI) +
