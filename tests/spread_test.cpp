@@ -9,6 +9,8 @@
 #include "base/text.h"
 #include "generator/data_source_models.h"
 #include "generator/generate.h"
+#include "print/specification_print.h"
+#include "print/text_device.h"
 #include "tests/support/covering.h"
 #include "tests/support/digest.h"
 #include "tests/support/environment.h"
@@ -48,9 +50,37 @@ struct VistaConTexto : VistaDePrueba {
     void MostrarTexto(const std::string& mostrado) override { texto = mostrado; }
 };
 
-// Every report of the made documents, with what is said at its end, and the declarations that the user's own source sees. They are
-// compared with the last ones that were taken over, so that no change goes unseen. In the directory that QOR_SPREAD names, the ABAP
-// parser reads them, and what the compiler finds in them.
+// What the models of a data source write, one behind the other.
+std::string ModelosDeOrigen(const PedidoDeGeneracion& pedido, Especificacion& especificacion) {
+    const auto tablas = ImprimirEstructuras(pedido);
+    const auto textos = TextosDe(especificacion);
+    using enum FuenteDeModelo;
+    for (const auto fuente : {Server, Server, ClientFlat, ClientTab}) {
+        ModeloArchivo(pedido, textos, tablas.tablas.front(), fuente);
+    }
+    for (const auto& tabla : tablas.tablas) {
+        ModeloOpenSQL(pedido, textos, tabla, tablas.texto);
+        ModeloSQLNativo(pedido, textos, tabla, tablas.texto);
+    }
+    return textos.Variables + textos.Forms + textos.Source;
+}
+
+// The report part by part, what was said at its end, and what else is made of a document.
+std::vector<Seccion> TodoDe(const PedidoDeGeneracion& pedido, const ReporteGenerado& reporte, VistaConTexto& vista,
+                            Especificacion& especificacion) {
+    auto secciones = PartirInforme(reporte.texto);
+    secciones.push_back({"messages", vista.TomarAvisos() + vista.texto});
+    secciones.push_back({"structures", ImprimirEstructuras(pedido).texto});
+    DispositivoDeTexto papel;
+    PrintOption(pedido, [&papel] { return &papel; });
+    secciones.push_back({"print", papel.Texto()});
+    secciones.push_back({"models", ModelosDeOrigen(pedido, especificacion)});
+    return secciones;
+}
+
+// Every report of the made documents, with what is said at its end, the declarations that the user's own source sees, and the
+// printed specification. They are compared with the last ones that were taken over, so that no change goes unseen. In the directory
+// that QOR_SPREAD names, the ABAP parser reads them, and what the compiler finds in them.
 TEST(Spread, ReportsOfAllCombinationsAreAsExpected) {
     const char* const paraElParser = std::getenv("QOR_SPREAD");
     PonerVariable("SOURCE_DATE_EPOCH", "1100000000");
@@ -76,14 +106,12 @@ TEST(Spread, ReportsOfAllCombinationsAreAsExpected) {
             ASSERT_TRUE(reporte) << nombre << ": " << vista.TomarAvisos();
             EXPECT_EQ(LeerArchivo(estado.UltimoPrograma), reporte->texto) << nombre;
             RevisarForma(reporte->texto, nombre);
-            auto secciones = PartirInforme(reporte->texto);
-            secciones.push_back({"messages", vista.TomarAvisos() + vista.texto});
-            secciones.push_back({"structures", ImprimirEstructuras(pedido).texto});
-            compendio.Agregar(nombre, std::move(secciones));
-            if (paraElParser == nullptr) continue;
-            GuardarParaElParser(paraElParser, "spread" + std::to_string(numero), *reporte,
-                                BuscarHallazgos({hecha.Espec(), hecha.Opc(), hecha.preferencias, hecha.prueba.textos, hecha.ruta,
-                                                 NombreDeRuta(hecha.ruta)}));
+            if (paraElParser != nullptr) {
+                GuardarParaElParser(paraElParser, "spread" + std::to_string(numero), *reporte,
+                                    BuscarHallazgos({hecha.Espec(), hecha.Opc(), hecha.preferencias, hecha.prueba.textos,
+                                                     hecha.ruta, NombreDeRuta(hecha.ruta)}));
+            }
+            compendio.Agregar(nombre, TodoDe(pedido, *reporte, vista, hecha.Espec()));
         }
     }
     const auto diferencias = compendio.Diferencias();

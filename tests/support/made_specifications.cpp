@@ -84,12 +84,13 @@ void LlenarGrupos(Hecha& h) {
     if (h.variante == 1) h.Espec().TablaArchivo[4].ancho = "270";
     if (h.variante > 1) h.Espec().TablaArchivo[6].ancho = "255";
     h.Espec().TablaArchivo[4].conversion = h.variante == 2 ? "'1' @ 'ONE'" : "";
-    AgregarFilas(h,
-                 {"TRANS|VA01", "SAPMV45A|101", "||VBAK-VBELN|ORDERNO", "||VBAK-AUART|KIND", "||BDC_OKCODE|'/00'", "SAPMV45A|4001",
-                  "||VBAP-POSNR(1)|ITEM" + Cabeza(h, "ITEMS", ",ORDERNO"), "||VBAP-MATNR(1)|MATERIAL", "||BDC_OKCODE|'/00'",
-                  "SAPMV45A|4500", "||BDC_OKCODE;COND|'/05'", "||VBEP-ETENR(1)|SCHEDULE" + Cabeza(h, "", ",ORDERNO,ITEM"),
-                  "||VBEP-WMENG(1)|QUANTITY", "TRANS|VA02", "SAPMV45A|102", "||VBAK-VBELN|ORDERNO", "SAPMV45A|4900",
-                  "||TEXT-LINE(1)|TEXT" + Cabeza(h, "TEXTS", ",ORDERNO"), "||BDC_OKCODE|'=SICH'"});
+    h.Espec().TablaArchivo[1].nota = std::string(69, 'n') + "otes";
+    AgregarFilas(
+        h, {"TRANS|VA01", "SAPMV45A|101", "||VBAK-VBELN|ORDERNO|a note", "||VBAK-AUART|KIND", "||BDC_OKCODE|'/00'", "SAPMV45A|4001",
+            "||VBAP-POSNR(1)|ITEM" + Cabeza(h, "ITEMS", ",ORDERNO"), "||VBAP-MATNR(1)|MATERIAL", "||BDC_OKCODE|'/00'",
+            "SAPMV45A|4500", "||BDC_OKCODE;COND|'/05'", "||VBEP-ETENR(1)|SCHEDULE" + Cabeza(h, "", ",ORDERNO,ITEM"),
+            "||VBEP-WMENG(1)|QUANTITY", "TRANS|VA02", "SAPMV45A|102", "||VBAK-VBELN|ORDERNO", "SAPMV45A|4900",
+            "||TEXT-LINE(1)|TEXT" + Cabeza(h, "TEXTS", ",ORDERNO"), "||BDC_OKCODE|'=SICH'"});
     // Only a parameter needs no name of its file.
     h.Espec().TablaTransaccion[11].nota = ReemplazarTodo(h.Espec().TablaTransaccion[11].nota, "!2!3", "!2SCHEDULES!3");
 }
