@@ -9,6 +9,9 @@
 #include "base/text.h"
 #include "generator/data_source_models.h"
 #include "generator/generate.h"
+#include "model/naming.h"
+#include "model/operations.h"
+#include "model/record_layout.h"
 #include "print/specification_print.h"
 #include "print/text_device.h"
 #include "tests/support/covering.h"
@@ -42,6 +45,39 @@ void RevisarForma(const std::string& informe, const std::string& que) {
     for (const auto& llamada : llamadas) EXPECT_TRUE(formas.contains(llamada)) << que << ": no form " << llamada;
     EXPECT_EQ(ReemplazarTodo(informe, "\r\n", "").find_first_of("\r\n{}"), std::string::npos) << que;
     EXPECT_TRUE(informe.ends_with("\r\n")) << que;
+}
+
+// The fields of a record as the report declares them, with their widths.
+std::string CamposDelInforme(const std::string& informe, const std::string& tabla) {
+    std::string campos;
+    bool dentro = false;
+    for (const auto linea : PartirEnLineas(informe)) {
+        const auto cortada = Recortar(linea);
+        if (cortada.ends_with("BEGIN OF " + tabla + " OCCURS 0,")) dentro = true;
+        if (cortada.starts_with("END OF")) dentro = false;
+        if (dentro && cortada.ends_with("),") && !cortada.starts_with("DUMMY")) campos.append(cortada);
+    }
+    return campos;
+}
+
+// The checks of the input and the report have to read the same records.
+void RevisarDiseno(const std::string& informe, Hecha& hecha, const std::string& que) {
+    const DisenoDeRegistros diseno(hecha.Espec(), hecha.Opc());
+    if (!diseno.HayArchivo()) return;
+    const auto prefijo = SetearConvencionesDeNombres(hecha.preferencias).GTprefijo;
+    for (int grupo = 0; grupo <= ContarStepLoops(hecha.Espec()); ++grupo) {
+        std::string campos;
+        std::size_t columna = diseno.Identificador(grupo).size();
+        for (int f = 0; f < hecha.Espec().FilasArchivo(); ++f) {
+            if (!diseno.Pertenece(f, grupo)) continue;
+            const auto& fila = hecha.Espec().TablaArchivo[f];
+            campos += fila.campo + "(" + fila.ancho + "),";
+            EXPECT_EQ(diseno.SitioDe(f, grupo).columna, columna) << que << ": " << fila.campo;
+            columna += diseno.SitioDe(f, grupo).ancho;
+        }
+        const std::string tabla = prefijo + "ITAB" + (grupo == 0 ? "" : "SL_" + std::to_string(grupo));
+        EXPECT_EQ(campos, CamposDelInforme(informe, tabla)) << que << ": " << tabla;
+    }
 }
 
 // Keeps the text for the table of errors as well.
@@ -106,6 +142,7 @@ TEST(Spread, ReportsOfAllCombinationsAreAsExpected) {
             ASSERT_TRUE(reporte) << nombre << ": " << vista.TomarAvisos();
             EXPECT_EQ(LeerArchivo(estado.UltimoPrograma), reporte->texto) << nombre;
             RevisarForma(reporte->texto, nombre);
+            RevisarDiseno(reporte->texto, hecha, nombre);
             if (paraElParser != nullptr) {
                 GuardarParaElParser(paraElParser, "spread" + std::to_string(numero), *reporte,
                                     BuscarHallazgos({hecha.Espec(), hecha.Opc(), hecha.preferencias, hecha.prueba.textos,

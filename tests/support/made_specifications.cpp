@@ -78,7 +78,8 @@ void LlenarAmbos(Hecha& h) {
     PonerBAPI(h);
 }
 
-// Groups whose keys are fields of other groups, with records of many widths; a code that stands in front of its group.
+// Groups whose keys are fields of other groups, or their own in a row in front; records of many widths; a code in front of its
+// group.
 void LlenarGrupos(Hecha& h) {
     h.prueba.Archivo({"ORDERNO|10", "KIND|4", "ITEM|6", "MATERIAL|18", "SCHEDULE|4", "QUANTITY|13", "TEXT|300"});
     if (h.variante == 1) h.Espec().TablaArchivo[4].ancho = "270";
@@ -87,12 +88,11 @@ void LlenarGrupos(Hecha& h) {
     h.Espec().TablaArchivo[1].nota = std::string(69, 'n') + "otes";
     AgregarFilas(
         h, {"TRANS|VA01", "SAPMV45A|101", "||VBAK-VBELN|ORDERNO|a note", "||VBAK-AUART|KIND", "||BDC_OKCODE|'/00'", "SAPMV45A|4001",
-            "||VBAP-POSNR(1)|ITEM" + Cabeza(h, "ITEMS", ",ORDERNO"), "||VBAP-MATNR(1)|MATERIAL", "||BDC_OKCODE|'/00'",
-            "SAPMV45A|4500", "||BDC_OKCODE;COND|'/05'", "||VBEP-ETENR(1)|SCHEDULE" + Cabeza(h, "", ",ORDERNO,ITEM"),
+            "||VBAP-MATNR(1)|MATERIAL",
+            "||VBAP-POSNR(1)|ITEM" + Cabeza(h, "ITEMS", h.variante == 3 ? ",ORDERNO,MATERIAL" : ",ORDERNO"), "||BDC_OKCODE|'/00'",
+            "SAPMV45A|4500", "||BDC_OKCODE;COND|'/05'", "||VBEP-ETENR(1)|SCHEDULE" + Cabeza(h, "SCHEDULES", ",ORDERNO,ITEM"),
             "||VBEP-WMENG(1)|QUANTITY", "TRANS|VA02", "SAPMV45A|102", "||VBAK-VBELN|ORDERNO", "SAPMV45A|4900",
             "||TEXT-LINE(1)|TEXT" + Cabeza(h, "TEXTS", ",ORDERNO"), "||BDC_OKCODE|'=SICH'"});
-    // Only a parameter needs no name of its file.
-    h.Espec().TablaTransaccion[11].nota = ReemplazarTodo(h.Espec().TablaTransaccion[11].nota, "!2!3", "!2SCHEDULES!3");
 }
 
 void LlenarMuchas(Hecha& h) {
