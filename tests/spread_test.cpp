@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <set>
 
 #include "base/files.h"
@@ -126,10 +127,13 @@ TEST(Spread, ReportsOfAllCombinationsAreAsExpected) {
                         std::filesystem::path(QOR_TEST_BINARY_DIR) / "spread_last.txt");
     std::vector<int> niveles;
     for (const auto& eleccion : EleccionesHechas()) niveles.push_back(static_cast<int>(eleccion.size()));
-    niveles.push_back(4);
+    niveles.push_back(4);  // the variants
+    std::map<int, std::vector<std::vector<int>>> filas;
+    for (const int fuerza : {2, 3}) filas[fuerza] = FilasQueCubren(niveles, fuerza);
+    if (paraElParser != nullptr) std::filesystem::create_directories(paraElParser);
     int numero = 0;
     for (const auto& documento : DocumentosHechos()) {
-        for (const auto& fila : FilasQueCubren(niveles, documento.fuerza)) {
+        for (const auto& fila : filas.at(documento.fuerza)) {
             Hecha hecha;
             Llenar(hecha, documento, fila);
             const auto nombre = NombreDe(documento, fila);
