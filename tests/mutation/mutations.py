@@ -127,7 +127,6 @@ MUTATIONS = [
     ("dataset/data_set.cpp", "datos_.definiciones.back().posicion + datos_.definiciones.back().ancho", "datos_.definiciones.back().ancho"),
     ("dataset/data_set.cpp", ' && nombre != "BDC_SUBSCR"', ""),
     ("dataset/replacement.cpp", "aparece && siempre", "siempre"),
-    ("dataset/replacement.cpp", 'return Columnas(clave_, 11, 20) != "0000000000";', "return true;"),
     ("dataset/replacement.cpp", "        if (linea.size() > antes + ancho) cambiada.append(linea.substr(antes + ancho));\n", ""),
     ("dataset/line_reader.cpp", "const bool completa = fin != nullptr && (*fin == '\\n' || fin + 1 < principio + hay || alFinal_);",
      "const bool completa = fin != nullptr;"),
