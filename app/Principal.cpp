@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
@@ -21,9 +22,11 @@
 #include "app/pages/grids_page.h"
 #include "app/pages/options_page.h"
 #include "app/pages/output_row.h"
+#include "app/pages/start_page.h"
 #include "app/pages/tools_page.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
+#include "app/qt/recent_documents.h"
 #include "app/qt/scroll_page.h"
 #include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
@@ -47,9 +50,6 @@ namespace {
 // Up to this width the window takes the whole screen.
 constexpr int anchoDePantallaPequena = 800;
 
-// Where the window was left, in a file of its own beside the settings.
-QString RutaDeVentana(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
-
 }  // namespace
 
 Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista, const FabricaDeConexion& fabrica)
@@ -61,7 +61,8 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                             Hacer(accion);
                             return true;
                         },
-                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}) {
+                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}),
+      rutaDeVentana_(programa.rutaDeAjustes.parent_path() / "qor-window.ini") {
     setObjectName(QStringLiteral("Principal"));
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
                     [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
@@ -96,6 +97,8 @@ void Principal::Construir() {
     auto* const tecla = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(tecla, &QShortcut::activated, this, [this] { AyudaDelControl(); });
     controles_ = Controles(*this);
+    setAcceptDrops(true);
+    qApp->installEventFilter(this);
 }
 
 void Principal::CrearPaginas() {
@@ -108,8 +111,9 @@ void Principal::CrearPaginas() {
     opciones_ = new PaginaDeOpciones(entorno);
     herramientas_ = new PaginaDeHerramientas(entorno, *conexion_, [this] { ClicEditorBDC(); });
 
-    auto* const centro = new QWidget(this);
-    SSTab1_ = Nuevo<Pestanas>("SSTab1", centro);
+    centro_ = new QStackedWidget(this);
+    auto* const trabajo = new QWidget(centro_);
+    SSTab1_ = Nuevo<Pestanas>("SSTab1", trabajo);
     SSTab2_ = opciones_->SSTab2();
     for (QWidget* const pagina :
          std::initializer_list<QWidget*>{rejillas_, opciones_, herramientas_, new PaginaDeDocumentacion(entorno)}) {
@@ -120,12 +124,15 @@ void Principal::CrearPaginas() {
     connect(SSTab2_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab2 = pagina; });
     SSTab1_->PonerPermiso([this] { return lazos_.Mandar([] {}); });
     salida_ = new FilaDeSalida(
-        entorno, [this] { ClicGenerar(); }, centro);
-    auto* const orden = new QVBoxLayout(centro);
+        entorno, [this] { ClicGenerar(); }, trabajo);
+    auto* const orden = new QVBoxLayout(trabajo);
     orden->setContentsMargins(6, 6, 6, 2);
     orden->addWidget(SSTab1_, 1);
     orden->addWidget(salida_);
-    setCentralWidget(ConPanelDeHallazgos(centro));
+    inicio_ = NuevoInicio(centro_);
+    centro_->addWidget(trabajo);
+    centro_->addWidget(inicio_);
+    setCentralWidget(ConPanelDeHallazgos(centro_));
 }
 
 // The status bar.
@@ -189,6 +196,7 @@ void Principal::Sincronizar() {
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
+    MirarInicio();
     VigilarHallazgos();
     if (ensayo_) ensayo_->MirarDocumento();
 }
@@ -240,6 +248,8 @@ void Principal::RefrescarIdioma() {
     lazos_.SinCambios([this] {
         CambiarIdiomaDeQt(programa_.textos.Palabra(palabra::CodigoDelIdioma));
         PonerRotulos(controles_, programa_.textos);
+        inicio_->RefrescarIdioma();
+        inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
     ensayo_.reset();
@@ -252,6 +262,7 @@ void Principal::RefrescarIdioma() {
 // Shows the control's page of the tabs and gives the control the focus.
 void Principal::EnfocarControl(const std::string& nombre) {
     if (EnfocarEnDialogo(nombre)) return;
+    OcultarInicio();
     Sincronizar();
     auto* const control = controles_.Buscar<QWidget>(QByteArray::fromStdString(nombre));
     if (control == nullptr) return;
@@ -315,6 +326,7 @@ void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
         return;
     }
     if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });
+    MostrarInicio();
 }
 
 void Principal::CuidarTrabajo() {
@@ -388,7 +400,7 @@ void Principal::changeEvent(QEvent* evento) {
 }
 
 void Principal::RestaurarVentana() {
-    const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
+    const QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     rejillas_->RestaurarReparto(ajustes);
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
@@ -411,7 +423,7 @@ void Principal::RestaurarVentana() {
 }
 
 void Principal::GuardarVentana() const {
-    QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
+    QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
     rejillas_->GuardarReparto(ajustes);
     if (division_->Alto() > 0) ajustes.setValue(QStringLiteral("findings/height"), division_->Alto());
