@@ -50,11 +50,13 @@ std::string Dato(int operacion, int linea, const std::string& datos) {
 const std::string dosTransacciones = Sesion('M', "QOR_TEST") +                                                            //
                                      Sesion('T', "MM01") + Pantalla("SAPLMGMM", "0060") + Sesion(' ', "MATNR", "abc1") +  //
                                      Sesion(' ', "MAKTX(1)", "Screw") + Sesion(' ', "MAKTX(2)", "Nut") +                  //
-                                     Sesion(' ', "BDC_OKCODE", "/00") +                                                   //
+                                     Sesion(' ', "BDC_OKCODE", "/00") + Sesion(' ', "BDC_CURSOR", "F") +
+                                     Sesion(' ', "BDC_SUBSCR", "S") +  //
                                      Sesion('T', "XD01") + Sesion(' ', "MATNR", "abc2") + Sesion(' ', "KUNNR", "7");
 
-const std::string tablaDeErrores = DefinicionDe(1, 4, "MATNR") + DefinicionDe(1, 6, "MAKTX") + DefinicionDe(2, 3, "MEINS") +  //
-                                   Dato(1, 1, "abc1Screw ") + Dato(1, 2, "PC") + Dato(1, 0, "message") +                      //
+const std::string tablaDeErrores = DefinicionDe(1, 4, "MATNR") + DefinicionDe(1, 6, "MAKTX") + DefinicionDe(1, 2, "SPART") +
+                                   DefinicionDe(2, 3, "MEINS") +                                          //
+                                   Dato(1, 1, "abc1Screw ") + Dato(1, 2, "PC") + Dato(1, 0, "message") +  //
                                    Dato(2, 1, "abc2");
 
 struct PruebaDeDatos : testing::Test {
@@ -104,9 +106,7 @@ TEST_F(PruebaDeDatos, ScanListsTransactionsAndFieldsOnce) {
 
     const auto tabla = Examinar(Escribir(tablaDeErrores));
     ASSERT_TRUE(tabla);
-    EXPECT_EQ(tabla->campos, (std::vector<std::string>{"MATNR", "MAKTX", "MEINS"}));
-    EXPECT_EQ(tabla->definiciones[1].posicion, 5);
-    EXPECT_EQ(tabla->definiciones[2].posicion, 1);
+    EXPECT_EQ(tabla->campos, (std::vector<std::string>{"MATNR", "MAKTX", "SPART", "MEINS"}));
 }
 
 TEST_F(PruebaDeDatos, UnknownAndUnreadableFilesAreRefused) {
@@ -151,6 +151,9 @@ TEST_F(PruebaDeDatos, ErrorTableKeepsItsColumns) {
          Cambiar(Cambiar(tablaDeErrores, "abc1", "XXbc"), "abc2", "XXbc")},
         {"a short line grows to the field", De("MAKTX", "Nut"),
          Cambiar(Cambiar(tablaDeErrores, "Screw ", "Nut   "), "abc2", "abc2Nut   ")},
+        {"a field behind two others", De("SPART", "1"),
+         Cambiar(Cambiar(tablaDeErrores, "Screw ", "Screw 1 "), "abc2", "abc2      1 ")},
+        {"a field of another line", De("MEINS", "KG"), Cambiar(tablaDeErrores, "PC", "KG ")},
     };
     for (auto& caso : casos) EXPECT_EQ(Reemplazar(tablaDeErrores, caso.reemplazo), caso.esperado) << caso.que;
 }

@@ -94,7 +94,8 @@ TEST(CellChange, GoesIntoTheTableCutAndRaised) {
     EscribirEnCelda(p.ventana, {Col::Valor, 0}, " 'a b' ");
     EXPECT_EQ(p.FilaTransaccion(0), "BAPI|T||'a b'");
     EscribirEnCelda(p.ventana, {Col::Valor, 0}, " @p ");
-    EXPECT_EQ(p.FilaTransaccion(0), "BAPI|T||@P");
+    EscribirEnCelda(p.ventana, {Col::Campo, 0}, " 'a");
+    EXPECT_EQ(p.FilaTransaccion(0), "BAPI|T|'A|@P");
 }
 
 TEST(LeavingText1, NumbersOrEmptiesADuplicate) {

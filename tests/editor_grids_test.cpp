@@ -388,6 +388,12 @@ TEST(MarkedRows, AreCopiedAndDeletedTogether) {
     TeclaEnCelda(p.ventana, *p.ventana.foco, Tecla::Arriba);
     const auto filas = FilasDelComando(p.ventana, *p.ventana.foco);
     EXPECT_EQ(filas.desde, filas.hasta);
+    // Rows above the window: it goes to where they were.
+    p.LlenarArchivo(40);
+    MostrarArchivoSinFocus(p.ventana, 20);
+    BorrarFilas(p.ventana, {Col::Ancho, 0}, {Tabla::Archivo, 5, 6});
+    EXPECT_EQ(p.ventana.archivo.PrimeraFilaArchivo, 5);
+    EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 0}) + p.Foco(), "F7Text2_0");
 }
 
 TEST(RowBlocks, AreReadAsSpreadsheetsWriteThem) {
@@ -441,6 +447,14 @@ TEST(RowBlocks, FillTheGridsByTheRulesOfTyping) {
     Deshacer(p.ventana);
     EXPECT_THAT(p.FilasArchivo(), ElementsAre("KEEP|9", "OLD|8|note", "MATNR|7"));
     EXPECT_TRUE(p.documento.deshacer.Vacia());
+}
+
+TEST(RowBlocks, FillTheTableToItsLastRow) {
+    VentanaDePrueba p;
+    p.LlenarArchivo(998);
+    MostrarArchivoSinFocus(p.ventana, 987);
+    EXPECT_TRUE(PegarBloque(p.ventana, {Col::CampoDeArchivo, 12}, "A\t1\nB\t2"));
+    EXPECT_EQ(p.FilaArchivo(1000), "B|2");
 }
 
 TEST(RowBlocks, ThatCannotBeTakenWholeChangeNothing) {

@@ -75,6 +75,9 @@ TEST_F(Generador, ChecksHaveTheirMessages) {
          },
          "<323>", true},
         {"too many ids", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "1,2,3"; }, "<381> 2", false},
+        {"a shorter id", [](auto& g) { g.o.MultipleFilesOption = false, g.o.Identificadores = "01,2"; }, "<380>", false},
+        {"a field of a group behind it",
+         [](auto& g) { g.prueba.PonerTransaccion(7, "P|2"), g.prueba.PonerTransaccion(8, "||F|ITEM"); }, "<367> ITEM.", false},
         {"no ids", [](auto& g) { g.o.MultipleFilesOption = false; }, "", false},
         {"no keys in files of their own", [](auto& g) { g.e.TablaTransaccion[5].nota = sinClaves; },
          "<378>\r\r<375>\r\r<376>\r\r<377>", false},
@@ -97,6 +100,12 @@ TEST_F(Generador, ChecksHaveTheirMessages) {
          "<305> VBAP-POSNR(1)].", false},
         {"a group without a file",
          [](auto& g) { g.o.FileParameterCh = 0, g.e.TablaTransaccion[5].nota = "!1 1!2!30!4!51!65!7,ORDER"; },
+         "<306> VBAP-POSNR(1)<307>", false},
+        {"the file of a group comes before the values",
+         [](auto& g) {
+             g.o.FileParameterCh = 0, g.e.TablaTransaccion[5].nota = "!1 1!2!30!4!51!65!7,ORDER",
+             g.e.TablaTransaccion[3].valor = "'";
+         },
          "<306> VBAP-POSNR(1)<307>", false},
         {"a quote in a constant", [](auto& g) { g.e.TablaTransaccion[3].valor = "'a'b'"; }, "<310> 'a'b' <311>", false},
         {"half a constant", [](auto& g) { g.e.TablaTransaccion[3].valor = "'"; }, "<326>", false},
@@ -151,6 +160,7 @@ TEST_F(Generador, ControlCharactersAreRefusedWithTheirPlace) {
         {[](auto& g) { g.e.TablaCondiciones[0].nombre += '\n'; }, "(0A) stands in the name in row 0 of the conditions."},
         {[](auto& g) { g.e.TablaBAPIs[2].nombre = std::string(1, '\0'); }, "(00) stands in the name in row 2 of the BAPIs."},
         {[](auto& g) { g.o.SpaceCode = "\x1F"; }, "(1F) stands in the option SpaceCode."},
+        {[](auto& g) { g.o.NombreManual = "A\n"; }, "(0A) stands in the option NombreManual."},
     };
     for (const auto& caso : casos) {
         Rehacer();
@@ -188,19 +198,6 @@ TEST_F(Generador, StopInTheOperationsLeavesWhatStandsInFront) {
     const auto informe = Generar();
     EXPECT_TRUE(informe.ends_with("         DYNPROTAB = BDC_TAB.\r\nENDFORM.\r\n"));
     EXPECT_EQ(prueba.vista.focos.back(), "Text5_0");
-}
-
-TEST_F(Generador, SessionIsNamedAfterTheDocument) {
-    const struct {
-        const char* ruta;
-        int CallTransaction;
-        const char* nombre;
-    } casos[] = {{"/a/Carga de clientes.qor", 0, "QOR_CRGDCLNT"}, {"", 0, "QORBDC"}, {"", 1, "ERRORS"}, {"/a/b.qor", 1, "ERR_B"}};
-    for (const auto& caso : casos) {
-        RutaDocumento = caso.ruta;
-        o.CallTransaction = caso.CallTransaction;
-        EXPECT_TRUE(Contiene(Generar(), "BDCNAME LIKE APQI-GROUPID VALUE '" + std::string(caso.nombre) + "',\r\n")) << caso.ruta;
-    }
 }
 
 }  // namespace

@@ -23,7 +23,8 @@ TEST(Lines, LongLinesAreFoldedOutsideQuotes) {
         std::string linea, esperada;
     } casos[] = {
         {a71, a71 + "\r\n"},
-        {a71 + "a", a71 + "a\r\n"},  // no blank to fold at
+        {"a " + std::string(69, 'b'), "a " + std::string(69, 'b') + "\r\n"},  // as long as a line
+        {a71 + "a", a71 + "a\r\n"},                                           // no blank to fold at
         {a60 + " " + std::string(20, 'b'), a60 + "\r\n" + std::string(51, ' ') + std::string(20, 'b') + "\r\n"},
         {"* " + std::string(60, 'c') + " " + std::string(20, 'c'),
          "* " + std::string(60, 'c') + " " + std::string(20, 'c') + "\r\n"},
@@ -123,9 +124,9 @@ TEST(Conversions, ReferencesAndPairsAreRead) {
         const char* esperada;
         bool deStep;
     } casos[] = {
-        {"#MATNR.", "GT_ITAB-MATNR.", false},           {"IF #STEP = 'X'.", "IF GT_ITAB-STEP = 'X'.", true},
-        {"#step+1(2)", "GT_ITAB-step+1(2)", true},      {"#STEP)", "GT_ITAB-STEP)", false},  // ")" ends no name
-        {"a#b #STEP", "aGT_ITAB-b GT_ITAB-STEP", true},
+        {"#MATNR.", "GT_ITAB-MATNR.", false},      {"IF #STEP = 'X'.", "IF GT_ITAB-STEP = 'X'.", true},
+        {"#step+1(2)", "GT_ITAB-step+1(2)", true}, {"#STEP)", "GT_ITAB-STEP)", false},  // ")" ends no name
+        {"#STEP[1]", "GT_ITAB-STEP[1]", true},     {"a#b #STEP", "aGT_ITAB-b GT_ITAB-STEP", true},
     };
     for (const auto& caso : casos) {
         const auto convertida = ConvertirTexto(caso.linea, operaciones, "GT_");

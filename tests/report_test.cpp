@@ -61,108 +61,11 @@ struct Informe {
         o.ArchivoFuente = "orders.txt";
     }
 
-    void SoloBAPI(const std::string& seccionReturn) {
-        e.TablaTransaccion = std::vector<FilaDeTransaccion>(filasTabla);
-        prueba.Transaccion({"BAPI|BAPI_X", "||HEAD-A|ORDER", "||HEAD-B|DATE"});
-        e.VariablesGlobales = "DATA: HEAD LIKE T, RET LIKE BAPIRET2.";
-        e.TablaBAPIs[0] = {"BAPI_X", "CALL FUNCTION 'BAPI_X'\r\n     " + seccionReturn + "\r\n       RETURN = RET."};
-    }
-
     bool Generar(SistemaConectado* sistema = nullptr) {
         return qor::Generar({e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema}, estado)
             .has_value();
     }
-    std::string Texto() { return Generar() ? LeerArchivo(RutaDelSistema(o.Programa)) : "refused: " + vista.diario; }
 };
-
-// What tests/spread_test.cpp has in no report of its own, or only among much else.
-TEST(Report, ChoicesShapeItsLines) {
-    using Textos = std::vector<std::string>;
-    const struct {
-        const char* que;
-        std::function<void(Informe&)> cambio;
-        Textos hay;
-        Textos noHay;
-    } casos[] = {
-        {"names as constants, on purpose without those of step-loops",
-         [](auto& i) { i.o.FileParameterCh = 0; },
-         {"      FILE(128) VALUE 'orders.txt',\r\n      ERROR TYPE C", "*   Step-Loop file 1  : items.txt  ", "USING SLOOP_1 "},
-         {"PARAMETERS", "SLOOP_1(128)"}},
-        {"one file with keys",
-         [](auto& i) { i.o.MultipleFilesOption = false, i.o.Identificadores = "H,I", i.o.ArchivoFuente = "C:\\Orders.TXT"; },
-         {"        ID(1),\r\n        LINE(18),\r\n", "DEFAULT 'c:\\orders.txt'\r\n", "      MOVE MULTITAB-LINE TO ITABSL_1.\r\n"},
-         {"AUTOCOUNTER", "Step-Loop", "SLOOP_"}},
-        {"no file field",
-         [](auto& i) {
-             i.e.TablaArchivo = std::vector<FilaDeArchivo>(filasTabla), i.prueba.Transaccion({"", "", "", "", "", "", ""}),
-             i.prueba.Transaccion({"TRANS|T", "P|1", "||F|'x'"});
-         },
-         {"OCCURS 0,\r\n        DUMMY(1),\r\n      END OF ITAB,\r\n"},
-         {"TABFORM"}},
-        {"no operation but a head",
-         [](auto& i) { i.prueba.PonerTransaccion(7, "TRANS|VA01"); },
-         {"FORM GENERATE_BDC_VA01_2 CHANGING TCODE.\r\n\r\n  TCODE = 'VA01'.\r\n  REFRESH BDC_TAB.\r\n  PROCESS_FIELDS = "
-          "YES.\r\n\r\n"
-          "ENDFORM.\r\n"},
-         {}},
-        {"a key that is a field of the other group is not in the main record",
-         [](auto& i) {
-             i.prueba.PonerArchivo(3, "SUB|4");
-             i.prueba.PonerTransaccion(7, "P|2");
-             i.prueba.PonerTransaccion(8, "||G(1)|SUB|!1 1!2b!30!4!51!65!7,ITEM");
-             i.prueba.PonerTransaccion(9, "||BDC_OKCODE|'/11'");
-         },
-         {"        ORDER(10), \r\n        DATE(8), \r\n      END OF ITAB,",
-          "        ITEM(6), \r\n        SUB(4), \r\n      END OF ITABSL_2"},
-         {}},
-        {"conditions on the screen of a step-loop",
-         [](auto& i) { i.e.TablaTransaccion[4].dynpro = "4001;COND", i.e.TablaTransaccion[6].campo = "BDC_OKCODE;COND"; },
-         {"      PERFORM DYNPRO USING ' ' 'BDC_OKCODE' '/00' 'COND'.\r\n      PERFORM DYNPRO USING 'X' 'SAPMV45A' '4001' "
-          "'COND'.\r\n"},
-         {}},
-        {"an error structure",
-         [](auto& i) { i.SoloBAPI("IMPORTING"), i.o.ErrorHandlingCheck = 1, i.o.ProgID = "1"; },
-         {"  IF RET-TYPE = 'E'.\r\n    ROLLBACK WORK.\r\n    DATAERRORSFOUND = YES.\r\n    DATAERRORS-ID = 0.\r\n",
-          "    COMMIT WORK.\r\n"},
-         {"DYNPRO", "INSERT_DATA ", "OPEN_GROUP"}},
-        {"a constant opens no chain, and its condition is a word",
-         [](auto& i) {
-             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1] = {"", "", "HEAD-A;COND", "'x'", ""};
-         },
-         {"       'x' TO HEAD-A COND.\r\n  MOVE:\r\n       ITAB-DATE TO HEAD-B.\r\n"},
-         {}},
-        {"moves that are too long for a line",
-         [](auto& i) {
-             const std::string campo = "HEAD-" + std::string(50, 'Z');
-             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[1].campo = campo, i.e.TablaTransaccion[2].campo = campo + ";COND";
-         },
-         {"  MOVE:\r\n       ITAB-ORDER TO\r\n       HEAD-" + std::string(50, 'Z') + ".\r\n  PERFORM COND_CHECK",
-          "    MOVE ITAB-DATE TO\r\n    HEAD-" + std::string(50, 'Z') + ".\r\n  ELSE."},
-         {}},
-        {"a BAPI's name is cut for its form",
-         [](auto& i) {
-             i.SoloBAPI("TABLES"), i.e.TablaTransaccion[0].dynpro = i.e.TablaBAPIs[0].nombre = "BAPI_" + std::string(25, 'Y');
-         },
-         {"PERFORM BAPI_" + std::string(21, 'Y') + "_1.\r\n"},
-         {}},
-    };
-    for (const auto& caso : casos) {
-        Informe informe;
-        caso.cambio(informe);
-        const auto texto = informe.Texto();
-        for (const auto& hay : caso.hay) EXPECT_TRUE(Contiene(texto, hay)) << caso.que << ": " << hay << "\nin\n" << texto;
-        for (const auto& noHay : caso.noHay) EXPECT_FALSE(Contiene(texto, noHay)) << caso.que << ": " << noHay;
-    }
-}
-
-// The comment of an operation counts its code and not its number.
-TEST(Report, CommentOfTheTenthOperationIsAColumnWider) {
-    Informe informe;
-    for (int n = 2; n <= 10; ++n) informe.prueba.PonerTransaccion(5 + n, "TRANS|VA01");
-    const auto texto = informe.Texto();
-    EXPECT_TRUE(Contiene(texto, "VA01_9" + std::string(38, ' ') + "*\r\n"));
-    EXPECT_TRUE(Contiene(texto, "VA01_10" + std::string(38, ' ') + "*\r\n"));
-}
 
 // A specification with every fault at once shows them in the order of the checks, as each one is repaired.
 TEST(Report, ChecksRunInTheirOrder) {
