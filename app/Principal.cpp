@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QSettings>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -40,7 +39,6 @@
 #include "editor/commands.h"
 #include "editor/document_commands.h"
 #include "editor/grids.h"
-#include "editor/help_pages.h"
 #include "editor/option_rules.h"
 #include "sap/session.h"
 
@@ -97,8 +95,7 @@ void Principal::Construir() {
     CrearMenus();
     CrearBarra();
     CrearEstado();
-    auto* const tecla = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    connect(tecla, &QShortcut::activated, this, [this] { AyudaDelControl(); });
+    CrearTeclasDeAyuda();
     controles_ = Controles(*this);
     setAcceptDrops(true);
     qApp->installEventFilter(this);
@@ -273,40 +270,6 @@ void Principal::EnfocarControl(const std::string& nombre) {
     }
     control->setFocus(Qt::OtherFocusReason);
     if (auto* const caja = qobject_cast<QLineEdit*>(control)) caja->selectAll();
-}
-
-// ---- Help ----
-
-void Principal::MostrarAyuda(int mensaje, QWidget* ventana) { VentanaDeAyudaPara(ventana).MostrarPagina(mensaje); }
-
-void Principal::MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana) {
-    VentanaDeAyudaPara(ventana).MostrarPagina(pagina);
-}
-
-VentanaDeAyuda& Principal::VentanaDeAyudaPara(QWidget* ventana) {
-    if (ventana == nullptr || ventana == this) return VentanaPropiaDeAyuda();
-    // A modal dialog shuts out every window but its own.
-    auto* const propia = new VentanaDeAyuda(programa_.textos, programa_.directorioDeDatos, ventana);
-    propia->setAttribute(Qt::WA_DeleteOnClose);
-    return *propia;
-}
-
-VentanaDeAyuda& Principal::VentanaPropiaDeAyuda() {
-    if (ayuda_ == nullptr) {
-        ayuda_ = new VentanaDeAyuda(programa_.textos, programa_.directorioDeDatos, this);
-        ayuda_->setAttribute(Qt::WA_QuitOnClose, false);
-    }
-    return *ayuda_;
-}
-
-void Principal::AyudaDelControl() {
-    if (hallazgos_->isAncestorOf(focusWidget())) return AyudaDelHallazgo();
-    QByteArray nombre;
-    for (QWidget* control = focusWidget(); control != nullptr && control != this; control = control->parentWidget()) {
-        nombre = control->objectName().toLatin1();
-        if (controles_.Buscar(nombre) != nullptr) break;
-    }
-    MostrarAyuda(PaginaDeAyuda(nombre.toStdString(), SSTab1_->currentIndex()));
 }
 
 // ---- Start and end ----

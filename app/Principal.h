@@ -87,9 +87,6 @@ private:
     // Saves the settings that the user has just chosen; tells once where that fails, until it succeeds again.
     void GuardarAjustes();
     void EnfocarControl(const std::string& nombre);
-    VentanaDeAyuda& VentanaPropiaDeAyuda();
-    VentanaDeAyuda& VentanaDeAyudaPara(QWidget* ventana);
-    void AyudaDelControl();
     void AplicarReglas();
     void MostrarConexion();
     void MostrarTitulo();
@@ -100,6 +97,14 @@ private:
     // one was restored; it then stands in the place of a document named at the start.
     void CuidarTrabajo();
     bool OfrecerTrabajo();
+
+    // ---- PrincipalAyuda.cpp: F1 and What's this? ----
+    VentanaDeAyuda& VentanaPropiaDeAyuda();
+    VentanaDeAyuda& VentanaDeAyudaPara(QWidget* ventana);
+    void CrearTeclasDeAyuda();
+    void AyudaDelControl();
+    void MostrarAyudaDe(const QWidget* control);
+    bool AyudaDelDialogo(QWidget& control);
 
     // ---- PrincipalMenus.cpp ----
     void CrearMenus();
@@ -153,6 +158,7 @@ private:
     void MirarInicio();
     void CrearMenuDeRecientes(QMenu* archivo);
     void AbrirReciente(const std::filesystem::path& documento);
+    bool RecibirSoltado(QEvent& evento);
     void RecibirArchivo(const std::filesystem::path& archivo);
     void ImportarArchivo(const std::filesystem::path& archivo);
 

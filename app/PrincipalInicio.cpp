@@ -128,17 +128,13 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
 
 // The controls of the form take texts; a file is for the form, wherever it is dropped. Its program waits for the end of the drop,
 // so what may ask something comes behind it.
-bool Principal::eventFilter(QObject* objeto, QEvent* evento) {
-    const auto clase = evento->type();
-    if (clase != QEvent::DragEnter && clase != QEvent::DragMove && clase != QEvent::Drop) return false;
-    const auto* const control = qobject_cast<QWidget*>(objeto);
-    if (control == nullptr || control->window() != this) return false;
-    auto& soltado = *static_cast<QDropEvent*>(evento);
+bool Principal::RecibirSoltado(QEvent& evento) {
+    auto& soltado = static_cast<QDropEvent&>(evento);
     if (!soltado.mimeData()->hasUrls()) return false;
     const auto archivo = UnicoArchivo(*soltado.mimeData());
     soltado.setDropAction(Qt::CopyAction);
     soltado.setAccepted(!archivo.empty());
-    if (clase == QEvent::Drop && !archivo.empty()) {
+    if (evento.type() == QEvent::Drop && !archivo.empty()) {
         QMetaObject::invokeMethod(
             this, [this, archivo] { RecibirArchivo(archivo); }, Qt::QueuedConnection);
     }

@@ -9,6 +9,7 @@
 #include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWhatsThis>
 #include <vector>
 
 #include "app/Principal.h"
@@ -265,6 +266,10 @@ void Principal::CrearOtrosMenus() {
 
     QMenu* const ayuda = NuevoMenu("HelpOption");
     NuevaAccion("Contenido", ayuda, [this] { MostrarAyuda(paginaDeContenido); })->setIcon(IconoDeTema("contents"));
+    auto* const queEsEsto = Nuevo<QAction>("WhatsThisOption", this);
+    ayuda->addAction(queEsEsto);
+    queEsEsto->setShortcut(QKeySequence::WhatsThis);
+    connect(queEsEsto, &QAction::triggered, this, [] { QWhatsThis::enterWhatsThisMode(); });
     auto* const ejemplos = NuevaAccion("ScreenCam", ayuda, [this] { AbrirEjemplo(); });
     ejemplos->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
     ayuda->addSeparator();

@@ -595,6 +595,8 @@ inline constexpr int EspecificacionNueva = 1754;
 inline constexpr int AbrirUnDocumento = 1755;
 inline constexpr int ComoEmpezar = 1756;
 inline constexpr int ElDocumentoYaNoEsta = 1757;
+// Main form: its Help menu
+inline constexpr int QueEsEsto = 1700;
 
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }

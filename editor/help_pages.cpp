@@ -64,6 +64,22 @@ const std::vector<Pagina> paginas = {
     {722, {"Conditions"}},
     {724, {"NewButton", "OpenButton", "PrintButton", "SaveButton"}}};
 
+struct PaginaConNombre {
+    std::string_view pagina;
+    std::vector<std::string_view> nombres;
+};
+
+const std::vector<PaginaConNombre> propias = {
+    {"conversion-code.html", {"FormMostrarTextos"}},
+    {"data-preview.html", {"DataPreviewButton", "FormDatos"}},
+    {"data-source.html", {"FormConsultaOrigen", "FormConsultadeEliminar"}},
+    {"documents.html", {"FormDirectorios", "FormEjemplos", "FormPrinters", "PaginaDeInicio"}},
+    {"file-grid.html", {"FormCamposQueFaltan"}},
+    {"options.html", {"FormLenguaje", "FormSelectLanguage"}},
+    {"program-grid.html", {"FormBAPI", "FormBAPIFields", "FormTrans"}},
+    {"rehearsal.html", {"RehearseButton", "FormEnsayo"}},
+    {"tools.html", {"FormABAP", "FormImport", "FormLogon"}}};
+
 // "Text5_3" is the control Text5.
 std::string_view SinLinea(std::string_view control) {
     return control.starts_with("Text") ? control.substr(0, control.find('_')) : control;
@@ -78,6 +94,13 @@ int PaginaDeAyuda(std::string_view control, int pestana) {
     }
     constexpr std::array<int, 4> deLasPestanas = {711, 701, 703, 700};
     return deLasPestanas.at(static_cast<std::size_t>(pestana));
+}
+
+std::string_view PaginaPropia(std::string_view nombre) {
+    for (const auto& [pagina, nombres] : propias) {
+        if (std::find(nombres.begin(), nombres.end(), nombre) != nombres.end()) return pagina;
+    }
+    return {};
 }
 
 }  // namespace qor

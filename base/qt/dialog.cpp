@@ -64,6 +64,7 @@ QPushButton* Dialogo::NuevaAyuda(const char* nombre, const QString& rotulo, cons
     if (findChild<QShortcut*>(QStringLiteral("TeclaDeAyuda")) == nullptr) {
         auto* const tecla = new QShortcut(QKeySequence::HelpContents, this);
         tecla->setObjectName(QStringLiteral("TeclaDeAyuda"));
+        setProperty(propiedadDePagina, mensaje);
         connect(tecla, &QShortcut::activated, boton, &QPushButton::click);
     }
     return boton;

@@ -19,6 +19,9 @@ namespace qor {
 // Opens a help page, named by the number of its message, above the window that asks for it.
 using AbrirAyuda = std::function<void(int mensaje, QWidget* ventana)>;
 
+// Holds the number of the message that names a dialog's help page, for the boxes that come up above it.
+constexpr const char* propiedadDePagina = "paginaDeAyuda";
+
 // What all dialogs have in common: their name, captions by number, a size by the letters of their font, and one way out. Dialogs
 // are modal and keep nothing but references to what they edit.
 class Dialogo : public QDialog {
@@ -46,7 +49,7 @@ protected:
     QLabel* NuevaExplicacion(const char* nombre, const QString& texto);
     QGroupBox* NuevoMarco(const char* nombre, const QString& titulo);
 
-    // The help button, and F1.
+    // The help button, and F1. The dialog bears the number of its page in its property `propiedadDePagina`.
     QPushButton* NuevaAyuda(const char* nombre, const QString& rotulo, const AbrirAyuda& ayuda, int mensaje);
 
     // A row of buttons; the first `aLaIzquierda` ones stand at the left.
