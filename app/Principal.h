@@ -28,12 +28,13 @@ class QTimer;
 namespace qor {
 
 class CeldaDeRejilla;
-class DivisionConPanel;
+class DivisionConPaneles;
 class FilaDeSalida;
 class FormEnsayo;
 class PaginaDeHerramientas;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
+class PanelDeEstructuras;
 class PanelDeHallazgos;
 class Pestanas;
 class VentanaDeAyuda;
@@ -139,6 +140,8 @@ private:
     void ClicDirectorios();
     void ClicSeleccionarIdioma();
     void MostrarPresentacion();
+    // What the first activation does behind the opening box.
+    void SeguirActivacion(const PrimeraActivacion& plan);
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
 
@@ -158,6 +161,9 @@ private:
     MateriaDeHallazgos MateriaDeLaVentana() const;
     void MostrarHallazgos();
     void EncenderHallazgos(bool encendido);
+    // The pane of the structures beside it.
+    void EncenderEstructuras(bool encendidas);
+    void MostrarPanelDeEstructuras();
     void HallazgosTrasGenerar(const FinDeGeneracion& fin);
     void IrAVecino(int paso);
     void IrAHallazgo(int hallazgo);
@@ -193,7 +199,8 @@ private:
     VigiaDeHallazgos vigia_;
     QTimer* pausa_ = nullptr;
     PanelDeHallazgos* hallazgos_ = nullptr;
-    DivisionConPanel* division_ = nullptr;
+    PanelDeEstructuras* estructuras_ = nullptr;
+    DivisionConPaneles* division_ = nullptr;
 };
 
 }  // namespace qor

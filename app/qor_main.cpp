@@ -14,10 +14,12 @@
 #include "app/qt/help_window.h"
 #include "app/qt/sap_actions.h"
 #include "app/qt/screen_view.h"
+#include "app/qt/theme_icon.h"
 #include "app/qt/toolkit_language.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
 #include "base/process.h"
+#include "base/qt/colours.h"
 #include "base/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/document_commands.h"
@@ -56,6 +58,7 @@ void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
 int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argumentos) {
     QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
     qor::CambiarIdiomaDeQt(programa.textos.Palabra(qor::palabra::CodigoDelIdioma));
+    qor::DistinguirTextosDeEspera();
     qor::VistaDePantalla vista(programa.textos);
     const auto ayuda = [&programa](int mensaje, QWidget* ventana) {
         auto* const pagina = new qor::VentanaDeAyuda(programa.textos, programa.directorioDeDatos, ventana);
@@ -63,6 +66,7 @@ int CorrerEditorDeDatos(const qor::Programa& programa, const QStringList& argume
         pagina->MostrarPagina(mensaje);
     };
     qor::FormBDCEditor editor(programa.textos, vista, programa.ajustes.DirectorioDocumentos, ayuda, nullptr);
+    editor.setWindowIcon(qor::IconoDeTema("data-set-editor"));
     if (!argumentos.isEmpty()) {
         const std::filesystem::path ruta = QFile::encodeName(argumentos.first()).toStdString();
         QTimer::singleShot(0, &editor, [&editor, ruta] { editor.Abrir(ruta); });

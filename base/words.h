@@ -543,6 +543,12 @@ inline constexpr int MarcarTodos = 1499;
 inline constexpr int MarcarNinguno = 1500;
 inline constexpr int Agregar = 1501;
 
+// Data-set editor
+inline constexpr int ElijaElCampoAReemplazar = 1650;
+
+// Main form: the pane of the structures
+inline constexpr int OrdenEstructurasAbajo = 1651;
+
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }
 

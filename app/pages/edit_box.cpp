@@ -1,7 +1,6 @@
 #include "app/pages/edit_box.h"
 
 #include <QCheckBox>
-#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -25,7 +24,6 @@ CajaDeEdicion::CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acc
     auto* const condiciones = entorno_.lazos.Boton("Conditions", this, acciones.condiciones);
     condiciones->setIcon(IconoDeTema("conditions"));
     CrearBusquedas();
-    AplicarPaleta();
 
     auto* const orden = new QGridLayout(this);
     orden->addLayout(arrastre, 0, 0, 1, 2);
@@ -75,20 +73,6 @@ void CajaDeEdicion::CrearBusquedas() {
 
 void CajaDeEdicion::RepetirBusqueda() {
     entorno_.lazos.Mandar([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.ventana) : BuscarTransaccion(entorno_.ventana); });
-}
-
-void CajaDeEdicion::changeEvent(QEvent* evento) {
-    QGroupBox::changeEvent(evento);
-    if (evento->type() == QEvent::PaletteChange && buscado_ != nullptr) AplicarPaleta();
-}
-
-// Not every desktop gives place holders a colour of its own dark palette.
-void CajaDeEdicion::AplicarPaleta() {
-    QPalette paleta = buscado_->palette();
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.5F);
-    paleta.setColor(QPalette::PlaceholderText, color);
-    buscado_->setPalette(paleta);
 }
 
 }  // namespace qor

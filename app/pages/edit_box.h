@@ -25,13 +25,9 @@ public:
     // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda();
 
-protected:
-    void changeEvent(QEvent* evento) override;
-
 private:
     QLayout* NuevaFilaDeArrastre();
     void CrearBusquedas();
-    void AplicarPaleta();
 
     EntornoDePagina entorno_;
     CajaDeLinea* buscado_ = nullptr;
