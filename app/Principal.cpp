@@ -52,7 +52,7 @@ namespace qor {
 namespace {
 
 constexpr int paginaDeEstructuras = 709;
-constexpr int letrasComodas = 230;  // of a line of the window
+constexpr int letrasComodas = 270;  // of a line of the window
 
 // Where the window was left, in a file of its own beside the settings.
 QString RutaDeVentana(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
@@ -424,10 +424,9 @@ void Principal::RestaurarVentana() {
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
-    // Most of the screen, but no wider than what can be overlooked; room for the findings below the pages.
-    const QSize comodo(
-        std::min(fontMetrics().averageCharWidth() * letrasComodas, sitio.width() * 9 / 10),
-        std::min(menor.height() + hallazgos_->sizeHint().expandedTo(estructuras_->sizeHint()).height(), sitio.height() * 9 / 10));
+    // Most of the screen, but no wider than what can be overlooked, and no higher than the pages with panes below them.
+    const QSize comodo(std::min(fontMetrics().averageCharWidth() * letrasComodas, sitio.width() * 9 / 10),
+                       std::min(menor.height() * 4 / 3, sitio.height() * 9 / 10));
     resize(comodo.expandedTo(menor));
     const QRect pantalla = screen()->availableGeometry();
     move(pantalla.topLeft() + QPoint(pantalla.width() - width(), sitio.height() - height()) / 2);

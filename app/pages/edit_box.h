@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QGroupBox>
 #include <functional>
 
+#include "app/pages/folding_box.h"
 #include "app/pages/page.h"
 
 class QPushButton;
@@ -12,7 +12,7 @@ namespace qor {
 class CajaDeLinea;
 
 // What edits the grids, below the program side: OK codes to drag onto a value, Autofill, operations, conditions, the searches.
-class CajaDeEdicion : public QGroupBox {
+class CajaDeEdicion : public CajaPlegable {
     Q_OBJECT
 public:
     struct Acciones {
@@ -26,7 +26,7 @@ public:
     void RepetirBusqueda();
 
 private:
-    QLayout* NuevaFilaDeArrastre();
+    QWidget* NuevaFilaDeArrastre();
     void CrearBusquedas();
 
     EntornoDePagina entorno_;

@@ -43,7 +43,7 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
         }
         rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
     }
-    marco->PonerPartes({5, 2});
+    marco->PonerPartes({4, 1});
     barra_ = NuevaBarra(this, "BarraArchivo", ultimaPrimeraFilaArchivo, lineasArchivo);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
         entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.ventana, primera - entorno_.ventana.archivo.PrimeraFilaArchivo); });

@@ -16,7 +16,7 @@ namespace qor {
 
 namespace {
 
-constexpr int parteDelArchivo = 5;
+constexpr int parteDelArchivo = 4;
 constexpr int parteDelPrograma = 9;
 constexpr int pixelesPorParte = 100;
 constexpr int anchoDeDivision = 12;
