@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
@@ -24,11 +25,13 @@
 #include "app/pages/options_page.h"
 #include "app/pages/output_row.h"
 #include "app/pages/panes_below.h"
+#include "app/pages/start_page.h"
 #include "app/pages/structures_pane.h"
 #include "app/pages/tools_page.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
 #include "app/qt/opening_box.h"
+#include "app/qt/recent_documents.h"
 #include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
 #include "app/qt/toolkit_language.h"
@@ -54,9 +57,6 @@ namespace {
 constexpr int paginaDeEstructuras = 709;
 constexpr int letrasComodas = 270;  // of a line of the window
 
-// Where the window was left, in a file of its own beside the settings.
-QString RutaDeVentana(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
-
 }  // namespace
 
 Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista, const FabricaDeConexion& fabrica)
@@ -68,7 +68,8 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                             Hacer(accion);
                             return true;
                         },
-                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}) {
+                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}),
+      rutaDeVentana_(programa.rutaDeAjustes.parent_path() / "qor-window.ini") {
     setObjectName(QStringLiteral("Principal"));
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
                     [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
@@ -104,6 +105,8 @@ void Principal::Construir() {
     auto* const tecla = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(tecla, &QShortcut::activated, this, [this] { AyudaDelControl(); });
     controles_ = Controles(*this);
+    setAcceptDrops(true);
+    qApp->installEventFilter(this);
 }
 
 void Principal::CrearPaginas() {
@@ -116,8 +119,9 @@ void Principal::CrearPaginas() {
     opciones_ = new PaginaDeOpciones(entorno);
     herramientas_ = new PaginaDeHerramientas(entorno, *conexion_, [this] { ClicEditorBDC(); });
 
-    auto* const centro = new QWidget(this);
-    SSTab1_ = Nuevo<Pestanas>("SSTab1", centro);
+    centro_ = new QStackedWidget(this);
+    auto* const trabajo = new QWidget(centro_);
+    SSTab1_ = Nuevo<Pestanas>("SSTab1", trabajo);
     SSTab2_ = opciones_->SSTab2();
     for (QWidget* const pagina :
          std::initializer_list<QWidget*>{rejillas_, opciones_, herramientas_, new PaginaDeDocumentacion(entorno)}) {
@@ -128,12 +132,15 @@ void Principal::CrearPaginas() {
     connect(SSTab2_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab2 = pagina; });
     SSTab1_->PonerPermiso([this] { return lazos_.Mandar([] {}); });
     salida_ = new FilaDeSalida(
-        entorno, [this] { ClicGenerar(); }, centro);
-    auto* const orden = new QVBoxLayout(centro);
+        entorno, [this] { ClicGenerar(); }, trabajo);
+    auto* const orden = new QVBoxLayout(trabajo);
     orden->setContentsMargins(6, 6, 6, 2);
     orden->addWidget(SSTab1_, 1);
     orden->addWidget(salida_);
-    setCentralWidget(ConPanelDeHallazgos(centro));
+    inicio_ = NuevoInicio(centro_);
+    centro_->addWidget(trabajo);
+    centro_->addWidget(inicio_);
+    setCentralWidget(ConPanelDeHallazgos(centro_));
 }
 
 // The status bar.
@@ -197,6 +204,7 @@ void Principal::Sincronizar() {
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
+    MirarInicio();
     VigilarHallazgos();
     if (ensayo_) ensayo_->MirarDocumento();
 }
@@ -248,6 +256,8 @@ void Principal::RefrescarIdioma() {
     lazos_.SinCambios([this] {
         CambiarIdiomaDeQt(programa_.textos.Palabra(palabra::CodigoDelIdioma));
         PonerRotulos(controles_, programa_.textos);
+        inicio_->RefrescarIdioma();
+        inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
     ensayo_.reset();
@@ -261,6 +271,7 @@ void Principal::RefrescarIdioma() {
 // Shows the control's page of the tabs and gives the control the focus.
 void Principal::EnfocarControl(const std::string& nombre) {
     if (EnfocarEnDialogo(nombre)) return;
+    OcultarInicio();
     Sincronizar();
     auto* const control = controles_.Buscar<QWidget>(QByteArray::fromStdString(nombre));
     if (control == nullptr) return;
@@ -330,6 +341,7 @@ void Principal::SeguirActivacion(const PrimeraActivacion& plan) {
         return;
     }
     if (plan.conectar && conexion_->Disponible()) Mandar([this] { conexion_->Logon(); });
+    MostrarInicio();
 }
 
 void Principal::CuidarTrabajo() {
@@ -405,7 +417,7 @@ void Principal::changeEvent(QEvent* evento) {
 }
 
 void Principal::RestaurarVentana() {
-    const QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
+    const QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     EncenderEstructuras(ajustes.value(QStringLiteral("structures/shown"), true).toBool());
     rejillas_->RestaurarReparto(ajustes);
@@ -433,7 +445,7 @@ void Principal::RestaurarVentana() {
 }
 
 void Principal::GuardarVentana() const {
-    QSettings ajustes(RutaDeVentana(programa_), QSettings::IniFormat);
+    QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
     rejillas_->GuardarReparto(ajustes);
     ajustes.setValue(QStringLiteral("structures/shown"), estructuras_->Encendido());

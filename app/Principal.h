@@ -23,15 +23,18 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QStackedWidget;
 class QTimer;
 
 namespace qor {
 
 class CeldaDeRejilla;
 class DivisionConPaneles;
+struct EjemploIncluido;
 class FilaDeSalida;
 class FormEnsayo;
 class PaginaDeHerramientas;
+class PaginaDeInicio;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
 class PanelDeEstructuras;
@@ -69,6 +72,7 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void changeEvent(QEvent* evento) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
     // ---- Principal.cpp ----
@@ -145,9 +149,20 @@ private:
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
 
+    // ---- PrincipalInicio.cpp: the start page, documents that were open before, files that are dropped ----
+    PaginaDeInicio* NuevoInicio(QWidget* padre);
+    void MostrarInicio();
+    void OcultarInicio();
+    void MirarInicio();
+    void CrearMenuDeRecientes(QMenu* archivo);
+    void AbrirReciente(const std::filesystem::path& documento);
+    void RecibirArchivo(const std::filesystem::path& archivo);
+    void ImportarArchivo(const std::filesystem::path& archivo);
+
     // ---- PrincipalEnsayo.cpp ----
     void ClicEnsayo();
     void AbrirEjemplo();
+    void AbrirCopia(const EjemploIncluido& ejemplo);
     void OfrecerConvenciones(const std::filesystem::path& carpeta);
 
     // ---- PrincipalHallazgos.cpp: the pane of findings ----
@@ -183,6 +198,11 @@ private:
     bool cerrado_ = false;
     bool sinGuardarAvisado_ = false;
 
+    std::filesystem::path rutaDeVentana_;  // where the window's state is kept, beside the settings
+    std::filesystem::path anotado_;        // the document that was noted last among the recent ones
+
+    QStackedWidget* centro_ = nullptr;  // the work, or the start page
+    PaginaDeInicio* inicio_ = nullptr;
     Pestanas* SSTab1_ = nullptr;
     Pestanas* SSTab2_ = nullptr;
     PaginaDeRejillas* rejillas_ = nullptr;

@@ -8,7 +8,6 @@
 #include "app/examples.h"
 #include "app/practice_file.h"
 #include "app/qt/input_memory.h"
-#include "app/show_changes.h"
 #include "base/failure.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
@@ -16,7 +15,6 @@
 #include "editor/close_gaps.h"
 #include "editor/document_commands.h"
 #include "input/layout.h"
-#include "sap/import.h"
 
 // From an example to its rehearsal.
 namespace qor {
@@ -83,6 +81,7 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
     ArchivoINI propios;
     propios.CargarINI(carpeta / nombreDeAjustes);
     if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
+    Sincronizar();  // the question is asked above the document that it is about
     const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
     if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
     activas = 1;
@@ -93,17 +92,18 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
 void Principal::AbrirEjemplo() {
     const auto directorio = DirectorioDeEjemplos(programa_.directorioDeDatos);
     const auto ejemplos = LeerEjemplos(programa_.directorioDeDatos, directorio);
-    const auto destino = CarpetaDeCopias();
-    FormEjemplos dialogo(programa_.textos, ejemplos, destino, this);
+    FormEjemplos dialogo(programa_.textos, ejemplos, CarpetaDeCopias(), this);
     dialogo.exec();
-    const auto elegido = dialogo.Elegido();
-    if (!elegido) return;
-    const auto& ejemplo = ejemplos.at(*elegido);
+    if (const auto elegido = dialogo.Elegido()) AbrirCopia(ejemplos.at(*elegido));
+}
+
+void Principal::AbrirCopia(const EjemploIncluido& ejemplo) {
     const bool deDatos = ejemplo.clase == EjemploIncluido::Clase::JuegoDeDatos;
     if (!deDatos && !DejarDocumento(ventana_)) return;
     std::filesystem::path archivo;
     try {
-        archivo = CopiarEjemplo(directorio / ejemplo.carpeta, destino) / ejemplo.archivo;
+        archivo =
+            CopiarEjemplo(DirectorioDeEjemplos(programa_.directorioDeDatos) / ejemplo.carpeta, CarpetaDeCopias()) / ejemplo.archivo;
     } catch (const FalloDeArchivo& fallo) {
         Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::NoSePuedeCopiarElEjemplo)));
         aviso.detalle = fallo.Detalle();
@@ -114,12 +114,7 @@ void Principal::AbrirEjemplo() {
             if (OpenOption(ventana_, archivo)) OfrecerConvenciones(archivo.parent_path());
             break;
         case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
-        case EjemploIncluido::Clase::Grabacion: {
-            auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);
-            if (importacion)
-                TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, palabra::Filas)));
-            break;
-        }
+        case EjemploIncluido::Clase::Grabacion: ImportarArchivo(archivo); break;
     }
 }
 

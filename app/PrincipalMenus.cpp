@@ -65,8 +65,11 @@ void Principal::CrearMenus() {
 
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
-    auto* const nuevo = NuevaAccion("NewOption", archivo, [this] { NewOption(ventana_); });
+    auto* const nuevo = NuevaAccion("NewOption", archivo, [this] {
+        if (NewOption(ventana_)) OcultarInicio();
+    });
     auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(programa_.ajustes.DirectorioDocumentos); });
+    CrearMenuDeRecientes(archivo);
     auto* const ejemplo = NuevaAccion("OpenExampleOption", archivo, [this] { AbrirEjemplo(); });
     ejemplo->setVisible(!DirectorioDeEjemplos(programa_.directorioDeDatos).empty());
     auto* const grabar = NuevaAccion("SaveOption", archivo, [this] { SaveOption(ventana_); });

@@ -549,6 +549,16 @@ inline constexpr int ElijaElCampoAReemplazar = 1650;
 // Main form: the pane of the structures
 inline constexpr int OrdenEstructurasAbajo = 1651;
 
+// Main form: its start page and the documents that were open before
+inline constexpr int MenuDeRecientes = 1750;
+inline constexpr int VaciarEstaLista = 1751;
+inline constexpr int DocumentosRecientes = 1752;
+inline constexpr int TodaviaNoSeAbrioNinguno = 1753;
+inline constexpr int EspecificacionNueva = 1754;
+inline constexpr int AbrirUnDocumento = 1755;
+inline constexpr int ComoEmpezar = 1756;
+inline constexpr int ElDocumentoYaNoEsta = 1757;
+
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }
 

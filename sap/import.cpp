@@ -155,6 +155,19 @@ void LeerSesion(std::vector<FilaDeTransaccion>& tabla, std::string_view texto, i
     LectorDeSesion(tabla, texto, inicio, malEscrita).Leer();
 }
 
+bool EsGrabacion(std::string_view texto) {
+    constexpr int lineasDeCabecera = 2;
+    int cabecera = 0;
+    for (const auto linea : PartirEnLineas(texto)) {
+        const auto clase = Tramo(linea, 41, 5);
+        if (cabecera++ < lineasDeCabecera && (clase == "0000T" || clase == "0000M")) return true;
+        if (!Contiene(linea, "'")) continue;
+        const std::string mayusculas = Mayusculas(linea);
+        if (Contiene(mayusculas, "BDC_DYNPRO") || Contiene(mayusculas, "BDC_TRANSACTION")) return true;
+    }
+    return false;
+}
+
 std::optional<Importacion> LeerImportacion(const Especificacion& especificacion, const std::filesystem::path& archivo,
                                            const TextosIdioma& textos, Vista& vista) {
     const auto inicio = ElegirInicio(especificacion, textos, vista);

@@ -27,6 +27,10 @@ namespace qor {
 // field; the rows read until then stay in the table.
 void LeerSesion(std::vector<FilaDeTransaccion>& tabla, std::string_view texto, int inicio, const std::function<void()>& malEscrita);
 
+// Whether a text, or the beginning of one, looks like one of the two: a line with BDC_DYNPRO or BDC_TRANSACTION and an apostrophe,
+// or the header or transaction of a session among the first two lines.
+bool EsGrabacion(std::string_view texto);
+
 // The program side as it stands behind an import.
 struct Importacion {
     std::vector<FilaDeTransaccion> tabla;

@@ -577,7 +577,6 @@ TEST(InputCheck, CommandLine) {
     EXPECT_EQ(partir("D/g"), 0);
     EXPECT_THAT(qorgen.errores, HasSubstr(archivo + ": 3 good, 1 bad\n"));
     // Nothing takes the place of what is read, or of another output, whether that is there or not.
-    fs::create_symlink("none", qorgen.directorio / "link");
     fs::create_hard_link(qorgen.directorio / "b", qorgen.directorio / "hard");
     qorgen.directorio.Escribir("materials.checks", "MATKL list values/none.txt\n");
     qorgen.directorio.Escribir("values/none.txt", "x");
@@ -585,15 +584,20 @@ TEST(InputCheck, CommandLine) {
                                "D/Tessaline.ini", "D/b", "D/hard"}) {
         EXPECT_EQ(partir(salida), 2) << salida;
     }
+#ifndef _WIN32  // links need a privilege there
+    fs::create_symlink("none", qorgen.directorio / "link");
     EXPECT_EQ(qorgen.Correr({"data", "split", "D/materials.qor", "D/materials.txt", "--good", "D/link", "--bad", "D/values/../none",
                              "--reasons", "D/r"}),
               2);
+#endif
     fs::remove(qorgen.directorio / "materials.checks");
     EXPECT_EQ(partir("D/materials.checks"), 2);
+#ifndef _WIN32  // names are no bytes there
     // What would do something on a terminal is written out.
     const auto rara = qorgen.directorio.Escribir("\x1B[1m\xC3\xA4\xC2\x9B\xE9", "\x90\n");
     qorgen.Correr({"data", "check", "D/materials.qor", rara.string()});
     EXPECT_THAT(qorgen.salida, HasSubstr("/\\x1B[1m\xC3\xA4\\xC2\\x9B\\xE9:1:1: error: MATNR \"\\x90\": the byte 90"));
+#endif
     EXPECT_EQ(qorgen.Correr({"data", "check", "D/materials.qor", "D/g", "--max-findings", "-1"}), 2);
     EXPECT_EQ(qorgen.Correr({"data", "check", "D/materials.qor", "D/g", "D/g"}), 2);
     fs::remove(archivo);

@@ -247,6 +247,7 @@ TEST(Settings, AreSavedInTheirOrderAndReadBack) {
 }
 #endif
 
+#ifndef LEFT_OUT_DataDirectory_IsTheInstalledOneOrThatOfTheTreeByTheLanguageFile
 TEST(DataDirectory, IsTheInstalledOneOrThatOfTheTreeByTheLanguageFile) {
     const DirectorioTemporal directorio;
     const auto programa = directorio.Escribir("bin/qorgen", "");
@@ -259,6 +260,7 @@ TEST(DataDirectory, IsTheInstalledOneOrThatOfTheTreeByTheLanguageFile) {
     // This program isn't installed.
     EXPECT_EQ(DirectorioDeDatos(), fs::path(QOR_TEST_SOURCE_DIR) / "data");
 }
+#endif
 
 }  // namespace
 }  // namespace qor

@@ -154,6 +154,7 @@ struct RotuloDePalabra {
 constexpr RotuloDePalabra palabras[] = {
     {"RehearseOption", palabra::OrdenEnsayar},
     {"OpenExampleOption", palabra::OrdenAbrirUnEjemplo},
+    {"RecentOption", palabra::MenuDeRecientes},
     {"EditOption", palabra::MenuEdicion},
     {"UndoOption", palabra::Deshacer},
     {"UpOption", palabra::SubirElCampo},

@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "base/qt/dialog.h"
 #include "tests/forms/all_dialogs.h"
@@ -131,12 +132,12 @@ TEST(OpeningBox, GoesWithAnyKeyWhichIsNotLost) {
         auto* const caja = p.principal->findChild<QDialog*>("frmAbout");
         ASSERT_TRUE(caja != nullptr && caja->isVisible());
         auto* const celda = p.Control<QLineEdit>("Text1_0");
-        QTest::keyClick(celda, Qt::Key_Shift);
+        QTest::keyClick(p.principal->windowHandle(), Qt::Key_Shift);
         EXPECT_TRUE(caja->isVisible());
-        QTest::keyClick(celda, tecla);
+        QTest::keyClick(p.principal->windowHandle(), tecla);
         EXPECT_FALSE(caja->isVisible());
         EXPECT_EQ(celda->text(), QLatin1String(queda)) << tecla;
-        QTest::keyClick(celda, Qt::Key_A);
+        QTest::keyClick(p.principal->windowHandle(), Qt::Key_A);
         EXPECT_EQ(celda->text(), QLatin1String(queda) + QLatin1String("A"));
     }
 }

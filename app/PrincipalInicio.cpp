@@ -1,0 +1,168 @@
+#include <QAction>
+#include <QApplication>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <algorithm>
+#include <system_error>
+
+#include "app/Principal.h"
+#include "app/dropped_file.h"
+#include "app/examples.h"
+#include "app/pages/controls.h"
+#include "app/pages/start_page.h"
+#include "app/qt/recent_documents.h"
+#include "app/show_changes.h"
+#include "base/failure.h"
+#include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "base/words.h"
+#include "editor/document_commands.h"
+#include "sap/import.h"
+
+// What a user begins with: the start page, the documents that were open before, and files that are dropped onto the window.
+namespace qor {
+
+namespace {
+
+// The one file that a drag brings; empty for several ones, and for what is no file of this machine.
+std::filesystem::path UnicoArchivo(const QMimeData& datos) {
+    const auto direcciones = datos.urls();
+    if (direcciones.size() != 1 || !direcciones.front().isLocalFile()) return {};
+    return RutaDeQt(direcciones.front().toLocalFile());
+}
+
+// A word of a menu: its letters are none of the file's name.
+QString SinLetra(QString nombre) { return nombre.replace(QLatin1Char('&'), QLatin1String("&&")); }
+
+}  // namespace
+
+// ---- The start page ----
+
+PaginaDeInicio* Principal::NuevoInicio(QWidget* padre) {
+    std::vector<EjemploIncluido> ejemplos;
+    try {
+        ejemplos = LeerEjemplos(programa_.directorioDeDatos, DirectorioDeEjemplos(programa_.directorioDeDatos));
+    } catch (const FalloDeEjecucion&) {
+        // The command of the menu says what is wrong with them.
+    }
+    return new PaginaDeInicio(programa_.textos, std::move(ejemplos),
+                              {[this] { OcultarInicio(); }, [this] { controles_.Buscar<QAction>("OpenOption")->trigger(); },
+                               [this](const auto& documento) { AbrirReciente(documento); },
+                               [this](const auto& ejemplo) { Mandar([&] { AbrirCopia(ejemplo); }); },
+                               [this](const QKeyEvent& tecla) {
+                                   OcultarInicio();
+                                   QKeyEvent primera(tecla.type(), tecla.key(), tecla.modifiers(), tecla.text());
+                                   QApplication::sendEvent(focusWidget(), &primera);
+                               }},
+                              padre);
+}
+
+void Principal::MostrarInicio() {
+    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) return;
+    inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+    centro_->setCurrentWidget(inicio_);
+    inicio_->TomarTeclado();
+}
+
+void Principal::OcultarInicio() {
+    if (centro_->currentWidget() != inicio_) return;
+    centro_->setCurrentIndex(0);
+    controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
+}
+
+// Once there is something to work on it goes, whatever brought that.
+void Principal::MirarInicio() {
+    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) OcultarInicio();
+    if (abierto_.ruta == anotado_) return;
+    anotado_ = abierto_.ruta;
+    std::error_code error;
+    const auto entera = std::filesystem::absolute(abierto_.ruta, error);
+    if (!anotado_.empty() && !error) RecordarDocumento(rutaDeVentana_, entera);
+}
+
+// ---- Documents that were open before ----
+
+void Principal::CrearMenuDeRecientes(QMenu* archivo) {
+    auto* const menu = Nuevo<QMenu>("RecentOption", this);
+    archivo->addMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        const auto documentos = DocumentosRecientes(rutaDeVentana_);
+        int numero = 0;
+        for (const auto& documento : documentos) {
+            ++numero;
+            const QString letra = numero < 10 ? QStringLiteral("&%1  ").arg(numero) : QStringLiteral("%1  ").arg(numero);
+            auto* const orden = menu->addAction(letra + SinLetra(NombreQt(documento.filename())) + QLatin1Char('\t') +
+                                                SinLetra(NombreQt(documento.parent_path())));
+            connect(orden, &QAction::triggered, this, [this, documento] { AbrirReciente(documento); });
+        }
+        menu->addSeparator();
+        auto* const vaciar = menu->addAction(Palabra(programa_.textos, palabra::VaciarEstaLista));
+        vaciar->setEnabled(!documentos.empty());
+        connect(vaciar, &QAction::triggered, this, [this] {
+            OlvidarDocumentos(rutaDeVentana_);
+            inicio_->MostrarRecientes({});
+        });
+    });
+}
+
+void Principal::AbrirReciente(const std::filesystem::path& documento) {
+    Mandar([&] {
+        std::error_code error;
+        if (!std::filesystem::exists(documento, error) && !error) {
+            const QString pregunta = Palabra(programa_.textos, palabra::ElDocumentoYaNoEsta).arg(NombreQt(documento));
+            if (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::SiNo) != Respuesta::Si) return;
+            OlvidarDocumento(rutaDeVentana_, documento);
+            inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+            return;
+        }
+        if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
+    });
+}
+
+// ---- Files that are dropped ----
+
+// The controls of the form take texts; a file is for the form, wherever it is dropped. Its program waits for the end of the drop,
+// so what may ask something comes behind it.
+bool Principal::eventFilter(QObject* objeto, QEvent* evento) {
+    const auto clase = evento->type();
+    if (clase != QEvent::DragEnter && clase != QEvent::DragMove && clase != QEvent::Drop) return false;
+    const auto* const control = qobject_cast<QWidget*>(objeto);
+    if (control == nullptr || control->window() != this) return false;
+    auto& soltado = *static_cast<QDropEvent*>(evento);
+    if (!soltado.mimeData()->hasUrls()) return false;
+    const auto archivo = UnicoArchivo(*soltado.mimeData());
+    soltado.setDropAction(Qt::CopyAction);
+    soltado.setAccepted(!archivo.empty());
+    if (clase == QEvent::Drop && !archivo.empty()) {
+        QMetaObject::invokeMethod(
+            this, [this, archivo] { RecibirArchivo(archivo); }, Qt::QueuedConnection);
+    }
+    return true;
+}
+
+void Principal::RecibirArchivo(const std::filesystem::path& archivo) {
+    raise();
+    activateWindow();
+    Mandar([&] {
+        switch (ClaseDe(archivo)) {
+            case ClaseDeArchivo::Documento:
+                if (OpenOption(ventana_, archivo)) RecordarDirectorio(programa_, abierto_);
+                break;
+            case ClaseDeArchivo::Grabacion: ImportarArchivo(archivo); break;
+            case ClaseDeArchivo::ArchivoDeDatos: ClicDatos(archivo); break;
+        }
+    });
+}
+
+void Principal::ImportarArchivo(const std::filesystem::path& archivo) {
+    auto importacion = LeerImportacion(abierto_.especificacion, archivo, programa_.textos, *vista_);
+    if (!importacion) return;
+    TomarImportacion(ventana_, std::move(*importacion), TextoDelModelo(Palabra(programa_.textos, palabra::Filas)));
+}
+
+}  // namespace qor
