@@ -25,6 +25,7 @@ FormAbout::FormAbout(const TextosIdioma& textos, const QString& version, QWidget
     letra.setBold(true);
     Titulo->setFont(letra);
     Titulo->setAlignment(Qt::AlignCenter);
+    Titulo->setWordWrap(true);
     auto* const Version = NuevoRotulo("Version", QStringLiteral("(Release %1)").arg(version));
     Version->setAlignment(Qt::AlignCenter);
     auto* const orden = new QVBoxLayout(this);

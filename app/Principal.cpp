@@ -12,8 +12,10 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
+#include "app/FormAbout.h"
 #include "app/FormEnsayo.h"
 #include "app/pages/captions.h"
 #include "app/pages/documentation_page.h"
@@ -21,18 +23,23 @@
 #include "app/pages/grids_page.h"
 #include "app/pages/options_page.h"
 #include "app/pages/output_row.h"
+#include "app/pages/panes_below.h"
 #include "app/pages/start_page.h"
+#include "app/pages/structures_pane.h"
 #include "app/pages/tools_page.h"
 #include "app/qt/file_memory.h"
 #include "app/qt/grid_cell.h"
 #include "app/qt/help_window.h"
+#include "app/qt/opening_box.h"
 #include "app/qt/recent_documents.h"
-#include "app/qt/scroll_page.h"
 #include "app/qt/tabs.h"
 #include "app/qt/theme_icon.h"
 #include "app/qt/toolkit_language.h"
 #include "base/failure.h"
 #include "base/failure_trap.h"
+#include "base/qt/colours.h"
+#include "base/qt/room.h"
+#include "base/qt/scroll_page.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
@@ -46,8 +53,8 @@ namespace qor {
 
 namespace {
 
-// Up to this width the window takes the whole screen.
-constexpr int anchoDePantallaPequena = 800;
+constexpr int paginaDeEstructuras = 709;
+constexpr int letrasComodas = 270;  // of a line of the window
 
 }  // namespace
 
@@ -91,6 +98,7 @@ Principal::~Principal() {
 
 void Principal::Construir() {
     setWindowIcon(IconoDeTema("program"));
+    DistinguirTextosDeEspera();
     CrearPaginas();
     CrearMenus();
     CrearBarra();
@@ -250,6 +258,7 @@ void Principal::RefrescarIdioma() {
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
     ensayo_.reset();
     hallazgos_->RefrescarIdioma();
+    estructuras_->RefrescarIdioma();
     Sincronizar();
     // Sentences are in the language in which they were made.
     if (!vigia_.Lista().empty()) MirarHallazgos();
@@ -276,7 +285,12 @@ void Principal::EnfocarControl(const std::string& nombre) {
 
 void Principal::ActivarPorPrimeraVez(const Arranque& arranque) {
     const PrimeraActivacion plan = PlanearPrimeraActivacion(programa_, arranque);
-    if (plan.mostrarPresentacion) MostrarPresentacion();
+    if (!plan.mostrarPresentacion) return SeguirActivacion(plan);
+    auto* const caja = new FormAbout(programa_.textos, QApplication::applicationVersion(), this);
+    MostrarAlEmpezar(caja, [this, plan] { SeguirActivacion(plan); });
+}
+
+void Principal::SeguirActivacion(const PrimeraActivacion& plan) {
     if (plan.preguntarIdioma) PreguntarIdioma();
     if (cerrado_) return;
     CuidarTrabajo();
@@ -356,12 +370,15 @@ void Principal::showEvent(QShowEvent* evento) {
 
 void Principal::changeEvent(QEvent* evento) {
     QMainWindow::changeEvent(evento);
-    if (evento->type() == QEvent::PaletteChange && documento_ != nullptr) Sincronizar();
+    if (evento->type() != QEvent::PaletteChange || documento_ == nullptr) return;
+    DistinguirTextosDeEspera();
+    Sincronizar();
 }
 
 void Principal::RestaurarVentana() {
     const QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
+    EncenderEstructuras(ajustes.value(QStringLiteral("structures/shown"), true).toBool());
     rejillas_->RestaurarReparto(ajustes);
     if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
@@ -370,22 +387,27 @@ void Principal::RestaurarVentana() {
         control->ensurePolished();
         control->updateGeometry();
     }
-    const QRect pantalla = screen()->availableGeometry();
-    const QSize pedido = sizeHint().expandedTo({fontMetrics().averageCharWidth() * 150, 0});
+    const QSize sitio = SitioEnPantalla(*this);
+    const QSize menor = sizeHint();
     // A window that does not fit would end below the screen, where the status bar is.
-    if (pantalla.width() <= anchoDePantallaPequena || pedido != pedido.boundedTo(pantalla.size())) {
-        resize(pantalla.size());
+    if (menor != menor.boundedTo(sitio)) {
+        resize(sitio);
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
-    resize(pedido);
-    move(pantalla.center() - rect().center());
+    // Most of the screen, but no wider than what can be overlooked, and no higher than the pages with panes below them.
+    const QSize comodo(std::min(fontMetrics().averageCharWidth() * letrasComodas, sitio.width() * 9 / 10),
+                       std::min(menor.height() * 4 / 3, sitio.height() * 9 / 10));
+    resize(comodo.expandedTo(menor));
+    const QRect pantalla = screen()->availableGeometry();
+    move(pantalla.topLeft() + QPoint(pantalla.width() - width(), sitio.height() - height()) / 2);
 }
 
 void Principal::GuardarVentana() const {
     QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
     rejillas_->GuardarReparto(ajustes);
+    ajustes.setValue(QStringLiteral("structures/shown"), estructuras_->Encendido());
     if (division_->Alto() > 0) ajustes.setValue(QStringLiteral("findings/height"), division_->Alto());
 }
 

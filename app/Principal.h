@@ -29,7 +29,7 @@ class QTimer;
 namespace qor {
 
 class CeldaDeRejilla;
-class DivisionConPanel;
+class DivisionConPaneles;
 struct EjemploIncluido;
 class FilaDeSalida;
 class FormEnsayo;
@@ -37,6 +37,7 @@ class PaginaDeHerramientas;
 class PaginaDeInicio;
 class PaginaDeOpciones;
 class PaginaDeRejillas;
+class PanelDeEstructuras;
 class PanelDeHallazgos;
 class Pestanas;
 class VentanaDeAyuda;
@@ -148,6 +149,8 @@ private:
     void ClicDirectorios();
     void ClicSeleccionarIdioma();
     void MostrarPresentacion();
+    // What the first activation does behind the opening box.
+    void SeguirActivacion(const PrimeraActivacion& plan);
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
 
@@ -179,6 +182,9 @@ private:
     MateriaDeHallazgos MateriaDeLaVentana() const;
     void MostrarHallazgos();
     void EncenderHallazgos(bool encendido);
+    // The pane of the structures beside it.
+    void EncenderEstructuras(bool encendidas);
+    void MostrarPanelDeEstructuras();
     void HallazgosTrasGenerar(const FinDeGeneracion& fin);
     void IrAVecino(int paso);
     void IrAHallazgo(int hallazgo);
@@ -219,7 +225,8 @@ private:
     VigiaDeHallazgos vigia_;
     QTimer* pausa_ = nullptr;
     PanelDeHallazgos* hallazgos_ = nullptr;
-    DivisionConPanel* division_ = nullptr;
+    PanelDeEstructuras* estructuras_ = nullptr;
+    DivisionConPaneles* division_ = nullptr;
 };
 
 }  // namespace qor

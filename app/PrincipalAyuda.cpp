@@ -10,6 +10,7 @@
 
 #include "app/Principal.h"
 #include "app/pages/findings_pane.h"
+#include "app/pages/structures_pane.h"
 #include "app/qt/help_window.h"
 #include "app/qt/tabs.h"
 #include "base/qt/dialog.h"
@@ -52,6 +53,7 @@ void Principal::AyudaDelControl() {
         return MostrarAyudaDe(boton);
     }
     if (hallazgos_->isAncestorOf(focusWidget())) return AyudaDelHallazgo();
+    if (estructuras_->isAncestorOf(focusWidget())) return MostrarAyuda(paginaDeEstructuras);
     MostrarAyudaDe(focusWidget());
 }
 

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QScreen>
 #include <QTimer>
 #include <utility>
 
@@ -12,10 +11,12 @@
 #include "app/Principal.h"
 #include "app/practice_file.h"
 #include "app/qt/input_memory.h"
+#include "app/qt/theme_icon.h"
 #include "app/refusal_view.h"
 #include "bapi/FormBAPI.h"
 #include "bapi/FormTrans.h"
 #include "base/paths.h"
+#include "base/qt/room.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "dataset/FormBDCEditor.h"
@@ -196,6 +197,7 @@ std::filesystem::path Principal::DirectorioDeCatalogos() const {
 
 void Principal::ClicEditorBDC(const std::filesystem::path& archivo) {
     FormBDCEditor dialogo(programa_.textos, *vista_, Ayuda(), this);
+    dialogo.setWindowIcon(IconoDeTema("data-set-editor"));
     if (!archivo.empty()) dialogo.Abrir(archivo);
     dialogo.exec();
 }
@@ -219,7 +221,7 @@ void Principal::CargarIdioma(std::string_view nombre) {
     // Longer words need more room, once the layouts know of them.
     QTimer::singleShot(0, this, [this] {
         if (isMaximized() || isFullScreen()) return;
-        resize(size().expandedTo(sizeHint().boundedTo(screen()->availableGeometry().size())));
+        resize(size().expandedTo(sizeHint().boundedTo(SitioEnPantalla(*this))));
     });
 }
 

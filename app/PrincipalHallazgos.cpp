@@ -7,6 +7,8 @@
 #include "app/Principal.h"
 #include "app/pages/findings_pane.h"
 #include "app/pages/grids_page.h"
+#include "app/pages/panes_below.h"
+#include "app/pages/structures_pane.h"
 #include "app/qt/help_window.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
@@ -28,7 +30,10 @@ bool HayAlgoAbierto() {
 
 QWidget* Principal::ConPanelDeHallazgos(QWidget* paginas) {
     hallazgos_ = new PanelDeHallazgos(programa_.textos, this);
-    division_ = new DivisionConPanel(paginas, hallazgos_, this);
+    estructuras_ = new PanelDeEstructuras(abierto_, programa_.ajustes.preferencias, programa_.textos, this);
+    division_ = new DivisionConPaneles(paginas, hallazgos_, estructuras_, this);
+    connect(estructuras_, &PanelDeEstructuras::Cambiado, this, [this] { MostrarPanelDeEstructuras(); });
+    connect(estructuras_, &PanelDeEstructuras::Cerrado, this, [this] { EncenderEstructuras(false); });
     connect(hallazgos_, &PanelDeHallazgos::Activado, this, &Principal::IrAHallazgo);
     connect(hallazgos_, &PanelDeHallazgos::Cerrado, this, [this] { EncenderHallazgos(false); });
     pausa_ = new QTimer(this);
@@ -48,12 +53,17 @@ void Principal::CrearMenuDeHallazgos(QMenu* menu) {
     lazos_.AlMostrar([this, mostrar] { mostrar->setChecked(vigia_.Pedido()); });
     NuevaAccion("NextFindingOption", menu, [this] { IrAVecino(1); })->setShortcut(QKeySequence(Qt::Key_F8));
     NuevaAccion("PreviousFindingOption", menu, [this] { IrAVecino(-1); })->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F8));
+    auto* const estructuras = Nuevo<QAction>("StructuresOption", this);
+    estructuras->setCheckable(true);
+    menu->addAction(estructuras);
+    connect(estructuras, &QAction::triggered, this, [this](bool puesta) { EncenderEstructuras(puesta); });
 }
 
 // ---- Following ----
 
 void Principal::VigilarHallazgos() {
     if (const auto pausa = vigia_.PausaHastaMirar(MateriaDeLaVentana())) pausa_->start(*pausa);
+    estructuras_->Seguir();
 }
 
 void Principal::MirarTrasLaPausa() {
@@ -93,6 +103,16 @@ void Principal::EncenderHallazgos(bool encendido) {
     programa_.ajustes.MostrarHallazgos = encendido;
     MirarHallazgos();
     GuardarAjustes();
+}
+
+void Principal::EncenderEstructuras(bool encendidas) {
+    estructuras_->Encender(encendidas);
+    MostrarPanelDeEstructuras();
+}
+
+void Principal::MostrarPanelDeEstructuras() {
+    controles_.Buscar<QAction>("StructuresOption")->setChecked(estructuras_->Encendido());
+    division_->MostrarSegundo(estructuras_->Encendido() && estructuras_->HayTexto());
 }
 
 void Principal::HallazgosTrasGenerar(const FinDeGeneracion& fin) {

@@ -15,11 +15,13 @@
 #include "app/qt/help_window.h"
 #include "app/qt/sap_actions.h"
 #include "app/qt/screen_view.h"
+#include "app/qt/theme_icon.h"
 #include "app/qt/toolkit_language.h"
 #include "app/start_up.h"
 #include "base/code_page.h"
 #include "base/message_text.h"
 #include "base/process.h"
+#include "base/qt/colours.h"
 #include "base/qt/text.h"
 #include "base/words.h"
 #include "dataset/FormBDCEditor.h"
@@ -58,6 +60,7 @@ void RegistrarTipoDeArchivo(const std::filesystem::path& directorioDeDatos) {
 int CorrerEditorDeDatos(qor::Programa& programa, const QStringList& argumentos) {
     QApplication::setDesktopFileName(QStringLiteral("qor-data-set-editor"));
     qor::CambiarIdiomaDeQt(programa.textos.Palabra(qor::palabra::CodigoDelIdioma));
+    qor::DistinguirTextosDeEspera();
     qor::VistaDePantalla vista(programa.textos);
     qor::VistaDePantalla::Formulario formulario;
     formulario.editorDeTextos = [&programa] { return programa.ajustes.EditorDeTextos; };
@@ -72,6 +75,7 @@ int CorrerEditorDeDatos(qor::Programa& programa, const QStringList& argumentos) 
         pagina->MostrarPagina(mensaje);
     };
     qor::FormBDCEditor editor(programa.textos, vista, ayuda, nullptr);
+    editor.setWindowIcon(qor::IconoDeTema("data-set-editor"));
     if (!argumentos.isEmpty()) {
         const std::filesystem::path ruta = QFile::encodeName(argumentos.first()).toStdString();
         QTimer::singleShot(0, &editor, [&editor, ruta] { editor.Abrir(ruta); });

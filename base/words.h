@@ -543,6 +543,12 @@ inline constexpr int MarcarTodos = 1499;
 inline constexpr int MarcarNinguno = 1500;
 inline constexpr int Agregar = 1501;
 
+// Data-set editor
+inline constexpr int ElijaElCampoAReemplazar = 1650;
+
+// Main form: the pane of the structures
+inline constexpr int OrdenEstructurasAbajo = 1651;
+
 // Main form: its start page and the documents that were open before
 inline constexpr int MenuDeRecientes = 1750;
 inline constexpr int VaciarEstaLista = 1751;

@@ -86,7 +86,7 @@ FormBDCEditor::FormBDCEditor(const TextosIdioma& textos, Vista& vista, const Abr
 
 QLayout* FormBDCEditor::CrearArchivo() {
     Browse_ = NuevoBoton("Browse", Rotulo(80));
-    FileToEdit_ = NuevoRotulo("FileToEdit", {});
+    FileToEdit_ = NuevoRotulo("FileToEdit", Palabra(palabra::NoSeEligioNingunArchivo));
     FileToEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     LabelCompletado_ = NuevoRotulo("LabelCompletado", {});
     connect(Browse_, &QPushButton::clicked, this, [this] {
@@ -250,7 +250,10 @@ void FormBDCEditor::Abrir(const std::filesystem::path& ruta) {
     const QString nombre = QString::fromStdString(ruta.string());
     FileToEdit_->setText(nombre);
     FileToEdit_->setToolTip(nombre);
-    if (EstaEnBlanco(ruta.string())) return;
+    if (EstaEnBlanco(ruta.string())) {
+        FileToEdit_->setText(Palabra(palabra::NoSeEligioNingunArchivo));
+        return;
+    }
     AbrirManual();
     std::optional<JuegoDeDatos> leido;
     ConProgreso([&](const Progreso& progreso) { leido = ExaminarJuegoDeDatos(ruta, Textos(), vista_, progreso); });
@@ -304,7 +307,11 @@ void FormBDCEditor::Ejecutar() {
         if (EstaEnBlanco(TextoDe(*campo))) valor->clear();
     }
     const auto reemplazo = PedidoDeReemplazo();
-    if (EstaEnBlanco(reemplazo.campo)) return;
+    if (EstaEnBlanco(reemplazo.campo)) {
+        vista_.Advertir(MensajeDePalabra(Textos(), palabra::ElijaElCampoAReemplazar));
+        ComboField_->setFocus();
+        return;
+    }
     ConProgreso([&](const Progreso& progreso) { ReemplazarValores(RutaArchivo_, datos_, reemplazo, Textos(), vista_, progreso); });
     AbrirManual();
 }

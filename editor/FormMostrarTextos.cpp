@@ -27,7 +27,7 @@ FormMostrarTextos::FormMostrarTextos(const TextosIdioma& textos, const std::stri
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Texto);
     orden->addLayout(FilaDeBotones({OK}));
-    PonerTamano(100, 32);
+    PonerTamano(sizeHint() + Texto->TamanoEntero() - Texto->sizeHint());
     OK->setFocus();
 }
 

@@ -8,6 +8,13 @@ PedidoDeGeneracion PedidoDe(Ventana& ventana, const Preferencias& preferencias) 
     return PedidoDeGeneracion::De(ventana.documento, preferencias, ventana.textos, ventana.vista);
 }
 
+// Nothing is told, and every question is left open.
+class VistaCallada : public VistaSinPantalla {
+public:
+    void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override {}
+    Respuesta Preguntar(const Mensaje& /*mensaje*/, Botones /*botones*/) override { return Respuesta::Cancelar; }
+};
+
 void ConCambios(Ventana& ventana, bool hecho) {
     if (hecho) ventana.documento.Cambiar();
 }
@@ -71,6 +78,14 @@ void EliminarDeOrigen(Ventana& ventana, const std::string& eleccion) {
 
 std::string TextoDePreview(Ventana& ventana, const Preferencias& preferencias) {
     return ImprimirEstructuras(PedidoDe(ventana, preferencias)).texto;
+}
+
+std::string EstructurasDe(const Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos) {
+    VistaCallada vista;
+    Opciones opciones = documento.opciones;  // a run changes its own
+    return ImprimirEstructuras({documento.especificacion, opciones, preferencias, textos, vista, documento.RutaDocumento(),
+                                documento.NombreDocumento()})
+        .texto;
 }
 
 }  // namespace qor

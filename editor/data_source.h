@@ -36,5 +36,7 @@ void EliminarDeOrigen(Ventana& ventana, const std::string& eleccion);
 
 // PreviewButton, here and on the main form: the declarations to show, empty when they could not be made.
 std::string TextoDePreview(Ventana& ventana, const Preferencias& preferencias);
+// The same without a word to the user, for a pane that follows the document.
+std::string EstructurasDe(const Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos);
 
 }  // namespace qor

@@ -35,7 +35,7 @@ FormPreview::FormPreview(const TextosIdioma& textos, Vista& vista, const std::st
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Preview);
     orden->addLayout(FilaDeBotones({AyudaBoton, OKButton}, 1));
-    PonerTamano(80, 28);
+    PonerTamano(sizeHint() + Preview->TamanoEntero() - Preview->sizeHint());
     OKButton->setFocus();
 }
 

@@ -186,6 +186,7 @@ constexpr RotuloDePalabra palabras[] = {
     {"FindingsOption", palabra::OrdenHallazgos},
     {"NextFindingOption", palabra::HallazgoSiguiente},
     {"PreviousFindingOption", palabra::HallazgoAnterior},
+    {"StructuresOption", palabra::OrdenEstructurasAbajo},
     {"Logon", palabra::OrdenConectar},
     {"Logoff", palabra::OrdenDesconectar},
     {"KeepRecordingOption", palabra::OrdenGuardarUnaGrabacion},

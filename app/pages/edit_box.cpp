@@ -1,8 +1,6 @@
 #include "app/pages/edit_box.h"
 
 #include <QCheckBox>
-#include <QEvent>
-#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <array>
@@ -17,7 +15,7 @@
 namespace qor {
 
 CajaDeEdicion::CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre)
-    : QGroupBox(padre), entorno_(entorno) {
+    : CajaPlegable(padre), entorno_(entorno) {
     setObjectName(QStringLiteral("FrameEdicion"));
     auto* const arrastre = NuevaFilaDeArrastre();
     auto* const agregar = entorno_.lazos.Boton("ButtonAddOperation", this, acciones.agregarOperacion);
@@ -25,28 +23,25 @@ CajaDeEdicion::CajaDeEdicion(const EntornoDePagina& entorno, const Acciones& acc
     auto* const condiciones = entorno_.lazos.Boton("Conditions", this, acciones.condiciones);
     condiciones->setIcon(IconoDeTema("conditions"));
     CrearBusquedas();
-    AplicarPaleta();
 
-    auto* const orden = new QGridLayout(this);
-    orden->addLayout(arrastre, 0, 0, 1, 2);
-    orden->addWidget(agregar, 0, 2);
-    orden->addWidget(condiciones, 0, 3);
-    orden->addWidget(buscado_, 1, 0, 1, 2);
-    orden->addWidget(enArchivo_, 1, 2);
-    orden->addWidget(enTransaccion_, 1, 3);
-    orden->setColumnStretch(1, 1);
+    PonerArreglos(
+        {{arrastre, 0, 0}, {agregar, 0, 1}, {condiciones, 0, 2}, {buscado_, 1, 0}, {enArchivo_, 1, 1}, {enTransaccion_, 1, 2}},
+        {{arrastre, 0, 0, 3}, {buscado_, 1, 0}, {enArchivo_, 1, 1}, {enTransaccion_, 1, 2}, {agregar, 2, 1}, {condiciones, 2, 2}},
+        0);
 }
 
-QLayout* CajaDeEdicion::NuevaFilaDeArrastre() {
-    auto* const fila = new QHBoxLayout;
-    fila->addWidget(Nuevo<QLabel>("ArrastreLabel", this));
+QWidget* CajaDeEdicion::NuevaFilaDeArrastre() {
+    auto* const arrastre = new QWidget(this);
+    auto* const fila = new QHBoxLayout(arrastre);
+    fila->setContentsMargins(0, 0, 0, 0);
+    fila->addWidget(Nuevo<QLabel>("ArrastreLabel", arrastre));
     constexpr std::array<const char*, 4> nombres = {"EnterCode", "SaveCode", "F5Code", "CreateCode"};
     for (std::size_t i = 0; i < nombres.size(); ++i) {
-        fila->addWidget(Nuevo<RotuloDeArrastre>(nombres[i], static_cast<RotuloDeOkCode>(i), this));
+        fila->addWidget(Nuevo<RotuloDeArrastre>(nombres[i], static_cast<RotuloDeOkCode>(i), arrastre));
     }
     fila->addStretch();
-    fila->addWidget(entorno_.lazos.Casilla("Autofill", this, &Opciones::Autofill));
-    return fila;
+    fila->addWidget(entorno_.lazos.Casilla("Autofill", arrastre, &Opciones::Autofill));
+    return arrastre;
 }
 
 void CajaDeEdicion::CrearBusquedas() {
@@ -75,20 +70,6 @@ void CajaDeEdicion::CrearBusquedas() {
 
 void CajaDeEdicion::RepetirBusqueda() {
     entorno_.lazos.Mandar([this] { ultimaEnArchivo_ ? BuscarArchivo(entorno_.ventana) : BuscarTransaccion(entorno_.ventana); });
-}
-
-void CajaDeEdicion::changeEvent(QEvent* evento) {
-    QGroupBox::changeEvent(evento);
-    if (evento->type() == QEvent::PaletteChange && buscado_ != nullptr) AplicarPaleta();
-}
-
-// Not every desktop gives place holders a colour of its own dark palette.
-void CajaDeEdicion::AplicarPaleta() {
-    QPalette paleta = buscado_->palette();
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.5F);
-    paleta.setColor(QPalette::PlaceholderText, color);
-    buscado_->setPalette(paleta);
 }
 
 }  // namespace qor

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QGroupBox>
 #include <functional>
 
+#include "app/pages/folding_box.h"
 #include "app/pages/page.h"
 
 class QPushButton;
@@ -12,7 +12,7 @@ namespace qor {
 class CajaDeLinea;
 
 // What edits the grids, below the program side: OK codes to drag onto a value, Autofill, operations, conditions, the searches.
-class CajaDeEdicion : public QGroupBox {
+class CajaDeEdicion : public CajaPlegable {
     Q_OBJECT
 public:
     struct Acciones {
@@ -25,13 +25,9 @@ public:
     // Searches again in the grid that was searched last; as a command.
     void RepetirBusqueda();
 
-protected:
-    void changeEvent(QEvent* evento) override;
-
 private:
-    QLayout* NuevaFilaDeArrastre();
+    QWidget* NuevaFilaDeArrastre();
     void CrearBusquedas();
-    void AplicarPaleta();
 
     EntornoDePagina entorno_;
     CajaDeLinea* buscado_ = nullptr;

@@ -14,9 +14,10 @@ namespace qor {
 
 OpcionesDeErrores::OpcionesDeErrores(const EntornoDePagina& entorno) : entorno_(entorno) {
     auto* const contabilizacion = NuevaContabilizacion();
+    auto* const juego = NuevoJuegoDeDatos();
     auto* const errores = NuevoManejoDeErrores();
     auto* const titulos = NuevosTitulos();
-    EnDosColumnas({contabilizacion, errores}, {titulos, NuevoJuegoDeDatos()}, this);
+    EnDosColumnas({contabilizacion, juego}, {errores, titulos}, this);
 }
 
 QWidget* OpcionesDeErrores::NuevaContabilizacion() {
@@ -42,7 +43,6 @@ QWidget* OpcionesDeErrores::NuevaContabilizacion() {
     auto* const orden = new QVBoxLayout(grupo);
     orden->addWidget(lazos.Casilla("CallTransaction", grupo, &Opciones::CallTransaction));
     orden->addWidget(modo);
-    orden->addWidget(lazos.Casilla("SafeCallTransactionCheck", grupo, &Opciones::SafeCallTransactionCheck));
     orden->addWidget(lazos.Casilla("CommitCheck", grupo, &Opciones::CommitCheck));
     return grupo;
 }
@@ -51,16 +51,17 @@ QWidget* OpcionesDeErrores::NuevoManejoDeErrores() {
     Lazos& lazos = entorno_.lazos;
     auto* const grupo = Nuevo<QGroupBox>("FrameErrores", this);
     auto* const orden = new QGridLayout(grupo);
-    orden->addWidget(lazos.Casilla("ErrorHandlingCheck", grupo, &Opciones::ErrorHandlingCheck), 0, 0, 1, 2);
-    orden->addWidget(ConSuLugar(EnVariasLineas(Nuevo<QLabel>("ErroresExplicacion", grupo))), 1, 0, 1, 2);
+    orden->addWidget(lazos.Casilla("SafeCallTransactionCheck", grupo, &Opciones::SafeCallTransactionCheck), 0, 0, 1, 2);
+    orden->addWidget(lazos.Casilla("ErrorHandlingCheck", grupo, &Opciones::ErrorHandlingCheck), 1, 0, 1, 2);
+    orden->addWidget(ConSuLugar(EnVariasLineas(Nuevo<QLabel>("ErroresExplicacion", grupo))), 2, 0, 1, 2);
     auto* const rotuloTabla = ConSuLugar(Nuevo<QLabel>("TablaZLabel", grupo));
     auto* const rotuloNumero = ConSuLugar(Nuevo<QLabel>("ProgIDLabel", grupo));
     auto* const tabla = ConSuLugar(lazos.Linea("TablaZ", grupo, &Opciones::TablaZ));
     auto* const numero = ConSuLugar(lazos.Linea("ProgID", grupo, &Opciones::ProgID, CambiarProgID));
-    orden->addWidget(RotuloDe(rotuloTabla, tabla), 2, 0);
-    orden->addWidget(tabla, 2, 1);
-    orden->addWidget(RotuloDe(rotuloNumero, numero), 3, 0);
-    orden->addWidget(numero, 3, 1);
+    orden->addWidget(RotuloDe(rotuloTabla, tabla), 3, 0);
+    orden->addWidget(tabla, 3, 1);
+    orden->addWidget(RotuloDe(rotuloNumero, numero), 4, 0);
+    orden->addWidget(numero, 4, 1);
     orden->setColumnStretch(1, 1);
     return grupo;
 }

@@ -42,9 +42,8 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
             rejilla->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(columna)));
         }
         rejilla->addWidget(NuevoBotonDeCodigo(i, marco), i + 1, 2);
-        rejilla->setRowStretch(i + 1, 1);
     }
-    marco->PonerPartes({5, 2});
+    marco->PonerPartes({4, 1});
     barra_ = NuevaBarra(this, "BarraArchivo", ultimaPrimeraFilaArchivo, lineasArchivo);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
         entorno_.lazos.Cambio([&] { DesplazarArchivo(entorno_.ventana, primera - entorno_.ventana.archivo.PrimeraFilaArchivo); });
@@ -64,7 +63,7 @@ PanelDeArchivo::PanelDeArchivo(const EntornoDePagina& entorno, const AccionesDeR
     orden->addWidget(marco, 1, 1, 1, 3);
     orden->addWidget(barra_, 1, 4);
     orden->setColumnStretch(1, 1);
-    orden->setRowStretch(1, 1);
+    orden->setRowStretch(2, 1);
 }
 
 QToolButton* PanelDeArchivo::NuevoBotonDeCodigo(int linea, QWidget* padre) {

@@ -24,7 +24,6 @@ namespace {
 
 constexpr int lineasPropias = 5;  // of the list, until a user gives the pane another height
 constexpr int lineasMinimas = 2;
-constexpr int parteDeLaVentana = 3;  // at most a third
 
 bool Iguales(const std::vector<Hallazgo>& unos, const std::vector<Hallazgo>& otros) {
     return std::equal(unos.begin(), unos.end(), otros.begin(), otros.end(), [](const Hallazgo& a, const Hallazgo& b) {
@@ -194,40 +193,5 @@ int PanelDeHallazgos::AltoCon(int lineas) const {
 QSize PanelDeHallazgos::sizeHint() const { return {QWidget::sizeHint().width(), AltoCon(lineasPropias)}; }
 
 QSize PanelDeHallazgos::minimumSizeHint() const { return {0, AltoCon(lineasMinimas)}; }
-
-// ---- Pages and pane ----
-
-DivisionConPanel::DivisionConPanel(QWidget* paginas, QWidget* panel, QWidget* padre)
-    : QSplitter(Qt::Vertical, padre), panel_(panel) {
-    setObjectName(QStringLiteral("DivisionConPanel"));
-    setChildrenCollapsible(false);
-    addWidget(paginas);
-    addWidget(panel);
-    setStretchFactor(0, 1);
-    setStretchFactor(1, 0);
-    panel->hide();
-    connect(this, &QSplitter::splitterMoved, this, [this] { alto_ = panel_->height(); });
-}
-
-void DivisionConPanel::MostrarPanel(bool visible) {
-    if (panel_->isHidden() != visible) return;
-    Limitar();
-    panel_->setVisible(visible);
-    if (visible) Repartir();
-}
-
-void DivisionConPanel::resizeEvent(QResizeEvent* evento) {
-    Limitar();
-    QSplitter::resizeEvent(evento);
-}
-
-void DivisionConPanel::Limitar() {
-    panel_->setMaximumHeight(std::max(panel_->minimumSizeHint().height(), window()->height() / parteDeLaVentana));
-}
-
-void DivisionConPanel::Repartir() {
-    const int alto = std::min(alto_ > 0 ? alto_ : panel_->sizeHint().height(), panel_->maximumHeight());
-    setSizes({height() - handleWidth() - alto, alto});
-}
 
 }  // namespace qor

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPointer>
-#include <QSplitter>
 #include <QTreeView>
 #include <QWidget>
 
@@ -66,29 +65,6 @@ private:
     ListaDeHallazgos* lista_;
     QLabel* elegido_;
     QPointer<QWidget> antes_;  // what had the focus before the pane
-};
-
-// The main form's pages with the pane below them, which has at most a third of the window and keeps the height that a user gives
-// it.
-class DivisionConPanel : public QSplitter {
-    Q_OBJECT
-public:
-    DivisionConPanel(QWidget* paginas, QWidget* panel, QWidget* padre);
-
-    void MostrarPanel(bool visible);
-    // Of the pane, as the user has left it; 0 for its own.
-    int Alto() const { return alto_; }
-    void PonerAlto(int alto) { alto_ = alto; }
-
-protected:
-    void resizeEvent(QResizeEvent* evento) override;
-
-private:
-    void Limitar();
-    void Repartir();
-
-    QWidget* panel_;
-    int alto_ = 0;
 };
 
 }  // namespace qor

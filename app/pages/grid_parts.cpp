@@ -87,8 +87,7 @@ private:
 CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre, const AccionesDeRejilla& acciones) {
     auto* const celda = new CeldaDeRejilla(lugar, padre);
     celda->setMinimumWidth(celda->fontMetrics().averageCharWidth() * 3);
-    celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-    celda->setMaximumHeight(celda->sizeHint().height() * 3 / 2);
+    celda->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Maximum);
     Ventana& ventana = entorno.ventana;
     Lazos& lazos = entorno.lazos;
     FiltrarTeclas(celda, ventana, lazos);

@@ -16,7 +16,7 @@ namespace qor {
 
 namespace {
 
-constexpr int parteDelArchivo = 5;
+constexpr int parteDelArchivo = 4;
 constexpr int parteDelPrograma = 9;
 constexpr int pixelesPorParte = 100;
 constexpr int anchoDeDivision = 12;
@@ -45,9 +45,10 @@ PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Accione
     auto* const derecha = new QVBoxLayout(lado);
     derecha->setContentsMargins(0, 0, 0, 0);
     derecha->setSpacing(2);
-    derecha->addWidget(programa_, 1);
+    derecha->addWidget(programa_);
     derecha->addWidget(NuevoAviso(entorno, lado));
     derecha->addWidget(edicion_);
+    derecha->addStretch(1);
     division_ = Nuevo<QSplitter>("DivisionDeRejillas", Qt::Horizontal, this);
     division_->setChildrenCollapsible(false);
     division_->setHandleWidth(anchoDeDivision);
@@ -57,8 +58,9 @@ PaginaDeRejillas::PaginaDeRejillas(const EntornoDePagina& entorno, const Accione
     division_->setStretchFactor(1, parteDelPrograma);
     division_->setSizes({parteDelArchivo * pixelesPorParte, parteDelPrograma * pixelesPorParte});
     auto* const orden = new QVBoxLayout(this);
-    orden->addWidget(division_, 1);
+    orden->addWidget(division_);
     orden->addWidget(new PanelDeOrigen(entorno, acciones.origen, this));
+    orden->addStretch(1);
 }
 
 // The hint of the editor has its line whether there is one or not.

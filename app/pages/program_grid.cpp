@@ -7,6 +7,7 @@
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
+#include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -23,6 +24,9 @@ constexpr int anchoDeText6 = 1900;
 constexpr int anchoDeText3 = 1800;
 constexpr int anchoDeText4 = 2300;
 constexpr int anchoDeText5 = 2600;
+
+constexpr int rotuloDePrograma = 34;
+constexpr int rotuloDeDynpro = 35;
 
 // The headings, with the least room of their columns in letters.
 struct Cabecera {
@@ -52,15 +56,15 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
     marco_ = marco;
     auto* const columnas = marco->Orden();
     for (const auto& cabecera : cabeceras) marco->NuevaCabecera(cabecera.nombre, cabecera.letras);
-    // In the place of the two headings that are hidden while the field column has their room.
-    relleno_ = ComoCabecera(new QLabel(marco));
+    // In the place of the two headings that are hidden while the field column has their room: both, above their two columns.
+    relleno_ = ComoCabecera(Nuevo<QLabel>("CabeceraDeDos", marco));
+    relleno_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     columnas->addWidget(relleno_, 0, 0, 1, 2);
     for (int i = 0; i < lineasTransaccion; ++i) {
         for (const Columna c : {Columna::Programa, Columna::Dynpro, Columna::Campo, Columna::Valor}) {
             celdas_.push_back(NuevaCelda(entorno_, {c, i}, marco, acciones));
             columnas->addWidget(celdas_.back(), i + 1, static_cast<int>(NumeroDeColumna(c)));
         }
-        columnas->setRowStretch(i + 1, 1);
     }
     barra_ = NuevaBarra(this, "BarraTransaccion", ultimaPrimeraFilaTransaccion, lineasTransaccion);
     connect(barra_, &QScrollBar::valueChanged, this, [this](int primera) {
@@ -82,12 +86,13 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
     orden->addWidget(marco, 1, 1, 1, 4);
     orden->addWidget(barra_, 1, 5);
     orden->setColumnStretch(1, 1);
-    orden->setRowStretch(1, 1);
+    orden->setRowStretch(2, 1);
 }
 
 void PanelDePrograma::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
     MostrarCeldas(ventana, celdas_);
+    relleno_->setText(TextoQt(ventana.textos.Texto(rotuloDePrograma) + " / " + ventana.textos.Texto(rotuloDeDynpro)));
     for (auto* const celda : celdas_) MostrarFormas(celda);
     linea_->setText(QString::number(ventana.transaccion.LineaTransaccion + 1));
     barra_->setValue(ventana.transaccion.PrimeraFilaTransaccion);

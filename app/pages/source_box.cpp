@@ -1,14 +1,13 @@
 #include "app/pages/source_box.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyle>
 
 #include "app/pages/controls.h"
+#include "app/pages/folding_box.h"
 #include "app/pages/layout.h"
 #include "base/chosen_path.h"
 #include "base/paths.h"
@@ -37,10 +36,10 @@ PanelDeOrigen::PanelDeOrigen(const EntornoDePagina& entorno, const Acciones& acc
     orden->addWidget(otro, 0, Qt::AlignBottom);
 }
 
-QGroupBox* PanelDeOrigen::NuevoGrupo() {
+CajaPlegable* PanelDeOrigen::NuevoGrupo() {
     Ventana& ventana = entorno_.ventana;
     Lazos& lazos = entorno_.lazos;
-    auto* const grupo = Nuevo<QGroupBox>("SourceField", this);
+    auto* const grupo = Nuevo<CajaPlegable>("SourceField", this);
     const auto lugar = lazos.Par("ClienteOp", "ServidorOp", grupo, &Opciones::ClienteOp);
     auto* const tabla = lazos.Casilla("TablaCh", grupo, &Opciones::TablaCh);
     const auto formato = lazos.Par("AnchoFijo", "DelimTab", grupo, &Opciones::AnchoFijo);
@@ -62,22 +61,29 @@ QGroupBox* PanelDeOrigen::NuevoGrupo() {
         acciones_.archivoElegido(*elegida);
     });
 
-    auto* const opciones = new QGridLayout(grupo);
-    opciones->addWidget(lugar[0], 0, 0);
-    opciones->addWidget(lugar[1], 1, 0);
-    opciones->addWidget(tabla, 1, 1);
-    opciones->addWidget(formato[0], 0, 2);
-    opciones->addWidget(formato[1], 1, 2);
-    opciones->addWidget(parametro, 0, 3);
-    opciones->addWidget(ayuda, 1, 3);
-    opciones->addWidget(nombre, 2, 0);
-    auto* const caja = new QHBoxLayout;
-    caja->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+    auto* const ruta = new QWidget(grupo);
+    auto* const caja = new QHBoxLayout(ruta);
+    caja->setContentsMargins(0, 0, 0, 0);
+    caja->addWidget(nombre);
     caja->addWidget(archivo, 1);
     caja->addWidget(examinar);
-    opciones->addLayout(caja, 2, 1, 1, 3);
-    opciones->setColumnStretch(3, 1);
-    opciones->setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
+    grupo->PonerArreglos({{lugar[0], 0, 0},
+                          {formato[0], 0, 2},
+                          {parametro, 0, 3},
+                          {lugar[1], 1, 0},
+                          {tabla, 1, 1},
+                          {formato[1], 1, 2},
+                          {ayuda, 1, 3},
+                          {ruta, 2, 0, 4}},
+                         {{lugar[0], 0, 0},
+                          {formato[0], 0, 1},
+                          {lugar[1], 1, 0},
+                          {formato[1], 1, 1},
+                          {tabla, 2, 0},
+                          {parametro, 2, 1},
+                          {ayuda, 3, 1},
+                          {ruta, 4, 0, 4}},
+                         3);
     return grupo;
 }
 

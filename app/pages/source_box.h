@@ -6,9 +6,9 @@
 
 #include "app/pages/page.h"
 
-class QGroupBox;
-
 namespace qor {
+
+class CajaPlegable;
 
 // The source of the data, at the foot of the first page: a file or table, or the user's own code.
 class PanelDeOrigen : public QWidget {
@@ -22,7 +22,7 @@ public:
     PanelDeOrigen(const EntornoDePagina& entorno, const Acciones& acciones, QWidget* padre);
 
 private:
-    QGroupBox* NuevoGrupo();
+    CajaPlegable* NuevoGrupo();
 
     EntornoDePagina entorno_;
     Acciones acciones_;

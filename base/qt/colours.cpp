@@ -1,6 +1,6 @@
 #include "base/qt/colours.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPalette>
 
 namespace qor {
@@ -15,6 +15,18 @@ QColor ColorLegible(Tono tono) {
         case Tono::Referencia: break;
     }
     return oscura ? QColor(0xce, 0x93, 0xd8) : QColor(0x7b, 0x1f, 0xa2);
+}
+
+void DistinguirTextosDeEspera() {
+    QPalette nueva;
+    bool cambia = false;
+    for (const auto grupo : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        QColor color = nueva.color(grupo, QPalette::Text);
+        color.setAlphaF(0.5F);
+        cambia = cambia || nueva.color(grupo, QPalette::PlaceholderText) != color;
+        nueva.setColor(grupo, QPalette::PlaceholderText, color);
+    }
+    if (cambia) QApplication::setPalette(nueva);
 }
 
 }  // namespace qor

@@ -5,10 +5,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <algorithm>
 
+#include "base/qt/room.h"
+#include "base/qt/scroll_page.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 
@@ -84,10 +85,30 @@ int Dialogo::AnchoDeLetras(int letras) const { return fontMetrics().averageCharW
 
 int Dialogo::AltoDeLineas(int lineas) const { return fontMetrics().lineSpacing() * lineas; }
 
-void Dialogo::PonerTamano(int letras, int lineas) {
-    const QSize pantalla = screen()->availableSize();
-    const QSize pedido(std::max(AnchoDeLetras(letras), sizeHint().width()), std::max(AltoDeLineas(lineas), sizeHint().height()));
-    resize(pedido.boundedTo(pantalla));
+void Dialogo::PonerTamano(int letras, int lineas) { PonerTamano({AnchoDeLetras(letras), AltoDeLineas(lineas)}); }
+
+void Dialogo::PonerTamano(QSize pedido) { resize(pedido.expandedTo(sizeHint()).boundedTo(SitioEnPantalla(*this))); }
+
+void Dialogo::setVisible(bool visible) {
+    if (visible && !isVisible()) CaberEnPantalla();
+    QDialog::setVisible(visible);
+}
+
+void Dialogo::CaberEnPantalla() {
+    auto* const orden = qobject_cast<QBoxLayout*>(layout());
+    const QSize sitio = SitioEnPantalla(*this);
+    for (auto* const control : findChildren<QWidget*>()) control->ensurePolished();
+    const QSize menor = orden == nullptr ? QSize() : orden->totalMinimumSize();
+    if (menor == menor.boundedTo(sitio)) return;
+    QLayoutItem* const ultimo = orden->itemAt(orden->count() - 1);
+    QLayout* const botones = ultimo->layout();
+    if (botones != nullptr) orden->removeItem(ultimo);
+    auto* const contenido = new QWidget(this);
+    contenido->setLayout(orden);
+    auto* const plegado = new QVBoxLayout(this);
+    plegado->addWidget(new PaginaDesplazable(contenido), 1);
+    if (botones != nullptr) plegado->addLayout(botones);
+    resize(size().boundedTo(sitio));
 }
 
 bool EnfocarEnDialogo(const std::string& control) {

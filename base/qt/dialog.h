@@ -32,6 +32,8 @@ public:
     // Every way of closing ends here: a button, Esc, the window's own cross.
     void done(int resultado) final;
 
+    void setVisible(bool visible) override;
+
     // The dialogs' buttons take no Enter by themselves; the default one does.
     QPushButton* NuevoBoton(const char* nombre, const QString& rotulo);
 
@@ -55,12 +57,16 @@ protected:
     // A row of buttons; the first `aLaIzquierda` ones stand at the left.
     static QLayout* FilaDeBotones(std::initializer_list<QPushButton*> botones, int aLaIzquierda = 0);
 
-    // The first size: so many letters wide and lines high, at most the screen.
+    // The first size: so many letters wide and lines high, at most what the screen has for a window.
     void PonerTamano(int letras, int lineas);
+    void PonerTamano(QSize pedido);
     int AnchoDeLetras(int letras) const;
     int AltoDeLineas(int lineas) const;
 
 private:
+    // What needs more room than the screen has is scrolled, but for the row of buttons at its end.
+    void CaberEnPantalla();
+
     const TextosIdioma& textos_;
 };
 

@@ -1,6 +1,9 @@
 #include "base/qt/read_only_box.h"
 
 #include <QKeyEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <algorithm>
 
 #include "base/qt/text.h"
 
@@ -33,6 +36,16 @@ CajaDeLectura::CajaDeLectura(QWidget* padre) : QPlainTextEdit(padre) {
 }
 
 void CajaDeLectura::PonerTexto(std::string_view texto) { setPlainText(LineasQt(texto)); }
+
+QSize CajaDeLectura::TamanoEntero() const {
+    const int borde = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    int ancho = 0;
+    for (QTextBlock parrafo = document()->begin(); parrafo.isValid(); parrafo = parrafo.next()) {
+        ancho = std::max(ancho, fontMetrics().horizontalAdvance(parrafo.text()));
+    }
+    const int barra = verticalScrollBar()->sizeHint().width();
+    return {ancho + borde + barra, fontMetrics().lineSpacing() * (blockCount() + 1) + borde};
+}
 
 void CajaDeLectura::keyPressEvent(QKeyEvent* evento) {
     if (!CambiariaElTexto(*evento)) {

@@ -14,6 +14,9 @@ public:
 
     void PonerTexto(std::string_view texto);
 
+    // The size at which all of the text can be seen.
+    QSize TamanoEntero() const;
+
     // Called for each key that is swallowed.
     void AlTeclear(std::function<void()> accion) { alTeclear_ = std::move(accion); }
 

@@ -256,7 +256,7 @@ TEST_F(EditorDeDatos, ReplacesUnderConditions) {
     const DialogoAbierto dialogo(form);
     form.Abrir(ruta);
     dialogo.Clic("Ejecutar");
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "") << "no field is chosen";
+    EXPECT_THAT(prueba.vista.TomarAvisos(), HasSubstr("Choose the field")) << "no field is chosen";
 
     EXPECT_FALSE(dialogo.Habilitado("ValorCampo"));
     dialogo.Clic("OptionValor");

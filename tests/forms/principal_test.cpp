@@ -112,7 +112,9 @@ std::map<std::string, std::string> Valores(const Principal& principal) {
         if (boton->isCheckable() && boton->inherits("QToolButton") == false) poner(boton, boton->isChecked() ? "on" : "off");
     }
     for (const auto* const caja : principal.findChildren<QLineEdit*>()) poner(caja, caja->text());
-    for (const auto* const caja : principal.findChildren<QPlainTextEdit*>()) poner(caja, caja->toPlainText());
+    for (const auto* const caja : principal.findChildren<QPlainTextEdit*>()) {
+        if (!caja->isReadOnly()) poner(caja, caja->toPlainText());
+    }
     for (const auto* const combo : principal.findChildren<QComboBox*>()) poner(combo, combo->currentText());
     for (const auto* const barra : principal.findChildren<QSlider*>()) poner(barra, QString::number(barra->value()));
     return valores;
