@@ -53,7 +53,6 @@ namespace qor {
 
 namespace {
 
-constexpr int paginaDeEstructuras = 709;
 constexpr int letrasComodas = 270;  // of a line of the window
 
 }  // namespace

@@ -19,6 +19,12 @@
 // The help: its pages, F1 and "What's this?".
 namespace qor {
 
+namespace {
+
+constexpr int paginaDeEstructuras = 709;
+
+}  // namespace
+
 void Principal::MostrarAyuda(int mensaje, QWidget* ventana) { VentanaDeAyudaPara(ventana).MostrarPagina(mensaje); }
 
 void Principal::MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana) {

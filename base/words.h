@@ -592,15 +592,6 @@ inline constexpr int NombreSinTitulo = 1626;
 inline constexpr int LaAccionSobreElArchivoFallo = 1627;
 inline constexpr int NoSePudoEscribirElPrograma = 1628;
 
-// Main form: its start page and the documents that were open before
-inline constexpr int MenuDeRecientes = 1750;
-inline constexpr int VaciarEstaLista = 1751;
-inline constexpr int DocumentosRecientes = 1752;
-inline constexpr int TodaviaNoSeAbrioNinguno = 1753;
-inline constexpr int EspecificacionNueva = 1754;
-inline constexpr int AbrirUnDocumento = 1755;
-inline constexpr int ComoEmpezar = 1756;
-inline constexpr int ElDocumentoYaNoEsta = 1757;
 // Main form: its Help menu
 inline constexpr int QueEsEsto = 1700;
 
