@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -48,6 +49,7 @@ TEST_P(Sitio, ThePagesAreWhole) {
     auto* const fichas = p.Control<QTabWidget>("SSTab1");
     for (const QSize tamano : {QSize(792, 568), QSize(1016, 568), QSize(1358, 704), QSize(1900, 1040)}) {
         p.principal->resize(tamano);
+        QApplication::processEvents();
         for (int i = 0; i < fichas->count(); ++i) {
             fichas->setCurrentIndex(i);
             QApplication::processEvents();
@@ -129,13 +131,13 @@ TEST(OpeningBox, GoesWithAnyKeyWhichIsNotLost) {
         ProgramaDePrueba p;
         p.principal->ActivarPorPrimeraVez({true, ""});
         QApplication::processEvents();
-        auto* const caja = p.principal->findChild<QDialog*>("frmAbout");
+        const QPointer<QDialog> caja = p.principal->findChild<QDialog*>("frmAbout");
         ASSERT_TRUE(caja != nullptr && caja->isVisible());
         auto* const celda = p.Control<QLineEdit>("Text1_0");
         QTest::keyClick(p.principal->windowHandle(), Qt::Key_Shift);
         EXPECT_TRUE(caja->isVisible());
         QTest::keyClick(p.principal->windowHandle(), tecla);
-        EXPECT_FALSE(caja->isVisible());
+        EXPECT_FALSE(caja != nullptr && caja->isVisible()) << tecla;
         EXPECT_EQ(celda->text(), QLatin1String(queda)) << tecla;
         QTest::keyClick(p.principal->windowHandle(), Qt::Key_A);
         EXPECT_EQ(celda->text(), QLatin1String(queda) + QLatin1String("A"));
