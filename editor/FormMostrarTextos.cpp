@@ -27,7 +27,8 @@ FormMostrarTextos::FormMostrarTextos(const TextosIdioma& textos, const std::stri
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Texto);
     orden->addLayout(FilaDeBotones({OK}));
-    PonerTamano(sizeHint() + Texto->TamanoEntero() - Texto->sizeHint());
+    const QSize entero = sizeHint() + Texto->TamanoEntero() - Texto->sizeHint();
+    PonerTamano(entero.expandedTo({AnchoDeLetras(60), AltoDeLineas(16)}));
     OK->setFocus();
 }
 

@@ -35,7 +35,8 @@ FormPreview::FormPreview(const TextosIdioma& textos, Vista& vista, const std::st
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Preview);
     orden->addLayout(FilaDeBotones({AyudaBoton, OKButton}, 1));
-    PonerTamano(sizeHint() + Preview->TamanoEntero() - Preview->sizeHint());
+    const QSize entero = sizeHint() + Preview->TamanoEntero() - Preview->sizeHint();
+    PonerTamano(entero.expandedTo({AnchoDeLetras(60), AltoDeLineas(16)}));
     OKButton->setFocus();
 }
 

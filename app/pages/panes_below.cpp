@@ -7,7 +7,8 @@ namespace qor {
 namespace {
 
 constexpr int parteDeLaVentana = 3;  // at most a third
-constexpr int letrasParaDos = 150;   // of the width, for a second pane
+constexpr int parteDePoco = 5;
+constexpr int letrasParaDos = 150;  // of the width, for a second pane
 
 }  // namespace
 
@@ -56,7 +57,9 @@ void DivisionConPaneles::Acomodar() {
     paneles_->setVisible(ahora);
     // What a user has moved stays as it is.
     if (!ahora || (antes && alto_ > 0)) return;
-    const int propio = std::max(panel_->sizeHint().height(), Libre());
+    // Where there is little room the pages need it more.
+    const int poco = std::max(panel_->minimumSizeHint().height(), std::min(panel_->sizeHint().height(), height() / parteDePoco));
+    const int propio = std::max(poco, Libre());
     const int alto = std::min(alto_ > 0 ? alto_ : propio, paneles_->maximumHeight());
     setSizes({height() - handleWidth() - alto, alto});
 }

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
@@ -76,12 +77,14 @@ void PanelDeEstructuras::Seguir() {
     if (leido_ == ahora) return;
     const bool otro = !leido_ || leido_->ruta != ahora.ruta || leido_->revision > ahora.revision;
     leido_ = ahora;
+    deOtro_ = deOtro_ || otro;
     pausa_->start(otro ? 0 : milisegundosDePausa);
 }
 
 void PanelDeEstructuras::Leer() {
     const QString nuevo = LineasQt(EstructurasDe(documento_, preferencias_, textos_)).trimmed();
-    if (nuevo == texto_->toPlainText()) return;
+    const bool deOtro = std::exchange(deOtro_, false);
+    if (nuevo == texto_->toPlainText() || (nuevo.isEmpty() && !deOtro)) return;
     const int primera = texto_->verticalScrollBar()->value();
     texto_->setPlainText(nuevo);
     texto_->verticalScrollBar()->setValue(primera);

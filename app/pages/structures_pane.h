@@ -19,7 +19,7 @@ namespace qor {
 class CajaDeLectura;
 
 // The pane of the record structures: the declarations that the report makes of the file's fields, half a second behind an edit.
-// What a specification that is refused had last stays no longer than it does itself.
+// While the specification is refused, those that it had last stay.
 class PanelDeEstructuras : public QWidget {
     Q_OBJECT
 public:
@@ -60,6 +60,7 @@ private:
     QTimer* pausa_;
     std::optional<Leido> leido_;
     bool encendido_ = true;
+    bool deOtro_ = false;  // the next text is that of another document
 };
 
 }  // namespace qor

@@ -18,7 +18,7 @@ QColor ColorLegible(Tono tono) {
 }
 
 void DistinguirTextosDeEspera() {
-    QPalette nueva;
+    QPalette nueva = QApplication::palette();
     bool cambia = false;
     for (const auto grupo : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         QColor color = nueva.color(grupo, QPalette::Text);

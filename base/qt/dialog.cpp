@@ -95,10 +95,11 @@ void Dialogo::setVisible(bool visible) {
 }
 
 void Dialogo::CaberEnPantalla() {
-    auto* const orden = qobject_cast<QBoxLayout*>(layout());
+    QLayout* const orden = layout();
+    if (orden == nullptr) return;
     const QSize sitio = SitioEnPantalla(*this);
     for (auto* const control : findChildren<QWidget*>()) control->ensurePolished();
-    const QSize menor = orden == nullptr ? QSize() : orden->totalMinimumSize();
+    const QSize menor = orden->totalMinimumSize();
     if (menor == menor.boundedTo(sitio)) return;
     QLayoutItem* const ultimo = orden->itemAt(orden->count() - 1);
     QLayout* const botones = ultimo->layout();
