@@ -38,6 +38,7 @@
 #include "base/failure.h"
 #include "base/failure_trap.h"
 #include "base/qt/colours.h"
+#include "base/qt/reading_order.h"
 #include "base/qt/room.h"
 #include "base/qt/scroll_page.h"
 #include "base/qt/text.h"
@@ -104,6 +105,7 @@ void Principal::Construir() {
     CrearEstado();
     CrearTeclasDeAyuda();
     controles_ = Controles(*this);
+    OrdenarTabulador(*centralWidget());
     setAcceptDrops(true);
     qApp->installEventFilter(this);
 }
@@ -252,6 +254,7 @@ void Principal::RefrescarIdioma() {
         CambiarIdiomaDeQt(programa_.textos.Palabra(palabra::CodigoDelIdioma));
         PonerRotulos(controles_, programa_.textos);
         inicio_->RefrescarIdioma();
+        NombrarPorRotulos(*this);
         inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();

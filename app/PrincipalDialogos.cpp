@@ -64,7 +64,7 @@ void Principal::ClicGenerar() {
 
 void Principal::ClicImprimir() {
     if (!OfrecerQuitarHuecos(ventana_)) return;
-    ImpresionEnPapel papel(programa_.textos, *vista_, NombreSugerido(abierto_, ".pdf", programa_.textos), this);
+    ImpresionEnPapel papel(programa_.textos, *vista_, NombreSugerido(abierto_, ".pdf", programa_.textos), rutaDeVentana_, this);
     PrintOption(Pedido(*vista_), [&] { return papel.Elegir(); });
 }
 
@@ -175,7 +175,8 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,
                           .imprimir = [this](const std::string& nombre, const std::string& documentacion, QWidget* padre) {
-                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre + ".pdf"), padre);
+                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre + ".pdf"),
+                                                     rutaDeVentana_, padre);
                               if (Dispositivo* const dispositivo = papel.Elegir()) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }

@@ -592,8 +592,9 @@ inline constexpr int NombreSinTitulo = 1626;
 inline constexpr int LaAccionSobreElArchivoFallo = 1627;
 inline constexpr int NoSePudoEscribirElPrograma = 1628;
 
-// Main form: its Help menu
+// Main form: its menus Connection and Help
 inline constexpr int QueEsEsto = 1700;
+inline constexpr int MenuConexion = 1701;
 
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }

@@ -66,7 +66,9 @@ void FormConditions::CrearControles(const AbrirAyuda& ayuda) {
     rejilla->addWidget(Agregar_, 1, 1);
     rejilla->addWidget(ListaCondiciones_, 2, 0);
     rejilla->addWidget(Borrar_, 2, 1, Qt::AlignTop);
-    rejilla->addWidget(NuevaExplicacion("CondicionalLabel", Rotulo(118)), 0, 2, 2, 1, Qt::AlignBottom);
+    auto* const rotuloDelTexto = NuevaExplicacion("CondicionalLabel", Rotulo(118));
+    rotuloDelTexto->setBuddy(Condicional_);
+    rejilla->addWidget(rotuloDelTexto, 0, 2, 2, 1, Qt::AlignBottom);
     rejilla->addWidget(Condicional_, 2, 2);
     rejilla->addWidget(NuevaExplicacion("ReferenciaLabel", Rotulo(105)), 3, 0, 1, 3);
     rejilla->setColumnStretch(0, 2);

@@ -8,7 +8,8 @@ namespace qor {
 // line. A control without a page of its own has that of its page of SSTab1, `pestana`.
 int PaginaDeAyuda(std::string_view control, int pestana);
 
-// The page, by its name, of what no message names one for: buttons of the tool bar, the start page, dialogs. Empty where there is none.
+// The page, by its name, of what no message names one for: buttons of the tool bar, the start page, dialogs. Empty where there is
+// none.
 std::string_view PaginaPropia(std::string_view nombre);
 
 }  // namespace qor

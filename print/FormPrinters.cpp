@@ -6,12 +6,14 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QSettings>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "base/failure.h"
 #include "base/paths.h"
+#include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -23,6 +25,9 @@ namespace qor {
 namespace {
 
 constexpr int maximoDeDigitos = 2;
+constexpr const char* eleccionDePDF = "/pdf";  // no printer has a name with a slash
+
+QString ClaveDeImpresora() { return QStringLiteral("print/printer"); }
 constexpr const char* filtroDePDF = "PDF|*.pdf";
 
 std::string SoloDigitos(std::string_view texto) {
@@ -43,24 +48,31 @@ std::unique_ptr<DispositivoQt> NuevoPDF(const std::filesystem::path& archivo, Vi
 
 }  // namespace
 
-FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre)
+FormPrinters::FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, const QString& ultima,
+                           QWidget* padre)
     : Dialogo(textos, "FormPrinters", padre),
       vista_(vista),
       sugerido_(std::move(sugerido)),
       impresoras_(QPrinterInfo::availablePrinterNames()) {
     setWindowTitle(Palabra(palabra::Impresoras));
-    CrearControles();
+    CrearControles(ultima);
     PonerTamano(56, 16);
 }
 
 FormPrinters::~FormPrinters() = default;
 
-void FormPrinters::CrearControles() {
+void FormPrinters::CrearControles(const QString& ultima) {
     PrintersList_ = new QListWidget(this);
     PrintersList_->setObjectName(QStringLiteral("PrintersList"));
     PrintersList_->addItems(impresoras_);
     PrintersList_->addItem(Palabra(palabra::ArchivoPDF));
-    PrintersList_->setCurrentRow(std::max(0, static_cast<int>(impresoras_.indexOf(QPrinterInfo::defaultPrinterName()))));
+    // The one of the time before, as long as there is it.
+    const auto lugar = [this](const QString& nombre) {
+        return nombre == QLatin1String(eleccionDePDF) ? static_cast<int>(impresoras_.size())
+                                                      : static_cast<int>(impresoras_.indexOf(nombre));
+    };
+    const int deAntes = lugar(ultima);
+    PrintersList_->setCurrentRow(deAntes >= 0 ? deAntes : std::max(0, lugar(QPrinterInfo::defaultPrinterName())));
     Copias_ = new CajaDeLinea(this);
     Copias_->setObjectName(QStringLiteral("Copias"));
     Copias_->setMaxLength(maximoDeDigitos);
@@ -102,21 +114,31 @@ void FormPrinters::Elegir() {
     accept();
 }
 
+QString FormPrinters::Eleccion() const {
+    const int fila = PrintersList_->currentRow();
+    return fila >= 0 && fila < impresoras_.size() ? impresoras_.at(fila) : QString::fromLatin1(eleccionDePDF);
+}
+
 std::optional<std::filesystem::path> FormPrinters::ArchivoPDF() const { return Cancelado() ? std::nullopt : archivoPDF_; }
 
 std::unique_ptr<QPrinter> FormPrinters::Impresora() { return Cancelado() ? nullptr : std::move(impresora_); }
 
-ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre)
-    : textos_(textos), vista_(vista), sugerido_(std::move(sugerido)), padre_(padre) {}
+ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido,
+                                   std::filesystem::path memoria, QWidget* padre)
+    : textos_(textos), vista_(vista), sugerido_(std::move(sugerido)), memoria_(std::move(memoria)), padre_(padre) {}
 
 ImpresionEnPapel::~ImpresionEnPapel() = default;
 
 Dispositivo* ImpresionEnPapel::Elegir() {
-    FormPrinters dialogo(textos_, vista_, sugerido_, padre_);
+    const QString memoria = NombreQt(memoria_);
+    QString ultima;
+    if (!memoria.isEmpty()) ultima = QSettings(memoria, QSettings::IniFormat).value(ClaveDeImpresora()).toString();
+    FormPrinters dialogo(textos_, vista_, sugerido_, ultima, padre_);
     dialogo.exec();
     impresora_ = dialogo.Impresora();
     const auto archivo = dialogo.ArchivoPDF();
     if (!impresora_ && !archivo) return nullptr;
+    if (!memoria.isEmpty()) QSettings(memoria, QSettings::IniFormat).setValue(ClaveDeImpresora(), dialogo.Eleccion());
     auto dispositivo = archivo ? NuevoPDF(*archivo, vista_) : std::make_unique<DispositivoQt>(*impresora_);
     if (!dispositivo) return nullptr;
     if (!dispositivo->Abierto()) {

@@ -20,8 +20,8 @@ class CajaDeLinea;
 class FormPrinters : public Dialogo {
     Q_OBJECT
 public:
-    // `sugerido` is the name of a PDF file.
-    FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre);
+    // `sugerido` is the name of a PDF file; `ultima` what was chosen the time before, as `Eleccion` tells it.
+    FormPrinters(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, const QString& ultima, QWidget* padre);
     ~FormPrinters() override;
 
     bool Cancelado() const { return result() != QDialog::Accepted; }
@@ -29,11 +29,14 @@ public:
     // Ready to print. Null when the dialog was cancelled, or a PDF file was chosen.
     std::unique_ptr<QPrinter> Impresora();
 
+    // What stands chosen: the name of a printer, or that of the PDF file, which no printer has.
+    QString Eleccion() const;
+
     // The chosen PDF file.
     std::optional<std::filesystem::path> ArchivoPDF() const;
 
 private:
-    void CrearControles();
+    void CrearControles(const QString& ultima);
     void Elegir();
 
     Vista& vista_;
@@ -49,7 +52,9 @@ private:
 // The printer of a run: asked for in FormPrinters, opened, and closed with the object.
 class ImpresionEnPapel {
 public:
-    ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, QWidget* padre);
+    // `memoria` is the file that remembers what was chosen; empty for none.
+    ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std::filesystem::path sugerido, std::filesystem::path memoria,
+                     QWidget* padre);
     ~ImpresionEnPapel();
     ImpresionEnPapel(const ImpresionEnPapel&) = delete;
     ImpresionEnPapel& operator=(const ImpresionEnPapel&) = delete;
@@ -62,6 +67,7 @@ private:
     const TextosIdioma& textos_;
     Vista& vista_;
     std::filesystem::path sugerido_;
+    std::filesystem::path memoria_;
     QWidget* padre_;
     std::unique_ptr<QPrinter> impresora_;
     std::unique_ptr<Dispositivo> dispositivo_;

@@ -124,7 +124,6 @@ constexpr Rotulo rotulos[] = {
     {"CommitCheck", 190},
     {"ProgIDLabel", 199},
     {"ScreenCam", 200},
-    {"Connection", 222},
     {"FrameConexion", 222},
     {"FrameOnline", 223},
     {"ButtonOnlineSHDB", 224},
@@ -154,6 +153,7 @@ struct RotuloDePalabra {
 constexpr RotuloDePalabra palabras[] = {
     {"RehearseOption", palabra::OrdenEnsayar},
     {"OpenExampleOption", palabra::OrdenAbrirUnEjemplo},
+    {"Connection", palabra::MenuConexion},
     {"WhatsThisOption", palabra::QueEsEsto},
     {"RecentOption", palabra::MenuDeRecientes},
     {"EditOption", palabra::MenuEdicion},

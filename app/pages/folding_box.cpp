@@ -5,6 +5,8 @@
 #include <numeric>
 #include <utility>
 
+#include "base/qt/reading_order.h"
+
 namespace qor {
 
 void CajaPlegable::PonerArreglos(Arreglo llano, Arreglo plegado, int columnaQueCrece) {
@@ -21,6 +23,7 @@ void CajaPlegable::Arreglar(bool plegada) {
     for (const auto& [control, fila, columna, columnas] : plegada ? plegado_ : llano_) {
         orden_->addWidget(control, fila, columna, 1, columnas);
     }
+    OrdenarTabulador(*this);
 }
 
 // The least width of an arrangement, whether it is the present one or not.

@@ -9,7 +9,10 @@
 #include <algorithm>
 
 #include "app/pages/controls.h"
+#include "base/qt/reading_order.h"
 #include "base/qt/text.h"
+#include "base/qt/words.h"
+#include "base/words.h"
 #include "editor/cell_actions.h"
 #include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
@@ -120,6 +123,22 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     return celda;
 }
 
+namespace {
+
+// The number of the text above a column.
+int CabeceraDe(Columna columna) {
+    switch (columna) {
+        case Columna::CampoDeArchivo: return 32;
+        case Columna::Ancho: return 33;
+        case Columna::Programa: return 34;
+        case Columna::Dynpro: return 35;
+        case Columna::Campo: return 36;
+        default: return 37;
+    }
+}
+
+}  // namespace
+
 void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& celdas) {
     const auto& marcadas = ventana.filasMarcadas;
     for (auto* const celda : celdas) {
@@ -130,6 +149,8 @@ void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& c
             marcada = FilaDe(ventana, lugar) >= desde && FilaDe(ventana, lugar) <= hasta;
         }
         celda->Sincronizar(CeldaDe(ventana, lugar), marcada);
+        celda->setAccessibleName(TextoQt(ventana.textos.Texto(CabeceraDe(lugar.columna))) + QStringLiteral(", ") +
+                                 Palabra(ventana.textos, palabra::FilaNumero).arg(FilaDe(ventana, lugar) + 1));
     }
 }
 
@@ -143,6 +164,7 @@ MarcoDeRejilla::MarcoDeRejilla(QWidget* padre, std::function<void(int)> desplaza
     : QFrame(padre), desplazar_(std::move(desplazar)), orden_(new QGridLayout(this)) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Mid);
+    setProperty(propiedadDeOrdenPropio, true);
     orden_->setContentsMargins(1, 1, 1, 1);
     orden_->setSpacing(1);
 }

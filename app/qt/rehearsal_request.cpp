@@ -11,6 +11,7 @@
 
 #include "app/pages/controls.h"
 #include "app/rehearsal_lines.h"
+#include "base/qt/reading_order.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 
@@ -166,6 +167,7 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos) {
                            (fila > filasSinBarra ? zona_->verticalScrollBar()->sizeHint().width() : 0));
     zona_->setFixedHeight(alto * std::clamp(fila, 2, filasSinBarra));
     zona_->setVerticalScrollBarPolicy(fila > filasSinBarra ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    OrdenarTabulador(*window());
 }
 
 std::vector<ArchivoPedido> PanelDePedido::Archivos() const {

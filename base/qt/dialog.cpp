@@ -8,6 +8,7 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "base/qt/reading_order.h"
 #include "base/qt/room.h"
 #include "base/qt/scroll_page.h"
 #include "base/qt/text.h"
@@ -90,7 +91,11 @@ void Dialogo::PonerTamano(int letras, int lineas) { PonerTamano({AnchoDeLetras(l
 void Dialogo::PonerTamano(QSize pedido) { resize(pedido.expandedTo(sizeHint()).boundedTo(SitioEnPantalla(*this))); }
 
 void Dialogo::setVisible(bool visible) {
-    if (visible && !isVisible()) CaberEnPantalla();
+    if (visible && !isVisible()) {
+        CaberEnPantalla();
+        OrdenarTabulador(*this);
+        NombrarPorRotulos(*this);
+    }
     QDialog::setVisible(visible);
 }
 

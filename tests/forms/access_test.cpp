@@ -3,15 +3,19 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabWidget>
+#include <QTest>
+#include <QTextBrowser>
 #include <QToolBar>
 #include <map>
 #include <string>
 
+#include "app/qt/help_window.h"
 #include "tests/forms/all_dialogs.h"
 #include "tests/forms/dialog_fixture.h"
 #include "tests/forms/principal_fixture.h"
@@ -60,7 +64,8 @@ void MirarMenu(const QMenu& menu) {
 }
 
 bool TomaTabulador(const QWidget& control) {
-    return control.isVisible() && control.isEnabled() && (control.focusPolicy() & Qt::TabFocus) != 0 && control.focusProxy() == nullptr;
+    return control.isVisible() && control.isEnabled() && (control.focusPolicy() & Qt::TabFocus) != 0 &&
+           control.focusProxy() == nullptr;
 }
 
 // The part of a window in which two controls part ways, and where each of them is in it.
@@ -85,7 +90,8 @@ bool SeLeeAntes(const QWidget& uno, const QWidget& otro) {
     const auto [a, b] = Separados(uno, otro);
     const int alto = std::min(a.bottom(), b.bottom()) - std::max(a.top(), b.top());
     const bool mismaLinea = alto > std::min(a.height(), b.height()) / 2;
-    return mismaLinea ? a.left() <= b.left() : a.top() <= b.top();
+    const bool columnaSiguiente = a.right() <= b.left();
+    return columnaSiguiente || (mismaLinea ? a.left() <= b.left() : a.top() <= b.top());
 }
 
 void MirarControles(const QWidget& ventana, const QWidget& parte) {
@@ -94,7 +100,8 @@ void MirarControles(const QWidget& ventana, const QWidget& parte) {
         if (!parte.isAncestorOf(control) || !TomaTabulador(*control) || control->window() != &ventana) continue;
         auto* const leido = QAccessible::queryAccessibleInterface(control);
         EXPECT_FALSE(leido->text(QAccessible::Name).isEmpty())
-            << control->objectName().toStdString() << " (" << control->metaObject()->className() << ") has no name for a screen reader";
+            << control->objectName().toStdString() << " (" << control->metaObject()->className()
+            << ") has no name for a screen reader";
         if (anterior != nullptr) {
             EXPECT_TRUE(SeLeeAntes(*anterior, *control))
                 << control->objectName().toStdString() << " comes behind " << anterior->objectName().toStdString();
@@ -140,6 +147,47 @@ TEST_P(Acceso, OfTheMainForm) {
                 if (control->isVisible() && conLetra) letras.Tomar(control->property("text").toString(), false);
             }
         }
+    }
+}
+
+std::string PaginaAbierta(const QWidget& ventana) {
+    const auto* const ayuda = ventana.findChild<VentanaDeAyuda*>();
+    if (ayuda == nullptr || !ayuda->isVisible()) return "";
+    return ayuda->findChild<QTextBrowser*>()->source().fileName().toStdString();
+}
+
+TEST(Help, OfButtonsUnderThePointerAndOfDialogs) {
+    const ProgramaDePrueba p;
+    const struct {
+        const char* boton;
+        const char* pagina;
+    } casos[] = {{"NewDef", "definitions.html"},
+                 {"PreviewButton", "structure-preview.html"},
+                 {"UndoButton", "undo.html"},
+                 {"DownButton", "move-fields.html"},
+                 {"SaveButton", "documents.html"},
+                 {"RehearseButton", "rehearsal.html"},
+                 {"DataPreviewButton", "data-preview.html"}};
+    for (const auto& [boton, pagina] : casos) {
+        auto* const control = p.Control(boton);
+        if (auto* const ayuda = p.principal->findChild<VentanaDeAyuda*>()) ayuda->hide();  // it would lie above the button
+        QCursor::setPos(control->mapToGlobal(control->rect().center()));
+        QTest::keyClick(p.principal.get(), Qt::Key_F1);
+        EXPECT_EQ(PaginaAbierta(*p.principal), pagina);
+        // "What's this?" asks with a click.
+        p.Control<QAction>("Contenido")->trigger();
+        QHelpEvent clic(QEvent::WhatsThis, control->rect().center(), QCursor::pos());
+        QApplication::sendEvent(control, &clic);
+        EXPECT_EQ(PaginaAbierta(*p.principal), pagina);
+    }
+    QCursor::setPos(p.principal->mapToGlobal(p.principal->rect().bottomRight()));
+    for (const auto& [accion, pagina] :
+         {std::pair{"Directorios", "documents.html"}, {"LengSeleccionar", "options.html"}, {"AboutOption", "contents.html"}}) {
+        p.ConDialogo([&] { p.Control<QAction>(accion)->trigger(); },
+                     [&](QDialog& dialogo) {
+                         QTest::keyClick(&dialogo, Qt::Key_F1);
+                         EXPECT_EQ(PaginaAbierta(dialogo), pagina);
+                     });
     }
 }
 

@@ -68,7 +68,7 @@ struct TodosLosDialogos {
         agregar(new FormDirectorios(t, v, ajustes, nullptr));
         agregar(new FormAbout(t, QStringLiteral("1.2.3"), nullptr));
         agregar(new FormPreview(t, v, "BEGIN OF", ayuda, nullptr));
-        agregar(new FormPrinters(t, v, {}, nullptr));
+        agregar(new FormPrinters(t, v, {}, {}, nullptr));
         agregar(new FormBAPI(prueba.documento, t, v, {.ArchivoBAPI = catalogo, .directorio = "", .imprimir = {}}, nullptr));
         agregar(new FormBAPIFields(t, nullptr));
         agregar(new FormTrans(t, {}, nullptr));

@@ -182,7 +182,7 @@ TEST(LanguageDialogs, AnswerTheChoice) {
 TEST(Printers, ChooseAPdfFileOrNothing) {
     VentanaDePrueba prueba;
     DirectorioTemporal directorio;
-    FormPrinters form(prueba.textos, prueba.vista, "d.pdf", nullptr);
+    FormPrinters form(prueba.textos, prueba.vista, "d.pdf", {}, nullptr);
     const DialogoAbierto dialogo(form);
     auto* const lista = dialogo.Control<QListWidget>("PrintersList");
     lista->setCurrentRow(lista->count() - 1);
