@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -108,10 +107,10 @@ bool Update(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return true;
 }
 
-CLI::App* AgregarOrden(CLI::App* bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
-                       const char* descripcion, bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
-    auto* const orden = bapi->add_subcommand(nombre, descripcion);
-    orden->callback([argumentos, accion, &comando = ordenes.comando] {
+Orden AgregarOrden(Orden bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
+                   const char* descripcion, bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
+    const Orden orden = bapi.Suborden(nombre, descripcion);
+    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
         comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
     });
     return orden;
@@ -121,29 +120,27 @@ CLI::App* AgregarOrden(CLI::App* bapi, Ordenes ordenes, const ArgumentosComparti
 
 void AgregarComandosDeBAPI(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const bapi = ordenes.programa.add_subcommand("bapi", "Look into the BAPI catalogue, and insert a BAPI into a document");
-    bapi->require_subcommand(1);
-    bapi->fallthrough();
-    bapi->add_option("--catalogue", argumentos->catalogo, "Catalogue file, in the place of the one of the settings")
-        ->type_name("FILE");
+    auto bapi = ordenes.raiz.Suborden("bapi", "Look into the BAPI catalogue, and insert a BAPI into a document");
+    bapi.PedirSuborden();
+    bapi.DejarPasar();
+    bapi.Dato("--catalogue", argumentos->catalogo, "Catalogue file, in the place of the one of the settings").Tipo("FILE");
     AgregarOrden(bapi, ordenes, argumentos, "list", "Print every business object with its BAPIs", List);
-    auto* const find = AgregarOrden(bapi, ordenes, argumentos, "find", "Print the names that hold a text", Find);
-    find->add_option("TEXT", argumentos->texto, "Text to look for, in any case")->required();
-    find->add_flag("--words", argumentos->palabras, "Look for all its words in the documentation of the BAPIs");
-    auto* const show = AgregarOrden(bapi, ordenes, argumentos, "show", "Print the documentation of a BAPI", Show);
-    show->add_option("NAME", argumentos->texto, "Name of a BAPI")->required();
-    auto* const insert =
-        AgregarOrden(bapi, ordenes, argumentos, "insert", "Insert a BAPI behind the operations of a document", Insert);
-    insert->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    insert->add_option("NAME", argumentos->texto, "Name of a BAPI")->required();
-    insert->add_flag("--mandatory", argumentos->obligatorios, "Rows for mandatory parameters only");
-    insert->add_flag("--definition", argumentos->definicion, "Declarations and call text only, without rows");
-    auto* const update = AgregarOrden(bapi, ordenes, argumentos, "update", "Make a new catalogue from a practice system", Update);
-    update->footer(
+    auto find = AgregarOrden(bapi, ordenes, argumentos, "find", "Print the names that hold a text", Find);
+    find.Dato("TEXT", argumentos->texto, "Text to look for, in any case").Obligatoria();
+    find.Marca("--words", argumentos->palabras, "Look for all its words in the documentation of the BAPIs");
+    auto show = AgregarOrden(bapi, ordenes, argumentos, "show", "Print the documentation of a BAPI", Show);
+    show.Dato("NAME", argumentos->texto, "Name of a BAPI").Obligatoria();
+    auto insert = AgregarOrden(bapi, ordenes, argumentos, "insert", "Insert a BAPI behind the operations of a document", Insert);
+    insert.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    insert.Dato("NAME", argumentos->texto, "Name of a BAPI").Obligatoria();
+    insert.Marca("--mandatory", argumentos->obligatorios, "Rows for mandatory parameters only");
+    insert.Marca("--definition", argumentos->definicion, "Declarations and call text only, without rows");
+    auto update = AgregarOrden(bapi, ordenes, argumentos, "update", "Make a new catalogue from a practice system", Update);
+    update.Pie(
         "The practice system answers with the catalogue in use. The new one goes into the directory practice beside the\n"
         "settings, and its path is printed. It asks first, so it starts with --yes alone, which also continues a run that was "
         "stopped.");
-    AgregarOpcionPractice(update, argumentos->practica)->required();
+    AgregarOpcionPractice(update, argumentos->practica).Obligatoria();
 }
 
 }  // namespace qor

@@ -1,6 +1,5 @@
 #include "app/check_command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -86,18 +85,18 @@ bool CheckAll(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 void AgregarComandoCheck(Ordenes ordenes) {
     const auto argumentos = std::make_shared<Argumentos>();
-    CLI::App* const orden = ordenes.programa.add_subcommand("check", "Check a document as generate does, and write nothing");
-    orden->footer(
+    const Orden orden = ordenes.raiz.Suborden("check", "Check a document as generate does, and write nothing");
+    orden.Pie(
         "Exit status 0 means that generate would open its output file, of every document; with --all, that there are no errors.");
-    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->add_option("OTHERS", argumentos->otros, "More documents; a line with its path stands before the messages of each");
-    auto* const todos = orden->add_flag("--all", argumentos->todos, "Tell all findings with their places, on the standard output");
-    orden->add_option("--format", argumentos->formato, "Form of the findings: text, json, sarif or github; by default text")
-        ->needs(todos)
-        ->check(CLI::IsMember(formatos))
-        ->type_name("FORM");
-    orden->add_flag("--warnings-as-errors", argumentos->avisosComoErrores, "Take warnings for errors")->needs(todos);
-    orden->callback([argumentos, &comando = ordenes.comando] {
+    orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    orden.Dato("OTHERS", argumentos->otros, "More documents; a line with its path stands before the messages of each");
+    auto todos = orden.Marca("--all", argumentos->todos, "Tell all findings with their places, on the standard output");
+    orden.Dato("--format", argumentos->formato, "Form of the findings: text, json, sarif or github; by default text")
+        .Necesita(todos)
+        .UnaDe(Nombres(formatos))
+        .Tipo("FORM");
+    orden.Marca("--warnings-as-errors", argumentos->avisosComoErrores, "Take warnings for errors").Necesita(todos);
+    orden.AlElegir([argumentos, &comando = ordenes.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) {
             return argumentos->todos ? CheckAll(contexto, *argumentos) : Check(contexto, *argumentos);
         };

@@ -3,9 +3,10 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
-#include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "app/arguments.h"
 #include "app/console_view.h"
 #include "app/settings.h"
 #include "base/messages.h"
@@ -13,10 +14,6 @@
 #include "generator/request.h"
 #include "model/document.h"
 #include "model/first_lines.h"
-
-namespace CLI {
-class App;
-}
 
 // The commands of qorgen. Each group of them registers its arguments with the parser; when one is parsed, it leaves what is to be
 // done in `comando`.
@@ -37,20 +34,22 @@ struct ContextoDeComando {
 using Comando = std::function<bool(const ContextoDeComando&)>;
 
 struct Ordenes {
-    CLI::App& programa;
+    Orden raiz;
     Comando& comando;
-};
-
-// Arguments that turn out wrong only when the command runs.
-class MalUso : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
 };
 
 void AgregarComandosDeDocumento(Ordenes ordenes);  // generate, check, convert, source, print
 void AgregarComandosDeBAPI(Ordenes ordenes);       // bapi list, find, show, insert
 void AgregarComandosDeDatos(Ordenes ordenes);      // dataset
 void AgregarComandosDeSAP(Ordenes ordenes);        // import, widths, publish
+
+// The names by which a table of choices is asked.
+template <typename Tabla>
+std::vector<std::string> Nombres(const Tabla& tabla) {
+    std::vector<std::string> nombres;
+    for (const auto& [nombre, valor] : tabla) nombres.emplace_back(nombre);
+    return nombres;
+}
 
 // An argument as a text of the model. Throws FalloDeEjecucion when the code page can't hold it.
 std::string DeArgumento(const std::string& argumento);

@@ -1,6 +1,5 @@
 #include "app/command_line.h"
 
-#include <CLI/CLI.hpp>
 #include <cerrno>
 #include <exception>
 #include <optional>
@@ -30,19 +29,17 @@ struct OpcionesComunes {
     bool yes = false;
 };
 
-// The command line as a whole: the common options, which may stand in front of a command or behind it, and all commands.
+// The command line with its common options, which may stand in front of a command or behind it, and all commands.
 class LineaDeComandos {
 public:
     LineaDeComandos() {
-        programa_.require_subcommand(1);
-        programa_.fallthrough();
-        programa_.add_option("--settings", comunes.settings, "Directory of Tessaline.ini")->type_name("DIR");
-        programa_.add_option("--data", comunes.data, "Directory of language.txt and the other data files")->type_name("DIR");
-        programa_.add_option("--language", comunes.language, "Language of the messages and of the texts in reports")
-            ->type_name("NAME");
-        programa_.add_flag("--yes", comunes.yes, "Answer every question with yes");
-        programa_.set_version_flag("--version", "qorgen " QOR_VERSION, "Print the version and exit");
-        const Ordenes ordenes{programa_, comando};
+        const Orden raiz = linea_.Raiz();
+        raiz.Dato("--settings", comunes.settings, "Directory of Tessaline.ini").Tipo("DIR");
+        raiz.Dato("--data", comunes.data, "Directory of language.txt and the other data files").Tipo("DIR");
+        raiz.Dato("--language", comunes.language, "Language of the messages and of the texts in reports").Tipo("NAME");
+        raiz.Marca("--yes", comunes.yes, "Answer every question with yes");
+        linea_.PonerVersion("qorgen " QOR_VERSION);
+        const Ordenes ordenes{raiz, comando};
         AgregarComandosDeDocumento(ordenes);
         AgregarComandosDeBAPI(ordenes);
         AgregarComandosDeDatos(ordenes);
@@ -52,26 +49,14 @@ public:
         AgregarComandoRun(ordenes);
     }
 
-    void Leer(const std::vector<std::string>& argumentos) {
-        // The parser takes the arguments from the back. For it "--name=" has no value and would take the next argument, so an
-        // empty value is passed as an argument of its own.
-        std::vector<std::string> alReves;
-        for (auto argumento = argumentos.rbegin(); argumento != argumentos.rend(); ++argumento) {
-            const bool valorVacio = argumento->starts_with("--") && argumento->find('=') == argumento->size() - 1;
-            if (valorVacio) alReves.emplace_back();
-            alReves.push_back(valorVacio ? argumento->substr(0, argumento->size() - 1) : *argumento);
-        }
-        programa_.parse(std::move(alReves));
-    }
-
-    // The help of the command that was parsed, or of the program.
-    std::string Ayuda() const { return programa_.help(); }
+    std::optional<std::string> Leer(const std::vector<std::string>& argumentos) const { return linea_.Leer(argumentos); }
+    std::string Ayuda() const { return linea_.Ayuda(); }
 
     OpcionesComunes comunes;
     Comando comando;
 
 private:
-    CLI::App programa_{"Qor Generator without a screen: ABAP load programs from specifications.", "qorgen"};
+    LineaDeOrdenes linea_{"qorgen", "Qor Generator without a screen: ABAP load programs from specifications."};
 };
 
 // Takes the settings. False, with a message, where the ones that were asked for can't be had; a directory without the file has
@@ -127,14 +112,11 @@ bool Ejecutar(const OpcionesComunes& comunes, const Comando& comando, VistaDeCon
 int Correr(const std::vector<std::string>& argumentos, std::ostream& salida, std::ostream& errores) {
     LineaDeComandos linea;
     try {
-        linea.Leer(argumentos);
-    } catch (const CLI::CallForVersion& version) {
-        salida << version.what() << '\n';
-        return estadoBien;
-    } catch (const CLI::Success&) {
-        salida << linea.Ayuda();
-        return estadoBien;
-    } catch (const CLI::ParseError& error) {
+        if (const auto texto = linea.Leer(argumentos)) {
+            salida << *texto;
+            return estadoBien;
+        }
+    } catch (const MalUso& error) {
         errores << error.what() << '\n' << linea.Ayuda();
         return estadoMalUso;
     }

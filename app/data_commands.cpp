@@ -1,6 +1,5 @@
 #include "app/data_commands.h"
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -173,11 +172,11 @@ bool Split(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 using Accion = bool (*)(const ContextoDeComando&, const Argumentos&);
 
-CLI::App* AgregarOrden(Ordenes data, const std::shared_ptr<Argumentos>& argumentos, const char* nombre, const char* descripcion,
-                       Accion accion) {
-    auto* const orden = data.programa.add_subcommand(nombre, descripcion);
-    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->callback([argumentos, accion, &comando = data.comando] {
+Orden AgregarOrden(Ordenes data, const std::shared_ptr<Argumentos>& argumentos, const char* nombre, const char* descripcion,
+                   Accion accion) {
+    auto orden = data.raiz.Suborden(nombre, descripcion);
+    orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    orden.AlElegir([argumentos, accion, &comando = data.comando] {
         comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
     });
     return orden;
@@ -185,41 +184,39 @@ CLI::App* AgregarOrden(Ordenes data, const std::shared_ptr<Argumentos>& argument
 
 void AgregarCheck(Ordenes data) {
     const auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden =
+    auto orden =
         AgregarOrden(data, argumentos, "check", "Read input files as the report would, and tell what is wrong in them", Check);
-    orden->footer(
+    orden.Pie(
         "The kinds of the fields lie beside the document, in DOCUMENT with the extension .checks. Exit status 0 means that there "
         "are\n"
         "no errors; hints are none.");
-    orden->add_option(
-        "FILE", argumentos->archivos,
-        "Its input files, that of the main record first, then those of the step-loops; without the last ones only what\n"
-        "the others hold is checked. Without any FILE: those that the document names, where they lie beside it");
-    orden->add_option("--format", argumentos->formato, "Form of the findings: text or json; by default text")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORM");
-    AgregarMaximo(*orden, argumentos->maximo, "errors and N hints");
+    orden.Dato("FILE", argumentos->archivos,
+               "Its input files, that of the main record first, then those of the step-loops; without the last ones only what\n"
+               "the others hold is checked. Without any FILE: those that the document names, where they lie beside it");
+    orden.Dato("--format", argumentos->formato, "Form of the findings: text or json; by default text")
+        .UnaDe({"text", "json"})
+        .Tipo("FORM");
+    AgregarMaximo(orden, argumentos->maximo, "errors and N hints");
 }
 
 void AgregarSplit(Ordenes data) {
     const auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden =
-        AgregarOrden(data, argumentos, "split", "Part input files into the records without errors and those with some",
-                     [](const ContextoDeComando& contexto, const Argumentos& dados) {
-                         for (const auto* salidas : {&dados.buenos, &dados.malos, &dados.motivos}) {
-                             if (salidas->size() != dados.archivos.size()) {
-                                 throw MalUso("--good, --bad and --reasons: each of them once for each FILE");
-                             }
-                         }
-                         return Split(contexto, dados);
-                     });
-    orden->footer(
+    auto orden = AgregarOrden(data, argumentos, "split", "Part input files into the records without errors and those with some",
+                              [](const ContextoDeComando& contexto, const Argumentos& dados) {
+                                  for (const auto* salidas : {&dados.buenos, &dados.malos, &dados.motivos}) {
+                                      if (salidas->size() != dados.archivos.size()) {
+                                          throw MalUso("--good, --bad and --reasons: each of them once for each FILE");
+                                      }
+                                  }
+                                  return Split(contexto, dados);
+                              });
+    orden.Pie(
         "Records are copied byte for byte. An order goes with all its items: it is bad when one of them is. With several files,\n"
         "--good, --bad and --reasons are given once for each FILE, in their order. Files that exist are replaced.");
-    orden->add_option("FILE", argumentos->archivos, "Its input files, that of the main record first, then those of the step-loops")
-        ->required();
+    orden.Dato("FILE", argumentos->archivos, "Its input files, that of the main record first, then those of the step-loops")
+        .Obligatoria();
     const auto salida = [&](const char* nombre, std::vector<std::string>& valores, const char* descripcion) {
-        orden->add_option(nombre, valores, descripcion)->required()->allow_extra_args(false)->take_all()->type_name("FILE");
+        orden.Dato(nombre, valores, descripcion).Obligatoria().UnaPorVez().Tipo("FILE");
     };
     salida("--good", argumentos->buenos, "File for the records without errors");
     salida("--bad", argumentos->malos, "File for the other ones");
@@ -229,11 +226,11 @@ void AgregarSplit(Ordenes data) {
 }  // namespace
 
 Ordenes AgregarComandosDeEntrada(Ordenes ordenes) {
-    auto* const data = ordenes.programa.add_subcommand(
-        "data", "Check input files against a document, part them, and make them from spreadsheets and back");
-    data->require_subcommand(1);
-    data->fallthrough();
-    const Ordenes grupo{*data, ordenes.comando};
+    auto data =
+        ordenes.raiz.Suborden("data", "Check input files against a document, part them, and make them from spreadsheets and back");
+    data.PedirSuborden();
+    data.DejarPasar();
+    const Ordenes grupo{data, ordenes.comando};
     AgregarCheck(grupo);
     AgregarSplit(grupo);
     return grupo;

@@ -1,6 +1,5 @@
 #include "app/data_convert_command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -255,62 +254,62 @@ bool Template(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 void AgregarConvert(Ordenes grupo) {
     const auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = grupo.programa.add_subcommand("convert", "Turn tables of a spreadsheet into input files, and back");
-    orden->footer(pieDeConvert);
-    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->add_option("IN", argumentos->entradas, "The files to read")->required();
+    auto orden = grupo.raiz.Suborden("convert", "Turn tables of a spreadsheet into input files, and back");
+    orden.Pie(pieDeConvert);
+    orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    orden.Dato("IN", argumentos->entradas, "The files to read").Obligatoria();
     const auto varias = [orden](const char* nombre, std::vector<std::string>& valores, const char* descripcion, const char* tipo) {
-        return orden->add_option(nombre, valores, descripcion)->type_name(tipo)->allow_extra_args(false)->take_all();
+        return orden.Dato(nombre, valores, descripcion).Tipo(tipo).UnaPorVez();
     };
-    varias("-o,--output", argumentos->salidas, "A file to write; once for each. One that exists is replaced", "OUT")->required();
-    const auto lado = CLI::IsMember(lados);
-    orden->add_option("--from", argumentos->desde, "What IN is, whatever its extension: layout, csv, tab or xlsx")
-        ->check(lado)
-        ->type_name("FORM");
-    orden->add_option("--to", argumentos->hacia, "What OUT is, whatever its extension")->check(lado)->type_name("FORM");
-    orden->add_option("--columns", argumentos->columnas, "How columns go to fields: heading or order; by default heading")
-        ->check(CLI::IsMember({"heading", "order"}))
-        ->type_name("WAY");
+    varias("-o,--output", argumentos->salidas, "A file to write; once for each. One that exists is replaced", "OUT").Obligatoria();
+    const auto lado = Nombres(lados);
+    orden.Dato("--from", argumentos->desde, "What IN is, whatever its extension: layout, csv, tab or xlsx")
+        .UnaDe(lado)
+        .Tipo("FORM");
+    orden.Dato("--to", argumentos->hacia, "What OUT is, whatever its extension").UnaDe(lado).Tipo("FORM");
+    orden.Dato("--columns", argumentos->columnas, "How columns go to fields: heading or order; by default heading")
+        .UnaDe({"heading", "order"})
+        .Tipo("WAY");
     orden
-        ->add_option("--heading-row", argumentos->filaDeTitulos,
-                     "Row of the headings; what is above is passed over. 0: there are none. By default 1")
-        ->check(CLI::Range(0, 1000000))
-        ->type_name("N");
-    orden->add_flag("--other-columns", argumentos->otrasColumnas, "Pass over columns whose heading is no field");
+        .Dato("--heading-row", argumentos->filaDeTitulos,
+              "Row of the headings; what is above is passed over. 0: there are none. By default 1")
+        .Entre(0, 1000000)
+        .Tipo("N");
+    orden.Marca("--other-columns", argumentos->otrasColumnas, "Pass over columns whose heading is no field");
     orden
-        ->add_option("--separator", argumentos->separador,
-                     "Separator of CSV; by default what the headings show, and a semicolon for what is written")
-        ->check(CLI::IsMember({",", ";"}))
-        ->type_name("SIGN");
+        .Dato("--separator", argumentos->separador,
+              "Separator of CSV; by default what the headings show, and a semicolon for what is written")
+        .UnaDe({",", ";"})
+        .Tipo("SIGN");
     varias("--sheet", argumentos->hojas, "A sheet of the workbook to read; once for each kind of records", "NAME");
-    orden->add_option("--cells", argumentos->celdas, "Take numbers of cells as displayed or as stored; by default displayed")
-        ->check(CLI::IsMember({"displayed", "stored"}))
-        ->type_name("WAY");
-    orden->add_option("--dates", argumentos->fechas, "How dates stand in the texts of tables; by default as in the layout")
-        ->type_name("DD.MM.YYYY");
-    orden->add_option("--decimals", argumentos->decimales, "Decimal sign in the texts of tables; by default as in the layout")
-        ->check(CLI::IsMember({",", "."}))
-        ->type_name("SIGN");
-    orden->add_flag("--leave-out", argumentos->dejarFuera,
-                    "Write the records that fit, and leave out the others; an order goes with all its items");
-    AgregarMaximo(*orden, argumentos->maximo, "findings");
-    orden->callback([argumentos, &comando = grupo.comando] {
+    orden.Dato("--cells", argumentos->celdas, "Take numbers of cells as displayed or as stored; by default displayed")
+        .UnaDe({"displayed", "stored"})
+        .Tipo("WAY");
+    orden.Dato("--dates", argumentos->fechas, "How dates stand in the texts of tables; by default as in the layout")
+        .Tipo("DD.MM.YYYY");
+    orden.Dato("--decimals", argumentos->decimales, "Decimal sign in the texts of tables; by default as in the layout")
+        .UnaDe({",", "."})
+        .Tipo("SIGN");
+    orden.Marca("--leave-out", argumentos->dejarFuera,
+                "Write the records that fit, and leave out the others; an order goes with all its items");
+    AgregarMaximo(orden, argumentos->maximo, "findings");
+    orden.AlElegir([argumentos, &comando = grupo.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) { return Convert(contexto, *argumentos); };
     });
 }
 
 void AgregarTemplate(Ordenes grupo) {
     const auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = grupo.programa.add_subcommand("template", "Write a workbook to fill in for a document");
-    orden->footer(
+    auto orden = grupo.raiz.Suborden("template", "Write a workbook to fill in for a document");
+    orden.Pie(
         "The workbook has a sheet for each kind of records, with the headings that convert reads, the notes of the\n"
         "file side, and what the kinds in DOCUMENT's file .checks say of the fields.");
-    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->add_option("-o,--output", argumentos->salidas, "The workbook. One that exists is replaced")
-        ->required()
-        ->expected(1)
-        ->type_name("FILE.xlsx");
-    orden->callback([argumentos, &comando = grupo.comando] {
+    orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    orden.Dato("-o,--output", argumentos->salidas, "The workbook. One that exists is replaced")
+        .Obligatoria()
+        .Cuantos(1, 1)
+        .Tipo("FILE.xlsx");
+    orden.AlElegir([argumentos, &comando = grupo.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) { return Template(contexto, *argumentos); };
     });
 }

@@ -1,6 +1,5 @@
 #include "app/data_document.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "base/paths.h"
@@ -37,17 +36,15 @@ std::vector<fs::path> ArchivosDelDocumento(const ContextoDeComando& contexto, co
     return archivos;
 }
 
-void AgregarMaximo(CLI::App& orden, std::uint64_t& maximo, const std::string& cuales) {
+void AgregarMaximo(Orden orden, std::uint64_t& maximo, const std::string& cuales) {
     constexpr std::uint64_t tope = 1'000'000'000'000;
-    orden.add_option("--max-findings", maximo, "Tell at most N " + cuales + ", and count the others; by default 1000")
-        ->check(CLI::Validator(
-            [](const std::string& texto) {
-                const bool esNumero = !texto.empty() && texto.size() < std::to_string(tope).size() &&
-                                      texto.find_first_not_of("0123456789") == std::string::npos;
-                return esNumero ? std::string() : "\"" + texto + "\" is no number from 0 to 999999999999";
-            },
-            ""))
-        ->type_name("N");
+    orden.Dato("--max-findings", maximo, "Tell at most N " + cuales + ", and count the others; by default 1000")
+        .Segun([](const std::string& texto) {
+            const bool esNumero = !texto.empty() && texto.size() < std::to_string(tope).size() &&
+                                  texto.find_first_not_of("0123456789") == std::string::npos;
+            return esNumero ? std::string() : "\"" + texto + "\" is no number from 0 to 999999999999";
+        })
+        .Tipo("N");
 }
 
 }  // namespace qor

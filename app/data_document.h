@@ -17,6 +17,6 @@ std::vector<std::filesystem::path> ArchivosDelDocumento(const ContextoDeComando&
                                                         const ClasesDeCampos& clases);
 
 // The option --max-findings of a command. `cuales` are counted, such as "findings".
-void AgregarMaximo(CLI::App& orden, std::uint64_t& maximo, const std::string& cuales);
+void AgregarMaximo(Orden orden, std::uint64_t& maximo, const std::string& cuales);
 
 }  // namespace qor

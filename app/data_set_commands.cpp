@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -73,29 +72,26 @@ bool Dataset(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 void AgregarComandosDeDatos(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand("dataset", "Look into a data set, or replace a field's value in it");
-    orden->footer(
+    auto orden = ordenes.raiz.Suborden("dataset", "Look into a data set, or replace a field's value in it");
+    orden.Pie(
         "Without --field the kind of the file, its transactions and its fields are printed. The file is replaced only with --yes.");
-    orden->add_option("FILE", argumentos->archivo, "A batch-input session file, or a download of the error table")->required();
-    auto* const campo = orden->add_option("--field", argumentos->campo, "Field to change")->type_name("F");
-    auto* const nuevo = orden->add_option("--new", argumentos->nuevo, "Its new value")->type_name("V");
-    campo->needs(nuevo);
-    nuevo->needs(campo);
-    orden->add_option("--transaction", argumentos->transaccion, "Only in this transaction")->type_name("T")->needs(campo);
-    auto* const entero = orden->add_option("--whole", argumentos->entero, "Only values that contain OLD, as a whole");
-    auto* const parte = orden->add_option("--part", argumentos->parte, "Every occurrence of OLD in the value");
-    entero->type_name("OLD")->needs(campo)->excludes(parte);
-    parte->type_name("OLD")->needs(campo);
-    orden
-        ->add_option("--if", argumentos->condiciones,
-                     "Condition: F=V for an equal value, F~V for one that contains V; at most three")
-        ->type_name("F=V")
-        ->needs(campo)
-        ->allow_extra_args(false)
-        ->take_all();
-    orden->add_flag("--once", argumentos->unaVez, "A condition holds when one occurrence passes; else all must")->needs(campo);
-    orden->callback([argumentos, &comando = ordenes.comando] {
-        if (argumentos->condiciones.size() > maximoCondiciones) throw CLI::ValidationError("--if", "at most three conditions");
+    orden.Dato("FILE", argumentos->archivo, "A batch-input session file, or a download of the error table").Obligatoria();
+    auto campo = orden.Dato("--field", argumentos->campo, "Field to change").Tipo("F");
+    auto nuevo = orden.Dato("--new", argumentos->nuevo, "Its new value").Tipo("V");
+    campo.Necesita(nuevo);
+    nuevo.Necesita(campo);
+    orden.Dato("--transaction", argumentos->transaccion, "Only in this transaction").Tipo("T").Necesita(campo);
+    auto entero = orden.Dato("--whole", argumentos->entero, "Only values that contain OLD, as a whole");
+    auto parte = orden.Dato("--part", argumentos->parte, "Every occurrence of OLD in the value");
+    entero.Tipo("OLD").Necesita(campo).Excluye(parte);
+    parte.Tipo("OLD").Necesita(campo);
+    orden.Dato("--if", argumentos->condiciones, "Condition: F=V for an equal value, F~V for one that contains V; at most three")
+        .Tipo("F=V")
+        .Necesita(campo)
+        .UnaPorVez();
+    orden.Marca("--once", argumentos->unaVez, "A condition holds when one occurrence passes; else all must").Necesita(campo);
+    orden.AlElegir([argumentos, &comando = ordenes.comando] {
+        if (argumentos->condiciones.size() > maximoCondiciones) throw MalUso("--if: at most three conditions");
         comando = [argumentos](const ContextoDeComando& contexto) { return Dataset(contexto, *argumentos); };
     });
 }

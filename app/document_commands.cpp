@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -108,24 +107,24 @@ class OrdenDeDocumento {
 public:
     OrdenDeDocumento(Ordenes ordenes, const char* nombre, const char* descripcion, const char* pie,
                      bool (*accion)(const ContextoDeComando&, const Argumentos&))
-        : argumentos_(std::make_shared<Argumentos>()), orden_(ordenes.programa.add_subcommand(nombre, descripcion)) {
-        orden_->footer(pie);
-        orden_->add_option("DOCUMENT", argumentos_->documento, "A .qor document")->required();
-        orden_->callback([argumentos = argumentos_, accion, &comando = ordenes.comando] {
+        : argumentos_(std::make_shared<Argumentos>()), orden_(ordenes.raiz.Suborden(nombre, descripcion)) {
+        orden_.Pie(pie);
+        orden_.Dato("DOCUMENT", argumentos_->documento, "A .qor document").Obligatoria();
+        orden_.AlElegir([argumentos = argumentos_, accion, &comando = ordenes.comando] {
             comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
         });
     }
 
-    CLI::Option* ConSalida(const char* tipo, const char* descripcion) {
-        return orden_->add_option("-o,--output", argumentos_->archivo, descripcion)->type_name(tipo);
+    Opcion ConSalida(const char* tipo, const char* descripcion) {
+        return orden_.Dato("-o,--output", argumentos_->archivo, descripcion).Tipo(tipo);
     }
 
     Argumentos& Valores() { return *argumentos_; }
-    CLI::App* operator->() { return orden_; }
+    const Orden& LaOrden() const { return orden_; }
 
 private:
     std::shared_ptr<Argumentos> argumentos_;
-    CLI::App* orden_;
+    Orden orden_;
 };
 
 void AgregarSource(Ordenes ordenes) {
@@ -137,14 +136,16 @@ void AgregarSource(Ordenes ordenes) {
                                }
                                return Source(contexto, argumentos);
                            });
-    orden->add_option("--model", orden.Valores().modelo, "Kind of model: file, open-sql or native-sql")
-        ->required()
-        ->check(CLI::IsMember({"file", "open-sql", "native-sql"}))
-        ->type_name("KIND");
-    orden->add_option("--table", orden.Valores().tabla, "Internal table to fill; by default the main one")->type_name("NAME");
-    orden->add_option("--from", orden.Valores().fuente, "Where a file lies: client-flat, client-tab or server")
-        ->check(CLI::IsMember(fuentes))
-        ->type_name("PLACE");
+    orden.LaOrden()
+        .Dato("--model", orden.Valores().modelo, "Kind of model: file, open-sql or native-sql")
+        .Obligatoria()
+        .UnaDe({"file", "open-sql", "native-sql"})
+        .Tipo("KIND");
+    orden.LaOrden().Dato("--table", orden.Valores().tabla, "Internal table to fill; by default the main one").Tipo("NAME");
+    orden.LaOrden()
+        .Dato("--from", orden.Valores().fuente, "Where a file lies: client-flat, client-tab or server")
+        .UnaDe(Nombres(fuentes))
+        .Tipo("PLACE");
 }
 
 }  // namespace
@@ -160,7 +161,7 @@ void AgregarComandosDeDocumento(Ordenes ordenes) {
     OrdenDeDocumento(ordenes, "convert", "Save a document of either format under another name",
                      "NEW is written in the present format. A document of that name is replaced.", Convert)
         .ConSalida("NEW", "The new document")
-        ->required();
+        .Obligatoria();
     OrdenDeDocumento(ordenes, "print", "Print a document's specification as plain text",
                      "The text goes to the standard output (also with FILE \"-\"), or to FILE in windows-1252.", Print)
         .ConSalida("FILE", "File for the text");

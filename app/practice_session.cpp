@@ -1,16 +1,12 @@
 #include "app/practice_session.h"
 
-#include <CLI/CLI.hpp>
-
 #include "app/practice_file.h"
 #include "app/sap_connection.h"
 
 namespace qor {
 
-CLI::Option* AgregarOpcionPractice(CLI::App* orden, std::optional<std::string>& archivo) {
-    return orden->add_option("--practice", archivo, "Ask the practice system of FILE, by default your own")
-        ->type_name("[FILE]")
-        ->expected(0, 1);
+Opcion AgregarOpcionPractice(Orden orden, std::optional<std::string>& archivo) {
+    return orden.Dato("--practice", archivo, "Ask the practice system of FILE, by default your own").Tipo("[FILE]").Cuantos(0, 1);
 }
 
 std::optional<SesionSAP> EntrarEnPractica(const ContextoDeComando& contexto, const AjustesDelPrograma& ajustes,

@@ -8,16 +8,11 @@
 #include "practice/database.h"
 #include "sap/session.h"
 
-namespace CLI {
-class App;
-class Option;
-}  // namespace CLI
-
 // The option --practice of the commands that need a system.
 namespace qor {
 
 // Where it is given, `archivo` holds its file; an empty name is the user's own system.
-CLI::Option* AgregarOpcionPractice(CLI::App* orden, std::optional<std::string>& archivo);
+Opcion AgregarOpcionPractice(Orden orden, std::optional<std::string>& archivo);
 
 // Logs on to the practice system of a file. Nothing, with a message, where it can't be opened; a missing one that is only read is a
 // new system, and no file is made. `ajustes` are those of the session, with its catalogue; beside `documento` may lie definitions

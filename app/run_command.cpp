@@ -1,6 +1,5 @@
 #include "app/run_command.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -274,42 +273,35 @@ bool Run(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 void AgregarComandoRun(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand("run", "Run the report of a document on a practice system");
-    orden->footer(
+    auto orden = ordenes.raiz.Suborden("run", "Run the report of a document on a practice system");
+    orden.Pie(
         "The list of the report and a line that counts go to the standard output, what fails to the error output.\n"
         "Exit status 0 means that the report ran to its end, at least one record took part and none failed; with --expect, that\n"
         "the journal is the expected one. Reports that work with the day and the time run alike each time with SOURCE_DATE_EPOCH "
         "set.");
-    auto* const fuente = orden->add_option_group("Report", "What to run");
-    fuente->require_option(1);
-    fuente->add_option("DOCUMENT", argumentos->documento, "A .qor document, whose report is generated in memory");
-    fuente->add_option("--report", argumentos->reporte, "A report that is there already")->type_name("FILE");
-    fuente
-        ->add_option("--program", argumentos->publicado, "A program that was published to the practice system, by default your own")
-        ->type_name("NAME");
+    auto fuente = orden.Grupo("Report", "What to run");
+    fuente.PedirUnaOpcion();
+    fuente.Dato("DOCUMENT", argumentos->documento, "A .qor document, whose report is generated in memory");
+    fuente.Dato("--report", argumentos->reporte, "A report that is there already").Tipo("FILE");
+    fuente.Dato("--program", argumentos->publicado, "A program that was published to the practice system, by default your own")
+        .Tipo("NAME");
     const auto varias = [&](const char* nombre, std::vector<std::string>& valores, const char* tipo, const char* descripcion) {
-        orden->add_option(nombre, valores, descripcion)->type_name(tipo)->allow_extra_args(false)->take_all();
+        orden.Dato(nombre, valores, descripcion).Tipo(tipo).UnaPorVez();
     };
     varias("--file", argumentos->archivos, "NAME=PATH", "The file behind a file parameter, or behind a path that the report holds");
     varias("--param", argumentos->parametros, "NAME=VALUE", "The value of a parameter of the selection screen");
-    orden->add_option("--records", argumentos->registros, "Only these records")->type_name("A-B");
+    orden.Dato("--records", argumentos->registros, "Only these records").Tipo("A-B");
     varias("--fail", argumentos->fallos, "N[=TEXT]", "Let record N fail, with a message; N=A:TEXT lets a BAPI answer with type A");
-    orden->add_option("--values", argumentos->valores, "Folder of value lists; by default values beside the system")
-        ->type_name("DIR");
+    orden.Dato("--values", argumentos->valores, "Folder of value lists; by default values beside the system").Tipo("DIR");
     varias("--recording", argumentos->grabaciones, "FILE", "A recording or a session file, by which transactions are checked");
     varias("--table", argumentos->tablas, "NAME=CSV", "A table of the database, from comma-separated values");
-    orden
-        ->add_option("--system", argumentos->sistema,
-                     "File of the practice system; by default one in memory, of --program your own")
-        ->type_name("FILE");
-    orden->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")->type_name("FILE");
-    orden
-        ->add_option("--expect", argumentos->esperado,
-                     "Compare the journal with a stored one, and end with status 1 where they differ")
-        ->type_name("FILE");
-    orden->add_option("--limit", argumentos->limite, "Statements without a new record or event; by default 100 million")
-        ->type_name("N");
-    orden->callback([argumentos, &comando = ordenes.comando] {
+    orden.Dato("--system", argumentos->sistema, "File of the practice system; by default one in memory, of --program your own")
+        .Tipo("FILE");
+    orden.Dato("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines").Tipo("FILE");
+    orden.Dato("--expect", argumentos->esperado, "Compare the journal with a stored one, and end with status 1 where they differ")
+        .Tipo("FILE");
+    orden.Dato("--limit", argumentos->limite, "Statements without a new record or event; by default 100 million").Tipo("N");
+    orden.AlElegir([argumentos, &comando = ordenes.comando] {
         comando = [argumentos](const ContextoDeComando& contexto) { return Run(contexto, *argumentos); };
     });
 }

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <optional>
@@ -208,62 +207,59 @@ bool Publish(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
 
-void AlLeer(CLI::App* orden, Ordenes ordenes, const ArgumentosCompartidos& argumentos,
+void AlLeer(Orden orden, Ordenes ordenes, const ArgumentosCompartidos& argumentos,
             bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
-    orden->callback([argumentos, accion, &comando = ordenes.comando] {
+    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
         comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
     });
 }
 
 void AgregarImport(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand("import", "Turn a recording or a session file into rows of a document");
-    orden->footer(
+    auto orden = ordenes.raiz.Suborden("import", "Turn a recording or a session file into rows of a document");
+    orden.Pie(
         "A DOCUMENT that doesn't exist starts as a new one. Where it has rows already, nothing is imported without\n"
         "--replace or --append. With --practice FILE is a session or a recording of the practice system, by its id or\n"
         "its name, of a recording also by the name of its file.");
-    orden->add_option("DOCUMENT", argumentos->documento, "A .qor document")->required();
-    orden->add_option("FILE", argumentos->archivo, "The program made of a recording, or a file of session records")->required();
-    auto* const reemplazar = orden->add_flag("--replace", argumentos->reemplazar, "Replace the rows of the program side");
-    orden->add_flag("--append", argumentos->agregar, "Add behind the rows of the program side")->excludes(reemplazar);
-    orden->add_flag("--close-gaps", argumentos->cerrarHuecos, "Remove the blank rows behind the first row before saving");
+    orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
+    orden.Dato("FILE", argumentos->archivo, "The program made of a recording, or a file of session records").Obligatoria();
+    auto reemplazar = orden.Marca("--replace", argumentos->reemplazar, "Replace the rows of the program side");
+    orden.Marca("--append", argumentos->agregar, "Add behind the rows of the program side").Excluye(reemplazar);
+    orden.Marca("--close-gaps", argumentos->cerrarHuecos, "Remove the blank rows behind the first row before saving");
     AgregarOpcionPractice(orden, argumentos->practica);
     AlLeer(orden, ordenes, argumentos, Import);
 }
 
 void AgregarWidths(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand("widths", "Exchange field widths with a system by way of a file");
-    orden->footer("A line of the file holds table, field and file field in 30 columns each; the length comes behind them.");
-    auto* const documento = orden->add_option("DOCUMENT", argumentos->documento, "A .qor document");
-    auto* const acciones = orden->add_option_group("Action", "What to do");
-    acciones->require_option(1);
-    acciones->add_option("--export", argumentos->exportar, "Write the file that asks for the widths")
-        ->type_name("FILE")
-        ->needs(documento);
-    acciones->add_option("--import", argumentos->importar, "Take the widths of the completed file, and save")
-        ->type_name("FILE")
-        ->needs(documento);
-    acciones->add_option("--query", argumentos->consulta, "Print the report that looks up the widths for the file")
-        ->type_name("FILE")
-        ->excludes(documento);
+    auto orden = ordenes.raiz.Suborden("widths", "Exchange field widths with a system by way of a file");
+    orden.Pie("A line of the file holds table, field and file field in 30 columns each; the length comes behind them.");
+    auto documento = orden.Dato("DOCUMENT", argumentos->documento, "A .qor document");
+    auto acciones = orden.Grupo("Action", "What to do");
+    acciones.PedirUnaOpcion();
+    acciones.Dato("--export", argumentos->exportar, "Write the file that asks for the widths").Tipo("FILE").Necesita(documento);
+    acciones.Dato("--import", argumentos->importar, "Take the widths of the completed file, and save")
+        .Tipo("FILE")
+        .Necesita(documento);
+    acciones.Dato("--query", argumentos->consulta, "Print the report that looks up the widths for the file")
+        .Tipo("FILE")
+        .Excluye(documento);
     AgregarOpcionPractice(acciones, argumentos->practica)
-        ->description("Look the widths up in the practice system of FILE, by default your own, and save")
-        ->needs(documento);
+        .Descripcion("Look the widths up in the practice system of FILE, by default your own, and save")
+        .Necesita(documento);
     AlLeer(orden, ordenes, argumentos, Widths);
 }
 
 void AgregarPublish(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const orden = ordenes.programa.add_subcommand(
-        "publish", "Install a program in the practice system, or print the report that installs it");
-    orden->add_option("SOURCE", argumentos->archivo, "The source of the program")->required();
-    orden->add_option("NAME", argumentos->nombre, "Its name in the system")->required();
-    auto* const acciones = orden->add_option_group("Action", "What to do");
-    acciones->require_option(1);
-    acciones->add_flag("--dry-run", argumentos->soloMostrar, "Print the report that installs it, and send nothing");
+    auto orden = ordenes.raiz.Suborden("publish", "Install a program in the practice system, or print the report that installs it");
+    orden.Dato("SOURCE", argumentos->archivo, "The source of the program").Obligatoria();
+    orden.Dato("NAME", argumentos->nombre, "Its name in the system").Obligatoria();
+    auto acciones = orden.Grupo("Action", "What to do");
+    acciones.PedirUnaOpcion();
+    acciones.Marca("--dry-run", argumentos->soloMostrar, "Print the report that installs it, and send nothing");
     AgregarOpcionPractice(acciones, argumentos->practica)
-        ->description("Install it in the practice system of FILE, by default your own");
+        .Descripcion("Install it in the practice system of FILE, by default your own");
     AlLeer(orden, ordenes, argumentos, Publish);
 }
 

@@ -1,6 +1,5 @@
 #include "app/system_command.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -337,10 +336,10 @@ bool Reset(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 
 using Accion = bool (*)(const ContextoDeComando&, const Argumentos&);
 
-CLI::App* AgregarOrden(CLI::App* system, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
-                       const char* descripcion, Accion accion) {
-    auto* const orden = system->add_subcommand(nombre, descripcion);
-    orden->callback([argumentos, accion, &comando = ordenes.comando] {
+Orden AgregarOrden(Orden system, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
+                   const char* descripcion, Accion accion) {
+    const Orden orden = system.Suborden(nombre, descripcion);
+    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
         comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
     });
     return orden;
@@ -350,24 +349,22 @@ CLI::App* AgregarOrden(CLI::App* system, Ordenes ordenes, const ArgumentosCompar
 
 void AgregarComandoSystem(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
-    auto* const system =
-        ordenes.programa.add_subcommand("system", "Look into the practice system, and bring things into it and out of it");
-    system->require_subcommand(1);
-    system->fallthrough();
-    system->add_option("--system", argumentos->sistema, "File of the practice system, in the place of the user's own")
-        ->type_name("FILE");
+    auto system = ordenes.raiz.Suborden("system", "Look into the practice system, and bring things into it and out of it");
+    system.PedirSuborden();
+    system.DejarPasar();
+    system.Dato("--system", argumentos->sistema, "File of the practice system, in the place of the user's own").Tipo("FILE");
     const auto agregar = [&](const char* nombre, const char* descripcion, Accion accion) {
         return AgregarOrden(system, ordenes, argumentos, nombre, descripcion, accion);
     };
-    const auto conTabla = [&](CLI::App* orden) {
-        orden->add_option("TABLE", argumentos->nombre, "Name of a table")->required();
+    const auto conTabla = [&](Orden orden) {
+        orden.Dato("TABLE", argumentos->nombre, "Name of a table").Obligatoria();
         return orden;
     };
-    const auto conArchivo = [&](CLI::App* orden, const char* nombre, const char* descripcion) {
-        orden->add_option(nombre, argumentos->archivo, descripcion)->required();
+    const auto conArchivo = [&](Orden orden, const char* nombre, const char* descripcion) {
+        orden.Dato(nombre, argumentos->archivo, descripcion).Obligatoria();
     };
-    const auto conEntrada = [&](CLI::App* orden) {
-        orden->add_option("QID", argumentos->nombre, "Id of an entry of the queue")->required();
+    const auto conEntrada = [&](Orden orden) {
+        orden.Dato("QID", argumentos->nombre, "Id of an entry of the queue").Obligatoria();
         return orden;
     };
     conArchivo(conTabla(agregar("load", "Make a table from comma-separated values", Load)), "CSV",
@@ -381,8 +378,8 @@ void AgregarComandoSystem(Ordenes ordenes) {
     conArchivo(conEntrada(agregar("export", "Write a session in the form that dataset and import open", Export)), "FILE",
                "File to write");
     conEntrada(agregar("process", "Try the transactions of a session", Process))
-        ->add_option("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")
-        ->type_name("FILE");
+        .Dato("--journal", argumentos->diario, "Write all that happens to a file of JSON Lines")
+        .Tipo("FILE");
     conEntrada(agregar("delete", "Delete a session or a recording", Delete));
     conArchivo(agregar("import-session", "Put a session file into the queue and print its id", ImportSession), "FILE",
                "A file of session records");
@@ -391,8 +388,7 @@ void AgregarComandoSystem(Ordenes ordenes) {
     agregar("programs", "Print the programs as comma-separated values", Programs);
     agregar("recordings", "Print the recordings as comma-separated values", Recordings);
     agregar("role", "Print the role of the client, or set it; a productive one takes no programs", Role)
-        ->add_option("ROLE", argumentos->rol,
-                     "P production, T test, C customizing, D demonstration, E training, S reference, or none");
+        .Dato("ROLE", argumentos->rol, "P production, T test, C customizing, D demonstration, E training, S reference, or none");
     agregar("reset", "Delete all that the practice system holds; asks first", Reset);
 }
 
