@@ -47,12 +47,25 @@ int PalabraDe(const FalloDeMensaje& fallo) {
     return 0;
 }
 
+// A text in which each line that the core says in English is in the loaded language.
+std::string PorLineas(std::string_view texto, const TextosIdioma& textos) {
+    constexpr std::string_view fin = "\r\n";
+    std::string traducido;
+    for (std::size_t desde = 0; desde <= texto.size();) {
+        const auto hasta = std::min(texto.find(fin, desde), texto.size());
+        if (desde > 0) traducido += fin;
+        traducido += textos.PorIngles(texto.substr(desde, hasta - desde));
+        desde = hasta + fin.size();
+    }
+    return traducido;
+}
+
 // What only the command line says in English. The reason of an action that failed is that of the system, unless there are words
 // for it.
 std::string DeLiteral(const Mensaje& mensaje, const TextosIdioma& textos) {
     constexpr const char* fallo = "The action failed: %1.";
     const auto frase = ReconocerFrase(mensaje.texto, fallo);
-    if (!frase) return std::string(textos.PorIngles(mensaje.texto));
+    if (!frase) return PorLineas(mensaje.texto, textos);
     if (mensaje.fallo && PalabraDe(*mensaje.fallo) != 0) return textos.Palabra(palabra::LaAccionSobreElArchivoFallo);
     return frase->En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); });
 }
@@ -69,7 +82,7 @@ std::string RutaEntera(const fs::path& ruta) {
 
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos) {
     TextoEnPantalla visto{mensaje.enPantalla, mensaje.detalle};
-    if (visto.texto.empty()) visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : mensaje.texto;
+    if (visto.texto.empty()) visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : PorLineas(mensaje.texto, textos);
     if (!mensaje.fallo) return visto;
     const auto seguro = std::find_if(sinConjeturas.begin(), sinConjeturas.end(),
                                      [&](const SinConjetura& otro) { return otro.mensaje == mensaje.Numero(); });

@@ -596,6 +596,18 @@ inline constexpr int NoSePudoEscribirElPrograma = 1628;
 inline constexpr int QueEsEsto = 1700;
 inline constexpr int MenuConexion = 1701;
 
+// What the core says in English, on the screen
+inline constexpr int ElCodigoEsMuyLargo = 1702;
+inline constexpr int NoHaySitioParaOtraCondicion = 1703;
+inline constexpr int LaConexionHaFallado = 1704;
+inline constexpr int ElSistemaDePracticaNoSePuedeAbrir = 1705;
+inline constexpr int LaConexionHaFalladoSinBibliotecas = 1706;
+inline constexpr int ModuloRFCNoValido = 1707;
+inline constexpr int ConexionConSAPPerdida = 1708;
+inline constexpr int ConexionDePracticaPerdida = 1709;
+inline constexpr int SinBibliotecaDeConexion = 1710;
+inline constexpr int SinBAPIEnElSistemaDePractica = 1711;
+
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }
 

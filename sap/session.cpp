@@ -115,9 +115,10 @@ bool SesionActiva(SesionSAP& sesion) {
 void NotarPerdida(SesionSAP& sesion) {
     if (sesion.SesionRFC == nullptr || sesion.SesionRFC->Connection().Abierta()) return;
     const std::string causa = sesion.Motivo.empty() ? "" : sesion.Motivo + "\r\n";
-    const std::string sistema = sesion.EsDePractica() ? "practice" : "SAP";
+    const char* const perdida = sesion.EsDePractica() ? "The connection to the practice system is lost. Please log on again."
+                                                      : "The connection to the SAP system is lost. Please log on again.";
     Soltar(sesion);
-    sesion.Motivo = causa + "The connection to the " + sistema + " system is lost. Please log on again.";
+    sesion.Motivo = causa + perdida;
 }
 
 bool RecuperarDatosSistema(SesionSAP& sesion) {
@@ -175,7 +176,7 @@ bool ConectarSAP(SesionSAP& sesion, const OpcionesDeLogon& opciones, Preferencia
     const bool valido = ValidarModuloRFC(sesion);
     const bool conDatos = valido && RecuperarDatosSistema(sesion);
     if (sesion.SesionRFC == nullptr) {
-        vista.Advertir(MensajeLiteral("The logon has failed.\r\n" + sesion.Motivo));
+        vista.Advertir(MensajeLiteral(std::string("The logon has failed.") + "\r\n" + sesion.Motivo));
         return false;
     }
     if (!valido) {

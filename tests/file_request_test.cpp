@@ -7,6 +7,7 @@
 #include "base/failure_trap.h"
 #include "base/files.h"
 #include "base/message_text.h"
+#include "base/words.h"
 #include "model/document_file.h"
 #include "model/suggested_name.h"
 #include "tests/support/failing_calls.h"
@@ -135,6 +136,18 @@ TEST(FailedFiles, AreToldApartOnTheScreen) {
     EXPECT_EQ(visto(), "The action failed: no luck.|");
 }
 #endif
+
+// Sentences of the core are in the loaded language; what a system or a user wrote stays.
+TEST(TextsOnTheScreen, AreInTheLoadedLanguageLineByLine) {
+    const auto textos = TextosDe("Espanol");
+    const std::string logon = textos.Palabra(palabra::LaConexionHaFallado);
+    ASSERT_NE(logon, "The logon has failed.");
+    EXPECT_EQ(EnPantalla(MensajeLiteral("The logon has failed.\r\nName or password\r\n"), textos).texto,
+              logon + "\r\nName or password\r\n");
+    Mensaje conMotivo = Componer(textos, {411});
+    conMotivo.texto += "\r\nThe connection to the SAP system is lost. Please log on again.";
+    EXPECT_EQ(EnPantalla(conMotivo, textos).texto, textos.Texto(411) + "\r\n" + textos.Palabra(palabra::ConexionConSAPPerdida));
+}
 
 }  // namespace
 }  // namespace qor::pruebas

@@ -91,7 +91,8 @@ Usados LeerUsados() {
             std::string codigo;
             const std::string contenido = LeerArchivo(ruta);
             for (const auto linea : PartirEnLineas(contenido)) {
-                if (!Recortar(linea).starts_with("//")) codigo.append(linea).append("\n");
+                // A quote that is a character of its own begins no literal.
+                if (!Recortar(linea).starts_with("//")) codigo.append(ReemplazarTodo(linea, "'\"'", "")).append("\n");
             }
             AgregarUsados(codigo, usados);
         }
