@@ -7,52 +7,52 @@ namespace qor {
 
 // ---- Opcion ----
 
-Opcion& Opcion::Tipo(const char* tipo) {
+Opcion Opcion::Tipo(const char* tipo) const {
     opcion_->type_name(tipo);
     return *this;
 }
 
-Opcion& Opcion::Descripcion(const char* descripcion) {
+Opcion Opcion::Descripcion(const char* descripcion) const {
     opcion_->description(descripcion);
     return *this;
 }
 
-Opcion& Opcion::Obligatoria() {
+Opcion Opcion::Obligatoria() const {
     opcion_->required();
     return *this;
 }
 
-Opcion& Opcion::Necesita(const Opcion& otra) {
+Opcion Opcion::Necesita(const Opcion& otra) const {
     opcion_->needs(otra.opcion_);
     return *this;
 }
 
-Opcion& Opcion::Excluye(const Opcion& otra) {
+Opcion Opcion::Excluye(const Opcion& otra) const {
     opcion_->excludes(otra.opcion_);
     return *this;
 }
 
-Opcion& Opcion::UnaDe(const std::vector<std::string>& valores) {
+Opcion Opcion::UnaDe(const std::vector<std::string>& valores) const {
     opcion_->check(CLI::IsMember(valores));
     return *this;
 }
 
-Opcion& Opcion::Entre(int menor, int mayor) {
+Opcion Opcion::Entre(int menor, int mayor) const {
     opcion_->check(CLI::Range(menor, mayor));
     return *this;
 }
 
-Opcion& Opcion::Segun(const std::function<std::string(const std::string&)>& juzgar) {
+Opcion Opcion::Segun(const std::function<std::string(const std::string&)>& juzgar) const {
     opcion_->check(CLI::Validator([juzgar](const std::string& texto) { return juzgar(texto); }, ""));
     return *this;
 }
 
-Opcion& Opcion::UnaPorVez() {
+Opcion Opcion::UnaPorVez() const {
     opcion_->allow_extra_args(false)->take_all();
     return *this;
 }
 
-Opcion& Opcion::Cuantos(int minimo, int maximo) {
+Opcion Opcion::Cuantos(int minimo, int maximo) const {
     opcion_->expected(minimo, maximo);
     return *this;
 }

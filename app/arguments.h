@@ -23,17 +23,17 @@ class Opcion {
 public:
     explicit Opcion(CLI::Option* opcion) : opcion_(opcion) {}
 
-    Opcion& Tipo(const char* tipo);  // of its value, for the help
-    Opcion& Descripcion(const char* descripcion);
-    Opcion& Obligatoria();
-    Opcion& Necesita(const Opcion& otra);
-    Opcion& Excluye(const Opcion& otra);
-    Opcion& UnaDe(const std::vector<std::string>& valores);
-    Opcion& Entre(int menor, int mayor);
+    Opcion Tipo(const char* tipo) const;  // of its value, for the help
+    Opcion Descripcion(const char* descripcion) const;
+    Opcion Obligatoria() const;
+    Opcion Necesita(const Opcion& otra) const;
+    Opcion Excluye(const Opcion& otra) const;
+    Opcion UnaDe(const std::vector<std::string>& valores) const;
+    Opcion Entre(int menor, int mayor) const;
     // The function answers what is wrong with a value; an empty text for nothing.
-    Opcion& Segun(const std::function<std::string(const std::string&)>& juzgar);
-    Opcion& UnaPorVez();                      // one value behind each, as often as it is given
-    Opcion& Cuantos(int minimo, int maximo);  // values
+    Opcion Segun(const std::function<std::string(const std::string&)>& juzgar) const;
+    Opcion UnaPorVez() const;                      // one value behind each, as often as it is given
+    Opcion Cuantos(int minimo, int maximo) const;  // values
 
 private:
     CLI::Option* opcion_;

@@ -1,20 +1,17 @@
 #include "app/pages/findings_pane.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <vector>
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
-#include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 
@@ -64,36 +61,19 @@ void ListaDeHallazgos::keyPressEvent(QKeyEvent* evento) {
 // ---- The pane ----
 
 PanelDeHallazgos::PanelDeHallazgos(const TextosIdioma& textos, QWidget* padre)
-    : QWidget(padre),
+    : PanelQueSeCierra("TituloDeHallazgos", "CerrarHallazgos", padre),
       textos_(textos),
       modelo_(new ModeloDeHallazgos(textos, this)),
-      titulo_(EnNegrita(Nuevo<QLabel>("TituloDeHallazgos", this))),
-      cerrar_(Nuevo<QToolButton>("CerrarHallazgos", this)),
       lista_(Nuevo<ListaDeHallazgos>("ListaDeHallazgos", this)),
       elegido_(EnVariasLineas(Nuevo<QLabel>("TextoDelHallazgo", this))) {
     setObjectName(QStringLiteral("PanelDeHallazgos"));
-    titulo_->setTextFormat(Qt::PlainText);
-    titulo_->setBuddy(lista_);
-    cerrar_->setIcon(IconoDeTema("close"));
-    cerrar_->setAutoRaise(true);
-    cerrar_->setFocusPolicy(Qt::TabFocus);
     lista_->setModel(modelo_);
     lista_->setMinimumHeight(AltoDeLista(1));
     elegido_->setTextFormat(Qt::PlainText);
     elegido_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     elegido_->hide();
+    PonerContenido(lista_)->addWidget(elegido_);
 
-    auto* const cabeza = new QHBoxLayout;
-    cabeza->addWidget(titulo_, 1);
-    cabeza->addWidget(cerrar_);
-    auto* const orden = new QVBoxLayout(this);
-    orden->setContentsMargins(6, 0, 6, 0);
-    orden->setSpacing(2);
-    orden->addLayout(cabeza);
-    orden->addWidget(lista_, 1);
-    orden->addWidget(elegido_);
-
-    connect(cerrar_, &QToolButton::clicked, this, &PanelDeHallazgos::Cerrado);
     connect(lista_, &QTreeView::activated, this, [this](const QModelIndex& lugar) { emit Activado(lugar.row()); });
     connect(lista_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { MostrarElegido(); });
     connect(lista_, &ListaDeHallazgos::Abandonada, this, &PanelDeHallazgos::DevolverFoco);
@@ -106,7 +86,7 @@ PanelDeHallazgos::PanelDeHallazgos(const TextosIdioma& textos, QWidget* padre)
 void PanelDeHallazgos::Mostrar(const VigiaDeHallazgos& vigia) {
     cuenta_ = ContarHallazgos(vigia.Lista());
     completo_ = vigia.Completo();
-    PonerTitulo();
+    PonerCuenta();
     if (Iguales(modelo_->Lista(), vigia.Lista())) return;
     const int fila = Elegido();
     const int primera = lista_->verticalScrollBar()->value();
@@ -124,16 +104,13 @@ void PanelDeHallazgos::MostrarElegido() {
 }
 
 void PanelDeHallazgos::RefrescarIdioma() {
-    const QString nombre = Palabra(textos_, palabra::Hallazgos);
-    lista_->setAccessibleName(nombre);
-    cerrar_->setToolTip(Palabra(textos_, palabra::Cerrar));
-    cerrar_->setAccessibleName(Palabra(textos_, palabra::Cerrar) + QLatin1Char(' ') + nombre);
+    Nombrar(Palabra(textos_, palabra::Hallazgos), textos_);
     emit modelo_->headerDataChanged(Qt::Horizontal, 0, ModeloDeHallazgos::CantidadDeColumnas - 1);
-    PonerTitulo();
+    PonerCuenta();
     AjustarColumnas();
 }
 
-void PanelDeHallazgos::PonerTitulo() {
+void PanelDeHallazgos::PonerCuenta() {
     QStringList partes;
     const auto agregar = [&](int cuantos, int uno, int varios) {
         if (cuantos > 0) partes << Palabra(textos_, cuantos == 1 ? uno : varios).arg(cuantos);
@@ -142,9 +119,8 @@ void PanelDeHallazgos::PonerTitulo() {
     agregar(cuenta_.avisos, palabra::CuentaDeUnAviso, palabra::CuentaDeAvisos);
     agregar(cuenta_.notas, palabra::CuentaDeUnaNota, palabra::CuentaDeNotas);
     if (!completo_) partes << Palabra(textos_, palabra::PuedeHaberMasDetras);
-    titulo_->setText(partes.isEmpty()
-                         ? QString()
-                         : Palabra(textos_, palabra::Hallazgos) + QStringLiteral(": ") + partes.join(QStringLiteral(", ")));
+    PonerTitulo(partes.isEmpty() ? QString()
+                                 : Palabra(textos_, palabra::Hallazgos) + QStringLiteral(": ") + partes.join(QStringLiteral(", ")));
 }
 
 // Wide enough for what mostly stands there; a user can change it.
@@ -187,7 +163,7 @@ int PanelDeHallazgos::AltoDeLista(int lineas) const {
 
 int PanelDeHallazgos::AltoCon(int lineas) const {
     const auto margenes = layout()->contentsMargins();
-    return margenes.top() + cerrar_->sizeHint().height() + layout()->spacing() + AltoDeLista(lineas) + margenes.bottom();
+    return margenes.top() + AltoDeLaCabeza() + layout()->spacing() + AltoDeLista(lineas) + margenes.bottom();
 }
 
 QSize PanelDeHallazgos::sizeHint() const { return {QWidget::sizeHint().width(), AltoCon(lineasPropias)}; }

@@ -2,13 +2,12 @@
 
 #include <QPointer>
 #include <QTreeView>
-#include <QWidget>
 
 #include "app/findings_watch.h"
+#include "app/pages/closable_pane.h"
 #include "app/pages/findings_model.h"
 
 class QLabel;
-class QToolButton;
 
 namespace qor {
 
@@ -27,7 +26,7 @@ protected:
 
 // The pane "Findings": how many there are of each severity, the list of them, and the whole sentence of the selected one. It shows
 // what it is given and tells what a user does with it.
-class PanelDeHallazgos : public QWidget {
+class PanelDeHallazgos : public PanelQueSeCierra {
     Q_OBJECT
 public:
     PanelDeHallazgos(const TextosIdioma& textos, QWidget* padre);
@@ -47,12 +46,11 @@ public:
 
 signals:
     void Activado(int hallazgo);
-    void Cerrado();
 
 private:
     int AltoDeLista(int lineas) const;
     int AltoCon(int lineas) const;
-    void PonerTitulo();
+    void PonerCuenta();
     void AjustarColumnas();
     void MostrarElegido();
 
@@ -60,8 +58,6 @@ private:
     CuentaDeHallazgos cuenta_;
     bool completo_ = true;
     ModeloDeHallazgos* modelo_;
-    QLabel* titulo_;
-    QToolButton* cerrar_;
     ListaDeHallazgos* lista_;
     QLabel* elegido_;
     QPointer<QWidget> antes_;  // what had the focus before the pane

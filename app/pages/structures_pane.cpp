@@ -1,16 +1,10 @@
 #include "app/pages/structures_pane.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QScrollBar>
 #include <QTimer>
-#include <QToolButton>
-#include <QVBoxLayout>
 #include <utility>
 
 #include "app/pages/controls.h"
-#include "app/pages/layout.h"
-#include "app/qt/theme_icon.h"
 #include "base/qt/abap_highlighter.h"
 #include "base/qt/fixed_font.h"
 #include "base/qt/read_only_box.h"
@@ -32,35 +26,19 @@ constexpr int letrasPropias = 60;
 
 PanelDeEstructuras::PanelDeEstructuras(const Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos,
                                        QWidget* padre)
-    : QWidget(padre),
+    : PanelQueSeCierra("TituloDeEstructuras", "CerrarEstructuras", padre),
       documento_(documento),
       preferencias_(preferencias),
       textos_(textos),
-      titulo_(EnNegrita(Nuevo<QLabel>("TituloDeEstructuras", this))),
-      cerrar_(Nuevo<QToolButton>("CerrarEstructuras", this)),
       texto_(Nuevo<CajaDeLectura>("TextoDeEstructuras", this)),
       pausa_(new QTimer(this)) {
     setObjectName(QStringLiteral("PanelDeEstructuras"));
-    titulo_->setTextFormat(Qt::PlainText);
-    titulo_->setBuddy(texto_);
-    cerrar_->setIcon(IconoDeTema("close"));
-    cerrar_->setAutoRaise(true);
-    cerrar_->setFocusPolicy(Qt::TabFocus);
     texto_->setFont(LetraFija());
     texto_->setLineWrapMode(QPlainTextEdit::NoWrap);
     new ColoresABAP(texto_->document());
     pausa_->setSingleShot(true);
+    PonerContenido(texto_);
 
-    auto* const cabeza = new QHBoxLayout;
-    cabeza->addWidget(titulo_, 1);
-    cabeza->addWidget(cerrar_);
-    auto* const orden = new QVBoxLayout(this);
-    orden->setContentsMargins(6, 0, 6, 0);
-    orden->setSpacing(2);
-    orden->addLayout(cabeza);
-    orden->addWidget(texto_, 1);
-
-    connect(cerrar_, &QToolButton::clicked, this, &PanelDeEstructuras::Cerrado);
     connect(pausa_, &QTimer::timeout, this, &PanelDeEstructuras::Leer);
     RefrescarIdioma();
 }
@@ -93,19 +71,17 @@ void PanelDeEstructuras::Leer() {
 
 void PanelDeEstructuras::RefrescarIdioma() {
     const QString nombre = TextoQt(textos_.Texto(rotuloDeEstructuras));
-    titulo_->setText(nombre);
-    texto_->setAccessibleName(nombre);
-    cerrar_->setToolTip(Palabra(textos_, palabra::Cerrar));
-    cerrar_->setAccessibleName(Palabra(textos_, palabra::Cerrar) + QLatin1Char(' ') + nombre);
+    PonerTitulo(nombre);
+    Nombrar(nombre, textos_);
 }
 
 bool PanelDeEstructuras::HayTexto() const { return !texto_->document()->isEmpty(); }
 
 QSize PanelDeEstructuras::sizeHint() const {
     const int lineas = texto_->fontMetrics().lineSpacing() * lineasPropias;
-    return {texto_->fontMetrics().averageCharWidth() * letrasPropias, cerrar_->sizeHint().height() + lineas};
+    return {texto_->fontMetrics().averageCharWidth() * letrasPropias, AltoDeLaCabeza() + lineas};
 }
 
-QSize PanelDeEstructuras::minimumSizeHint() const { return {0, cerrar_->sizeHint().height() + texto_->fontMetrics().height() * 2}; }
+QSize PanelDeEstructuras::minimumSizeHint() const { return {0, AltoDeLaCabeza() + texto_->fontMetrics().height() * 2}; }
 
 }  // namespace qor

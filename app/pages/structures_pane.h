@@ -1,18 +1,16 @@
 #pragma once
 
-#include <QWidget>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 
+#include "app/pages/closable_pane.h"
 #include "app/settings.h"
 #include "base/messages.h"
 #include "model/document.h"
 
-class QLabel;
 class QTimer;
-class QToolButton;
 
 namespace qor {
 
@@ -20,7 +18,7 @@ class CajaDeLectura;
 
 // The pane of the record structures: the declarations that the report makes of the file's fields, half a second behind an edit.
 // While the specification is refused, those that it had last stay.
-class PanelDeEstructuras : public QWidget {
+class PanelDeEstructuras : public PanelQueSeCierra {
     Q_OBJECT
 public:
     PanelDeEstructuras(const Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos, QWidget* padre);
@@ -39,7 +37,6 @@ public:
 signals:
     // There is a text now, or there is none any more.
     void Cambiado();
-    void Cerrado();
 
 private:
     struct Leido {
@@ -54,8 +51,6 @@ private:
     const Documento& documento_;
     const Preferencias& preferencias_;
     const TextosIdioma& textos_;
-    QLabel* titulo_;
-    QToolButton* cerrar_;
     CajaDeLectura* texto_;
     QTimer* pausa_;
     std::optional<Leido> leido_;
