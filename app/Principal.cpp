@@ -391,16 +391,16 @@ void Principal::RestaurarVentana() {
     }
     const QSize sitio = SitioEnPantalla(*this);
     const QSize menor = sizeHint();
-    // A window that does not fit would end below the screen, where the status bar is.
-    if (menor != menor.boundedTo(sitio)) {
+    const QSize conPaneles(menor.width(), menor.height() * 4 / 3);
+    // Where the pages with panes below them do not fit, the window takes the whole screen.
+    if (conPaneles != conPaneles.boundedTo(sitio)) {
         resize(sitio);
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
-    // Most of the screen, but no wider than what can be overlooked, and no higher than the pages with panes below them.
-    const QSize comodo(std::min(fontMetrics().averageCharWidth() * letrasComodas, sitio.width() * 9 / 10),
-                       std::min(menor.height() * 4 / 3, sitio.height() * 9 / 10));
-    resize(comodo.expandedTo(menor));
+    // Else most of its width, but no wider than what can be overlooked.
+    const int ancho = std::min(fontMetrics().averageCharWidth() * letrasComodas, sitio.width() * 9 / 10);
+    resize(conPaneles.expandedTo({ancho, 0}));
     const QRect pantalla = screen()->availableGeometry();
     move(pantalla.topLeft() + QPoint(pantalla.width() - width(), sitio.height() - height()) / 2);
 }

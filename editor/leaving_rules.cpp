@@ -131,7 +131,7 @@ bool ReglaDeValor(Ventana& ventana, int linea) {
         campo.resize(largoMaximoDeCampo);
     }
     Corregir(ventana, {Columna::Valor, linea}, campo);
-    if (admitido && campo != texto) Avisar(ventana, texto, campo);
+    if (admitido && campo != texto) Avisar(ventana, texto, Mayusculas(campo));
     if (ventana.documento.opciones.Autofill == 1) Autofill(ventana, Mayusculas(campo));
     return admitido;
 }

@@ -64,6 +64,7 @@ public:
     Documento copia;
     VistaDeTanteo vista;
     Ventana prueba;
+    std::string aviso;  // the first hint that a value of the block gave
 
     // Why the block can't be taken; nothing when it is in the copy.
     std::optional<Mensaje> Poner(const Bloque& bloque) {
@@ -116,6 +117,7 @@ private:
         EscribirEnCelda(prueba, lugar, filtrado);
         if (lugar.columna == Columna::CampoDeArchivo) ReglaDeDuplicados(prueba, lugar.linea);
         if (lugar.columna == Columna::Valor) ReglaDeValor(prueba, Linea(fila));
+        if (aviso.empty()) aviso = std::exchange(prueba.aviso, {});
     }
 
     Columna columna_;
@@ -180,7 +182,7 @@ bool PegarBloque(Ventana& ventana, LugarDeCelda lugar, std::string_view texto) {
     ventana.archivo = pegado.prueba.archivo;
     ventana.transaccion = pegado.prueba.transaccion;
     ventana.DuplicadoRevisado = true;
-    ventana.aviso = pegado.prueba.aviso;
+    ventana.aviso = pegado.aviso;
     ventana.foco.reset();
     EnfocarCelda(ventana, {lugar.columna, linea});
     Contar(ventana.vista, std::move(pegado.vista.noticias));

@@ -420,14 +420,15 @@ TEST(RowBlocks, FillTheGridsByTheRulesOfTyping) {
     EXPECT_EQ(p.FilaArchivo(1), "MATNR|6|note");
     p.vista.TomarAvisos();
 
-    std::string bloque = "trans\tva01\nsapmv45a\t0101\n\t\tvbak-auart\tauart\n\t\tbdc_okcode\t'/00'\n\t\tvbak-vkorg\t@vkorg x\n";
+    std::string bloque = "trans\tva01\nsapmv45a\t0101\n\t\tvbak-auart\tau/art\n\t\tbdc_okcode\t'/00'\n\t\tvbak-vkorg\t@vkorg x\n";
     for (int n = 0; n < 8; ++n) bloque += "\t\tF" + std::to_string(n) + "\tkeep\n";
     ASSERT_TRUE(PegarBloque(p.ventana, {Col::Programa, 0}, bloque));
     EXPECT_EQ(p.vista.TomarAvisos(), "<312> VKORG_X <350>");
-    EXPECT_EQ(p.FilaTransaccion(2), "||VBAK-AUART|AUART");
+    EXPECT_EQ(p.ventana.aviso, "<435> au/art <436> AU_ART. <437> 'au/art'");
+    EXPECT_EQ(p.FilaTransaccion(2), "||VBAK-AUART|AU_ART");
     EXPECT_EQ(p.FilaTransaccion(3), "||BDC_OKCODE|'/00'");
     EXPECT_EQ(p.FilaTransaccion(4), "||VBAK-VKORG|@VKORG_X");
-    EXPECT_EQ(p.FilaArchivo(5), "AUART");
+    EXPECT_EQ(p.FilaArchivo(5), "AU_ART");
     EXPECT_EQ(p.documento.especificacion.VariablesGlobales, "PARAMETERS: VKORG_X LIKE VBAK-VKORG.");
     // The last row is in sight.
     EXPECT_EQ(p.Texto({Col::Campo, 10}), "F7");
