@@ -24,6 +24,7 @@
 #include "app/qt/theme_icon.h"
 #include "app/qt/window_memory.h"
 #include "base/failure_trap.h"
+#include "base/message_text.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "editor/file_side.h"
@@ -485,8 +486,8 @@ void FormDatos::MostrarEstado() {
     QStringList partes;
     if (cambiado_) {
         partes << Palabra(palabra::ElArchivoHaCambiado);
-    } else if (!Archivo().Fallo().empty()) {
-        partes << QString::fromStdString(Archivo().Fallo());
+    } else if (const auto& fallo = Archivo().Fallo()) {
+        partes << QString::fromStdString(EnPantalla(*fallo, Textos()));
     }
     if (Archivo().Indice()) {
         const auto lineas = Archivo().Indice()->Lineas();

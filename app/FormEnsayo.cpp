@@ -27,6 +27,7 @@
 #include "base/busy_pointer.h"
 #include "base/failure.h"
 #include "base/failure_trap.h"
+#include "base/message_text.h"
 #include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
@@ -337,14 +338,14 @@ void FormEnsayo::Empezar(PedidoDeEnsayo pedido) {
     avance_->setValue(0);
     VistaDeNotas vista(entorno_.vista);
     ensayo_ = std::make_unique<Ensayo>(entorno_.generacion(vista), std::move(pedido));
-    falloDelHilo_.clear();
+    falloDelHilo_.reset();
     listo_ = false;
     comienzo_ = std::chrono::steady_clock::now();
     hilo_ = std::jthread([this] {
         try {
             ensayo_->Correr();
         } catch (const std::exception& fallo) {
-            falloDelHilo_ = fallo.what();
+            falloDelHilo_ = FalloDe(fallo);
         }
         listo_ = true;
     });
@@ -378,8 +379,8 @@ void FormEnsayo::Terminar() {
     MostrarResultado(&ensayo_->Resultado());
     const auto& resultado = ensayo_->Resultado();
     const auto& cuenta = resultado.cuenta;
-    if (!falloDelHilo_.empty()) {
-        PonerEstado(Palabra(palabra::ElEnsayoFallo).arg(QString::fromStdString(falloDelHilo_)));
+    if (falloDelHilo_) {
+        PonerEstado(Palabra(palabra::ElEnsayoFallo).arg(QString::fromStdString(EnPantalla(*falloDelHilo_, Textos()))));
     } else if (!resultado.empezado) {
         PonerEstado(Palabra(palabra::ElReportNoSeEjecuto));
     } else {
@@ -504,15 +505,16 @@ void FormEnsayo::LlenarExportar() {
         menuDeExportar_->addAction(
             Palabra(palabra::ElJuegoDeDatos).arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
             [this, n, nombre = sesiones[n]] {
-                Exportar({ClaseDeArchivo::JuegoDeDatos, filtroDeTextos, {}, Sugerido("-" + nombre + ".txt")},
+                Exportar({ClaseDeArchivo::JuegoDeDatos,
+                          filtroDeTextos,
+                          {},
+                          Sugerido("-" + ComoNombreDeArchivo(nombre).string() + ".txt")},
                          [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); });
             });
     }
 }
 
-fs::path FormEnsayo::Sugerido(const std::string& final) const {
-    return NombreSugerido(entorno_.documento, ComoNombreDeArchivo("x" + final).string().substr(1), Textos());
-}
+fs::path FormEnsayo::Sugerido(const std::string& final) const { return NombreSugerido(entorno_.documento, final, Textos()); }
 
 void FormEnsayo::Exportar(const PedidoDeArchivo& pedido, const std::function<void(const fs::path&)>& accion) {
     if (const auto archivo = entorno_.vista.ElegirParaGrabar(pedido); archivo && Escribir([&] { accion(*archivo); })) {
@@ -528,8 +530,8 @@ bool FormEnsayo::Escribir(const std::function<void()>& accion) {
     } catch (const FalloDeArchivo& fallo) {
         entorno_.vista.Advertir(ConDetalle(MensajeDePalabra(Textos(), palabra::LaExportacionFallo), fallo));
     } catch (const FalloDeEjecucion& fallo) {
-        Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(palabra::LaExportacionFallo)));
-        aviso.detalle = fallo.what();
+        Mensaje aviso = MensajeDePalabra(Textos(), palabra::LaExportacionFallo);
+        aviso.detalle = EnPantalla(FalloDe(fallo), Textos());
         entorno_.vista.Advertir(aviso);
     }
     return false;

@@ -113,7 +113,7 @@ private:
     std::uint64_t revision_ = 0;
     bool recuperado_ = false;  // the window has the place that it had before
     std::unique_ptr<Ensayo> ensayo_;
-    std::string falloDelHilo_;
+    std::optional<FalloDeMensaje> falloDelHilo_;
     std::atomic<bool> listo_{false};
     std::jthread hilo_;  // goes before what it works with
     std::chrono::steady_clock::time_point comienzo_;

@@ -382,13 +382,14 @@ void Principal::RestaurarVentana() {
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     EncenderEstructuras(ajustes.value(QStringLiteral("structures/shown"), true).toBool());
     rejillas_->RestaurarReparto(ajustes);
-    if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
-    // The layouts learn of their texts and fonts when the window is shown; its size is needed before.
+    // The layouts learn of their texts and fonts when the window is shown; its size, and what is left for the panes, is needed
+    // before.
     for (auto* const orden : findChildren<QLayout*>()) orden->invalidate();
     for (auto* const control : findChildren<QWidget*>()) {
         control->ensurePolished();
         control->updateGeometry();
     }
+    if (restoreGeometry(ajustes.value(QStringLiteral("window/geometry")).toByteArray())) return;
     const QSize sitio = SitioEnPantalla(*this);
     const QSize menor = sizeHint();
     const QSize conPaneles(menor.width(), menor.height() * 4 / 3);

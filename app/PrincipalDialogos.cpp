@@ -175,8 +175,8 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,
                           .imprimir = [this](const std::string& nombre, const std::string& documentacion, QWidget* padre) {
-                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre + ".pdf"),
-                                                     rutaDeVentana_, padre);
+                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre, ".pdf"), rutaDeVentana_,
+                                                     padre);
                               if (Dispositivo* const dispositivo = papel.Elegir()) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }

@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -8,6 +9,7 @@
 #include "app/pages/findings_pane.h"
 #include "app/pages/grids_page.h"
 #include "app/pages/panes_below.h"
+#include "app/pages/start_page.h"
 #include "app/pages/structures_pane.h"
 #include "app/qt/help_window.h"
 #include "base/qt/text.h"
@@ -112,7 +114,8 @@ void Principal::EncenderEstructuras(bool encendidas) {
 
 void Principal::MostrarPanelDeEstructuras() {
     controles_.Buscar<QAction>("StructuresOption")->setChecked(estructuras_->Encendido());
-    division_->MostrarSegundo(estructuras_->Encendido() && estructuras_->HayTexto());
+    const bool enInicio = centro_->currentWidget() == inicio_;
+    division_->MostrarSegundo(!enInicio && estructuras_->Encendido() && estructuras_->HayTexto());
 }
 
 void Principal::HallazgosTrasGenerar(const FinDeGeneracion& fin) {

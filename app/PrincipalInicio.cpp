@@ -65,12 +65,14 @@ void Principal::MostrarInicio() {
     if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) return;
     inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
     centro_->setCurrentWidget(inicio_);
+    MostrarPanelDeEstructuras();
     inicio_->TomarTeclado();
 }
 
 void Principal::OcultarInicio() {
     if (centro_->currentWidget() != inicio_) return;
     centro_->setCurrentIndex(0);
+    MostrarPanelDeEstructuras();
     controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
 }
 

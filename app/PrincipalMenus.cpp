@@ -66,7 +66,9 @@ void Principal::CrearMenus() {
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] {
-        if (NewOption(ventana_)) OcultarInicio();
+        if (!NewOption(ventana_)) return;
+        programa_.generador.escrito.reset();
+        OcultarInicio();
     });
     auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(); });
     CrearMenuDeRecientes(archivo);
@@ -207,21 +209,27 @@ void Principal::CrearAccionesDeFila(QMenu* edicion) {
             if (const auto* const celda = CeldaActual()) accion(celda->Lugar());
         });
         nueva->setShortcut(tecla);
+        return nueva;
     };
-    deLaCelda("NoteOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_T), [this](LugarDeCelda celda) {
+    auto* const nota = deLaCelda("NoteOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_T), [this](LugarDeCelda celda) {
         const bool deArchivo = TablaDe(celda.columna) == Tabla::Archivo;
         const LugarDeCelda lugar{deArchivo ? Columna::Ancho : Columna::Campo, celda.linea};
         if (const auto fila = DobleClicEnCelda(ventana_, lugar)) ClicNotas(*fila);
     });
-    deLaCelda("CodeOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_K), [this](LugarDeCelda celda) {
-        if (TablaDe(celda.columna) != Tabla::Archivo) return;
+    auto* const codigo = deLaCelda("CodeOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_K), [this](LugarDeCelda celda) {
         if (const auto fila = ClicEnABAP(ventana_, celda.linea)) ClicCodigo(*fila);
     });
-    deLaCelda("GoToFieldOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_J), [this](LugarDeCelda celda) {
-        if (TablaDe(celda.columna) == Tabla::Archivo) return;
+    auto* const irAlCampo = deLaCelda("GoToFieldOption", edicion, QKeySequence(Qt::CTRL | Qt::Key_J), [this](LugarDeCelda celda) {
         const auto fila = CampoDelValor(ventana_, celda);
         if (!fila) return ventana_.vista.Informar(Componer(ventana_.textos, {449}));
         MostrarCelda(ventana_, Columna::CampoDeArchivo, *fila);
+    });
+    lazos_.AlMostrar([this, nota, codigo, irAlCampo] {
+        const bool deArchivo = ventana_.foco && TablaDe(ventana_.foco->columna) == Tabla::Archivo;
+        const bool conNombre = ventana_.foco && TieneNombre(ventana_, *ventana_.foco);
+        nota->setEnabled(conNombre);
+        codigo->setEnabled(deArchivo && conNombre);
+        irAlCampo->setEnabled(ventana_.foco && !deArchivo);
     });
     // The conditions are open to all of the form, and at the row's own where it has one.
     NuevaAccion("ConditionOption", edicion, [this] {

@@ -17,6 +17,7 @@
 #include "app/repetition.h"
 #include "base/code_page.h"
 #include "base/failure.h"
+#include "base/failure_reason.h"
 #include "base/new_file.h"
 #include "base/paths.h"
 #include "generator/analysis.h"
@@ -39,21 +40,20 @@ public:
 
     void Mostrar(const qor::Mensaje& mensaje, Icono icono) override {
         if (icono == Icono::Advertencia) {
-            auto texto = mensaje.texto;
-            if (!mensaje.detalle.empty()) texto += " " + DesdeUtf8ConFaltas(mensaje.detalle);
-            avisos_.emplace_back(std::move(texto));
+            avisos_.push_back(ConMotivo(mensaje));
         }
         VistaDeRechazo::Mostrar(mensaje, icono);
     }
 
 private:
+    static Frase ConMotivo(const qor::Mensaje& mensaje) {
+        if (mensaje.detalle.empty() || !mensaje.fallo) return mensaje.texto;
+        return Frase("%1 %2: %3", {mensaje.texto, FraseDeMotivo(DesdeUtf8ConFaltas(mensaje.fallo->motivo)),
+                                   DesdeUtf8ConFaltas(mensaje.fallo->ruta.string())});
+    }
+
     std::vector<Frase>& avisos_;
 };
-
-std::string TextoDeFallo(const FalloDeEjecucion& fallo) {
-    const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo);
-    return DesdeUtf8ConFaltas(deArchivo != nullptr ? deArchivo->Detalle() : std::string(fallo.what()));
-}
 
 }  // namespace
 
@@ -224,7 +224,7 @@ void Ensayo::Correr() {
         if (yo.vista)
             static_cast<VistaDeCorrida&>(*yo.vista).Falla(fallo);
         else
-            yo.resultado.porQueNo.push_back(TextoDeFallo(fallo));
+            yo.resultado.porQueNo.push_back(FraseDeFallo(fallo));
     }
     empezados_ = yo.resultado.cuenta.registros;
     fallados_ = yo.resultado.cuenta.fallados;

@@ -2,7 +2,7 @@
 
 #include "app/run_phrases.h"
 #include "base/code_page.h"
-#include "base/failure.h"
+#include "base/failure_reason.h"
 
 namespace qor {
 
@@ -33,12 +33,10 @@ void VistaDeEnsayo::Falla(const FalloDeRegistro& fallo) {
 }
 
 void VistaDeEnsayo::Falla(const FalloDeEjecucion& fallo) {
-    const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo);
-    const auto texto = DesdeUtf8ConFaltas(deArchivo != nullptr ? deArchivo->Detalle() : std::string(fallo.what()));
     if (resultado_.empezado)
-        Apuntar({"The run ended: %1", {texto}});
+        Apuntar({"The run ended: %1", {FraseDeFallo(fallo)}});
     else
-        resultado_.porQueNo.emplace_back(texto);
+        resultado_.porQueNo.push_back(FraseDeFallo(fallo));
 }
 
 void VistaDeEnsayo::FaltaDePrograma(const abap::FaltaDePrograma& falta, const OrigenDeLinea& origen) {

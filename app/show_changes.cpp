@@ -3,11 +3,16 @@
 #include <string>
 #include <utility>
 
+#include "base/words.h"
 #include "editor/grids.h"
 
 namespace qor {
 
 void TomarImportacion(Ventana& ventana, Importacion importacion, std::string_view filas) {
+    // What is no recording would leave nothing of the rows.
+    if (importacion.filas == 0) {
+        return ventana.vista.Advertir(MensajeDePalabra(ventana.textos, palabra::NoHayNadaQueImportar));
+    }
     const std::string cuantas = std::to_string(importacion.filas);
     if (importacion.tabla != ventana.documento.especificacion.TablaTransaccion) {
         Importar(ventana.documento, std::move(importacion));

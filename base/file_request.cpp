@@ -50,7 +50,7 @@ fs::path ComienzoDelDialogo(const PedidoDeArchivo& pedido, const LugaresDeDialog
     return *lugar / nombre;
 }
 
-fs::path ComoNombreDeArchivo(std::string_view texto) {
+fs::path ComoNombreDeArchivo(std::string_view texto, std::string_view final) {
     std::string nombre(Recortar(texto.substr(0, maximoDeNombre)));
     std::replace_if(
         nombre.begin(), nombre.end(),
@@ -58,7 +58,7 @@ fs::path ComoNombreDeArchivo(std::string_view texto) {
     // A name that begins with a point is hidden, and one that ends with it is no name everywhere.
     while (!nombre.empty() && (nombre.front() == '.' || nombre.front() == ' ')) nombre.erase(0, 1);
     while (!nombre.empty() && (nombre.back() == '.' || nombre.back() == ' ')) nombre.pop_back();
-    return nombre.empty() ? fs::path() : RutaDelSistema(nombre);
+    return nombre.empty() ? fs::path() : RutaDelSistema(nombre.append(final));
 }
 
 }  // namespace qor

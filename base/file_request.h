@@ -48,7 +48,8 @@ struct LugaresDeDialogo {
 // stands the name of what is chosen, or the suggested one.
 std::filesystem::path ComienzoDelDialogo(const PedidoDeArchivo& pedido, const LugaresDeDialogo& lugares);
 
-// A text as the name of a new file, without what file systems don't take; empty where nothing is left of it.
-std::filesystem::path ComoNombreDeArchivo(std::string_view texto);
+// A text as the name of a new file, without what file systems don't take, and an ending such as ".pdf" behind it; empty where
+// nothing is left of the text.
+std::filesystem::path ComoNombreDeArchivo(std::string_view texto, std::string_view final = {});
 
 }  // namespace qor

@@ -4,6 +4,8 @@
 #include <array>
 #include <system_error>
 
+#include "base/code_page.h"
+#include "base/failure_reason.h"
 #include "base/paths.h"
 #include "base/phrase.h"
 #include "base/words.h"
@@ -47,14 +49,23 @@ int PalabraDe(const FalloDeMensaje& fallo) {
     return 0;
 }
 
+auto EnIdioma(const TextosIdioma& textos) {
+    return [&textos](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); };
+}
+
+std::string MotivoEnIdioma(const FalloDeMensaje& fallo, const TextosIdioma& textos) {
+    return FraseDeMotivo(fallo.motivo).En([&textos](std::string_view ingles) { return AUtf8(textos.PorIngles(ingles)); });
+}
+
 // A text in which each line that the core says in English is in the loaded language.
-std::string PorLineas(std::string_view texto, const TextosIdioma& textos) {
+template <typename Linea>
+std::string PorLineas(std::string_view texto, const Linea& enIdioma) {
     constexpr std::string_view fin = "\r\n";
     std::string traducido;
     for (std::size_t desde = 0; desde <= texto.size();) {
         const auto hasta = std::min(texto.find(fin, desde), texto.size());
         if (desde > 0) traducido += fin;
-        traducido += textos.PorIngles(texto.substr(desde, hasta - desde));
+        traducido += enIdioma(texto.substr(desde, hasta - desde));
         desde = hasta + fin.size();
     }
     return traducido;
@@ -63,35 +74,44 @@ std::string PorLineas(std::string_view texto, const TextosIdioma& textos) {
 // What only the command line says in English. The reason of an action that failed is that of the system, unless there are words
 // for it.
 std::string DeLiteral(const Mensaje& mensaje, const TextosIdioma& textos) {
-    constexpr const char* fallo = "The action failed: %1.";
-    const auto frase = ReconocerFrase(mensaje.texto, fallo);
-    if (!frase) return PorLineas(mensaje.texto, textos);
-    if (mensaje.fallo && PalabraDe(*mensaje.fallo) != 0) return textos.Palabra(palabra::LaAccionSobreElArchivoFallo);
-    return frase->En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); });
-}
-
-std::string RutaEntera(const fs::path& ruta) {
-    try {
-        return RutaAbsoluta(ruta).string();
-    } catch (const FalloDeEjecucion&) {
-        return ruta.string();
+    const auto enIdioma = EnIdioma(textos);
+    for (const char* const ingles : {"The action failed: %1.", "The specification can't be worked with: %1."}) {
+        const auto frase = ReconocerFrase(mensaje.texto, ingles);
+        if (!frase) continue;
+        if (mensaje.fallo && PalabraDe(*mensaje.fallo) != 0) return textos.Palabra(palabra::LaAccionSobreElArchivoFallo);
+        return frase->Con(FraseDeMotivo).En(enIdioma);
     }
+    return PorLineas(mensaje.texto, [&](std::string_view linea) {
+        const auto palabra = textos.PorIngles(linea);
+        return palabra == linea ? FraseDeMotivo(linea).En(enIdioma) : std::string(palabra);
+    });
 }
 
 }  // namespace
 
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos) {
     TextoEnPantalla visto{mensaje.enPantalla, mensaje.detalle};
-    if (visto.texto.empty()) visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : PorLineas(mensaje.texto, textos);
+    if (visto.texto.empty())
+        visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : PorLineas(mensaje.texto, EnIdioma(textos));
     if (!mensaje.fallo) return visto;
     const auto seguro = std::find_if(sinConjeturas.begin(), sinConjeturas.end(),
                                      [&](const SinConjetura& otro) { return otro.mensaje == mensaje.Numero(); });
     if (seguro != sinConjeturas.end()) visto.texto = textos.Palabra(seguro->palabra);
     const int causa = PalabraDe(*mensaje.fallo);
-    if (causa == 0) return visto;
+    if (causa == 0) {
+        visto.detalle = MotivoEnIdioma(*mensaje.fallo, textos) + ": " + RutaEntera(mensaje.fallo->ruta).string();
+        return visto;
+    }
     visto.texto += "\r\n" + textos.Palabra(causa);
-    visto.detalle = RutaEntera(mensaje.fallo->ruta);
+    visto.detalle = RutaEntera(mensaje.fallo->ruta).string();
     return visto;
+}
+
+std::string EnPantalla(const FalloDeMensaje& fallo, const TextosIdioma& textos) {
+    const int causa = PalabraDe(fallo);
+    const std::string motivo = causa == 0 ? MotivoEnIdioma(fallo, textos) : AUtf8(textos.Palabra(causa));
+    if (fallo.ruta.empty()) return motivo;
+    return motivo + (causa == 0 ? ": " : " ") + RutaEntera(fallo.ruta).string();
 }
 
 }  // namespace qor

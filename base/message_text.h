@@ -15,5 +15,7 @@ struct TextoEnPantalla {
 };
 
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos);
+// A failure in one line: why, and the file's whole name; UTF-8.
+std::string EnPantalla(const FalloDeMensaje& fallo, const TextosIdioma& textos);
 
 }  // namespace qor

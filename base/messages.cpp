@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/code_page.h"
 #include "base/failure.h"
 #include "base/paths.h"
 #include "base/phrase.h"
@@ -72,25 +73,34 @@ Mensaje MensajeDePalabra(const TextosIdioma& textos, int palabra, const std::vec
     return MensajeLiteral(Llenar(textos.Palabra(palabra), partes));
 }
 
-Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {
+FalloDeMensaje FalloDe(const std::exception& fallo) {
     if (const auto* const deArchivo = dynamic_cast<const FalloDeArchivo*>(&fallo)) {
-        mensaje.detalle = deArchivo->Detalle();
-        mensaje.fallo = {deArchivo->Causa(), deArchivo->Ruta()};
-    } else if (const auto* const delSistema = dynamic_cast<const std::filesystem::filesystem_error*>(&fallo)) {
-        mensaje.detalle = delSistema->code().message() + ": " + delSistema->path1().string();
-        mensaje.fallo = {CausaDe(delSistema->code().default_error_condition().value()), delSistema->path1()};
+        return {deArchivo->Causa(), deArchivo->Ruta(), fallo.what()};
     }
+    if (const auto* const delSistema = dynamic_cast<const std::filesystem::filesystem_error*>(&fallo)) {
+        return {CausaDe(delSistema->code().default_error_condition().value()), delSistema->path1(), delSistema->code().message()};
+    }
+    return {CausaDeFallo::Otra, {}, AUtf8(fallo.what())};
+}
+
+Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo) {
+    const auto deArchivo = FalloDe(fallo);
+    if (deArchivo.ruta.empty()) return mensaje;
+    mensaje.detalle = deArchivo.motivo + ": " + deArchivo.ruta.string();
+    mensaje.fallo = deArchivo;
     return mensaje;
 }
 
 Mensaje ConDetalle(Mensaje mensaje, const std::exception& fallo, const std::filesystem::path& ruta) {
     mensaje = ConDetalle(std::move(mensaje), fallo);
-    if (!mensaje.fallo) mensaje.fallo = {CausaDeFallo::Danado, ruta};
+    if (mensaje.fallo) return mensaje;
+    mensaje.detalle = FalloDe(fallo).motivo + ": " + ruta.string();
+    mensaje.fallo = {CausaDeFallo::Danado, ruta, {}};
     return mensaje;
 }
 
 Mensaje SobreArchivo(Mensaje mensaje, const std::filesystem::path& ruta) {
-    mensaje.enPantalla = mensaje.texto + "\r\n" + TextoDeRuta(ruta);
+    mensaje.enPantalla = mensaje.texto + "\r\n" + TextoDeRuta(RutaEntera(ruta));
     return mensaje;
 }
 

@@ -55,8 +55,11 @@ struct FilaDeMensaje {
 // The failed operation that a message is about.
 struct FalloDeMensaje {
     CausaDeFallo causa = CausaDeFallo::Otra;
-    std::filesystem::path ruta;
+    std::filesystem::path ruta;  // empty where it is none on a file
+    std::string motivo = {};     // in English or in the words of the system, in UTF-8
 };
+
+FalloDeMensaje FalloDe(const std::exception& fallo);
 
 // What a message box shows: its text, and the numbers of the messages that it was built from.
 struct Mensaje {

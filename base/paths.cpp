@@ -49,4 +49,10 @@ std::filesystem::path RutaAbsoluta(const std::filesystem::path& ruta) {
     return absoluta.lexically_normal();
 }
 
+std::filesystem::path RutaEntera(const std::filesystem::path& ruta) {
+    std::error_code error;
+    const auto absoluta = std::filesystem::absolute(ruta, error);
+    return error ? ruta : absoluta.lexically_normal();
+}
+
 }  // namespace qor

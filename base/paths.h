@@ -25,5 +25,7 @@ std::string TextoDeRuta(const std::filesystem::path& ruta);
 // The path made absolute by its text alone: "." and ".." are resolved, links are not. Throws FalloDeArchivo where the present
 // directory is gone.
 std::filesystem::path RutaAbsoluta(const std::filesystem::path& ruta);
+// The same for what a person is told, and the path as it is where that can't be found.
+std::filesystem::path RutaEntera(const std::filesystem::path& ruta);
 
 }  // namespace qor

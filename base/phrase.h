@@ -39,6 +39,16 @@ public:
         return Llenar(palabra(std::string_view(ingles_)), dichas);
     }
 
+    // The sentence with another one in the place of each text: `otra`, Frase(std::string_view texto).
+    template <typename Otra>
+    Frase Con(const Otra& otra) const {
+        if (fila_) return *this;
+        if (ingles_ == nullptr) return otra(std::string_view(texto_));
+        Frase frase(ingles_);
+        for (const auto& parte : partes_) frase.partes_.push_back(parte.Con(otra));
+        return frase;
+    }
+
 private:
     const char* ingles_ = nullptr;
     std::string texto_;

@@ -591,6 +591,9 @@ inline constexpr int NoSePudoAbrirLaImpresora = 1625;
 inline constexpr int NombreSinTitulo = 1626;
 inline constexpr int LaAccionSobreElArchivoFallo = 1627;
 inline constexpr int NoSePudoEscribirElPrograma = 1628;
+inline constexpr int ElArchivoYaExiste = 1629;
+inline constexpr int NoHayNadaQueImportar = 1630;
+inline constexpr int NoSePuedeTrabajarConLaEspecificacion = 1631;
 
 // Main form: its menus Connection and Help
 inline constexpr int QueEsEsto = 1700;
@@ -607,6 +610,9 @@ inline constexpr int ConexionConSAPPerdida = 1708;
 inline constexpr int ConexionDePracticaPerdida = 1709;
 inline constexpr int SinBibliotecaDeConexion = 1710;
 inline constexpr int SinBAPIEnElSistemaDePractica = 1711;
+
+// The reasons of failures, in the order of base/failure_reason.cpp.
+constexpr int DeMotivo(int indice) { return 1800 + indice; }
 
 // The sentences of findings: ten numbers for each code, one for each of its variants.
 constexpr int DeHallazgo(int codigo, int variante) { return 10000 + 10 * codigo + variante; }

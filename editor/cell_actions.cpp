@@ -32,6 +32,11 @@ bool CampoAdmite(Ventana& ventana, int fila, const std::string& campo) {
 
 }  // namespace
 
+bool TieneNombre(const Ventana& ventana, LugarDeCelda lugar) {
+    const bool deArchivo = TablaDe(lugar.columna) == Tabla::Archivo;
+    return !EstaEnBlanco(TextoDe(ventana, {deArchivo ? Columna::CampoDeArchivo : Columna::Campo, lugar.linea}));
+}
+
 std::optional<FilaDeTabla> DobleClicEnCelda(Ventana& ventana, LugarDeCelda lugar) {
     const int fila = FilaDe(ventana, lugar);
     if (lugar.columna == Columna::Ancho && !EstaEnBlanco(TextoDe(ventana, {Columna::CampoDeArchivo, lugar.linea}))) {

@@ -7,6 +7,9 @@
 // Double clicks, clicks and drops on the grids.
 namespace qor {
 
+// The row of a cell has a name of a field or parameter, to which a note belongs, and on the file side code.
+bool TieneNombre(const Ventana& ventana, LugarDeCelda lugar);
+
 // A double click on a cell: the row whose note is to be edited (editor/notes.h), if any. Only Text2 beside a name and Text4 with a
 // text open a note; row 0 of the program side takes none, with message 343.
 std::optional<FilaDeTabla> DobleClicEnCelda(Ventana& ventana, LugarDeCelda lugar);

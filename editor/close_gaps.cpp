@@ -12,7 +12,7 @@ bool QuitarFilasEnBlanco(Ventana& ventana) {
     auto& documento = ventana.documento;
     auto& especificacion = documento.especificacion;
     auto archivo = ArchivoSinHuecos(especificacion);
-    auto programa = SinFilasEnBlanco(especificacion);
+    auto programa = SinFilasEnBlanco(especificacion, 0);
     if (archivo == especificacion.TablaArchivo && programa == especificacion.TablaTransaccion) return false;
     documento.GuardarDeshacer(PasoDeTablas(ventana, {Columna::Programa, 0}));
     especificacion.TablaArchivo = std::move(archivo);
@@ -27,7 +27,7 @@ void RemoveBlankOption(Ventana& ventana) {
 }
 
 bool OfrecerQuitarHuecos(Ventana& ventana) {
-    const auto huecos = BuscarHuecos(ventana.documento.especificacion);
+    const auto huecos = BuscarHuecos(ventana.documento.especificacion, 0);
     if (huecos.empty()) return true;
     const Lugar& primero = huecos.front();
     const int lado = primero.parte == Lugar::Parte::Archivo ? 445 : 446;

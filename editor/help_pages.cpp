@@ -70,11 +70,11 @@ struct PaginaConNombre {
 };
 
 const std::vector<PaginaConNombre> propias = {
-    {"conversion-code.html", {"FormMostrarTextos"}},
     {"data-preview.html", {"DataPreviewButton", "FormDatos"}},
     {"data-source.html", {"FormConsultaOrigen", "FormConsultadeEliminar"}},
     {"documents.html", {"FormDirectorios", "FormEjemplos", "FormPrinters", "PaginaDeInicio"}},
     {"file-grid.html", {"FormCamposQueFaltan"}},
+    {"generate.html", {"FormMostrarTextos"}},
     {"options.html", {"FormLenguaje", "FormSelectLanguage"}},
     {"program-grid.html", {"FormBAPI", "FormBAPIFields", "FormTrans"}},
     {"rehearsal.html", {"RehearseButton", "FormEnsayo"}},

@@ -64,7 +64,7 @@ void Autofill(Ventana& ventana, const std::string& campo) {
     auto& tabla = ventana.documento.especificacion.TablaArchivo;
     const int r = ventana.documento.especificacion.FilasArchivo();
     for (int f = 0; f < r; ++f) {
-        if (tabla[f].campo == campo) return;
+        if (IgualesSinCaja(Recortar(tabla[f].campo), campo)) return;
     }
     if (r > ultimaFila) return;  // the file side is full
     const int linea = std::min(r, lineasArchivo - 1);

@@ -11,14 +11,22 @@
 
 namespace qor {
 
+namespace {
+
+int FilaTrasLaUltima(const Especificacion& especificacion) {
+    int fila = ultimaFila + 1;
+    while (fila > 0 && especificacion.FilaArchivoVacia(fila - 1)) --fila;
+    return fila;
+}
+
+}  // namespace
+
 std::vector<std::string> CamposQueFaltan(const Especificacion& especificacion) {
     std::unordered_set<std::string> hay;
-    for (int f = 0; f < especificacion.FilasArchivo(); ++f) {
-        hay.emplace(Mayusculas(Recortar(especificacion.TablaArchivo[f].campo)));
-    }
+    for (const auto& fila : especificacion.TablaArchivo) hay.emplace(Mayusculas(Recortar(fila.campo)));
     std::vector<std::string> faltan;
-    for (int r = 0; r < especificacion.FilasTransaccion(); ++r) {
-        const std::string valor = Mayusculas(Recortar(especificacion.TablaTransaccion[r].valor));
+    for (const auto& fila : especificacion.TablaTransaccion) {
+        const std::string valor = Mayusculas(Recortar(fila.valor));
         if (valor.empty() || EsConstante(valor) || EsVariable(valor)) continue;
         const bool esNombre = valor.size() <= largoMaximoDeCampo && ReemplazarBlancos(valor) == valor;
         if (esNombre && hay.insert(valor).second) faltan.push_back(valor);
@@ -29,7 +37,7 @@ std::vector<std::string> CamposQueFaltan(const Especificacion& especificacion) {
 void AgregarCampos(Ventana& ventana, const std::vector<std::string>& campos) {
     if (campos.empty()) return;
     auto& especificacion = ventana.documento.especificacion;
-    const int primero = especificacion.FilasArchivo();
+    const int primero = FilaTrasLaUltima(especificacion);
     const int lugar = ultimaFila + 1 - primero;
     if (static_cast<int>(campos.size()) > lugar) {
         return ventana.vista.Advertir(Componer(ventana.textos, {432, " ", std::to_string(lugar), "."}));

@@ -28,6 +28,12 @@ void ExtenderFilas(Ventana& ventana, LugarDeCelda lugar, int paso) {
     ventana.filasMarcadas = FilasMarcadas{TablaDe(lugar.columna), ancla, FilaDe(ventana, *ventana.foco)};
 }
 
+void EntrarEnMarcada(Ventana& ventana, LugarDeCelda lugar) {
+    const auto marcadas = ventana.filasMarcadas;
+    EntrarEnCelda(ventana, lugar);
+    ventana.filasMarcadas = marcadas;
+}
+
 TramoDeFilas FilasDelComando(const Ventana& ventana, LugarDeCelda lugar) {
     const auto& marcadas = ventana.filasMarcadas;
     const Tabla tabla = TablaDe(lugar.columna);

@@ -10,6 +10,9 @@ namespace qor {
 // Moves the focus a line up or down, and marks the rows from where the marking began to there.
 void ExtenderFilas(Ventana& ventana, LugarDeCelda lugar, int paso);
 
+// The form: a cell of the marked rows has got the focus by a click that asks for their menu. They stay marked.
+void EntrarEnMarcada(Ventana& ventana, LugarDeCelda lugar);
+
 struct TramoDeFilas {
     Tabla tabla = Tabla::Archivo;
     int desde = 0;

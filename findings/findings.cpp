@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "base/failure.h"
+#include "base/failure_reason.h"
 #include "base/text.h"
 #include "findings/compile_faults.h"
 #include "findings/refusals.h"
@@ -61,7 +62,8 @@ public:
         try {
             ComponerTodo(g);
         } catch (const FalloDeEjecucion& fallo) {
-            Libreta(g, lista_).Agregar(120, {}, {fallo.what()});
+            const auto motivo = FraseDeMotivo(fallo.what());
+            Libreta(g, lista_).Agregar(120, {}, {motivo.En([&](auto ingles) { return std::string(g.textos.PorIngles(ingles)); })});
             return false;
         }
         HallazgosDeObservaciones(g, recolector.observaciones, lista_);

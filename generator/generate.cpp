@@ -157,7 +157,7 @@ IdentidadDeArchivo EscribirArchivo(Generacion& g, const std::filesystem::path& r
 // A message about the written file, which the user of a desktop is told where to find.
 Mensaje ConSalida(Mensaje mensaje, const PedidoDeGeneracion& pedido, const EstadoDelGenerador& estado) {
     if (!pedido.directorioDelDocumento) return mensaje;
-    mensaje.texto += "\r\n" + TextoDeRuta(estado.UltimoPrograma);
+    mensaje = SobreArchivo(std::move(mensaje), estado.UltimoPrograma);
     if (!estado.ProgramaTemporal) mensaje.escrito = estado.UltimoPrograma;
     return mensaje;
 }
@@ -227,6 +227,7 @@ std::optional<ReporteGenerado> Generar(const PedidoDeGeneracion& pedido, EstadoD
         if (!ElegirSalida(pedido, estado)) return false;
         estado.escrito.reset();
         estado.escrito = EscribirArchivo(g, estado.UltimoPrograma);
+        estado.deDocumento = pedido.RutaDocumento;
         return true;
     });
     if (!escrito) return std::nullopt;

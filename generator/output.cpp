@@ -63,7 +63,8 @@ bool AceptarLugar(const PedidoDeGeneracion& pedido, const fs::path& salida, Esta
 bool AceptarReemplazo(const PedidoDeGeneracion& pedido, const fs::path& salida, const EstadoDelGenerador& estado) {
     std::error_code ignorado;
     if (!Existe(salida) || fs::is_directory(salida, ignorado)) return true;
-    if (estado.escrito && salida == estado.UltimoPrograma && Identidad(salida) == estado.escrito) return true;
+    const bool propia = salida == estado.UltimoPrograma && pedido.RutaDocumento == estado.deDocumento;
+    if (propia && estado.escrito && Identidad(salida) == estado.escrito) return true;
     const Mensaje pregunta = SobreArchivo(Componer(pedido.textos, {337}), salida);
     if (pedido.vista.Preguntar(pregunta, Botones::AceptarCancelar) == Respuesta::Aceptar) return true;
     return Negada(pedido);

@@ -50,10 +50,8 @@ RevisionEnFondo::RevisionEnFondo(Pedido pedido) : pedido_(std::move(pedido)) {
     hilo_ = std::thread([this] {
         try {
             Revisar();
-        } catch (const FalloDeArchivo& fallo) {
-            PonerFallo(fallo.Detalle());
         } catch (const std::exception& fallo) {
-            PonerFallo(fallo.what());
+            PonerFallo(fallo);
         }
         corriendo_ = false;
     });
@@ -77,9 +75,9 @@ void RevisionEnFondo::Revisar() {
     completa_ = revision.Correr(oyente) && archivos.size() == pedido_.archivos.size();
 }
 
-void RevisionEnFondo::PonerFallo(const std::string& motivo) {
+void RevisionEnFondo::PonerFallo(const std::exception& fallo) {
     const std::lock_guard guarda(candado_);
-    fallo_ = motivo;
+    fallo_ = FalloDe(fallo);
 }
 
 int RevisionEnFondo::PorMil() const {
@@ -104,7 +102,7 @@ bool RevisionEnFondo::Tomar(HallazgosVistos& hallazgos) {
     return alFinal;
 }
 
-std::string RevisionEnFondo::Fallo() const {
+std::optional<FalloDeMensaje> RevisionEnFondo::Fallo() const {
     const std::lock_guard guarda(candado_);
     return fallo_;
 }

@@ -5,10 +5,11 @@
 #include <filesystem>
 #include <memory>
 #include <mutex>
-#include <string>
+#include <optional>
 #include <thread>
 #include <vector>
 
+#include "base/messages.h"
 #include "input/data_finding.h"
 #include "input/kinds.h"
 #include "input/layout.h"
@@ -41,13 +42,13 @@ public:
     bool Tomar(HallazgosVistos& hallazgos);
     // Behind the end: the files were checked as a whole; and else why not, empty where it was stopped.
     bool Completa() const { return completa_; }
-    std::string Fallo() const;
+    std::optional<FalloDeMensaje> Fallo() const;
 
 private:
     class Oyente;
 
     void Revisar();
-    void PonerFallo(const std::string& motivo);
+    void PonerFallo(const std::exception& fallo);
 
     Pedido pedido_;
     std::atomic<bool> parar_{false};
@@ -59,7 +60,7 @@ private:
     std::vector<HallazgoDeDatos> nuevos_;  // not yet taken
     std::uint64_t erroresDeMas_ = 0;
     std::uint64_t avisosDeMas_ = 0;
-    std::string fallo_;
+    std::optional<FalloDeMensaje> fallo_;
     std::thread hilo_;
 };
 

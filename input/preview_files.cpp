@@ -8,14 +8,14 @@ void ArchivoVisto::Abrir(const std::filesystem::path& ruta) {
     contador_ = {};
     indice_.reset();
     identidad_.reset();
-    fallo_.clear();
+    fallo_.reset();
     ruta_ = ruta;
     if (ruta_.empty()) return;
     try {
         indice_ = std::make_shared<IndiceDeLineas>(ruta_);
         identidad_ = Identidad(ruta_);
     } catch (const FalloDeArchivo& fallo) {
-        fallo_ = fallo.Detalle();
+        fallo_ = FalloDe(fallo);
         return;
     }
     indice_->Avanzar();

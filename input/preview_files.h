@@ -8,6 +8,7 @@
 
 #include "base/files.h"
 #include "base/line_index.h"
+#include "base/messages.h"
 
 namespace qor {
 
@@ -23,7 +24,7 @@ public:
     const std::filesystem::path& Ruta() const { return ruta_; }
     // Null while it is not open.
     const std::shared_ptr<IndiceDeLineas>& Indice() const { return indice_; }
-    const std::string& Fallo() const { return fallo_; }
+    const std::optional<FalloDeMensaje>& Fallo() const { return fallo_; }
     // It is another one than when it was opened, or gone.
     bool HaCambiado() const;
 
@@ -33,7 +34,7 @@ private:
     std::shared_ptr<IndiceDeLineas> indice_;
     std::optional<IdentidadDeArchivo> identidad_;
     std::jthread contador_;  // goes before the index
-    std::string fallo_;
+    std::optional<FalloDeMensaje> fallo_;
 };
 
 }  // namespace qor

@@ -6,9 +6,9 @@ namespace {
 
 // `vacia` answers for a row; `lugar` is the place of one.
 template <typename Vacia, typename LugarDeFila>
-void BuscarEnTabla(Vacia vacia, LugarDeFila lugar, std::vector<Lugar>& huecos) {
+void BuscarEnTabla(int primera, Vacia vacia, LugarDeFila lugar, std::vector<Lugar>& huecos) {
     int primeraVacia = -1;
-    for (int r = 1; r <= ultimaFila; ++r) {
+    for (int r = primera; r <= ultimaFila; ++r) {
         if (vacia(r)) {
             if (primeraVacia < 0) primeraVacia = r;
         } else if (primeraVacia >= 0) {
@@ -20,11 +20,13 @@ void BuscarEnTabla(Vacia vacia, LugarDeFila lugar, std::vector<Lugar>& huecos) {
 
 }  // namespace
 
-std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion) {
+std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion, int primera) {
     std::vector<Lugar> huecos;
-    BuscarEnTabla([&](int r) { return especificacion.FilaArchivoVacia(r); }, [](int r) { return Lugar::EnArchivo(r, 0); }, huecos);
-    BuscarEnTabla([&](int r) { return especificacion.FilaTransaccionVacia(r); }, [](int r) { return Lugar::EnPrograma(r, 0); },
-                  huecos);
+    BuscarEnTabla(
+        primera, [&](int r) { return especificacion.FilaArchivoVacia(r); }, [](int r) { return Lugar::EnArchivo(r, 0); }, huecos);
+    BuscarEnTabla(
+        primera, [&](int r) { return especificacion.FilaTransaccionVacia(r); }, [](int r) { return Lugar::EnPrograma(r, 0); },
+        huecos);
     return huecos;
 }
 
@@ -46,11 +48,11 @@ std::vector<FilaDeArchivo> ArchivoSinHuecos(const Especificacion& especificacion
     return tabla;
 }
 
-std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion) {
-    std::vector<FilaDeTransaccion> tabla;
-    tabla.push_back(especificacion.TablaTransaccion[0]);
-    for (int r = 1; r < filasTabla; ++r) {
-        if (!especificacion.FilaTransaccionVacia(r)) tabla.push_back(especificacion.TablaTransaccion[r]);
+std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion, int primera) {
+    const auto& antes = especificacion.TablaTransaccion;
+    std::vector<FilaDeTransaccion> tabla(antes.begin(), antes.begin() + primera);
+    for (int r = primera; r < filasTabla; ++r) {
+        if (!especificacion.FilaTransaccionVacia(r)) tabla.push_back(antes[r]);
     }
     tabla.resize(filasTabla);
     return tabla;

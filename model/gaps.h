@@ -7,9 +7,10 @@
 
 namespace qor {
 
-// The first row of each run of blank rows that has rows behind it, on the file side, then on the program side. A blank row 0 is
-// none.
-std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion);
+// Blank rows with rows behind them count from `primera` on: from row 1 in the check of 373, from row 0 where a person closes them.
+
+// The first row of each run of such rows, on the file side, then on the program side.
+std::vector<Lugar> BuscarHuecos(const Especificacion& especificacion, int primera = 1);
 
 // False when a table has such a gap, behind which rows would be lost: message 373.
 bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, Vista& vista);
@@ -18,7 +19,7 @@ bool TablasOK(const Especificacion& especificacion, const TextosIdioma& textos, 
 // them.
 std::vector<FilaDeArchivo> ArchivoSinHuecos(const Especificacion& especificacion);
 
-// The rows of the program side without the blank ones behind row 0, among them rows with text only where it doesn't count.
-std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion);
+// The rows of the program side without the blank ones, among them rows with text only where it doesn't count.
+std::vector<FilaDeTransaccion> SinFilasEnBlanco(const Especificacion& especificacion, int primera = 1);
 
 }  // namespace qor

@@ -45,7 +45,10 @@ CausaDeFallo CausaDe(sqlite3* mango, int codigo) {
         case SQLITE_LOCKED: return CausaDeFallo::EnUso;
         case SQLITE_FULL: return CausaDeFallo::SinLugar;
         case SQLITE_READONLY: return CausaDeFallo::SoloLectura;
-        default: return qor::CausaDe(sistema::ErrorDeC(sqlite3_system_errno(mango)));
+        case SQLITE_CANTOPEN:
+        case SQLITE_IOERR:
+        case SQLITE_PERM: return qor::CausaDe(sistema::ErrorDeC(sqlite3_system_errno(mango)));
+        default: return CausaDeFallo::Otra;  // the system's number is that of an earlier call
     }
 }
 

@@ -223,7 +223,7 @@ private:
 Mensaje MensajeDeImpreso(const Dispositivo& dispositivo, const TextosIdioma& textos) {
     const auto archivo = dispositivo.Archivo();
     if (archivo.empty()) return Componer(textos, {919});
-    Mensaje mensaje = MensajeLiteral(textos.Palabra(palabra::SeEscribioElPDF) + "\r\n" + TextoDeRuta(archivo));
+    Mensaje mensaje = SobreArchivo(MensajeDePalabra(textos, palabra::SeEscribioElPDF), archivo);
     mensaje.escrito = archivo;
     return mensaje;
 }

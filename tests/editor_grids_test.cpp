@@ -10,6 +10,7 @@
 #include "editor/cell_keys.h"
 #include "editor/cell_rules.h"
 #include "editor/close_gaps.h"
+#include "editor/document_commands.h"
 #include "editor/find.h"
 #include "editor/grids.h"
 #include "editor/missing_fields.h"
@@ -303,9 +304,9 @@ TEST(RemoveBlankRows, ClosesGapsOfBothSides) {
     p.Escribir({Col::Valor, 3}, "Z");
     MostrarTransaccion(p.ventana, 4);
     ASSERT_TRUE(QuitarFilasEnBlanco(p.ventana));
-    EXPECT_THAT(p.FilasTransaccion(), ElementsAre("", "TRANS|T", "||F|Z|n", "||G", "||LAST"));
+    EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F|Z|n", "||G", "||LAST"));
     EXPECT_THAT(p.FilasArchivo(), ElementsAre("A|1", "Z", "B|3", "|4"));
-    EXPECT_EQ(p.Texto({Col::Campo, 3}), "G");
+    EXPECT_EQ(p.Texto({Col::Campo, 2}), "G");
     EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 2}), "B");
     EXPECT_TRUE(p.documento.HayCambios());
     EXPECT_EQ(p.vista.TomarAvisos(), "");
@@ -332,6 +333,11 @@ TEST(RemoveBlankRows, IsOfferedWhereTheyStandInTheWay) {
     EXPECT_EQ(p.vista.TomarAvisos(), "<373>\r\r<444> 2 <446> <447> <373>\r\r<444> 2 <445> <447>");
     EXPECT_THAT(p.FilasTransaccion(), ElementsAre("TRANS|T", "||F"));
     EXPECT_THAT(p.FilasArchivo(), ElementsAre("A", "B"));
+    // What stands behind a blank first row would not be saved.
+    p.Archivo({"", "A"});
+    p.vista.respuestas = {Respuesta::No};
+    EXPECT_FALSE(SaveOption(p.ventana));
+    EXPECT_EQ(p.vista.TomarAvisos(), "<373>\r\r<444> 1 <445> <447>");
 }
 
 TEST(Rows, OfTheProgramSideMoveWithAStepToUndo) {
@@ -491,16 +497,18 @@ TEST(RowBlocks, ThatCannotBeTakenWholeChangeNothing) {
 TEST(MissingFields, AreThoseThatTheProgramSideNames) {
     VentanaDePrueba p;
     p.LlenarArchivo(15);
-    p.Transaccion({"BAPI|B", "||A|F3", "||B|NEW", "||C|'x'", "||D|@v", "||E|new", "||F|NOT A NAME", "||G|OTHER", "", "||H|BEHIND"});
+    p.Transaccion({"BAPI|B", "||A|F3", "||B|NEW", "||C|'x'", "||D|@v", "||E|new", "||F|NOT A NAME", "", "||G|OTHER", "||H|BEHIND"});
+    p.documento.especificacion.TablaArchivo[17] = {"BEHIND", "4", "", ""};
     const auto faltan = CamposQueFaltan(p.documento.especificacion);
     EXPECT_THAT(faltan, ElementsAre("NEW", "OTHER"));
     AgregarCampos(p.ventana, faltan);
-    EXPECT_EQ(p.FilaArchivo(16), "NEW");
-    EXPECT_EQ(p.FilaArchivo(17), "OTHER");
+    EXPECT_EQ(p.FilaArchivo(17), "BEHIND|4");
+    EXPECT_EQ(p.FilaArchivo(18), "NEW");
+    EXPECT_EQ(p.FilaArchivo(19), "OTHER");
     EXPECT_EQ(p.Foco(), "Text2_12");
     EXPECT_EQ(p.Texto({Col::CampoDeArchivo, 13}), "OTHER");
     Deshacer(p.ventana);
-    EXPECT_EQ(p.FilasArchivo().size(), 16U);
+    EXPECT_EQ(p.FilaArchivo(18), "");
     // All of them or none.
     p.LlenarArchivo(999);
     AgregarCampos(p.ventana, faltan);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "base/failure_reason.h"
+#include "input/kinds.h"
+
 namespace qor {
 namespace {
 
@@ -40,6 +43,35 @@ TEST(Phrases, TextsAreKnownAgain) {
         EXPECT_EQ(hallada->EnIngles(), caso.texto);
         const auto conPartes = hallada->En([&](std::string_view) { return std::string(*caso.con == '\0' ? "" : "[%1][%2][%3]"); });
         EXPECT_EQ(conPartes.substr(0, std::string_view(caso.con).size()), caso.con);
+    }
+}
+
+// What the reading of a file of checks refuses is known as a sentence to its last part.
+TEST(Phrases, AreKnownOfReasons) {
+    const std::pair<const char*, const char*> casos[] = {{"F", "[F][]"},
+                                                         {"F oops", "[F][oops]"},
+                                                         {"F required x", "[F][]"},
+                                                         {"F required\nF required", "[F][required]"},
+                                                         {"F number x", "[F][]"},
+                                                         {"F date x", "[F][x]"},
+                                                         {"F pattern", "[F][]"},
+                                                         {"F pattern a{2", "[F][[}][]]"},
+                                                         {"F pattern a{2,1}", "[F][[][]]"},
+                                                         {"F list", "[F][]"},
+                                                         {"\"F", "[][]"},
+                                                         {"\"\" required", "[][]"},
+                                                         {"\xFF", "[][]"}};
+    for (const auto& [texto, partes] : casos) {
+        try {
+            ClasesDeCampos::Leer(texto);
+            ADD_FAILURE() << texto;
+        } catch (const FalloDeEjecucion& fallo) {
+            const auto frase = FraseDeMotivo(fallo.what());
+            EXPECT_EQ(frase.EnIngles(), fallo.what());
+            const auto dicha =
+                frase.En([](std::string_view ingles) { return std::string(ingles == "line %1: %2" ? "%2" : "[%1][%2]"); });
+            EXPECT_EQ(dicha, partes) << texto;
+        }
     }
 }
 

@@ -22,7 +22,10 @@ public:
     std::string diario;
     bool conEditor = false;
 
-    void Mostrar(const Mensaje& mensaje, Icono icono) override { Anotar(mensaje.texto + (icono == Icono::Informacion ? "i" : "")); }
+    void Mostrar(const Mensaje& mensaje, Icono icono) override {
+        const auto archivo = mensaje.escrito.empty() ? std::string() : "\r\n" + mensaje.escrito.string();
+        Anotar(mensaje.texto + archivo + (icono == Icono::Informacion ? "i" : ""));
+    }
     Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override {
         Anotar(mensaje.texto + "?");
         return VistaDePrueba::Preguntar(mensaje, botones);
@@ -137,7 +140,13 @@ TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
     informe.vista.conEditor = false;
     EXPECT_TRUE(informe.Generar());
     EXPECT_EQ(informe.vista.diario, "busy idle A0 T0 <323>i");
+    informe.vista.diario.clear();
+    informe.RutaDocumento = "/loads/other.qor";
+    EXPECT_FALSE(informe.Generar());
+    informe.RutaDocumento = "/loads/orders.qor";
     informe.directorio.Escribir("there.abap", "edited");
+    EXPECT_FALSE(informe.Generar());
+    EXPECT_EQ(informe.vista.diario, "busy <337>? Programa idle busy <337>? Programa idle");
     informe.vista.diario.clear();
     EXPECT_FALSE(informe.Generar());
     EXPECT_EQ(informe.vista.diario, "busy <337>? Programa idle");

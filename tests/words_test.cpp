@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/failure_reason.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "base/values.h"
@@ -111,6 +112,12 @@ TEST(Words, EachNumberIsInEveryLanguageWithTheSameSigns) {
     const auto idiomas = LeerPalabras();
     ASSERT_EQ(idiomas.size(), 2U);
     const Palabras& ingles = idiomas.at("English");
+    int indice = 0;
+    for (const char* const motivo : MotivosConocidos()) {
+        const int numero = palabra::DeMotivo(indice++);
+        numeros.insert(numero);
+        EXPECT_EQ(ingles.at(numero), motivo);
+    }
     for (const auto& [idioma, palabras] : idiomas) {
         std::set<int> presentes;
         for (const auto& [numero, texto] : palabras) {
@@ -132,7 +139,8 @@ TEST(Words, EachNumberIsInEveryLanguageWithTheSameSigns) {
 TEST(Words, NoneIsUnusedAndNoSentenceLacksOne) {
     const auto usados = LeerUsados();
     const auto ingles = LeerPalabras().at("English");
-    std::set<std::string> textos;
+    const auto motivos = MotivosConocidos();
+    std::set<std::string> textos(motivos.begin(), motivos.end());
     for (const auto& [nombre, numero] : LeerNombres()) {
         textos.insert(ingles.at(numero));
         EXPECT_TRUE(usados.nombres.contains(nombre) || usados.literales.contains(ingles.at(numero)))

@@ -99,6 +99,7 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
                          [&lazos, accion](auto... datos) { lazos.Hacer([&accion, datos...] { accion(datos...); }); });
     };
     alOcurrir(&CeldaDeRejilla::Entrada, [&ventana, lugar] { EntrarEnCelda(ventana, lugar); });
+    alOcurrir(&CeldaDeRejilla::EntradaEnMarcada, [&ventana, lugar] { EntrarEnMarcada(ventana, lugar); });
     alOcurrir(&CeldaDeRejilla::Salida, [&ventana, lugar] { SalirDeCelda(ventana, lugar); });
     alOcurrir(&CeldaDeRejilla::Escrita, [&ventana, celda, lugar] {
         // A new document has taken the focus from the window, and not from the control.
@@ -149,8 +150,10 @@ void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& c
             marcada = FilaDe(ventana, lugar) >= desde && FilaDe(ventana, lugar) <= hasta;
         }
         celda->Sincronizar(CeldaDe(ventana, lugar), marcada);
-        celda->setAccessibleName(TextoQt(ventana.textos.Texto(CabeceraDe(lugar.columna))) + QStringLiteral(", ") +
-                                 Palabra(ventana.textos, palabra::FilaNumero).arg(FilaDe(ventana, lugar) + 1));
+        const QString nombre = TextoQt(ventana.textos.Texto(CabeceraDe(lugar.columna))) + QStringLiteral(", ") +
+                               Palabra(ventana.textos, palabra::FilaNumero).arg(FilaDe(ventana, lugar) + 1);
+        // A name that is set is told to screen readers, also where it is the one before.
+        if (celda->accessibleName() != nombre) celda->setAccessibleName(nombre);
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/pages/controls.h"
 #include "app/show_changes.h"
+#include "base/files.h"
 #include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
@@ -125,7 +126,11 @@ QGroupBox* PaginaDeHerramientas::NuevosAnchos(QWidget* padre) {
     auto* const orden = new QHBoxLayout(grupo);
     orden->addWidget(lazos.Boton("GenerarInfoCampos", grupo, [this] {
         const Programa& programa = entorno_.programa;
-        GenerarInfoCampos(entorno_.ventana.documento, programa.ajustes.ArchivoAnchos, false, programa.textos, entorno_.vista);
+        const auto& archivo = programa.ajustes.ArchivoAnchos;
+        // Widths that were filled in there would be lost.
+        const auto pregunta = SobreArchivo(MensajeDePalabra(programa.textos, palabra::ElArchivoYaExiste), archivo);
+        if (Existe(archivo) && entorno_.vista.Preguntar(pregunta, Botones::AceptarCancelar) != Respuesta::Aceptar) return;
+        GenerarInfoCampos(entorno_.ventana.documento, archivo, false, programa.textos, entorno_.vista);
     }));
     orden->addWidget(Nuevo<QLabel>("then1", grupo));
     orden->addWidget(lazos.Boton("ImportInfo", grupo, [this] {

@@ -1,6 +1,7 @@
 #include "app/qt/data_check.h"
 
 #include "app/qt/theme_icon.h"
+#include "base/message_text.h"
 #include "base/qt/words.h"
 
 namespace qor {
@@ -36,9 +37,9 @@ void RevisionDeDatos::Mirar() {
     const bool seguidos = revision_->Tomar(hallazgos_);
     estado_ = {true, corriendo, revision_->Completa(), revision_->PorMil(), {}};
     if (!corriendo) {
-        if (const auto fallo = revision_->Fallo(); !fallo.empty()) {
-            estado_.fallo =
-                Palabra(textos_, palabra::NoSePuedenRevisarLosArchivos) + QLatin1Char(' ') + QString::fromStdString(fallo);
+        if (const auto fallo = revision_->Fallo(); fallo) {
+            estado_.fallo = Palabra(textos_, palabra::NoSePuedenRevisarLosArchivos) + QLatin1Char(' ') +
+                            QString::fromStdString(EnPantalla(*fallo, textos_));
         }
         revision_.reset();
     }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/failure.h"
+#include "base/message_text.h"
 #include "base/new_file.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
@@ -23,7 +24,8 @@ ControlesDelDocumento::ControlesDelDocumento(Ventana& ventana, std::function<voi
     try {
         clases_ = ClasesDeCampos::DeDocumento(ventana_.documento.ruta);
     } catch (const FalloDeEjecucion& fallo) {
-        fallo_ = Palabra(ventana_.textos, palabra::NoSePuedenLeerLosControles) + QLatin1Char(' ') + TextoQt(fallo.what());
+        fallo_ = Palabra(ventana_.textos, palabra::NoSePuedenLeerLosControles) + QLatin1Char(' ') +
+                 QString::fromStdString(EnPantalla(FalloDe(fallo), ventana_.textos));
     }
 }
 

@@ -191,7 +191,8 @@ void CeldaDeRejilla::focusInEvent(QFocusEvent* evento) {
         selectAll();
         seleccionarAlSoltar_ = motivo == Qt::MouseFocusReason;
     }
-    emit Entrada();
+    const bool porElMenu = motivo == Qt::MouseFocusReason && (QApplication::mouseButtons() & Qt::RightButton);
+    porElMenu&& marcada_ ? emit EntradaEnMarcada() : emit Entrada();
 }
 
 void CeldaDeRejilla::focusOutEvent(QFocusEvent* evento) {

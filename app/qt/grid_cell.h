@@ -35,7 +35,8 @@ public:
 
 signals:
     void Entrada();
-    void Salida();  // the focus went to a control that is no cell
+    void EntradaEnMarcada();  // by the right button; the menu is for all marked rows
+    void Salida();            // the focus went to a control that is no cell
     void Escrita();
     void Pulsada(qor::Tecla tecla);
     void PideDeshacer();

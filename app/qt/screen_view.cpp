@@ -128,7 +128,7 @@ void VistaDePantalla::AgregarBotonesDe(QMessageBox& caja, const std::filesystem:
         auto* const boton = caja.addButton(Palabra(textos_, rotulo), QMessageBox::ActionRole);
         boton->setObjectName(QString::fromLatin1(nombre));
         boton->setAutoDefault(false);
-        boton->disconnect();  // the box would close
+        QObject::disconnect(boton, &QPushButton::clicked, nullptr, nullptr);  // the box would close
         QObject::connect(boton, &QPushButton::clicked, &caja, accion);
     };
     agregar(palabra::AbrirLaCarpeta, "AbrirCarpeta", [this, carpeta = archivo.absolutePath()] {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/message_text.h"
 #include "base/paths.h"
 #include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
@@ -161,7 +162,8 @@ QString PanelDeClase::Falta(const ClaseDeCampo& clase) const {
     try {
         const PatronDeValor patron(clase.patron);
     } catch (const FalloDeEjecucion& fallo) {
-        return Palabra(textos_, palabra::ElPatronNoSePuedeUsar) + QLatin1Char(' ') + TextoQt(fallo.what());
+        return Palabra(textos_, palabra::ElPatronNoSePuedeUsar) + QLatin1Char(' ') +
+               QString::fromStdString(EnPantalla(FalloDe(fallo), textos_));
     }
     return {};
 }

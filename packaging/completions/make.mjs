@@ -104,7 +104,7 @@ _qorgen() {
     local word=\${COMP_WORDS[COMP_CWORD]} previous=\${COMP_WORDS[COMP_CWORD - 1]} command="" above skip=no i known
     for ((i = 1; i < COMP_CWORD; i++)); do
         if [[ $skip == yes ]]; then
-            skip=no
+            [[ \${COMP_WORDS[i]} == "=" ]] || skip=no
             continue
         fi
         case \${COMP_WORDS[i]} in
@@ -117,6 +117,9 @@ _qorgen() {
         esac
     done
 
+    # The shell parts "--option=value" into three words.
+    [[ $previous == "=" ]] && previous=\${COMP_WORDS[COMP_CWORD - 2]}
+    [[ $word == "=" ]] && word=""
     COMPREPLY=()
     compopt -o filenames 2>/dev/null
     if [[ $skip == yes ]]; then
