@@ -111,7 +111,7 @@ void Principal::ClicPreview() {
 
 void Principal::ClicDatos(const std::filesystem::path& archivo) {
     if (!DisenoDeEntrada(abierto_.especificacion, abierto_.opciones).HayArchivo()) {
-        vista_->Informar(MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::SinArchivoNoHayDatosQueMostrar))));
+        vista_->Informar(MensajeDePalabra(programa_.textos, palabra::SinArchivoNoHayDatosQueMostrar));
         return;
     }
     const auto memoria = programa_.rutaDeAjustes.parent_path() / "qor-input.ini";

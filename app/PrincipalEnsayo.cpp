@@ -1,6 +1,5 @@
 #include <QStandardPaths>
 #include <algorithm>
-#include <utility>
 
 #include "app/FormEjemplos.h"
 #include "app/FormEnsayo.h"
@@ -81,7 +80,7 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
     propios.CargarINI(carpeta / nombreDeAjustes);
     if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
     Sincronizar();  // the question is asked above the document that it is about
-    const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
+    const Mensaje pregunta = MensajeDePalabra(programa_.textos, palabra::EsteEjemploUsaConvenciones);
     if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
     activas = 1;
     GuardarElecciones(programa_);

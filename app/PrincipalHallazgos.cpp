@@ -85,7 +85,7 @@ void Principal::MostrarHallazgos() {
     const bool conFoco = hallazgos_->isAncestorOf(focusWidget());
     hallazgos_->Mostrar(vigia_);
     if (conFoco && !vigia_.Visible()) hallazgos_->DevolverFoco();
-    division_->MostrarPanel(vigia_.Visible());
+    division_->MostrarPrimero(vigia_.Visible());
     const auto& especificacion = abierto_.especificacion;
     rejillas_->PonerSignos(SignosDe(vigia_.Lista(), Tabla::Archivo, especificacion, abierto_.opciones),
                            SignosDe(vigia_.Lista(), Tabla::Transaccion, especificacion, abierto_.opciones));

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QStackedWidget>
-#include <algorithm>
 #include <system_error>
 
 #include "app/Principal.h"
@@ -34,9 +33,6 @@ std::filesystem::path UnicoArchivo(const QMimeData& datos) {
     if (direcciones.size() != 1 || !direcciones.front().isLocalFile()) return {};
     return RutaDeQt(direcciones.front().toLocalFile());
 }
-
-// A word of a menu: its letters are none of the file's name.
-QString SinLetra(QString nombre) { return nombre.replace(QLatin1Char('&'), QLatin1String("&&")); }
 
 }  // namespace
 
@@ -96,8 +92,8 @@ void Principal::CrearMenuDeRecientes(QMenu* archivo) {
         for (const auto& documento : documentos) {
             ++numero;
             const QString letra = numero < 10 ? QStringLiteral("&%1  ").arg(numero) : QStringLiteral("%1  ").arg(numero);
-            auto* const orden = menu->addAction(letra + SinLetra(NombreQt(documento.filename())) + QLatin1Char('\t') +
-                                                SinLetra(NombreQt(documento.parent_path())));
+            auto* const orden = menu->addAction(letra + ComoRotulo(NombreQt(documento.filename())) + QLatin1Char('\t') +
+                                                ComoRotulo(NombreQt(documento.parent_path())));
             connect(orden, &QAction::triggered, this, [this, documento] { AbrirReciente(documento); });
         }
         menu->addSeparator();
@@ -114,8 +110,9 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
     Mandar([&] {
         std::error_code error;
         if (!std::filesystem::exists(documento, error) && !error) {
-            const QString pregunta = Palabra(programa_.textos, palabra::ElDocumentoYaNoEsta).arg(NombreQt(documento));
-            if (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::SiNo) != Respuesta::Si) return;
+            const auto pregunta =
+                MensajeDePalabra(programa_.textos, palabra::ElDocumentoYaNoEsta, {TextoDelModelo(NombreQt(documento))});
+            if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
             OlvidarDocumento(rutaDeVentana_, documento);
             inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
             return;

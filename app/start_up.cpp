@@ -43,6 +43,7 @@ fs::path ConNombreDelDisco(const fs::path& documento) {
 
 bool GuardarINI(Programa& programa) {
     if (!programa.ajustesLeidos) {
+        // Why is what stood in the way of reading them, which `falloDeAjustes` still tells.
         programa.falloDeAjustes.texto = avisoAjustesSinGuardar;
         return false;
     }

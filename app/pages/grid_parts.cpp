@@ -123,10 +123,7 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     return celda;
 }
 
-namespace {
-
-// The number of the text above a column.
-int CabeceraDe(Columna columna) {
+int TituloDe(Columna columna) {
     switch (columna) {
         case Columna::CampoDeArchivo: return 32;
         case Columna::Ancho: return 33;
@@ -136,8 +133,6 @@ int CabeceraDe(Columna columna) {
         default: return 37;
     }
 }
-
-}  // namespace
 
 void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& celdas) {
     const auto& marcadas = ventana.filasMarcadas;
@@ -149,7 +144,7 @@ void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& c
             marcada = FilaDe(ventana, lugar) >= desde && FilaDe(ventana, lugar) <= hasta;
         }
         celda->Sincronizar(CeldaDe(ventana, lugar), marcada);
-        celda->setAccessibleName(TextoQt(ventana.textos.Texto(CabeceraDe(lugar.columna))) + QStringLiteral(", ") +
+        celda->setAccessibleName(TextoQt(ventana.textos.Texto(TituloDe(lugar.columna))) + QStringLiteral(", ") +
                                  Palabra(ventana.textos, palabra::FilaNumero).arg(FilaDe(ventana, lugar) + 1));
     }
 }
