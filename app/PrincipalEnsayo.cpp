@@ -9,7 +9,6 @@
 #include "app/qt/input_memory.h"
 #include "base/failure.h"
 #include "base/qt/text.h"
-#include "base/qt/words.h"
 #include "base/words.h"
 #include "editor/close_gaps.h"
 #include "editor/document_commands.h"
@@ -32,7 +31,7 @@ void Principal::ClicEnsayo() {
     if (!OfrecerQuitarHuecos(ventana_)) return;
     if (!ensayo_) {
         const auto ajustes = programa_.rutaDeAjustes.parent_path();
-        const auto memoria = ajustes / "qor-input.ini";
+        const auto memoria = RutaDeEntradas(programa_);
         ensayo_ = std::make_unique<FormEnsayo>(EntornoDeEnsayo{
             .textos = programa_.textos,
             .vista = *vista_,
@@ -67,8 +66,8 @@ void Principal::ClicEnsayo() {
                     if (diseno.HayArchivo()) Mandar([&] { VerDatos(elegido, {}, lugar, ventana); });
                 },
             .valoresPropios = RutaDePractica(EntornoDelProceso()).parent_path() / "values",
-            .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("rehearsal.html", ventana); },
-            .memoria = ajustes / "qor-window.ini"});
+            .ayuda = [this](int, QWidget* ventana) { MostrarAyuda("rehearsal.html", ventana); },
+            .memoria = RutaDeMemoria(programa_)});
     }
     ensayo_->Traer();
 }

@@ -28,7 +28,7 @@ bool HayAlgoAbierto() {
 
 }  // namespace
 
-QWidget* Principal::ConPanelDeHallazgos(QWidget* paginas) {
+QWidget* Principal::ConPanelesDeAbajo(QWidget* paginas) {
     hallazgos_ = new PanelDeHallazgos(programa_.textos, this);
     estructuras_ = new PanelDeEstructuras(abierto_, programa_.ajustes.preferencias, programa_.textos, this);
     division_ = new DivisionConPaneles(paginas, hallazgos_, estructuras_, this);
@@ -63,7 +63,6 @@ void Principal::CrearMenuDeHallazgos(QMenu* menu) {
 
 void Principal::VigilarHallazgos() {
     if (const auto pausa = vigia_.PausaHastaMirar(MateriaDeLaVentana())) pausa_->start(*pausa);
-    estructuras_->Seguir();
 }
 
 void Principal::MirarTrasLaPausa() {
@@ -165,7 +164,7 @@ void Principal::IrA(const Destino& destino) {
 void Principal::AyudaDelHallazgo() {
     const int elegido = hallazgos_->Elegido();
     const int codigo = elegido < 0 ? 0 : vigia_.Lista().at(static_cast<std::size_t>(elegido)).codigo;
-    VentanaPropiaDeAyuda().MostrarPagina(codigo == 0 ? std::string("findings.html") : PaginaDeAyuda(codigo));
+    MostrarAyuda(codigo == 0 ? std::string("findings.html") : PaginaDeHallazgo(codigo));
 }
 
 }  // namespace qor

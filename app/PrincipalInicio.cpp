@@ -46,20 +46,24 @@ PaginaDeInicio* Principal::NuevoInicio(QWidget* padre) {
         // The command of the menu says what is wrong with them.
     }
     return new PaginaDeInicio(programa_.textos, std::move(ejemplos),
-                              {[this] { OcultarInicio(); }, [this] { controles_.Buscar<QAction>("OpenOption")->trigger(); },
-                               [this](const auto& documento) { AbrirReciente(documento); },
-                               [this](const auto& ejemplo) { Mandar([&] { AbrirCopia(ejemplo); }); },
-                               [this](const QKeyEvent& tecla) {
-                                   OcultarInicio();
-                                   QKeyEvent primera(tecla.type(), tecla.key(), tecla.modifiers(), tecla.text());
-                                   QApplication::sendEvent(focusWidget(), &primera);
-                               }},
+                              {.empezar = [this] { OcultarInicio(); },
+                               .abrir = [this] { controles_.Buscar<QAction>("OpenOption")->trigger(); },
+                               .abrirReciente = [this](const auto& documento) { AbrirReciente(documento); },
+                               .abrirEjemplo = [this](const auto& ejemplo) { Mandar([&] { AbrirCopia(ejemplo); }); },
+                               .escribir =
+                                   [this](const QKeyEvent& tecla) {
+                                       OcultarInicio();
+                                       QKeyEvent primera(tecla.type(), tecla.key(), tecla.modifiers(), tecla.text());
+                                       QApplication::sendEvent(focusWidget(), &primera);
+                                   }},
                               padre);
 }
 
+bool Principal::HayTrabajo() const { return abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado(); }
+
 void Principal::MostrarInicio() {
-    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) return;
-    inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+    if (HayTrabajo()) return;
+    inicio_->MostrarRecientes(DocumentosRecientes(RutaDeMemoria(programa_)));
     centro_->setCurrentWidget(inicio_);
     inicio_->TomarTeclado();
 }
@@ -70,24 +74,23 @@ void Principal::OcultarInicio() {
     controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
 }
 
-// Once there is something to work on it goes, whatever brought that.
-void Principal::MirarInicio() {
-    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) OcultarInicio();
+// ---- Documents that were open before ----
+
+void Principal::AnotarReciente() {
     if (abierto_.ruta == anotado_) return;
     anotado_ = abierto_.ruta;
+    if (anotado_.empty()) return;
     std::error_code error;
-    const auto entera = std::filesystem::absolute(abierto_.ruta, error);
-    if (!anotado_.empty() && !error) RecordarDocumento(rutaDeVentana_, entera);
+    const auto entera = std::filesystem::absolute(anotado_, error);
+    if (!error) RecordarDocumento(RutaDeMemoria(programa_), entera);
 }
-
-// ---- Documents that were open before ----
 
 void Principal::CrearMenuDeRecientes(QMenu* archivo) {
     auto* const menu = Nuevo<QMenu>("RecentOption", this);
     archivo->addMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
         menu->clear();
-        const auto documentos = DocumentosRecientes(rutaDeVentana_);
+        const auto documentos = DocumentosRecientes(RutaDeMemoria(programa_));
         int numero = 0;
         for (const auto& documento : documentos) {
             ++numero;
@@ -100,7 +103,7 @@ void Principal::CrearMenuDeRecientes(QMenu* archivo) {
         auto* const vaciar = menu->addAction(Palabra(programa_.textos, palabra::VaciarEstaLista));
         vaciar->setEnabled(!documentos.empty());
         connect(vaciar, &QAction::triggered, this, [this] {
-            OlvidarDocumentos(rutaDeVentana_);
+            OlvidarDocumentos(RutaDeMemoria(programa_));
             inicio_->MostrarRecientes({});
         });
     });
@@ -113,12 +116,16 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
             const auto pregunta =
                 MensajeDePalabra(programa_.textos, palabra::ElDocumentoYaNoEsta, {TextoDelModelo(NombreQt(documento))});
             if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
-            OlvidarDocumento(rutaDeVentana_, documento);
-            inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+            OlvidarDocumento(RutaDeMemoria(programa_), documento);
+            inicio_->MostrarRecientes(DocumentosRecientes(RutaDeMemoria(programa_)));
             return;
         }
-        if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
+        Abrir(documento);
     });
+}
+
+void Principal::Abrir(const std::filesystem::path& documento) {
+    if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
 }
 
 // ---- Files that are dropped ----
@@ -143,9 +150,7 @@ void Principal::RecibirArchivo(const std::filesystem::path& archivo) {
     activateWindow();
     Mandar([&] {
         switch (ClaseDe(archivo)) {
-            case ClaseDeSoltado::Documento:
-                if (OpenOption(ventana_, archivo)) RecordarDirectorio(programa_, abierto_);
-                break;
+            case ClaseDeSoltado::Documento: Abrir(archivo); break;
             case ClaseDeSoltado::Grabacion: ImportarArchivo(archivo); break;
             case ClaseDeSoltado::ArchivoDeDatos: ClicDatos(archivo); break;
         }

@@ -62,6 +62,10 @@ void GuardarTodo(Programa& programa, Vista& vista) {
 
 }  // namespace
 
+fs::path RutaDeMemoria(const Programa& programa) { return programa.rutaDeAjustes.parent_path() / "qor-window.ini"; }
+
+fs::path RutaDeEntradas(const Programa& programa) { return programa.rutaDeAjustes.parent_path() / "qor-input.ini"; }
+
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const fs::path& directorioDeDatos) {
     programa.directorioDeDatos = directorioDeDatos;
     programa.rutaDeAjustes = RutaDeAjustes(entorno);
