@@ -132,7 +132,7 @@ QWidget* FormDatos::CrearVacio() {
             if (Archivo().Indice()) LlenarLadoDeCabecera(ventana_, *diseno_, *Archivo().Indice());
         });
         if (LadoVacio()) return;
-        ventana_.vista.Informar(MensajeLiteral(TextoDelModelo(Palabra(palabra::LosAnchosSonDeLosValoresLargos))));
+        ventana_.vista.Informar(MensajeDePalabra(Textos(), palabra::LosAnchosSonDeLosValoresLargos));
     });
     connect(deMarcas_, &QPushButton::clicked, this, [this] {
         Editar([this] {

@@ -8,7 +8,6 @@
 #include "base/chosen_path.h"
 #include "base/code_page.h"
 #include "base/paths.h"
-#include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -58,10 +57,9 @@ CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, int rotulo
     caja->PonerTexto(valor);
     auto* const examinar = NuevoBoton((std::string("Examinar") + nombre).c_str(), Rotulo(80));
     connect(examinar, &QPushButton::clicked, this, [this, caja, clase] {
-        const auto presente = RutaDelSistema(caja->Texto());
+        const PedidoDeArchivo pedido{clase, todosLosArchivos, RutaDelSistema(caja->Texto())};
         const bool carpeta = clase == ClaseDeArchivo::CarpetaDeDocumentos;
-        const auto elegido = carpeta ? vista_.ElegirCarpeta({clase, {}, presente / ""})
-                                     : vista_.ElegirParaAbrir({clase, todosLosArchivos, presente});
+        const auto elegido = carpeta ? vista_.ElegirCarpeta(pedido) : vista_.ElegirParaAbrir(pedido);
         if (const auto texto = ComoTexto(elegido, vista_)) caja->PonerTexto(*texto);
     });
     orden->addWidget(NuevoRotulo((std::string(nombre) + "Label").c_str(), Palabra(rotulo), caja), fila, 0);

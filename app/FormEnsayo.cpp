@@ -56,24 +56,15 @@ bool HayArchivo(const fs::path& ruta) {
 }
 
 // The view of the generation: what it warns of stands among the notices of the rehearsal, and only questions are asked.
-class VistaDeNotas : public Vista {
+class VistaDeNotas : public VistaDelegada {
 public:
-    explicit VistaDeNotas(Vista& vista) : vista_(vista) {}
+    using VistaDelegada::VistaDelegada;
 
     void Mostrar(const Mensaje& /*mensaje*/, Icono /*icono*/) override {}
-    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override { return vista_.Preguntar(mensaje, botones); }
-    std::optional<fs::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override { return vista_.ElegirParaAbrir(pedido); }
-    std::optional<fs::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override { return vista_.ElegirParaGrabar(pedido); }
-    std::optional<fs::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override { return vista_.ElegirCarpeta(pedido); }
-    void PunteroOcupado(bool ocupado) override { vista_.PunteroOcupado(ocupado); }
     void MostrarFila(Tabla /*tabla*/, int /*fila*/) override {}
     void Enfocar(const std::string& /*control*/) override {}
-    void MostrarTexto(const std::string& texto) override { vista_.MostrarTexto(texto); }
     bool OfreceEditor() const override { return false; }
     bool AbrirEditor(const fs::path& /*ruta*/) override { return false; }
-
-private:
-    Vista& vista_;
 };
 
 }  // namespace
@@ -296,7 +287,7 @@ void FormEnsayo::Correr() {
 
 bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
     const auto rehusar = [this](int frase, const fs::path& ruta) {
-        entorno_.vista.Advertir(MensajeLiteral(TextoDelModelo(Palabra(frase).arg(NombreQt(ruta)))));
+        entorno_.vista.Advertir(MensajeDePalabra(Textos(), frase, {TextoDelModelo(NombreQt(ruta))}));
         return false;
     };
     PanelDePedido::Pedido elegido;
@@ -502,15 +493,11 @@ void FormEnsayo::LlenarExportar() {
     if (sesiones.empty()) return;
     menuDeExportar_->addSeparator();
     for (std::size_t n = 0; n < sesiones.size(); ++n) {
-        menuDeExportar_->addAction(
-            Palabra(palabra::ElJuegoDeDatos).arg(TextoQt(sesiones[n]).replace(QLatin1Char('&'), QStringLiteral("&&"))), this,
-            [this, n, nombre = sesiones[n]] {
-                Exportar({ClaseDeArchivo::JuegoDeDatos,
-                          filtroDeTextos,
-                          {},
-                          Sugerido("-" + ComoNombreDeArchivo(nombre).string() + ".txt")},
-                         [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); });
-            });
+        menuDeExportar_->addAction(Palabra(palabra::ElJuegoDeDatos).arg(ComoRotulo(TextoQt(sesiones[n]))), this,
+                                   [this, n, final = "-" + ComoNombreDeArchivo(sesiones[n]).string() + ".txt"] {
+                                       Exportar({ClaseDeArchivo::JuegoDeDatos, filtroDeTextos, {}, Sugerido(final)},
+                                                [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); });
+                                   });
     }
 }
 
@@ -544,9 +531,9 @@ bool FormEnsayo::PuedenReemplazarse(const std::vector<fs::path>& archivos) {
         if (Existe(archivo)) presentes << NombreQt(archivo.filename());
     }
     if (presentes.isEmpty()) return true;
-    const QString pregunta = Palabra(palabra::ReemplazarLosDeAlLado);
-    const auto mensaje = MensajeLiteral(TextoDelModelo(pregunta.arg(presentes.join(QStringLiteral(", ")))));
-    return entorno_.vista.Preguntar(mensaje, Botones::SiNo) == Respuesta::Si;
+    const auto pregunta =
+        MensajeDePalabra(Textos(), palabra::ReemplazarLosDeAlLado, {TextoDelModelo(presentes.join(QStringLiteral(", ")))});
+    return entorno_.vista.Preguntar(pregunta, Botones::SiNo) == Respuesta::Si;
 }
 
 void FormEnsayo::ExportarFallados() {

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -67,19 +68,20 @@ Principal::Principal(Programa& programa, std::unique_ptr<VistaDePantalla> vista,
                             Hacer(accion);
                             return true;
                         },
-                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}),
-      rutaDeVentana_(programa.rutaDeAjustes.parent_path() / "qor-window.ini") {
+                        [this](const Lazos::Accion& accion) { return Mandar(accion); }, [this] { GuardarAjustes(); }}) {
     setObjectName(QStringLiteral("Principal"));
     vista_->Servir({// The cells alone: options can be other than the user's while an action runs.
-                    [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
-                    [this](Tabla tabla, int fila) {
-                        tabla == Tabla::Archivo ? qor::MostrarArchivo(ventana_, fila) : qor::MostrarTransaccion(ventana_, fila);
-                        Sincronizar();
-                    },
-                    [this](const std::string& control) { EnfocarControl(control); }, this,
-                    [this] { return programa_.ajustes.EditorDeTextos; },
-                    [this](ClaseDeArchivo clase) { return LugaresDe(programa_, abierto_.ruta, clase); },
-                    [this](ClaseDeArchivo clase, const auto& elegido) { RecordarLugar(programa_, clase, elegido); }});
+                    .refrescar = [this] { lazos_.SinCambios([this] { rejillas_->MostrarRejillas(); }); },
+                    .mostrarFila =
+                        [this](Tabla tabla, int fila) {
+                            tabla == Tabla::Archivo ? qor::MostrarArchivo(ventana_, fila) : qor::MostrarTransaccion(ventana_, fila);
+                            Sincronizar();
+                        },
+                    .enfocar = [this](const std::string& control) { EnfocarControl(control); },
+                    .ventana = this,
+                    .editorDeTextos = [this] { return programa_.ajustes.EditorDeTextos; },
+                    .lugares = [this](ClaseDeArchivo clase) { return LugaresDe(programa_, abierto_.ruta, clase); },
+                    .recordar = [this](ClaseDeArchivo clase, const auto& elegido) { RecordarLugar(programa_, clase, elegido); }});
     if (fabrica)
         conexion_ = fabrica({programa_, ventana_, *vista_, this, [this] { lazos_.SinCambios([this] { MostrarConexion(); }); }});
     if (!conexion_) conexion_ = SinConexion(*vista_);
@@ -141,7 +143,7 @@ void Principal::CrearPaginas() {
     inicio_ = NuevoInicio(centro_);
     centro_->addWidget(trabajo);
     centro_->addWidget(inicio_);
-    setCentralWidget(ConPanelDeHallazgos(centro_));
+    setCentralWidget(ConPanelesDeAbajo(centro_));
 }
 
 // The status bar.
@@ -201,8 +203,10 @@ void Principal::Sincronizar() {
         setWindowModified(ventana_.documento.HayCambios());
         documento_->setText(NombreQt(ventana_.documento.ruta));
     });
-    MirarInicio();
+    if (HayTrabajo()) OcultarInicio();
+    AnotarReciente();
     VigilarHallazgos();
+    estructuras_->Seguir();
     if (ensayo_) ensayo_->MirarDocumento();
 }
 
@@ -255,7 +259,7 @@ void Principal::RefrescarIdioma() {
         PonerRotulos(controles_, programa_.textos);
         inicio_->RefrescarIdioma();
         NombrarPorRotulos(*this);
-        inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+        inicio_->MostrarRecientes(DocumentosRecientes(RutaDeMemoria(programa_)));
     });
     if (ayuda_ != nullptr) ayuda_->RefrescarIdioma();
     ensayo_.reset();
@@ -281,6 +285,21 @@ void Principal::EnfocarControl(const std::string& nombre) {
     }
     control->setFocus(Qt::OtherFocusReason);
     if (auto* const caja = qobject_cast<QLineEdit*>(control)) caja->selectAll();
+}
+
+// All that the application's windows are told passes here first: F1, What's this?, and files that are dropped.
+bool Principal::eventFilter(QObject* objeto, QEvent* evento) {
+    auto* const control = qobject_cast<QWidget*>(objeto);
+    if (control == nullptr) return false;
+    switch (evento->type()) {
+        case QEvent::KeyPress: return static_cast<QKeyEvent*>(evento)->key() == Qt::Key_F1 && AyudaDelDialogo(*control);
+        case QEvent::QueryWhatsThis:
+        case QEvent::WhatsThis: return control->window() == this && QueEsEsto(*control, *evento);
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop: return control->window() == this && RecibirSoltado(*evento);
+        default: return false;
+    }
 }
 
 // ---- Start and end ----
@@ -324,11 +343,10 @@ void Principal::CuidarTrabajo() {
 bool Principal::OfrecerTrabajo() {
     bool restaurado = false;
     for (auto& copia : copias_.Abandonadas()) {
-        const QString nombre =
-            copia.documento.ruta.empty() ? Palabra(programa_.textos, palabra::UnDocumentoNuevo) : NombreQt(copia.documento.ruta);
-        const QString pregunta =
-            Palabra(programa_.textos, palabra::QuedoTrabajoSinGuardar).arg(nombre, QString::fromStdString(copia.cuando));
-        switch (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::RestaurarDescartarLuego)) {
+        const auto& ruta = copia.documento.ruta;
+        const auto nombre = ruta.empty() ? programa_.textos.Palabra(palabra::UnDocumentoNuevo) : TextoDelModelo(NombreQt(ruta));
+        const auto pregunta = MensajeDePalabra(programa_.textos, palabra::QuedoTrabajoSinGuardar, {nombre, copia.cuando});
+        switch (vista_->Preguntar(pregunta, Botones::RestaurarDescartarLuego)) {
             case Respuesta::Si:
                 Hacer([&] {
                     RestaurarTrabajo(ventana_, std::move(copia.documento));
@@ -378,7 +396,7 @@ void Principal::changeEvent(QEvent* evento) {
 }
 
 void Principal::RestaurarVentana() {
-    const QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
+    const QSettings ajustes(NombreQt(RutaDeMemoria(programa_)), QSettings::IniFormat);
     division_->PonerAlto(ajustes.value(QStringLiteral("findings/height")).toInt());
     EncenderEstructuras(ajustes.value(QStringLiteral("structures/shown"), true).toBool());
     rejillas_->RestaurarReparto(ajustes);
@@ -407,7 +425,7 @@ void Principal::RestaurarVentana() {
 }
 
 void Principal::GuardarVentana() const {
-    QSettings ajustes(NombreQt(rutaDeVentana_), QSettings::IniFormat);
+    QSettings ajustes(NombreQt(RutaDeMemoria(programa_)), QSettings::IniFormat);
     ajustes.setValue(QStringLiteral("window/geometry"), saveGeometry());
     rejillas_->GuardarReparto(ajustes);
     ajustes.setValue(QStringLiteral("structures/shown"), estructuras_->Encendido());

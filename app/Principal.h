@@ -16,6 +16,7 @@
 #include "app/start_up.h"
 #include "base/qt/dialog.h"
 #include "editor/cell_keys.h"
+#include "editor/help_pages.h"
 #include "editor/window.h"
 #include "generator/request.h"
 #include "model/input_place.h"
@@ -61,9 +62,7 @@ public:
     void Sincronizar();
     void RefrescarIdioma();
     // A help page, in a window that belongs to the dialog that asks for it.
-    void MostrarAyuda(int mensaje, QWidget* ventana = nullptr);
-    // The same by the name of the page.
-    void MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana);
+    void MostrarAyuda(const PaginaDeAyuda& pagina, QWidget* ventana = nullptr);
 
     // Ends the event loop with a status, without any question.
     void TerminarCon(int estado);
@@ -91,13 +90,14 @@ private:
     void AplicarReglas();
     void MostrarConexion();
     void MostrarTitulo();
-    std::filesystem::path DirectorioDeCatalogos() const;
     CeldaDeRejilla* CeldaActual() const;
 
     // Copies of unsaved work: kept up to date in the course of time, and offered at the start when they were left behind. True when
     // one was restored; it then stands in the place of a document named at the start.
     void CuidarTrabajo();
     bool OfrecerTrabajo();
+    // What the first activation does behind the opening box.
+    void SeguirActivacion(const PrimeraActivacion& plan);
 
     // ---- PrincipalAyuda.cpp: F1 and What's this? ----
     VentanaDeAyuda& VentanaPropiaDeAyuda();
@@ -105,6 +105,7 @@ private:
     void CrearTeclasDeAyuda();
     void AyudaDelControl();
     void MostrarAyudaDe(const QWidget* control);
+    bool QueEsEsto(const QWidget& control, QEvent& evento);
     bool AyudaDelDialogo(QWidget& control);
 
     // ---- PrincipalMenus.cpp ----
@@ -145,22 +146,25 @@ private:
     // Offers the fields that the file side lacks; where there are none, says so if asked.
     void ClicCamposQueFaltan(bool pedido);
     void NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila);
+    std::filesystem::path DirectorioDeCatalogos() const;
     void ClicEditorBDC(const std::filesystem::path& archivo = {});
     void ClicDirectorios();
     void ClicSeleccionarIdioma();
     void MostrarPresentacion();
-    // What the first activation does behind the opening box.
-    void SeguirActivacion(const PrimeraActivacion& plan);
     void PreguntarIdioma();
     void CargarIdioma(std::string_view nombre);
 
     // ---- PrincipalInicio.cpp: the start page, documents that were open before, files that are dropped ----
     PaginaDeInicio* NuevoInicio(QWidget* padre);
+    // Once there is something to work on the start page goes, whatever brought that.
+    bool HayTrabajo() const;
     void MostrarInicio();
     void OcultarInicio();
-    void MirarInicio();
+    void AnotarReciente();
     void CrearMenuDeRecientes(QMenu* archivo);
     void AbrirReciente(const std::filesystem::path& documento);
+    // Opens a document; the next one is looked for in its directory.
+    void Abrir(const std::filesystem::path& documento);
     bool RecibirSoltado(QEvent& evento);
     void RecibirArchivo(const std::filesystem::path& archivo);
     void ImportarArchivo(const std::filesystem::path& archivo);
@@ -171,8 +175,8 @@ private:
     void AbrirCopia(const EjemploIncluido& ejemplo);
     void OfrecerConvenciones(const std::filesystem::path& carpeta);
 
-    // ---- PrincipalHallazgos.cpp: the pane of findings ----
-    QWidget* ConPanelDeHallazgos(QWidget* paginas);
+    // ---- PrincipalHallazgos.cpp: the panes of findings and structures ----
+    QWidget* ConPanelesDeAbajo(QWidget* paginas);
     void CrearMenuDeHallazgos(QMenu* menu);
     // Called behind everything that may have changed the document: begins the pause behind which the document is analysed.
     void VigilarHallazgos();
@@ -204,8 +208,7 @@ private:
     bool cerrado_ = false;
     bool sinGuardarAvisado_ = false;
 
-    std::filesystem::path rutaDeVentana_;  // where the window's state is kept, beside the settings
-    std::filesystem::path anotado_;        // the document that was noted last among the recent ones
+    std::filesystem::path anotado_;  // the document that was noted last among the recent ones
 
     QStackedWidget* centro_ = nullptr;  // the work, or the start page
     PaginaDeInicio* inicio_ = nullptr;

@@ -1,34 +1,23 @@
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
-#include <QKeyEvent>
 #include <QShortcut>
-#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
-#include <QWhatsThis>
+#include <variant>
 
 #include "app/Principal.h"
 #include "app/pages/findings_pane.h"
-#include "app/pages/structures_pane.h"
 #include "app/qt/help_window.h"
 #include "app/qt/tabs.h"
 #include "base/qt/dialog.h"
-#include "editor/help_pages.h"
 
 // The help: its pages, F1 and "What's this?".
 namespace qor {
 
-namespace {
-
-constexpr int paginaDeEstructuras = 709;
-
-}  // namespace
-
-void Principal::MostrarAyuda(int mensaje, QWidget* ventana) { VentanaDeAyudaPara(ventana).MostrarPagina(mensaje); }
-
-void Principal::MostrarPaginaDeAyuda(const std::string& pagina, QWidget* ventana) {
-    VentanaDeAyudaPara(ventana).MostrarPagina(pagina);
+void Principal::MostrarAyuda(const PaginaDeAyuda& pagina, QWidget* ventana) {
+    auto& ayuda = VentanaDeAyudaPara(ventana);
+    std::visit([&ayuda](const auto& cual) { ayuda.MostrarPagina(cual); }, pagina);
 }
 
 VentanaDeAyuda& Principal::VentanaDeAyudaPara(QWidget* ventana) {
@@ -59,20 +48,23 @@ void Principal::AyudaDelControl() {
         return MostrarAyudaDe(boton);
     }
     if (hallazgos_->isAncestorOf(focusWidget())) return AyudaDelHallazgo();
-    if (estructuras_->isAncestorOf(focusWidget())) return MostrarAyuda(paginaDeEstructuras);
     MostrarAyudaDe(focusWidget());
 }
 
 void Principal::MostrarAyudaDe(const QWidget* control) {
-    QByteArray nombre;
     for (; control != nullptr && control != this; control = control->parentWidget()) {
-        nombre = control->objectName().toLatin1();
-        if (const auto pagina = PaginaPropia(nombre.toStdString()); !pagina.empty()) {
-            return MostrarPaginaDeAyuda(std::string(pagina), nullptr);
-        }
+        const QByteArray nombre = control->objectName().toLatin1();
+        if (const auto pagina = PaginaDe(nombre.toStdString())) return MostrarAyuda(*pagina);
         if (controles_.Buscar(nombre) != nullptr) break;
     }
-    MostrarAyuda(PaginaDeAyuda(nombre.toStdString(), SSTab1_->currentIndex()));
+    MostrarAyuda(PaginaDePestana(SSTab1_->currentIndex()));
+}
+
+// The pointer asks whether a control has an answer, and then for it.
+bool Principal::QueEsEsto(const QWidget& control, QEvent& evento) {
+    evento.accept();
+    if (evento.type() == QEvent::WhatsThis) MostrarAyudaDe(&control);
+    return true;
 }
 
 // F1 in a window above this one: its own page, or that of what it came from. Where it has a key for help, that one is left to it.
@@ -84,42 +76,13 @@ bool Principal::AyudaDelDialogo(QWidget& control) {
             MostrarAyuda(mensaje, ventana);
             return true;
         }
-        if (const auto pagina = PaginaPropia(origen->objectName().toStdString()); !pagina.empty()) {
-            MostrarPaginaDeAyuda(std::string(pagina), ventana);
+        if (const auto pagina = PaginaDe(origen->objectName().toStdString())) {
+            MostrarAyuda(*pagina, ventana);
             return true;
         }
     }
-    MostrarPaginaDeAyuda("contents.html", ventana);
+    MostrarAyuda(paginaDeContenido, ventana);
     return true;
-}
-
-// All that the application's windows are told passes here first.
-bool Principal::eventFilter(QObject* objeto, QEvent* evento) {
-    switch (evento->type()) {
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
-        case QEvent::KeyPress:
-        case QEvent::QueryWhatsThis:
-        case QEvent::WhatsThis: break;
-        default: return false;
-    }
-    auto* const control = qobject_cast<QWidget*>(objeto);
-    if (control == nullptr) return false;
-    if (evento->type() == QEvent::KeyPress) {
-        return static_cast<QKeyEvent*>(evento)->key() == Qt::Key_F1 && AyudaDelDialogo(*control);
-    }
-    if (control->window() != this) return false;
-    if (evento->type() == QEvent::QueryWhatsThis) {
-        evento->accept();
-        return true;
-    }
-    if (evento->type() == QEvent::WhatsThis) {
-        evento->accept();
-        MostrarAyudaDe(control);
-        return true;
-    }
-    return RecibirSoltado(*evento);
 }
 
 }  // namespace qor

@@ -17,8 +17,7 @@
 #include "bapi/FormTrans.h"
 #include "base/paths.h"
 #include "base/qt/room.h"
-#include "base/qt/text.h"
-#include "base/qt/words.h"
+#include "base/words.h"
 #include "dataset/FormBDCEditor.h"
 #include "editor/FormABAPWindow.h"
 #include "editor/FormCamposQueFaltan.h"
@@ -64,7 +63,8 @@ void Principal::ClicGenerar() {
 
 void Principal::ClicImprimir() {
     if (!OfrecerQuitarHuecos(ventana_)) return;
-    ImpresionEnPapel papel(programa_.textos, *vista_, NombreSugerido(abierto_, ".pdf", programa_.textos), rutaDeVentana_, this);
+    ImpresionEnPapel papel(programa_.textos, *vista_, NombreSugerido(abierto_, ".pdf", programa_.textos), RutaDeMemoria(programa_),
+                           this);
     PrintOption(Pedido(*vista_), [&] { return papel.Elegir(); });
 }
 
@@ -111,25 +111,23 @@ void Principal::ClicPreview() {
 
 void Principal::ClicDatos(const std::filesystem::path& archivo) {
     if (!DisenoDeEntrada(abierto_.especificacion, abierto_.opciones).HayArchivo()) {
-        vista_->Informar(MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::SinArchivoNoHayDatosQueMostrar))));
+        vista_->Informar(MensajeDePalabra(programa_.textos, palabra::SinArchivoNoHayDatosQueMostrar));
         return;
     }
-    const auto memoria = programa_.rutaDeAjustes.parent_path() / "qor-input.ini";
-    VerDatos([this, memoria](const auto& parametro) { return ArchivoRecordado(memoria, abierto_.ruta, parametro); }, archivo, {},
-             this);
+    VerDatos([this](const auto& parametro) { return ArchivoRecordado(RutaDeEntradas(programa_), abierto_.ruta, parametro); },
+             archivo, {}, this);
 }
 
 void Principal::VerDatos(const std::function<std::filesystem::path(const std::string&)>& recordado,
                          const std::filesystem::path& archivo, const std::optional<LugarDeEntrada>& lugar, QWidget* ventana) {
-    const auto ajustes = programa_.rutaDeAjustes.parent_path();
-    const EntornoDeDatos entorno{.ayuda = [this](int, QWidget* suya) { MostrarPaginaDeAyuda("data-preview.html", suya); },
+    const EntornoDeDatos entorno{.ayuda = [this](int, QWidget* suya) { MostrarAyuda("data-preview.html", suya); },
                                  .recordado = recordado,
                                  .recordar =
-                                     [this, memoria = ajustes / "qor-input.ini"](const auto& parametro, const auto& elegido) {
-                                         RecordarArchivo(memoria, abierto_.ruta, parametro, elegido);
+                                     [this](const auto& parametro, const auto& elegido) {
+                                         RecordarArchivo(RutaDeEntradas(programa_), abierto_.ruta, parametro, elegido);
                                          if (ensayo_) ensayo_->TomarArchivo(parametro, elegido);
                                      },
-                                 .memoria = ajustes / "qor-window.ini",
+                                 .memoria = RutaDeMemoria(programa_),
                                  .alCambiar = [this] { Sincronizar(); }};
     FormDatos dialogo(ventana_, entorno, archivo, ventana);
     if (lugar) dialogo.IrA(*lugar);
@@ -175,8 +173,8 @@ void Principal::NavegarBAPIs(QWidget* ventana, bool soloDefinicion, int fila) {
                           .SoloDefinicion = soloDefinicion,
                           .FilaInsercion = fila,
                           .imprimir = [this](const std::string& nombre, const std::string& documentacion, QWidget* padre) {
-                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre, ".pdf"), rutaDeVentana_,
-                                                     padre);
+                              ImpresionEnPapel papel(programa_.textos, *vista_, ComoNombreDeArchivo(nombre, ".pdf"),
+                                                     RutaDeMemoria(programa_), padre);
                               if (Dispositivo* const dispositivo = papel.Elegir()) {
                                   ImprimirBAPI(*dispositivo, programa_.textos, *vista_, nombre, documentacion);
                               }

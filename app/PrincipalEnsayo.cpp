@@ -1,6 +1,5 @@
 #include <QStandardPaths>
 #include <algorithm>
-#include <utility>
 
 #include "app/FormEjemplos.h"
 #include "app/FormEnsayo.h"
@@ -10,7 +9,6 @@
 #include "app/qt/input_memory.h"
 #include "base/failure.h"
 #include "base/qt/text.h"
-#include "base/qt/words.h"
 #include "base/words.h"
 #include "editor/close_gaps.h"
 #include "editor/document_commands.h"
@@ -33,7 +31,7 @@ void Principal::ClicEnsayo() {
     if (!OfrecerQuitarHuecos(ventana_)) return;
     if (!ensayo_) {
         const auto ajustes = programa_.rutaDeAjustes.parent_path();
-        const auto memoria = ajustes / "qor-input.ini";
+        const auto memoria = RutaDeEntradas(programa_);
         ensayo_ = std::make_unique<FormEnsayo>(EntornoDeEnsayo{
             .textos = programa_.textos,
             .vista = *vista_,
@@ -68,8 +66,8 @@ void Principal::ClicEnsayo() {
                     if (diseno.HayArchivo()) Mandar([&] { VerDatos(elegido, {}, lugar, ventana); });
                 },
             .valoresPropios = RutaDePractica(EntornoDelProceso()).parent_path() / "values",
-            .ayuda = [this](int, QWidget* ventana) { MostrarPaginaDeAyuda("rehearsal.html", ventana); },
-            .memoria = ajustes / "qor-window.ini"});
+            .ayuda = [this](int, QWidget* ventana) { MostrarAyuda("rehearsal.html", ventana); },
+            .memoria = RutaDeMemoria(programa_)});
     }
     ensayo_->Traer();
 }
@@ -81,7 +79,7 @@ void Principal::OfrecerConvenciones(const std::filesystem::path& carpeta) {
     propios.CargarINI(carpeta / nombreDeAjustes);
     if (activas == 1 || propios.LeerClave("Activate Naming Conventions") != "Yes") return;
     Sincronizar();  // the question is asked above the document that it is about
-    const Mensaje pregunta = MensajeLiteral(TextoDelModelo(Palabra(programa_.textos, palabra::EsteEjemploUsaConvenciones)));
+    const Mensaje pregunta = MensajeDePalabra(programa_.textos, palabra::EsteEjemploUsaConvenciones);
     if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
     activas = 1;
     GuardarElecciones(programa_);

@@ -30,7 +30,7 @@ bool HayAlgoAbierto() {
 
 }  // namespace
 
-QWidget* Principal::ConPanelDeHallazgos(QWidget* paginas) {
+QWidget* Principal::ConPanelesDeAbajo(QWidget* paginas) {
     hallazgos_ = new PanelDeHallazgos(programa_.textos, this);
     estructuras_ = new PanelDeEstructuras(abierto_, programa_.ajustes.preferencias, programa_.textos, this);
     division_ = new DivisionConPaneles(paginas, hallazgos_, estructuras_, this);
@@ -65,7 +65,6 @@ void Principal::CrearMenuDeHallazgos(QMenu* menu) {
 
 void Principal::VigilarHallazgos() {
     if (const auto pausa = vigia_.PausaHastaMirar(MateriaDeLaVentana())) pausa_->start(*pausa);
-    estructuras_->Seguir();
 }
 
 void Principal::MirarTrasLaPausa() {
@@ -87,7 +86,7 @@ void Principal::MostrarHallazgos() {
     const bool conFoco = hallazgos_->isAncestorOf(focusWidget());
     hallazgos_->Mostrar(vigia_);
     if (conFoco && !vigia_.Visible()) hallazgos_->DevolverFoco();
-    division_->MostrarPanel(vigia_.Visible());
+    division_->MostrarPrimero(vigia_.Visible());
     const auto& especificacion = abierto_.especificacion;
     rejillas_->PonerSignos(SignosDe(vigia_.Lista(), Tabla::Archivo, especificacion, abierto_.opciones),
                            SignosDe(vigia_.Lista(), Tabla::Transaccion, especificacion, abierto_.opciones));
@@ -168,7 +167,7 @@ void Principal::IrA(const Destino& destino) {
 void Principal::AyudaDelHallazgo() {
     const int elegido = hallazgos_->Elegido();
     const int codigo = elegido < 0 ? 0 : vigia_.Lista().at(static_cast<std::size_t>(elegido)).codigo;
-    VentanaPropiaDeAyuda().MostrarPagina(codigo == 0 ? std::string("findings.html") : PaginaDeAyuda(codigo));
+    MostrarAyuda(codigo == 0 ? std::string("findings.html") : PaginaDeHallazgo(codigo));
 }
 
 }  // namespace qor

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QStackedWidget>
-#include <algorithm>
 #include <system_error>
 
 #include "app/Principal.h"
@@ -35,9 +34,6 @@ std::filesystem::path UnicoArchivo(const QMimeData& datos) {
     return RutaDeQt(direcciones.front().toLocalFile());
 }
 
-// A word of a menu: its letters are none of the file's name.
-QString SinLetra(QString nombre) { return nombre.replace(QLatin1Char('&'), QLatin1String("&&")); }
-
 }  // namespace
 
 // ---- The start page ----
@@ -50,20 +46,24 @@ PaginaDeInicio* Principal::NuevoInicio(QWidget* padre) {
         // The command of the menu says what is wrong with them.
     }
     return new PaginaDeInicio(programa_.textos, std::move(ejemplos),
-                              {[this] { OcultarInicio(); }, [this] { controles_.Buscar<QAction>("OpenOption")->trigger(); },
-                               [this](const auto& documento) { AbrirReciente(documento); },
-                               [this](const auto& ejemplo) { Mandar([&] { AbrirCopia(ejemplo); }); },
-                               [this](const QKeyEvent& tecla) {
-                                   OcultarInicio();
-                                   QKeyEvent primera(tecla.type(), tecla.key(), tecla.modifiers(), tecla.text());
-                                   QApplication::sendEvent(focusWidget(), &primera);
-                               }},
+                              {.empezar = [this] { OcultarInicio(); },
+                               .abrir = [this] { controles_.Buscar<QAction>("OpenOption")->trigger(); },
+                               .abrirReciente = [this](const auto& documento) { AbrirReciente(documento); },
+                               .abrirEjemplo = [this](const auto& ejemplo) { Mandar([&] { AbrirCopia(ejemplo); }); },
+                               .escribir =
+                                   [this](const QKeyEvent& tecla) {
+                                       OcultarInicio();
+                                       QKeyEvent primera(tecla.type(), tecla.key(), tecla.modifiers(), tecla.text());
+                                       QApplication::sendEvent(focusWidget(), &primera);
+                                   }},
                               padre);
 }
 
+bool Principal::HayTrabajo() const { return abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado(); }
+
 void Principal::MostrarInicio() {
-    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) return;
-    inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+    if (HayTrabajo()) return;
+    inicio_->MostrarRecientes(DocumentosRecientes(RutaDeMemoria(programa_)));
     centro_->setCurrentWidget(inicio_);
     MostrarPanelDeEstructuras();
     inicio_->TomarTeclado();
@@ -76,37 +76,36 @@ void Principal::OcultarInicio() {
     controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
 }
 
-// Once there is something to work on it goes, whatever brought that.
-void Principal::MirarInicio() {
-    if (abierto_.HayCambios() || !abierto_.ruta.empty() || conexion_->Conectado()) OcultarInicio();
+// ---- Documents that were open before ----
+
+void Principal::AnotarReciente() {
     if (abierto_.ruta == anotado_) return;
     anotado_ = abierto_.ruta;
+    if (anotado_.empty()) return;
     std::error_code error;
-    const auto entera = std::filesystem::absolute(abierto_.ruta, error);
-    if (!anotado_.empty() && !error) RecordarDocumento(rutaDeVentana_, entera);
+    const auto entera = std::filesystem::absolute(anotado_, error);
+    if (!error) RecordarDocumento(RutaDeMemoria(programa_), entera);
 }
-
-// ---- Documents that were open before ----
 
 void Principal::CrearMenuDeRecientes(QMenu* archivo) {
     auto* const menu = Nuevo<QMenu>("RecentOption", this);
     archivo->addMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
         menu->clear();
-        const auto documentos = DocumentosRecientes(rutaDeVentana_);
+        const auto documentos = DocumentosRecientes(RutaDeMemoria(programa_));
         int numero = 0;
         for (const auto& documento : documentos) {
             ++numero;
             const QString letra = numero < 10 ? QStringLiteral("&%1  ").arg(numero) : QStringLiteral("%1  ").arg(numero);
-            auto* const orden = menu->addAction(letra + SinLetra(NombreQt(documento.filename())) + QLatin1Char('\t') +
-                                                SinLetra(NombreQt(documento.parent_path())));
+            auto* const orden = menu->addAction(letra + ComoRotulo(NombreQt(documento.filename())) + QLatin1Char('\t') +
+                                                ComoRotulo(NombreQt(documento.parent_path())));
             connect(orden, &QAction::triggered, this, [this, documento] { AbrirReciente(documento); });
         }
         menu->addSeparator();
         auto* const vaciar = menu->addAction(Palabra(programa_.textos, palabra::VaciarEstaLista));
         vaciar->setEnabled(!documentos.empty());
         connect(vaciar, &QAction::triggered, this, [this] {
-            OlvidarDocumentos(rutaDeVentana_);
+            OlvidarDocumentos(RutaDeMemoria(programa_));
             inicio_->MostrarRecientes({});
         });
     });
@@ -116,14 +115,19 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
     Mandar([&] {
         std::error_code error;
         if (!std::filesystem::exists(documento, error) && !error) {
-            const QString pregunta = Palabra(programa_.textos, palabra::ElDocumentoYaNoEsta).arg(NombreQt(documento));
-            if (vista_->Preguntar(MensajeLiteral(TextoDelModelo(pregunta)), Botones::SiNo) != Respuesta::Si) return;
-            OlvidarDocumento(rutaDeVentana_, documento);
-            inicio_->MostrarRecientes(DocumentosRecientes(rutaDeVentana_));
+            const auto pregunta =
+                MensajeDePalabra(programa_.textos, palabra::ElDocumentoYaNoEsta, {TextoDelModelo(NombreQt(documento))});
+            if (vista_->Preguntar(pregunta, Botones::SiNo) != Respuesta::Si) return;
+            OlvidarDocumento(RutaDeMemoria(programa_), documento);
+            inicio_->MostrarRecientes(DocumentosRecientes(RutaDeMemoria(programa_)));
             return;
         }
-        if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
+        Abrir(documento);
     });
+}
+
+void Principal::Abrir(const std::filesystem::path& documento) {
+    if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
 }
 
 // ---- Files that are dropped ----
@@ -148,9 +152,7 @@ void Principal::RecibirArchivo(const std::filesystem::path& archivo) {
     activateWindow();
     Mandar([&] {
         switch (ClaseDe(archivo)) {
-            case ClaseDeSoltado::Documento:
-                if (OpenOption(ventana_, archivo)) RecordarDirectorio(programa_, abierto_);
-                break;
+            case ClaseDeSoltado::Documento: Abrir(archivo); break;
             case ClaseDeSoltado::Grabacion: ImportarArchivo(archivo); break;
             case ClaseDeSoltado::ArchivoDeDatos: ClicDatos(archivo); break;
         }

@@ -33,12 +33,6 @@
 // The menus and the tool bar of the main form.
 namespace qor {
 
-namespace {
-
-constexpr int paginaDeContenido = 714;
-
-}  // namespace
-
 QAction* Principal::NuevaAccion(const char* nombre, QMenu* menu, const std::function<void()>& accion) {
     auto* const nueva = Nuevo<QAction>(nombre, this);
     if (menu != nullptr) menu->addAction(nueva);
@@ -287,7 +281,7 @@ void Principal::CrearOtrosMenus() {
 void Principal::ElegirYAbrir() {
     if (!DejarDocumento(ventana_)) return;
     const auto ruta = vista_->ElegirParaAbrir({ClaseDeArchivo::Documento, filtroDeDocumentos});
-    if (ruta && OpenOption(ventana_, *ruta)) RecordarDirectorio(programa_, ventana_.documento);
+    if (ruta) Abrir(*ruta);
 }
 
 void Principal::CrearBarra() {

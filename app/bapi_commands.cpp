@@ -110,9 +110,7 @@ bool Update(const ContextoDeComando& contexto, const Argumentos& argumentos) {
 Orden AgregarOrden(Orden bapi, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
                    const char* descripcion, bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
     const Orden orden = bapi.Suborden(nombre, descripcion);
-    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
-        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
-    });
+    AlLeer(orden, ordenes, argumentos, accion);
     return orden;
 }
 

@@ -96,10 +96,8 @@ void AgregarComandoCheck(Ordenes ordenes) {
         .UnaDe(Nombres(formatos))
         .Tipo("FORM");
     orden.Marca("--warnings-as-errors", argumentos->avisosComoErrores, "Take warnings for errors").Necesita(todos);
-    orden.AlElegir([argumentos, &comando = ordenes.comando] {
-        comando = [argumentos](const ContextoDeComando& contexto) {
-            return argumentos->todos ? CheckAll(contexto, *argumentos) : Check(contexto, *argumentos);
-        };
+    AlLeer(orden, ordenes, argumentos, [](const ContextoDeComando& contexto, const Argumentos& leidos) {
+        return leidos.todos ? CheckAll(contexto, leidos) : Check(contexto, leidos);
     });
 }
 

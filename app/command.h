@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,16 @@ struct Ordenes {
     Comando& comando;
 };
 
+// The work of a command that has been read, on the arguments that it has registered.
+template <typename Argumentos, typename Accion>
+void AlLeer(const Orden& orden, const Ordenes& ordenes, const std::shared_ptr<Argumentos>& argumentos, Accion accion) {
+    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
+        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
+    });
+}
+
 void AgregarComandosDeDocumento(Ordenes ordenes);  // generate, check, convert, source, print
-void AgregarComandosDeBAPI(Ordenes ordenes);       // bapi list, find, show, insert
+void AgregarComandosDeBAPI(Ordenes ordenes);       // bapi list, find, show, insert, update
 void AgregarComandosDeDatos(Ordenes ordenes);      // dataset
 void AgregarComandosDeSAP(Ordenes ordenes);        // import, widths, publish
 

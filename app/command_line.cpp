@@ -4,7 +4,6 @@
 #include <exception>
 #include <optional>
 #include <ostream>
-#include <utility>
 
 #include "app/command.h"
 #include "app/console_view.h"
@@ -30,15 +29,14 @@ struct OpcionesComunes {
 };
 
 // The command line with its common options, which may stand in front of a command or behind it, and all commands.
-class LineaDeComandos {
-public:
-    LineaDeComandos() {
-        const Orden raiz = linea_.Raiz();
+struct LineaDeComandos : LineaDeOrdenes {
+    LineaDeComandos() : LineaDeOrdenes("qorgen", "Qor Generator without a screen: ABAP load programs from specifications.") {
+        const Orden raiz = Raiz();
         raiz.Dato("--settings", comunes.settings, "Directory of Tessaline.ini").Tipo("DIR");
         raiz.Dato("--data", comunes.data, "Directory of language.txt and the other data files").Tipo("DIR");
         raiz.Dato("--language", comunes.language, "Language of the messages and of the texts in reports").Tipo("NAME");
         raiz.Marca("--yes", comunes.yes, "Answer every question with yes");
-        linea_.PonerVersion("qorgen " QOR_VERSION);
+        PonerVersion("qorgen " QOR_VERSION);
         const Ordenes ordenes{raiz, comando};
         AgregarComandosDeDocumento(ordenes);
         AgregarComandosDeBAPI(ordenes);
@@ -49,14 +47,8 @@ public:
         AgregarComandoRun(ordenes);
     }
 
-    std::optional<std::string> Leer(const std::vector<std::string>& argumentos) const { return linea_.Leer(argumentos); }
-    std::string Ayuda() const { return linea_.Ayuda(); }
-
     OpcionesComunes comunes;
     Comando comando;
-
-private:
-    LineaDeOrdenes linea_{"qorgen", "Qor Generator without a screen: ABAP load programs from specifications."};
 };
 
 // Takes the settings. False, with a message, where the ones that were asked for can't be had; a directory without the file has

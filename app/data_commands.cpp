@@ -176,9 +176,7 @@ Orden AgregarOrden(Ordenes data, const std::shared_ptr<Argumentos>& argumentos, 
                    Accion accion) {
     auto orden = data.raiz.Suborden(nombre, descripcion);
     orden.Dato("DOCUMENT", argumentos->documento, "A .qor document").Obligatoria();
-    orden.AlElegir([argumentos, accion, &comando = data.comando] {
-        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
-    });
+    AlLeer(orden, data, argumentos, accion);
     return orden;
 }
 

@@ -293,9 +293,7 @@ void AgregarConvert(Ordenes grupo) {
     orden.Marca("--leave-out", argumentos->dejarFuera,
                 "Write the records that fit, and leave out the others; an order goes with all its items");
     AgregarMaximo(orden, argumentos->maximo, "findings");
-    orden.AlElegir([argumentos, &comando = grupo.comando] {
-        comando = [argumentos](const ContextoDeComando& contexto) { return Convert(contexto, *argumentos); };
-    });
+    AlLeer(orden, grupo, argumentos, Convert);
 }
 
 void AgregarTemplate(Ordenes grupo) {
@@ -309,9 +307,7 @@ void AgregarTemplate(Ordenes grupo) {
         .Obligatoria()
         .Cuantos(1, 1)
         .Tipo("FILE.xlsx");
-    orden.AlElegir([argumentos, &comando = grupo.comando] {
-        comando = [argumentos](const ContextoDeComando& contexto) { return Template(contexto, *argumentos); };
-    });
+    AlLeer(orden, grupo, argumentos, Template);
 }
 
 }  // namespace

@@ -110,9 +110,7 @@ public:
         : argumentos_(std::make_shared<Argumentos>()), orden_(ordenes.raiz.Suborden(nombre, descripcion)) {
         orden_.Pie(pie);
         orden_.Dato("DOCUMENT", argumentos_->documento, "A .qor document").Obligatoria();
-        orden_.AlElegir([argumentos = argumentos_, accion, &comando = ordenes.comando] {
-            comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
-        });
+        AlLeer(orden_, ordenes, argumentos_, accion);
     }
 
     Opcion ConSalida(const char* tipo, const char* descripcion) {

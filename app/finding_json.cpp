@@ -32,7 +32,7 @@ Json HallazgoEnJSON(const Hallazgo& hallazgo, const LineasDeDocumento& lineas) {
     objeto["place"] = LugarEnJSON(hallazgo.lugar);
     objeto["text"] = AUtf8(hallazgo.celda);
     objeto["sentence"] = TextoDeTerminal(hallazgo.texto);
-    objeto["help"] = PaginaDeAyuda(hallazgo.codigo);
+    objeto["help"] = PaginaDeHallazgo(hallazgo.codigo);
     objeto["fileLine"] = lineas.LineaDe(hallazgo.lugar);
     return objeto;
 }

@@ -72,7 +72,7 @@ Json Regla(const Hallazgo& ejemplo, const TextosIdioma& textos) {
     Json regla = Json::object();
     regla["id"] = CodigoDeHallazgo(tipo.codigo);
     regla["shortDescription"] = EnUnTexto(DescripcionDeTipo(tipo, ejemplo, textos));
-    regla["help"] = EnUnTexto("See " + PaginaDeAyuda(tipo.codigo) + " in the help of the program.");
+    regla["help"] = EnUnTexto("See " + PaginaDeHallazgo(tipo.codigo) + " in the help of the program.");
     regla["defaultConfiguration"]["level"] = PalabraDeGravedad(tipo.gravedad);
     return regla;
 }

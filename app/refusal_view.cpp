@@ -7,11 +7,11 @@ void VistaDeRechazo::Mostrar(const Mensaje& mensaje, Icono icono) {
         aviso_ = mensaje.Numero();
         negado_ = false;
     }
-    vista_.Mostrar(mensaje, icono);
+    VistaDelegada::Mostrar(mensaje, icono);
 }
 
 Respuesta VistaDeRechazo::Preguntar(const Mensaje& mensaje, Botones botones) {
-    const Respuesta respuesta = vista_.Preguntar(mensaje, botones);
+    const Respuesta respuesta = VistaDelegada::Preguntar(mensaje, botones);
     negado_ = respuesta != Respuesta::Si && respuesta != Respuesta::Aceptar;
     return respuesta;
 }

@@ -301,9 +301,7 @@ void AgregarComandoRun(Ordenes ordenes) {
     orden.Dato("--expect", argumentos->esperado, "Compare the journal with a stored one, and end with status 1 where they differ")
         .Tipo("FILE");
     orden.Dato("--limit", argumentos->limite, "Statements without a new record or event; by default 100 million").Tipo("N");
-    orden.AlElegir([argumentos, &comando = ordenes.comando] {
-        comando = [argumentos](const ContextoDeComando& contexto) { return Run(contexto, *argumentos); };
-    });
+    AlLeer(orden, ordenes, argumentos, Run);
 }
 
 }  // namespace qor

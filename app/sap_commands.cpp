@@ -205,15 +205,6 @@ bool Publish(const ContextoDeComando& contexto, const Argumentos& argumentos) {
     return true;
 }
 
-using ArgumentosCompartidos = std::shared_ptr<Argumentos>;
-
-void AlLeer(Orden orden, Ordenes ordenes, const ArgumentosCompartidos& argumentos,
-            bool (*accion)(const ContextoDeComando&, const Argumentos&)) {
-    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
-        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
-    });
-}
-
 void AgregarImport(Ordenes ordenes) {
     auto argumentos = std::make_shared<Argumentos>();
     auto orden = ordenes.raiz.Suborden("import", "Turn a recording or a session file into rows of a document");

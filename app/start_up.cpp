@@ -43,6 +43,7 @@ fs::path ConNombreDelDisco(const fs::path& documento) {
 
 bool GuardarINI(Programa& programa) {
     if (!programa.ajustesLeidos) {
+        // Why is what stood in the way of reading them, which `falloDeAjustes` still tells.
         programa.falloDeAjustes.texto = avisoAjustesSinGuardar;
         return false;
     }
@@ -60,6 +61,10 @@ void GuardarTodo(Programa& programa, Vista& vista) {
 }
 
 }  // namespace
+
+fs::path RutaDeMemoria(const Programa& programa) { return programa.rutaDeAjustes.parent_path() / "qor-window.ini"; }
+
+fs::path RutaDeEntradas(const Programa& programa) { return programa.rutaDeAjustes.parent_path() / "qor-input.ini"; }
 
 ResultadoIdioma CargarPrograma(Programa& programa, const Entorno& entorno, const fs::path& directorioDeDatos) {
     programa.directorioDeDatos = directorioDeDatos;

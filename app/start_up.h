@@ -28,6 +28,10 @@ struct Programa {
     std::string detalleDeIdioma;  // what the system said where the language file could not be read
 };
 
+// Beside the settings: what remembers windows and the choices made in them, and the input files of the documents.
+std::filesystem::path RutaDeMemoria(const Programa& programa);
+std::filesystem::path RutaDeEntradas(const Programa& programa);
+
 // The load of the main form: settings, then the language, English where none was chosen yet. Settings that can't be read are the
 // defaults; then `falloDeAjustes` is due. With ResultadoIdioma::SinArchivo the form shows
 // avisoSinIdioma and ends the program; with Fallo it shows avisoFalloIdioma and goes on.

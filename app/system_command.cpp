@@ -339,9 +339,7 @@ using Accion = bool (*)(const ContextoDeComando&, const Argumentos&);
 Orden AgregarOrden(Orden system, Ordenes ordenes, const ArgumentosCompartidos& argumentos, const char* nombre,
                    const char* descripcion, Accion accion) {
     const Orden orden = system.Suborden(nombre, descripcion);
-    orden.AlElegir([argumentos, accion, &comando = ordenes.comando] {
-        comando = [argumentos, accion](const ContextoDeComando& contexto) { return accion(contexto, *argumentos); };
-    });
+    AlLeer(orden, ordenes, argumentos, accion);
     return orden;
 }
 

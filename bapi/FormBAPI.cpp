@@ -84,7 +84,7 @@ void FormBAPI::CrearControles() {
 
 QLayout* FormBAPI::CrearBusqueda() {
     TextoBuscar_ = ConNombre(new CajaDeLinea(this), "TextoBuscar");
-    TextoBuscar_->setAccessibleName(Rotulo(188).remove('&'));
+    TextoBuscar_->setAccessibleName(SinLetra(Rotulo(188)));
     TextoBuscar_->PonerFiltro([](std::string_view texto) { return FiltrarTexto("TextoBuscar", texto); });
     TextoBuscar_->installEventFilter(this);
     Buscar_ = NuevoBoton("Buscar", Rotulo(188));

@@ -32,7 +32,7 @@ constexpr const char* todosLosArchivos = "*.*|*";
 struct PedidoDeArchivo {
     ClaseDeArchivo clase;
     std::string filtro = todosLosArchivos;  // such as "QOR format|*.qor"; a new file gets the first extension
-    std::filesystem::path presente = {};    // what is chosen now, a path; a directory ends in a separator
+    std::filesystem::path presente = {};    // what is chosen now, a path
     std::filesystem::path sugerido = {};    // the name of a new file, without a directory
     bool preguntaDespues = false;           // what is there already is asked about when the file is written, and not now
 };

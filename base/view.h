@@ -53,8 +53,8 @@ public:
     virtual bool AbrirEditor(const std::filesystem::path& ruta) = 0;
 };
 
-// A view without a screen: no dialog is shown and nothing can be moved, pointed at or focused. What is said and asked is left to
-// those that it is the base of.
+// A view without a screen: no dialog and no longer text is shown, and nothing can be moved, pointed at or focused. What is said and
+// asked is left to those that it is the base of.
 class VistaSinPantalla : public Vista {
 public:
     std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& /*pedido*/) override { return std::nullopt; }
@@ -66,6 +66,33 @@ public:
     void MostrarTexto(const std::string& /*texto*/) override {}
     bool OfreceEditor() const override { return false; }
     bool AbrirEditor(const std::filesystem::path& /*ruta*/) override { return false; }
+};
+
+// Another view, to which all is passed on. Those that it is the base of override what they do otherwise.
+class VistaDelegada : public Vista {
+public:
+    explicit VistaDelegada(Vista& vista) : vista_(vista) {}
+
+    void Mostrar(const Mensaje& mensaje, Icono icono) override { vista_.Mostrar(mensaje, icono); }
+    Respuesta Preguntar(const Mensaje& mensaje, Botones botones) override { return vista_.Preguntar(mensaje, botones); }
+    std::optional<std::filesystem::path> ElegirParaAbrir(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirParaAbrir(pedido);
+    }
+    std::optional<std::filesystem::path> ElegirParaGrabar(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirParaGrabar(pedido);
+    }
+    std::optional<std::filesystem::path> ElegirCarpeta(const PedidoDeArchivo& pedido) override {
+        return vista_.ElegirCarpeta(pedido);
+    }
+    void PunteroOcupado(bool ocupado) override { vista_.PunteroOcupado(ocupado); }
+    void MostrarFila(Tabla tabla, int fila) override { vista_.MostrarFila(tabla, fila); }
+    void Enfocar(const std::string& control) override { vista_.Enfocar(control); }
+    void MostrarTexto(const std::string& texto) override { vista_.MostrarTexto(texto); }
+    bool OfreceEditor() const override { return vista_.OfreceEditor(); }
+    bool AbrirEditor(const std::filesystem::path& ruta) override { return vista_.AbrirEditor(ruta); }
+
+private:
+    Vista& vista_;
 };
 
 }  // namespace qor

@@ -115,8 +115,8 @@ void FormBDCEditor::CrearSeleccion() {
         accion = ConNombre(new QComboBox(FrameSeleccionar_), QStringLiteral("Accion%1Combo").arg(n));
         PonerCombo(*accion, {Textos().Texto(214), Textos().Texto(215)});
         valor = NuevaCajaEnMayusculas(FrameSeleccionar_, QStringLiteral("Valor%1Texto").arg(n));
-        valor->setAccessibleName(Palabra(rotulos[i]).remove('&'));
-        accion->setAccessibleName(Palabra(rotulos[i]).remove('&'));
+        valor->setAccessibleName(SinLetra(Palabra(rotulos[i])));
+        accion->setAccessibleName(SinLetra(Palabra(rotulos[i])));
         const int fila = static_cast<int>(i) + 1;
         rejilla->addWidget(
             NuevoRotulo(QStringLiteral("Condicion%1Label").arg(n).toLatin1().constData(), Palabra(rotulos[i]), campo), fila, 0);
@@ -248,12 +248,10 @@ void FormBDCEditor::Abrir(const std::filesystem::path& ruta) {
     TextoManual_->Cerrar();
     RutaArchivo_ = ruta;
     const QString nombre = QString::fromStdString(ruta.string());
-    FileToEdit_->setText(nombre);
+    const bool hay = !EstaEnBlanco(ruta.string());
+    FileToEdit_->setText(hay ? nombre : Palabra(palabra::NoSeEligioNingunArchivo));
     FileToEdit_->setToolTip(nombre);
-    if (EstaEnBlanco(ruta.string())) {
-        FileToEdit_->setText(Palabra(palabra::NoSeEligioNingunArchivo));
-        return;
-    }
+    if (!hay) return;
     AbrirManual();
     std::optional<JuegoDeDatos> leido;
     ConProgreso([&](const Progreso& progreso) { leido = ExaminarJuegoDeDatos(ruta, Textos(), vista_, progreso); });

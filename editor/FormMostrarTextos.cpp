@@ -27,8 +27,7 @@ FormMostrarTextos::FormMostrarTextos(const TextosIdioma& textos, const std::stri
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Texto);
     orden->addLayout(FilaDeBotones({OK}));
-    const QSize entero = sizeHint() + Texto->TamanoEntero() - Texto->sizeHint();
-    PonerTamano(entero.expandedTo({AnchoDeLetras(60), AltoDeLineas(16)}));
+    PonerTamanoPara(*Texto);
     OK->setFocus();
 }
 

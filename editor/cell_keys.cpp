@@ -1,7 +1,5 @@
 #include "editor/cell_keys.h"
 
-#include <span>
-
 #include "editor/cell_focus.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"

@@ -2,20 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace qor {
 
 namespace {
 
-struct Pagina {
-    int mensaje;
-    std::vector<std::string_view> controles;
+struct Entrada {
+    PaginaDeAyuda pagina;
+    std::vector<std::string_view> nombres;
 };
 
-const std::vector<Pagina> paginas = {
+const std::vector<Entrada> paginas = {
     {700, {"DescripcionStatus", "Description", "Functional", "HScroll1", "ModuleCombo", "Notes", "PrioridadCombo", "Technical"}},
     {701,
      {"DiaCheck",
@@ -46,35 +44,26 @@ const std::vector<Pagina> paginas = {
       "OptionEncodingAdditional",
       "OptionWS_UPLOAD",
       "OptionGUI_UPLOAD"}},
-    {702, {"Generar"}},
+    {702, {"FormMostrarTextos", "Generar"}},
     {703, {"ReporteTrans", "ExaminarReporte", "ImportTrans", "GenerarInfoCampos", "ImportInfo", "RunBDCEditor"}},
     {704, {"AnchoFijo", "ArchivoFuente", "ClienteOp", "DelimTab", "FileParameterCh", "ServidorOp", "TablaCh"}},
     {705, {"NewDef"}},
     {706, {"Autofill"}},
     {707, {"AOption", "CallTransaction", "EOption", "NOption"}},
     {708, {"OtherSource"}},
-    {709, {"PreviewButton"}},
+    {709, {"PreviewButton", "TextoDeEstructuras", "CerrarEstructuras"}},
     {710, {"Programa"}},
     {712, {"Text1", "Text2"}},
     {713, {"Text3", "Text4", "Text5", "Text6"}},
-    {714, {"Contenido"}},
     {715, {"BuscarArchivo", "BuscarTransaccion", "TextoBuscado"}},
     {716, {"UndoButton"}},
     {717, {"DownButton", "UpButton"}},
     {722, {"Conditions"}},
-    {724, {"NewButton", "OpenButton", "PrintButton", "SaveButton"}}};
-
-struct PaginaConNombre {
-    std::string_view pagina;
-    std::vector<std::string_view> nombres;
-};
-
-const std::vector<PaginaConNombre> propias = {
+    {724, {"NewButton", "OpenButton", "PrintButton", "SaveButton"}},
     {"data-preview.html", {"DataPreviewButton", "FormDatos"}},
     {"data-source.html", {"FormConsultaOrigen", "FormConsultadeEliminar"}},
     {"documents.html", {"FormDirectorios", "FormEjemplos", "FormPrinters", "PaginaDeInicio"}},
     {"file-grid.html", {"FormCamposQueFaltan"}},
-    {"generate.html", {"FormMostrarTextos"}},
     {"options.html", {"FormLenguaje", "FormSelectLanguage"}},
     {"program-grid.html", {"FormBAPI", "FormBAPIFields", "FormTrans"}},
     {"rehearsal.html", {"RehearseButton", "FormEnsayo"}},
@@ -87,20 +76,17 @@ std::string_view SinLinea(std::string_view control) {
 
 }  // namespace
 
-int PaginaDeAyuda(std::string_view control, int pestana) {
-    const auto nombre = SinLinea(control);
-    for (const auto& [mensaje, controles] : paginas) {
-        if (std::find(controles.begin(), controles.end(), nombre) != controles.end()) return mensaje;
+std::optional<PaginaDeAyuda> PaginaDe(std::string_view nombre) {
+    const auto sinLinea = SinLinea(nombre);
+    for (const auto& [pagina, nombres] : paginas) {
+        if (std::find(nombres.begin(), nombres.end(), sinLinea) != nombres.end()) return pagina;
     }
-    constexpr std::array<int, 4> deLasPestanas = {711, 701, 703, 700};
-    return deLasPestanas.at(static_cast<std::size_t>(pestana));
+    return std::nullopt;
 }
 
-std::string_view PaginaPropia(std::string_view nombre) {
-    for (const auto& [pagina, nombres] : propias) {
-        if (std::find(nombres.begin(), nombres.end(), nombre) != nombres.end()) return pagina;
-    }
-    return {};
+PaginaDeAyuda PaginaDePestana(int pestana) {
+    constexpr std::array<int, 4> deLasPestanas = {711, 701, 703, 700};
+    return deLasPestanas.at(static_cast<std::size_t>(pestana));
 }
 
 }  // namespace qor

@@ -1,15 +1,21 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
+#include <variant>
 
 namespace qor {
 
-// Number of the message that names the help page of a control of the main form; F1 opens it. Cells are named with or without their
-// line. A control without a page of its own has that of its page of SSTab1, `pestana`.
-int PaginaDeAyuda(std::string_view control, int pestana);
+// A page of the help: the number of the message that names it, or its name.
+using PaginaDeAyuda = std::variant<int, std::string_view>;
 
-// The page, by its name, of what no message names one for: buttons of the tool bar, the start page, dialogs. Empty where there is
-// none.
-std::string_view PaginaPropia(std::string_view nombre);
+constexpr int paginaDeContenido = 714;
+
+// The page of a control of the main form, or of a dialog, by its object name; F1 opens it. Cells are named with or without their
+// line. Nothing where it has none of its own.
+std::optional<PaginaDeAyuda> PaginaDe(std::string_view nombre);
+
+// The page of a page of SSTab1, for the controls without one of their own.
+PaginaDeAyuda PaginaDePestana(int pestana);
 
 }  // namespace qor

@@ -161,7 +161,7 @@ Hallazgo NuevoHallazgo(const TextosIdioma& textos, int codigo, const Lugar& luga
 
 std::string CodigoDeHallazgo(int codigo) { return "Q" + std::to_string(codigo); }
 
-std::string PaginaDeAyuda(int codigo) { return "findings.html#" + CodigoDeHallazgo(codigo); }
+std::string PaginaDeHallazgo(int codigo) { return "findings.html#" + CodigoDeHallazgo(codigo); }
 
 std::string_view PalabraDeGravedad(Gravedad gravedad) {
     switch (gravedad) {

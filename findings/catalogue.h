@@ -27,7 +27,7 @@ Hallazgo NuevoHallazgo(const TextosIdioma& textos, int codigo, const Lugar& luga
                        std::initializer_list<std::string_view> valores = {}, int variante = 0);
 
 std::string CodigoDeHallazgo(int codigo);               // "Q203"
-std::string PaginaDeAyuda(int codigo);                  // "findings.html#Q203", of the help in any language
+std::string PaginaDeHallazgo(int codigo);               // "findings.html#Q203", of the help in any language
 std::string_view PalabraDeGravedad(Gravedad gravedad);  // "error", "warning", "note"
 
 }  // namespace qor

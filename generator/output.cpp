@@ -94,6 +94,15 @@ bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) 
     return true;
 }
 
+fs::path RutaDelPrograma(const Documento& documento) {
+    const fs::path programa = RutaDelSistema(documento.opciones.Programa);
+    return programa.empty() ? programa : documento.ruta.parent_path() / programa;
+}
+
+fs::path NombreJuntoAlDocumento(const Documento& documento, const fs::path& ruta) {
+    return ruta.parent_path() == documento.ruta.parent_path() ? ruta.filename() : ruta;
+}
+
 void AceptarLugarElegido(EstadoDelGenerador& estado, const fs::path& ruta) { estado.rutasAceptadas.insert(SinEnlaces(ruta)); }
 
 void BorrarReporteTemporal(EstadoDelGenerador& estado) {

@@ -30,6 +30,11 @@ bool ChequearNombreDeSalida(const PedidoDeGeneracion& pedido);
 // False when there is no name, or the user says no.
 bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado);
 
+// Where the report of a document goes as its options have it; empty where they name none.
+std::filesystem::path RutaDelPrograma(const Documento& documento);
+// A path as the options hold it: beside the document the name is enough, so that both can be moved together.
+std::filesystem::path NombreJuntoAlDocumento(const Documento& documento, const std::filesystem::path& ruta);
+
 // The user has chosen a path for a report, which needs no question about its place any more.
 void AceptarLugarElegido(EstadoDelGenerador& estado, const std::filesystem::path& ruta);
 

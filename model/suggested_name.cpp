@@ -2,7 +2,6 @@
 
 #include "base/file_request.h"
 #include "base/paths.h"
-#include "base/text.h"
 #include "base/words.h"
 
 namespace qor {

@@ -35,8 +35,7 @@ FormPreview::FormPreview(const TextosIdioma& textos, Vista& vista, const std::st
     auto* const orden = new QVBoxLayout(this);
     orden->addWidget(Preview);
     orden->addLayout(FilaDeBotones({AyudaBoton, OKButton}, 1));
-    const QSize entero = sizeHint() + Preview->TamanoEntero() - Preview->sizeHint();
-    PonerTamano(entero.expandedTo({AnchoDeLetras(60), AltoDeLineas(16)}));
+    PonerTamanoPara(*Preview);
     OKButton->setFocus();
 }
 

@@ -26,9 +26,18 @@ namespace {
 
 constexpr int maximoDeDigitos = 2;
 constexpr const char* eleccionDePDF = "/pdf";  // no printer has a name with a slash
+constexpr const char* filtroDePDF = "PDF|*.pdf";
 
 QString ClaveDeImpresora() { return QStringLiteral("print/printer"); }
-constexpr const char* filtroDePDF = "PDF|*.pdf";
+
+QString ImpresoraDeAntes(const std::filesystem::path& memoria) {
+    if (memoria.empty()) return {};
+    return QSettings(NombreQt(memoria), QSettings::IniFormat).value(ClaveDeImpresora()).toString();
+}
+
+void RecordarImpresora(const std::filesystem::path& memoria, const QString& eleccion) {
+    if (!memoria.empty()) QSettings(NombreQt(memoria), QSettings::IniFormat).setValue(ClaveDeImpresora(), eleccion);
+}
 
 std::string SoloDigitos(std::string_view texto) {
     std::string digitos(texto);
@@ -130,15 +139,12 @@ ImpresionEnPapel::ImpresionEnPapel(const TextosIdioma& textos, Vista& vista, std
 ImpresionEnPapel::~ImpresionEnPapel() = default;
 
 Dispositivo* ImpresionEnPapel::Elegir() {
-    const QString memoria = NombreQt(memoria_);
-    QString ultima;
-    if (!memoria.isEmpty()) ultima = QSettings(memoria, QSettings::IniFormat).value(ClaveDeImpresora()).toString();
-    FormPrinters dialogo(textos_, vista_, sugerido_, ultima, padre_);
+    FormPrinters dialogo(textos_, vista_, sugerido_, ImpresoraDeAntes(memoria_), padre_);
     dialogo.exec();
     impresora_ = dialogo.Impresora();
     const auto archivo = dialogo.ArchivoPDF();
     if (!impresora_ && !archivo) return nullptr;
-    if (!memoria.isEmpty()) QSettings(memoria, QSettings::IniFormat).setValue(ClaveDeImpresora(), dialogo.Eleccion());
+    RecordarImpresora(memoria_, dialogo.Eleccion());
     auto dispositivo = archivo ? NuevoPDF(*archivo, vista_) : std::make_unique<DispositivoQt>(*impresora_);
     if (!dispositivo) return nullptr;
     if (!dispositivo->Abierto()) {

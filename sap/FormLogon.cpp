@@ -206,8 +206,8 @@ bool FormLogon::TodosSePuedenMandar() {
         if (caja == nullptr || !caja->isEnabled() || SePuedeMandar(*caja)) continue;
         caja->setFocus();
         caja->selectAll();
-        const QString nombre = rotulo->text().remove(QLatin1Char('&')).remove(QLatin1Char(':'));
-        vista_.Advertir(MensajeLiteral(TextoDelModelo(Palabra(palabra::CaracterQueNoSePuedeEnviar).arg(nombre))));
+        const QString nombre = SinLetra(rotulo->text()).remove(QLatin1Char(':'));
+        vista_.Advertir(MensajeDePalabra(Textos(), palabra::CaracterQueNoSePuedeEnviar, {TextoDelModelo(nombre)}));
         return false;
     }
     return true;

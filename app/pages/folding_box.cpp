@@ -29,9 +29,7 @@ void CajaPlegable::Arreglar(bool plegada) {
 // The least width of an arrangement, whether it is the present one or not.
 int CajaPlegable::AnchoDe(const Arreglo& arreglo) const {
     std::vector<int> anchos;
-    const auto minimo = [](const QWidget* control) {
-        return control->isHidden() ? 0 : QWidgetItem(const_cast<QWidget*>(control)).minimumSize().width();
-    };
+    const auto minimo = [](QWidget* control) { return control->isHidden() ? 0 : QWidgetItem(control).minimumSize().width(); };
     const int hueco = orden_->horizontalSpacing();
     for (const auto& puesto : arreglo) {
         anchos.resize(std::max(anchos.size(), static_cast<std::size_t>(puesto.columna + puesto.columnas)));

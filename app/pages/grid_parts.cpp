@@ -124,10 +124,7 @@ CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, Q
     return celda;
 }
 
-namespace {
-
-// The number of the text above a column.
-int CabeceraDe(Columna columna) {
+int TituloDe(Columna columna) {
     switch (columna) {
         case Columna::CampoDeArchivo: return 32;
         case Columna::Ancho: return 33;
@@ -137,8 +134,6 @@ int CabeceraDe(Columna columna) {
         default: return 37;
     }
 }
-
-}  // namespace
 
 void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& celdas) {
     const auto& marcadas = ventana.filasMarcadas;
@@ -150,7 +145,7 @@ void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& c
             marcada = FilaDe(ventana, lugar) >= desde && FilaDe(ventana, lugar) <= hasta;
         }
         celda->Sincronizar(CeldaDe(ventana, lugar), marcada);
-        const QString nombre = TextoQt(ventana.textos.Texto(CabeceraDe(lugar.columna))) + QStringLiteral(", ") +
+        const QString nombre = TextoQt(ventana.textos.Texto(TituloDe(lugar.columna))) + QStringLiteral(", ") +
                                Palabra(ventana.textos, palabra::FilaNumero).arg(FilaDe(ventana, lugar) + 1);
         // A name that is set is told to screen readers, also where it is the one before.
         if (celda->accessibleName() != nombre) celda->setAccessibleName(nombre);

@@ -25,6 +25,9 @@ struct AccionesDeRejilla {
 // A cell that passes its events to the core.
 CeldaDeRejilla* NuevaCelda(const EntornoDePagina& entorno, LugarDeCelda lugar, QWidget* padre, const AccionesDeRejilla& acciones);
 
+// The number of the text above a column.
+int TituloDe(Columna columna);
+
 // The lines of a grid as the editor has them, with the marked rows.
 void MostrarCeldas(const Ventana& ventana, const std::vector<CeldaDeRejilla*>& celdas);
 

@@ -6,7 +6,6 @@
 #include "app/pages/layout.h"
 #include "app/qt/theme_icon.h"
 #include "base/chosen_path.h"
-#include "base/paths.h"
 #include "base/qt/text_boxes.h"
 #include "editor/option_rules.h"
 #include "generator/output.h"
@@ -28,16 +27,15 @@ FilaDeSalida::FilaDeSalida(const EntornoDePagina& entorno, const std::function<v
     auto* const examinar =
         lazos.Boton("ExaminarPrograma", this, [&ventana = entorno.ventana, &vista = entorno.vista, &programa = entorno.programa] {
             const auto& documento = ventana.documento;
-            const auto escrito = RutaDelSistema(documento.opciones.Programa);
-            auto elegida = vista.ElegirParaGrabar({.clase = ClaseDeArchivo::Programa,
-                                                   .filtro = filtroDeProgramas,
-                                                   .presente = escrito.empty() ? escrito : documento.ruta.parent_path() / escrito,
-                                                   .sugerido = NombreSugerido(documento, ".abap", ventana.textos),
-                                                   .preguntaDespues = true});
-            if (elegida) AceptarLugarElegido(programa.generador, *elegida);
-            // Beside the document the name is enough, so that both can be moved together.
-            if (elegida && elegida->parent_path() == documento.ruta.parent_path()) elegida = elegida->filename();
-            if (const auto nombre = ComoTexto(elegida, vista)) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
+            const auto elegida = vista.ElegirParaGrabar({.clase = ClaseDeArchivo::Programa,
+                                                         .filtro = filtroDeProgramas,
+                                                         .presente = RutaDelPrograma(documento),
+                                                         .sugerido = NombreSugerido(documento, ".abap", ventana.textos),
+                                                         .preguntaDespues = true});
+            if (!elegida) return;
+            AceptarLugarElegido(programa.generador, *elegida);
+            const auto nombre = ComoTexto(NombreJuntoAlDocumento(documento, *elegida), vista);
+            if (nombre) CambiarOpcion(ventana, &Opciones::Programa, *nombre);
         });
     auto* const boton = lazos.Boton("Generar", this, generar);
     boton->setIcon(IconoDeTema("generate"));

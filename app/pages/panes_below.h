@@ -9,9 +9,9 @@ namespace qor {
 class DivisionConPaneles : public QSplitter {
     Q_OBJECT
 public:
-    DivisionConPaneles(QWidget* paginas, QWidget* panel, QWidget* segundo, QWidget* padre);
+    DivisionConPaneles(QWidget* paginas, QWidget* primero, QWidget* segundo, QWidget* padre);
 
-    void MostrarPanel(bool visible);
+    void MostrarPrimero(bool pedido);
     void MostrarSegundo(bool pedido);
     // Of the panes, as the user has left it; 0 for their own.
     int Alto() const { return alto_; }
@@ -25,7 +25,7 @@ private:
     // What the pages leave of the height.
     int Libre() const;
 
-    QWidget* panel_;
+    QWidget* primero_;
     QWidget* segundo_;
     QSplitter* paneles_;
     bool segundoPedido_ = false;

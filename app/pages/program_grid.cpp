@@ -25,9 +25,6 @@ constexpr int anchoDeText3 = 1800;
 constexpr int anchoDeText4 = 2300;
 constexpr int anchoDeText5 = 2600;
 
-constexpr int rotuloDePrograma = 34;
-constexpr int rotuloDeDynpro = 35;
-
 // The headings, with the least room of their columns in letters.
 struct Cabecera {
     const char* nombre;
@@ -92,7 +89,8 @@ PanelDePrograma::PanelDePrograma(const EntornoDePagina& entorno, const AccionesD
 void PanelDePrograma::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
     MostrarCeldas(ventana, celdas_);
-    relleno_->setText(TextoQt(ventana.textos.Texto(rotuloDePrograma) + " / " + ventana.textos.Texto(rotuloDeDynpro)));
+    relleno_->setText(
+        TextoQt(ventana.textos.Texto(TituloDe(Columna::Programa)) + " / " + ventana.textos.Texto(TituloDe(Columna::Dynpro))));
     for (auto* const celda : celdas_) MostrarFormas(celda);
     linea_->setText(QString::number(ventana.transaccion.LineaTransaccion + 1));
     barra_->setValue(ventana.transaccion.PrimeraFilaTransaccion);

@@ -1,7 +1,6 @@
 #include "app/pages/source_box.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -49,7 +48,7 @@ CajaPlegable* PanelDeOrigen::NuevoGrupo() {
     lazos.AlMostrar([&ventana, nombre] {
         const auto texto = [&ventana](int numero) { return TextoQt(ventana.textos.Texto(numero)); };
         PonerConLugarPara(nombre, texto(RotuloDeSourceName(ventana.documento.opciones)), {texto(49), texto(50), texto(51)});
-        nombre->buddy()->setAccessibleName(nombre->text().remove(QLatin1Char('&')));
+        nombre->buddy()->setAccessibleName(SinLetra(nombre->text()));
     });
     auto* const archivo = lazos.Linea("ArchivoFuente", grupo, &Opciones::ArchivoFuente);
     nombre->setBuddy(archivo);

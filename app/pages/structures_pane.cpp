@@ -9,8 +9,6 @@
 #include "base/qt/fixed_font.h"
 #include "base/qt/read_only_box.h"
 #include "base/qt/text.h"
-#include "base/qt/words.h"
-#include "base/words.h"
 #include "editor/data_source.h"
 
 namespace qor {

@@ -12,7 +12,7 @@ namespace {
 
 QString Clave(ClaseDeArchivo clase) { return QStringLiteral("files/") + QString::fromLatin1(NombreDeClase(clase)); }
 
-QString Memoria(const Programa& programa) { return NombreQt(programa.rutaDeAjustes.parent_path() / "qor-window.ini"); }
+QSettings Memoria(const Programa& programa) { return QSettings(NombreQt(RutaDeMemoria(programa)), QSettings::IniFormat); }
 
 std::filesystem::path DelUsuario() {
     const QString documentos = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -24,9 +24,7 @@ std::filesystem::path DelUsuario() {
 LugaresDeDialogo LugaresDe(const Programa& programa, const std::filesystem::path& documento, ClaseDeArchivo clase) {
     const auto& ajustes = programa.ajustes;
     const auto elegido = HayDirectorioElegido(ajustes) ? ajustes.DirectorioDocumentos : std::filesystem::path();
-    const auto ultimo = clase == ClaseDeArchivo::Documento
-                            ? elegido
-                            : RutaDeQt(QSettings(Memoria(programa), QSettings::IniFormat).value(Clave(clase)).toString());
+    const auto ultimo = clase == ClaseDeArchivo::Documento ? elegido : RutaDeQt(Memoria(programa).value(Clave(clase)).toString());
     return {ultimo, documento.parent_path(), elegido.empty() ? DelUsuario() : elegido};
 }
 
@@ -35,7 +33,7 @@ void RecordarLugar(Programa& programa, ClaseDeArchivo clase, const std::filesyst
         programa.ajustes.DirectorioDocumentos = elegido.parent_path() / "";
         return;
     }
-    QSettings(Memoria(programa), QSettings::IniFormat).setValue(Clave(clase), NombreQt(elegido.parent_path()));
+    Memoria(programa).setValue(Clave(clase), NombreQt(elegido.parent_path()));
 }
 
 }  // namespace qor

@@ -12,12 +12,12 @@
 #include "app/qt/theme_icon.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
+#include "editor/help_pages.h"
 
 namespace qor {
 
 namespace {
 
-constexpr int mensajeDeContenido = 714;
 constexpr const char* paginasInglesas = "help/en/";
 
 QToolButton* NuevoBoton(QWidget* padre, const char* nombre, const char* icono) {
@@ -48,7 +48,7 @@ VentanaDeAyuda::VentanaDeAyuda(const TextosIdioma& textos, std::filesystem::path
     connect(navegador_, &QTextBrowser::forwardAvailable, adelante_, &QWidget::setEnabled);
     connect(atras_, &QToolButton::clicked, navegador_, &QTextBrowser::backward);
     connect(adelante_, &QToolButton::clicked, navegador_, &QTextBrowser::forward);
-    connect(contenido_, &QToolButton::clicked, this, [this] { MostrarPagina(mensajeDeContenido); });
+    connect(contenido_, &QToolButton::clicked, this, [this] { MostrarPagina(paginaDeContenido); });
     connect(cerrar_, &QToolButton::clicked, this, &QWidget::close);
 
     auto* const botones = new QHBoxLayout;
@@ -80,10 +80,10 @@ void VentanaDeAyuda::MostrarPagina(int mensaje) {
     Traer();
 }
 
-void VentanaDeAyuda::MostrarPagina(const std::string& nombre) {
-    const QString contenido = EnDatos(TextoQt(textos_.Texto(mensajeDeContenido)));
-    const QUrl pagina = DondeEste(QUrl::fromLocalFile(contenido).resolved(QUrl(QString::fromStdString(nombre))));
-    if (pagina.isEmpty()) return MostrarPagina(mensajeDeContenido);
+void VentanaDeAyuda::MostrarPagina(std::string_view nombre) {
+    const QString contenido = EnDatos(TextoQt(textos_.Texto(paginaDeContenido)));
+    const QUrl pagina = DondeEste(QUrl::fromLocalFile(contenido).resolved(QUrl(TextoQt(nombre))));
+    if (pagina.isEmpty()) return MostrarPagina(paginaDeContenido);
     navegador_->setSource(pagina);
     Traer();
 }

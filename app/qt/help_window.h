@@ -3,7 +3,7 @@
 #include <QUrl>
 #include <QWidget>
 #include <filesystem>
-#include <string>
+#include <string_view>
 
 #include "base/messages.h"
 
@@ -22,7 +22,7 @@ public:
     // either is named in its place.
     void MostrarPagina(int mensaje);
     // A page of the loaded language by its name, with the place in it behind "#". The contents where the page is not there.
-    void MostrarPagina(const std::string& nombre);
+    void MostrarPagina(std::string_view nombre);
 
     // The captions in the loaded language.
     void RefrescarIdioma();

@@ -46,14 +46,14 @@ bool HayGrabacion(const std::filesystem::path& sistema) {
 }
 
 void AvisarSinGrabaciones(const TextosIdioma& textos, Vista& vista) {
-    vista.Informar(MensajeLiteral(TextoDelModelo(Palabra(textos, palabra::NoTieneGrabacionesTodavia))));
+    vista.Informar(MensajeDePalabra(textos, palabra::NoTieneGrabacionesTodavia));
 }
 
 void AvisarAnchosDesconocidos(const Especificacion& especificacion, const std::filesystem::path& diccionario,
                               const TextosIdioma& textos, Vista& vista) {
     const auto campos = CamposSinAncho(especificacion);
     if (campos.empty()) return;
-    Mensaje aviso = MensajeLiteral(TextoDelModelo(Palabra(textos, palabra::NoConoceLosAnchosDe).arg(TextoQt(campos))));
+    Mensaje aviso = MensajeDePalabra(textos, palabra::NoConoceLosAnchosDe, {campos});
     aviso.detalle = diccionario.string();
     vista.Informar(aviso);
 }

@@ -78,7 +78,7 @@ QLayout* PanelDePedido::CrearEleccion() {
         auto* const texto = new QLabel(Palabra(textos_, rotulo), this);
         texto->setObjectName(QString::fromLatin1(nombre));
         texto->setBuddy(control);
-        control->setAccessibleName(Palabra(textos_, rotulo).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        control->setAccessibleName(SinLetra(Palabra(textos_, rotulo)).remove(QLatin1Char(':')));
         rejilla->addWidget(texto, fila, 0);
         rejilla->addWidget(control, fila++, 1);
     };
@@ -98,7 +98,7 @@ QLineEdit* PanelDePedido::NuevaRuta(int fila, const char* nombre, const QString&
     QWidget* const padre = zona_->widget();
     auto* const rejilla = static_cast<QGridLayout*>(padre->layout());
     const QString propio = QString::fromLatin1(nombre);
-    const QString sinLetra = QString(rotulo).remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+    const QString sinLetra = SinLetra(rotulo).remove(QLatin1Char(':'));
     auto* const caja = new QLineEdit(padre);
     caja->setObjectName(propio);
     caja->setAccessibleName(sinLetra);
@@ -147,7 +147,7 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos) {
         sinArchivo->setWordWrap(true);
         rejilla->addWidget(sinArchivo, fila++, 0, 1, 3);
         tablas_ = Nuevo<QLineEdit>("Tablas", dentro);
-        tablas_->setAccessibleName(Palabra(textos_, palabra::Tablas).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        tablas_->setAccessibleName(SinLetra(Palabra(textos_, palabra::Tablas)).remove(QLatin1Char(':')));
         tablas_->setPlaceholderText(Palabra(textos_, palabra::NingunaTabla));
         tablas_->setToolTip(Palabra(textos_, palabra::TablasDeArchivos));
         auto* const rotulo = new QLabel(Palabra(textos_, palabra::Tablas), dentro);
@@ -185,8 +185,7 @@ void PanelDePedido::Examinar(const std::string& parametro, QLineEdit* caja) {
 }
 
 void PanelDePedido::ExaminarValores(QLineEdit* caja) {
-    const auto presente = RutaDeQt(caja->text().trimmed());
-    const auto elegida = vista_.ElegirCarpeta({ClaseDeArchivo::ListaDeValores, {}, presente.empty() ? presente : presente / ""});
+    const auto elegida = vista_.ElegirCarpeta({ClaseDeArchivo::ListaDeValores, {}, Valores()});
     if (elegida) caja->setText(NombreQt(*elegida));
 }
 
@@ -203,7 +202,7 @@ void PanelDePedido::EnfocarPrimero() { (filas_.empty() ? static_cast<QWidget*>(r
 // ---- What is typed ----
 
 bool PanelDePedido::Rehusar(QWidget* control, int motivo, const std::string& pieza) {
-    vista_.Advertir(MensajeLiteral(TextoDelModelo(Palabra(textos_, motivo).arg(TextoQt(pieza)))));
+    vista_.Advertir(MensajeDePalabra(textos_, motivo, {pieza}));
     window()->activateWindow();
     control->setFocus(Qt::OtherFocusReason);
     return false;

@@ -145,7 +145,7 @@ QString VistaDePantalla::Comienzo(const PedidoDeArchivo& pedido) const {
     return NombreQt(comienzo);
 }
 
-std::optional<std::filesystem::path> VistaDePantalla::Elegido(const PedidoDeArchivo& pedido, const QString& ruta) const {
+std::optional<std::filesystem::path> VistaDePantalla::RecordarElegido(const PedidoDeArchivo& pedido, const QString& ruta) const {
     if (ruta.isEmpty()) return std::nullopt;
     auto elegido = RutaDeQt(ruta);
     if (formulario_.recordar) formulario_.recordar(pedido.clase, elegido);
@@ -154,13 +154,15 @@ std::optional<std::filesystem::path> VistaDePantalla::Elegido(const PedidoDeArch
 
 std::optional<std::filesystem::path> VistaDePantalla::ElegirParaAbrir(const PedidoDeArchivo& pedido) {
     AntesDePreguntar();
-    return Elegido(pedido, QFileDialog::getOpenFileName(Padre(), {}, Comienzo(pedido), FiltroQt(pedido.filtro)));
+    return RecordarElegido(pedido, QFileDialog::getOpenFileName(Padre(), {}, Comienzo(pedido), FiltroQt(pedido.filtro)));
 }
 
 std::optional<std::filesystem::path> VistaDePantalla::ElegirCarpeta(const PedidoDeArchivo& pedido) {
     AntesDePreguntar();
-    const QString carpeta = QFileDialog::getExistingDirectory(Padre(), {}, Comienzo(pedido));
-    return Elegido(pedido, carpeta.isEmpty() || carpeta.endsWith(QLatin1Char('/')) ? carpeta : carpeta + QLatin1Char('/'));
+    auto deCarpeta = pedido;
+    deCarpeta.presente /= "";
+    const QString carpeta = QFileDialog::getExistingDirectory(Padre(), {}, Comienzo(deCarpeta));
+    return RecordarElegido(pedido, carpeta.isEmpty() || carpeta.endsWith(QLatin1Char('/')) ? carpeta : carpeta + QLatin1Char('/'));
 }
 
 std::optional<std::filesystem::path> VistaDePantalla::ElegirParaGrabar(const PedidoDeArchivo& pedido) {
@@ -171,7 +173,7 @@ std::optional<std::filesystem::path> VistaDePantalla::ElegirParaGrabar(const Ped
     const auto patron = AntesDe(DespuesDe(pedido.filtro, '|'), '|');
     if (patron.starts_with("*.")) dialogo.setDefaultSuffix(TextoQt(patron.substr(2)));
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
-    return Elegido(pedido, dialogo.selectedFiles().constFirst());
+    return RecordarElegido(pedido, dialogo.selectedFiles().constFirst());
 }
 
 void VistaDePantalla::PunteroOcupado(bool ocupado) {

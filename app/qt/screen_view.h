@@ -51,7 +51,7 @@ private:
     QWidget* Padre() const;
     void AntesDePreguntar() const;
     QString Comienzo(const PedidoDeArchivo& pedido) const;
-    std::optional<std::filesystem::path> Elegido(const PedidoDeArchivo& pedido, const QString& ruta) const;
+    std::optional<std::filesystem::path> RecordarElegido(const PedidoDeArchivo& pedido, const QString& ruta) const;
     // Buttons that lead to a file that was written, and leave the box open.
     void AgregarBotonesDe(QMessageBox& caja, const std::filesystem::path& escrito);
     const TextosIdioma& textos_;

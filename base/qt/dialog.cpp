@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
-#include <algorithm>
 
+#include "base/qt/read_only_box.h"
 #include "base/qt/reading_order.h"
 #include "base/qt/room.h"
 #include "base/qt/scroll_page.h"
@@ -89,6 +89,11 @@ int Dialogo::AltoDeLineas(int lineas) const { return fontMetrics().lineSpacing()
 void Dialogo::PonerTamano(int letras, int lineas) { PonerTamano({AnchoDeLetras(letras), AltoDeLineas(lineas)}); }
 
 void Dialogo::PonerTamano(QSize pedido) { resize(pedido.expandedTo(sizeHint()).boundedTo(SitioEnPantalla(*this))); }
+
+void Dialogo::PonerTamanoPara(const CajaDeLectura& texto) {
+    const QSize entero = sizeHint() + texto.TamanoEntero() - texto.sizeHint();
+    PonerTamano(entero.expandedTo({AnchoDeLetras(60), AltoDeLineas(16)}));
+}
 
 void Dialogo::setVisible(bool visible) {
     if (visible && !isVisible()) {

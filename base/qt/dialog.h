@@ -16,6 +16,8 @@ class QPushButton;
 
 namespace qor {
 
+class CajaDeLectura;
+
 // Opens a help page, named by the number of its message, above the window that asks for it.
 using AbrirAyuda = std::function<void(int mensaje, QWidget* ventana)>;
 
@@ -60,6 +62,8 @@ protected:
     // The first size: so many letters wide and lines high, at most what the screen has for a window.
     void PonerTamano(int letras, int lineas);
     void PonerTamano(QSize pedido);
+    // So large that the whole text in the box can be seen.
+    void PonerTamanoPara(const CajaDeLectura& texto);
     int AnchoDeLetras(int letras) const;
     int AltoDeLineas(int lineas) const;
 

@@ -11,6 +11,8 @@
 #include <tuple>
 #include <vector>
 
+#include "base/qt/text.h"
+
 namespace qor {
 
 namespace {
@@ -82,9 +84,7 @@ void NombrarPorRotulos(QWidget& ventana) {
     for (const auto* const rotulo : ventana.findChildren<QLabel*>()) {
         QWidget* const control = rotulo->buddy();
         if (control == nullptr || (!control->accessibleName().isEmpty() && !control->property(porRotulo).toBool())) continue;
-        QString nombre = rotulo->text();
-        nombre.remove(QLatin1Char('&'));
-        control->setAccessibleName(nombre);
+        control->setAccessibleName(SinLetra(rotulo->text()));
         control->setProperty(porRotulo, true);
     }
 }

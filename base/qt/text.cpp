@@ -20,6 +20,10 @@ QString LineasQt(std::string_view texto) { return TextoQt(ReemplazarTodo(texto, 
 
 std::string LineasDelModelo(const QString& texto) { return ReemplazarTodo(TextoDelModelo(texto), "\n", "\r\n"); }
 
+QString SinLetra(QString rotulo) { return rotulo.remove(QLatin1Char('&')); }
+
+QString ComoRotulo(QString texto) { return texto.replace(QLatin1Char('&'), QLatin1String("&&")); }
+
 QString NombreQt(const std::filesystem::path& ruta) { return QFile::decodeName(ruta.c_str()); }
 
 std::filesystem::path RutaDeQt(const QString& ruta) { return QFile::encodeName(ruta).toStdString(); }

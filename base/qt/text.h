@@ -15,6 +15,10 @@ std::string TextoDelModelo(const QString& texto);
 QString LineasQt(std::string_view texto);
 std::string LineasDelModelo(const QString& texto);
 
+// A caption without the "&" of its letter, and a text as a caption, in which no "&" is the sign of a letter.
+QString SinLetra(QString rotulo);
+QString ComoRotulo(QString texto);
+
 // Names of files, in whatever characters the system has them.
 QString NombreQt(const std::filesystem::path& ruta);
 std::filesystem::path RutaDeQt(const QString& ruta);

@@ -45,7 +45,7 @@ void ExpectPagina(const ProgramaDePrueba& p, int pagina, const char* camino) {
     EXPECT_TRUE(pestanas->widget(pagina)->isAncestorOf(foco)) << camino << ' ' << ProgramaDePrueba::Foco();
     EXPECT_EQ(p.LaVentana().foco.has_value(), pagina == 0) << camino;
 
-    const int ayuda = PaginaDeAyuda(ProgramaDePrueba::Foco(), pagina);
+    const int ayuda = std::get<int>(PaginaDe(ProgramaDePrueba::Foco()).value_or(PaginaDePestana(pagina)));
     Tecla(Qt::Key_F1);
     auto* const ventana = p.Control("VentanaDeAyuda");
     ASSERT_NE(ventana, nullptr) << camino;
