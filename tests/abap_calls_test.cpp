@@ -1,6 +1,5 @@
 // What reports ask of their surroundings: the database, files, function modules, transactions.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "abap/execution.h"
 #include "abap/short_dump.h"
 #include "abap/values/conversion.h"
+#include "tests/support/cases_in_file.h"
 #include "tests/support/recording_surroundings.h"
 
 namespace qor::abap {
@@ -317,40 +317,12 @@ TEST(CallTransaction, TellsWhatCameOfIt) {
 }
 
 TEST(Statements, OfSurroundingsThatAreNotKnownDoNotCompile) {
-    struct Caso {
-        const char* sentencia;
-        const char* texto;
-    };
-    const Caso casos[] = {
-        {"SELECT * FROM (TEXT).\nENDSELECT.", "(TEXT) is not known here"},
-        {"SELECT NAME FROM ZT INTO TEXT.\nENDSELECT.", "NAME is no column of ZT"},
-        {"SELECT BATCH FROM ZT.\nENDSELECT.", "INTO was expected"},
-        {"SELECT SINGLE BATCH LINE FROM ZT INTO TEXT.", "more columns than fields"},
-        {"SELECT BATCH LINE FROM ZT INTO (TEXT).\nENDSELECT.", "as many fields as columns"},
-        {"SELECT BATCH MAX( LINE ) FROM ZT INTO ITAB.", "GROUP BY"},
-        {"SELECT * FROM ZT WHERE BATCH = NOWHERE.\nENDSELECT.", "NOWHERE is not declared"},
-        {"SELECT * FROM ZT WHERE BATCH CS '1'.\nENDSELECT.", "CS is not known here"},
-        {"SELECT * FROM ZT HAVING BATCH = 1.\nENDSELECT.", "HAVING is not known here"},
-        {"SELECT SINGLE * FROM ZU.", "ZU has no work area"},
-        {"INSERT ZU.", "ZU has no work area"},
-        {"INSERT REPORT 'Z' FROM TEXT.", "TEXT is no internal table"},
-        {"UPDATE ZT SET FLAG = BATCH + 1.", "FLAG was expected"},
-        {"EXEC SQL.\n  DELETE FROM T\nENDEXEC.", "SELECT only"},
-        {"EXEC SQL.\n  SELECT A INTO B FROM T\nENDEXEC.", "behind INTO"},
-        {"OPEN DATASET TEXT AT POSITION 3.", "AT is not known here"},
-        {"OPEN DATASET TEXT IN TEXT MODE ENCODING.", "incomplete"},
-        {"CALL FUNCTION 'F' DESTINATION 'X'.", "DESTINATION is not known here"},
-        {"CALL FUNCTION 'F' TABLES T = TEXT.", "TEXT is no internal table"},
-        {"CALL FUNCTION 'F' IMPORTING P = 'lit'.", "a field was expected"},
-        {"CALL SCREEN 100.", "SCREEN is not known here"},
-        {"CALL TRANSACTION 'MM01' WITH AUTHORITY-CHECK.", "WITH is not known here"},
-    };
-    for (const auto& caso : casos) {
+    for (const auto& caso : pruebas::LeerCasos("abap_not_known.txt")) {
         AlrededoresDePrueba alrededores;
-        const auto compilacion = Compilar(cabeza + std::string(caso.sentencia), alrededores.diccionario);
-        ASSERT_THAT(compilacion.faltas, ::testing::Not(IsEmpty())) << caso.sentencia;
-        EXPECT_THAT(compilacion.faltas.front().texto, HasSubstr(caso.texto)) << caso.sentencia;
-        EXPECT_GE(compilacion.faltas.front().linea, 10) << caso.sentencia;
+        const auto compilacion = Compilar(cabeza + caso.codigo, alrededores.diccionario);
+        ASSERT_THAT(compilacion.faltas, ::testing::Not(IsEmpty())) << caso.codigo;
+        EXPECT_THAT(compilacion.faltas.front().texto, HasSubstr(caso.esperado.front())) << caso.codigo;
+        EXPECT_GE(compilacion.faltas.front().linea, 10) << caso.codigo;
     }
 }
 

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "practice/bapi_calls.h"
 #include "practice/conversion_exits.h"

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -154,22 +153,6 @@ TEST(SapCommands, WidthsGoOutAndComeBack) {
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("415"));
 }
 
-TEST(SapCommands, PublishPrintsTheReport) {
-    Ejecucion qorgen;
-    const std::string s36(36, 'x');
-    qorgen.directorio.Escribir("load.abap", "* Caf\xE9'\r\n" + std::string(61, 'x') + "\r\n" + s36 + std::string(25, 'y') + "'");
-    EXPECT_EQ(qorgen.Correr({"publish", "D/load.abap", "zLoad", "--dry-run"}), estadoBien);
-    EXPECT_EQ(qorgen.salida,
-              "REPORT QORRFC.\nDATA: BEGIN OF LINE OCCURS 0,\n        DATA(72),\n      END OF LINE.\nLINE = '* Caf\xC3\xA9 '.\n"
-              "LINE+6(1) = ''''.\nAPPEND LINE.\nLINE = '" +
-                  std::string(61, 'x') + "'.\nAPPEND LINE.\nCLEAR: LINE.\nLINE(36) = '" + s36 + "'.\nLINE+36  = '" +
-                  std::string(25, 'y') +
-                  " '.\nLINE+61(1) = ''''.\nAPPEND LINE.\n"
-                  "INSERT REPORT 'zLoad' FROM LINE.\nWRITE: / SY-SUBRC.\n");
-    EXPECT_EQ(qorgen.Correr({"publish", "D/absent", "ZLOAD", "--dry-run"}), estadoRechazado);
-    EXPECT_THAT(qorgen.Numeros(), ElementsAre("411"));
-}
-
 // One command behind the other, in one practice system.
 TEST(SapCommands, ThePracticeSystemAnswersEachCommand) {
     Ejecucion qorgen;
@@ -202,26 +185,6 @@ TEST(SapCommands, ThePracticeSystemAnswersEachCommand) {
         EXPECT_THAT(qorgen.errores, testing::StartsWith(errores)) << orden;
     }
     EXPECT_THAT(LeerArchivo(qorgen.directorio / "a.qor"), testing::StartsWith("1,\"QID\",\"20\","));
-}
-
-TEST(SapCommands, WrongArgumentsAreToldByTheUsage) {
-    const std::vector<std::string> casos[] = {
-        {"import", "a.qor"},
-        {"import", "a.qor", "rec", "--replace", "--append"},
-        {"widths"},
-        {"widths", "a.qor"},
-        {"widths", "--export", "f"},
-        {"widths", "a.qor", "--query", "f"},
-        {"widths", "a.qor", "--export", "f", "--import", "f"},
-        {"publish", "load.abap", "ZLOAD"},
-        {"publish", "load.abap", "--dry-run"},
-    };
-    for (const auto& caso : casos) {
-        Ejecucion qorgen;
-        EXPECT_EQ(qorgen.Correr(caso), estadoMalUso) << testing::PrintToString(caso);
-        EXPECT_THAT(qorgen.errores, HasSubstr("qorgen"));
-        EXPECT_EQ(qorgen.salida, "");
-    }
 }
 
 }  // namespace

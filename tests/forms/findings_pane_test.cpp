@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTextBlock>
-#include <QToolButton>
 
 #include "base/files.h"
 #include "findings/catalogue.h"
