@@ -136,11 +136,7 @@ TEST(SapCommands, WidthsGoOutAndComeBack) {
     EXPECT_EQ(linea, "MARA" + std::string(26, ' ') + "MATNR" + std::string(25, ' ') + "MATNR" + std::string(25, ' ') + "\r\n");
 
     EXPECT_EQ(qorgen.Correr({"widths", "--query", "D/fields"}), estadoBien);
-    EXPECT_EQ(qorgen.salida,
-              "REPORT QOR.\nDATA: BEGIN OF ITAB OCCURS 0,\n        TABLE(30),\n        FIELD(30),\n      END OF ITAB,\n"
-              "      WIDTH LIKE DD03L-LENG.\nITAB-TABLE = 'MARA'.\nITAB-FIELD = 'MATNR'.\nAPPEND ITAB.\nLOOP AT ITAB.\n"
-              "  WIDTH = 0.\n  SELECT SINGLE LENG INTO WIDTH FROM DD03L WHERE \n"
-              "  TABNAME = ITAB-TABLE AND FIELDNAME = ITAB-FIELD.\n  WRITE: / WIDTH.\nENDLOOP.\n");
+    EXPECT_THAT(qorgen.salida, HasSubstr("\nITAB-TABLE = 'MARA'.\nITAB-FIELD = 'MATNR'.\nAPPEND ITAB.\n"));
 
     qorgen.directorio.Escribir("fields", linea.insert(90, "000018"));
     EXPECT_EQ(qorgen.Correr({"widths", "D/a.qor", "--import", "D/fields"}), estadoBien);
