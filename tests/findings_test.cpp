@@ -6,7 +6,6 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
-#include "base/new_file.h"
 #include "base/text.h"
 #include "findings/catalogue.h"
 #include "findings/place_words.h"

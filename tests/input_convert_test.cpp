@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "base/code_page.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/text.h"

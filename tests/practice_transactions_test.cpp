@@ -19,7 +19,6 @@ using pruebas::HacerTabla;
 using pruebas::LlamadaDePrueba;
 using pruebas::OyenteQueApunta;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr std::string_view grabacion =
     "perform bdc_dynpro      using 'SAPLMGMM' '0060'.\n"

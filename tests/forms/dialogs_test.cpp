@@ -11,7 +11,6 @@
 #include <set>
 
 #include "base/files.h"
-#include "base/qt/words.h"
 #include "tests/forms/all_dialogs.h"
 #include "tests/forms/dialog_fixture.h"
 #include "tests/support/temporary_directory.h"

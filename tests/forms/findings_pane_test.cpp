@@ -21,7 +21,6 @@ namespace {
 
 using pruebas::ProgramaDePrueba;
 using testing::HasSubstr;
-using testing::Not;
 
 class FindingsPane : public testing::Test {
 protected:
