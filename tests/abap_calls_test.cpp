@@ -1,7 +1,7 @@
 // What reports ask of their surroundings: the database, files, function modules, transactions.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +9,8 @@
 #include "abap/execution.h"
 #include "abap/short_dump.h"
 #include "abap/values/conversion.h"
+#include "base/text.h"
+#include "tests/support/cases_in_file.h"
 #include "tests/support/recording_surroundings.h"
 
 namespace qor::abap {
@@ -62,153 +64,42 @@ private:
     std::unique_ptr<Ejecucion> ejecucion_;
 };
 
-std::vector<ValorDeBase> FilaZT(const char* lote, const char* linea) {
-    return {"000", "0042", lote, "", "-1.50", std::int64_t{3}, linea};
+// An answer of the database, of rows.
+FilasDePrueba FilasDe(const std::string& json) {
+    FilasDePrueba filas;
+    for (const auto& fila : nlohmann::json::parse(json)) {
+        auto& valores = filas.emplace_back();
+        for (const auto& valor : fila) {
+            if (valor.is_string()) {
+                valores.emplace_back(valor.get<std::string>());
+            } else if (valor.is_number_float()) {
+                valores.emplace_back(valor.get<double>());
+            } else {
+                valores.emplace_back(valor.is_null() ? ValorDeBase{} : ValorDeBase{valor.get<std::int64_t>()});
+            }
+        }
+    }
+    return filas;
 }
-
-constexpr const char* todasLasColumnas = "SELECT MANDT PROGID BATCH FLAG AMOUNT LENGTH LINE FROM ZT";
 
 TEST(OpenSQL, AsksTheDatabase) {
-    struct Caso {
-        const char* sentencias;
-        std::vector<std::string> pedidos;
-        FilasDePrueba respuesta;
-        Variables variables;
-    };
-    const std::string todas = todasLasColumnas;
-    const Caso casos[] = {
-        // The error table as reports use it.
-        {"SELECT MAX( BATCH ) INTO MAXNUM FROM ZT WHERE PROGID = PROGID.",
-         {"SELECT MAX(BATCH) FROM ZT WHERE PROGID = '0042'"},
-         {{"0007"}},
-         {{"MAXNUM", "0007"}, {"RC", "0"}, {"CNT", "1"}}},
-        {"MAXNUM = 9. SELECT MAX( BATCH ) INTO MAXNUM FROM ZT.",
-         {"SELECT MAX(BATCH) FROM ZT"},
-         {{ValorDeBase{}}},
-         {{"MAXNUM", "0000"}, {"RC", "0"}}},
-        {"ZT-LINE = 'kept'. SELECT SINGLE * FROM ZT WHERE PROGID = PROGID AND BATCH = 0. TEXT = ZT-LINE.",
-         {todas + " WHERE (PROGID = '0042' AND BATCH = '0000') LIMIT 1"},
-         {},
-         {{"TEXT", "kept"}, {"RC", "4"}, {"CNT", "0"}}},
-        {"SELECT * FROM ZT WHERE BATCH = '3' AND FLAG = SPACE ORDER BY BATCH LINE DESCENDING.\n"
-         "CONCATENATE OUT ZT-BATCH ZT-LINE INTO OUT. N = N + ZT-LENGTH. P1 = P1 + ZT-AMOUNT. ENDSELECT.",
-         {todas + " WHERE (BATCH = '0003' AND FLAG = '') ORDER BATCH ORDER LINE DOWN"},
-         {FilaZT("0001", "a"), FilaZT("0002", "b")},
-         {{"OUT", "0001a0002b"}, {"N", "6"}, {"P1", "-3.00"}, {"RC", "0"}, {"CNT", "2"}}},
-        {"SELECT * FROM ZT UP TO 5 ROWS. EXIT. ENDSELECT. TEXT = ZT-LINE.",
-         {todas + " LIMIT 5"},
-         {FilaZT("0001", "a"), FilaZT("0002", "b")},
-         {{"TEXT", "a"}, {"CNT", "1"}}},
-        {"SELECT * FROM ZT. ENDSELECT.", {todas}, {}, {{"RC", "4"}, {"CNT", "0"}}},
-        // Where values go.
-        {"SELECT BATCH AMOUNT LENGTH INTO (TEXT, OUT, SHORT) FROM ZT. ENDSELECT.",
-         {"SELECT BATCH AMOUNT LENGTH FROM ZT"},
-         {{"0001", "-1.50", std::int64_t{300}}},
-         {{"TEXT", "0001"}, {"OUT", std::string(55, ' ') + "1.50-"}, {"SHORT", "*0"}}},
-        {"SELECT LINE BATCH FROM ZT INTO ITAB WHERE BATCH IN ('1', 2). ENDSELECT. OUT = ITAB.",
-         {"SELECT LINE BATCH FROM ZT WHERE BATCH IN ('0001', '0002')"},
-         {{"abcdefgh", "0001"}},
-         {{"OUT", "abcdef0001"}}},
-        {"ITAB-LINE = 'stay'. SELECT BATCH FLAG INTO CORRESPONDING FIELDS OF ITAB FROM ZT. ENDSELECT. OUT = ITAB.",
-         {"SELECT BATCH FLAG FROM ZT"},
-         {{"0001", "X"}},
-         {{"OUT", "0001  stay"}}},
-        {"SELECT BATCH SUM( AMOUNT ) AS LINE COUNT( DISTINCT FLAG ) FROM ZT BYPASSING BUFFER CLIENT SPECIFIED\n"
-         "INTO CORRESPONDING FIELDS OF ITAB GROUP BY BATCH. ENDSELECT. OUT = ITAB.",
-         {"SELECT BATCH SUM(AMOUNT) COUNT(DISTINCT FLAG) FROM ZT GROUP BATCH ALL CLIENTS"},
-         {{"0001", "1.50", std::int64_t{1}}},
-         {{"OUT", "0001  1.50"}}},
-        {"SELECT COUNT( * ) FROM ZT.", {"SELECT COUNT(*) FROM ZT"}, {{std::int64_t{0}}}, {{"RC", "4"}, {"CNT", "0"}}},
-        {"SELECT COUNT(*) MIN( LENGTH ) AVG( LENGTH ) INTO (N, P1, F) FROM ZT.",
-         {"SELECT COUNT(*) MIN(LENGTH) AVG(LENGTH) FROM ZT"},
-         {{std::int64_t{0}, ValorDeBase{}, 2.5}},
-         {{"N", "0"}, {"P1", "0.00"}, {"RC", "0"}, {"CNT", "1"}}},
-        // Conditions.
-        {"SELECT SINGLE BATCH INTO MAXNUM FROM ZT WHERE NOT ( BATCH GE 3 OR LENGTH < '7' ) AND ZT~LINE <> ZT~FLAG.",
-         {"SELECT BATCH FROM ZT WHERE (NOT ((BATCH >= '0003' OR LENGTH < 7)) AND LINE <> FLAG) LIMIT 1"},
-         {{"0005"}},
-         {{"MAXNUM", "0005"}}},
-        {"SELECT SINGLE BATCH INTO MAXNUM FROM ZT WHERE LINE NOT LIKE 'a#_%' ESCAPE '#' AND BATCH BETWEEN 1 AND PROGID\n"
-         "AND FLAG IS NOT NULL AND LINE = 'longer than its column' AND AMOUNT = '1.5' AND LENGTH NOT IN (1, 2).",
-         {"SELECT BATCH FROM ZT WHERE (NOT (LINE LIKE 'a#_%' ESCAPE #) AND BATCH BETWEEN '0001' AND '0042' AND "
-          "NOT (FLAG IS NULL) AND LINE = 'longer t' AND AMOUNT = '1.50' AND NOT (LENGTH IN (1, 2))) LIMIT 1"},
-         {},
-         {{"RC", "4"}}},
-        // Changes.
-        {"ZT-MANDT = '000'. ZT-PROGID = 42. ZT-LINE = 'x'. ZT-AMOUNT = '2.5'. ZT-LENGTH = -1. INSERT ZT.",
-         {"INSERT ZT: '000', '0042', '0000', '', '2.50', -1, 'x'"},
-         {},
-         {{"RC", "0"}, {"CNT", "1"}}},
-        {"CLEAR RAW. INSERT INTO ZT VALUES RAW. MODIFY ZT FROM RAW. UPDATE ZT FROM RAW. DELETE ZT FROM RAW.",
-         {"INSERT ZT: '', '0000', '0000', '', '0.00', 0, ''", "INSERT ZT: '', '0000', '0000', '', '0.00', 0, ''",
-          "UPDATE ZT: '', '0000', '0000', '', '0.00', 0, ''", "DELETE ZT: '', '0000', '0000', '', '0.00', 0, ''"},
-         {},
-         {{"RC", "0"}}},
-        {"UPDATE ZT SET FLAG = 'X' LENGTH = LENGTH + N AMOUNT = AMOUNT - '1.5' WHERE PROGID = PROGID.",
-         {"UPDATE ZT SET FLAG = 'X', LENGTH + 0, AMOUNT - '1.50' WHERE PROGID = '0042'"},
-         {},
-         {{"RC", "0"}, {"CNT", "1"}}},
-        {"DELETE FROM ZT WHERE PROGID = PROGID AND BATCH = MAXNUM. COMMIT WORK AND WAIT. ROLLBACK WORK.",
-         {"DELETE ZT WHERE (PROGID = '0042' AND BATCH = '0000')", "COMMIT", "ROLLBACK"},
-         {},
-         {{"RC", "0"}, {"CNT", "1"}}},
-    };
-    for (const auto& caso : casos) {
+    for (const auto& caso : pruebas::LeerCasos("abap_open_sql.txt")) {
         Reporte reporte;
-        reporte.alrededores.base.respuestas.push_back(caso.respuesta);
-        reporte.Correr(caso.sentencias);
-        EXPECT_THAT(reporte.alrededores.base.pedidos, ElementsAreArray(caso.pedidos)) << caso.sentencias;
-        reporte.Exigir(caso.variables);
-    }
-}
-
-TEST(OpenSQL, FillsAndReadsInternalTables) {
-    struct Caso {
-        const char* sentencias;
         std::vector<std::string> pedidos;
-        std::vector<FilasDePrueba> respuestas;
-        Variables variables;
-    };
-    constexpr const char* lineasDeR = R"(
-R-SIGN = 'I'. R-OPTION = 'EQ'. R-LOW = 1. APPEND R. R-LOW = 2. APPEND R.
-R-OPTION = 'BT'. R-LOW = 5. R-HIGH = 7. APPEND R. R-SIGN = 'E'. R-OPTION = 'GT'. R-LOW = 6. APPEND R.
-SELECT SINGLE BATCH INTO MAXNUM FROM ZT WHERE BATCH IN R.)";
-    const std::string todas = todasLasColumnas;
-    const Caso casos[] = {
-        {"ITAB-LINE = 'old'. APPEND ITAB. SELECT BATCH LINE FROM ZT INTO TABLE ITAB. N = SY-DBCNT.\n"
-         "SELECT BATCH FROM ZT APPENDING CORRESPONDING FIELDS OF TABLE ITAB.\n"
-         "LOOP AT ITAB. CONCATENATE OUT ITAB-BATCH ITAB-LINE ',' INTO OUT. ENDLOOP. SY-SUBRC = 0.",
-         {"SELECT BATCH LINE FROM ZT", "SELECT BATCH FROM ZT"},
-         {{{"0001", "a"}, {"0002", "b"}}, {{"0003"}}},
-         {{"OUT", "0001a,0002b,0003,"}, {"N", "2"}, {"CNT", "1"}}},
-        {"SELECT * FROM ZT INTO TABLE RAW. LOOP AT RAW. N = N + RAW-LENGTH. OUT = RAW-LINE. ENDLOOP.\n"
-         "INSERT ZT FROM TABLE RAW ACCEPTING DUPLICATE KEYS.",
-         {todas, "INSERT ZT: '000', '0042', '0001', '', '-1.50', 3, 'a'"},
-         {{FilaZT("0001", "a")}},
-         {{"N", "3"}, {"OUT", "a"}, {"RC", "0"}, {"CNT", "1"}}},
-        {lineasDeR,
-         {"SELECT BATCH FROM ZT WHERE (NOT (BATCH > '0006') AND (BATCH BETWEEN '0005' AND '0007' OR BATCH IN ('0001', '0002')))"
-          " LIMIT 1"},
-         {},
-         {{"RC", "4"}}},
-        {"SELECT SINGLE BATCH INTO MAXNUM FROM ZT WHERE BATCH IN R.", {"SELECT BATCH FROM ZT LIMIT 1"}, {}, {}},
-        {"DO 2 TIMES. ITAB-BATCH = 1. APPEND ITAB. ENDDO. ITAB-BATCH = 2. APPEND ITAB.\n"
-         "SELECT LINE INTO TEXT FROM ZT FOR ALL ENTRIES IN ITAB WHERE BATCH = ITAB-BATCH AND FLAG = 'X'.\n"
-         "CONCATENATE OUT TEXT INTO OUT. ENDSELECT.",
-         {"SELECT LINE FROM ZT WHERE ((BATCH = '0001' AND FLAG = 'X') OR (BATCH = '0002' AND FLAG = 'X'))"},
-         {{{"a"}, {"b"}, {"a"}}},
-         {{"OUT", "ab"}, {"CNT", "2"}}},
-        {"SELECT LINE INTO TEXT FROM ZT FOR ALL ENTRIES IN ITAB WHERE BATCH = ITAB-BATCH. ENDSELECT.",
-         {"SELECT LINE FROM ZT"},
-         {{{"a"}}},
-         {{"TEXT", "a"}}},
-    };
-    for (const auto& caso : casos) {
-        Reporte reporte;
-        for (const auto& respuesta : caso.respuestas) reporte.alrededores.base.respuestas.push_back(respuesta);
-        reporte.Correr(caso.sentencias);
-        EXPECT_THAT(reporte.alrededores.base.pedidos, ElementsAreArray(caso.pedidos)) << caso.sentencias;
-        reporte.Exigir(caso.variables);
+        std::vector<std::string> variables;
+        for (const auto& linea : caso.esperado) {
+            if (linea.starts_with('[')) {
+                reporte.alrededores.base.respuestas.push_back(FilasDe(linea));
+            } else {
+                (linea.find('=') < linea.find(' ') ? variables : pedidos).push_back(linea);
+            }
+        }
+        reporte.Correr(caso.codigo);
+        EXPECT_THAT(reporte.alrededores.base.pedidos, ElementsAreArray(pedidos)) << caso.codigo;
+        for (const auto& variable : variables) {
+            const std::string nombre(AntesDe(variable, '='));
+            EXPECT_EQ(reporte.Valor(nombre.c_str()), DespuesDe(variable, '=')) << caso.codigo << nombre;
+        }
     }
 }
 
@@ -317,40 +208,12 @@ TEST(CallTransaction, TellsWhatCameOfIt) {
 }
 
 TEST(Statements, OfSurroundingsThatAreNotKnownDoNotCompile) {
-    struct Caso {
-        const char* sentencia;
-        const char* texto;
-    };
-    const Caso casos[] = {
-        {"SELECT * FROM (TEXT).\nENDSELECT.", "(TEXT) is not known here"},
-        {"SELECT NAME FROM ZT INTO TEXT.\nENDSELECT.", "NAME is no column of ZT"},
-        {"SELECT BATCH FROM ZT.\nENDSELECT.", "INTO was expected"},
-        {"SELECT SINGLE BATCH LINE FROM ZT INTO TEXT.", "more columns than fields"},
-        {"SELECT BATCH LINE FROM ZT INTO (TEXT).\nENDSELECT.", "as many fields as columns"},
-        {"SELECT BATCH MAX( LINE ) FROM ZT INTO ITAB.", "GROUP BY"},
-        {"SELECT * FROM ZT WHERE BATCH = NOWHERE.\nENDSELECT.", "NOWHERE is not declared"},
-        {"SELECT * FROM ZT WHERE BATCH CS '1'.\nENDSELECT.", "CS is not known here"},
-        {"SELECT * FROM ZT HAVING BATCH = 1.\nENDSELECT.", "HAVING is not known here"},
-        {"SELECT SINGLE * FROM ZU.", "ZU has no work area"},
-        {"INSERT ZU.", "ZU has no work area"},
-        {"INSERT REPORT 'Z' FROM TEXT.", "TEXT is no internal table"},
-        {"UPDATE ZT SET FLAG = BATCH + 1.", "FLAG was expected"},
-        {"EXEC SQL.\n  DELETE FROM T\nENDEXEC.", "SELECT only"},
-        {"EXEC SQL.\n  SELECT A INTO B FROM T\nENDEXEC.", "behind INTO"},
-        {"OPEN DATASET TEXT AT POSITION 3.", "AT is not known here"},
-        {"OPEN DATASET TEXT IN TEXT MODE ENCODING.", "incomplete"},
-        {"CALL FUNCTION 'F' DESTINATION 'X'.", "DESTINATION is not known here"},
-        {"CALL FUNCTION 'F' TABLES T = TEXT.", "TEXT is no internal table"},
-        {"CALL FUNCTION 'F' IMPORTING P = 'lit'.", "a field was expected"},
-        {"CALL SCREEN 100.", "SCREEN is not known here"},
-        {"CALL TRANSACTION 'MM01' WITH AUTHORITY-CHECK.", "WITH is not known here"},
-    };
-    for (const auto& caso : casos) {
+    for (const auto& caso : pruebas::LeerCasos("abap_not_known.txt")) {
         AlrededoresDePrueba alrededores;
-        const auto compilacion = Compilar(cabeza + std::string(caso.sentencia), alrededores.diccionario);
-        ASSERT_THAT(compilacion.faltas, ::testing::Not(IsEmpty())) << caso.sentencia;
-        EXPECT_THAT(compilacion.faltas.front().texto, HasSubstr(caso.texto)) << caso.sentencia;
-        EXPECT_GE(compilacion.faltas.front().linea, 10) << caso.sentencia;
+        const auto compilacion = Compilar(cabeza + caso.codigo, alrededores.diccionario);
+        ASSERT_THAT(compilacion.faltas, ::testing::Not(IsEmpty())) << caso.codigo;
+        EXPECT_THAT(compilacion.faltas.front().texto, HasSubstr(caso.esperado.front())) << caso.codigo;
+        EXPECT_GE(compilacion.faltas.front().linea, 10) << caso.codigo;
     }
 }
 

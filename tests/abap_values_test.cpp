@@ -14,11 +14,13 @@
 #include "abap/values/number.h"
 #include "abap/values/output_format.h"
 #include "abap/values/text_operations.h"
+#include "base/files.h"
+#include "base/text.h"
 
 namespace qor::abap {
 namespace {
 
-// Fields that the rows of a table below spell: their type, such as "C5", "P3.2" or "STRING", and their value, of characters as
+// Fields that the cases spell: their type, such as "C5", "P3.2" or "STRING", and their value, of characters as
 // they stand in memory, of X as hexadecimal digits. Structures are "S".
 class Campos {
 public:
@@ -103,45 +105,29 @@ std::string Resultado(const std::function<std::string()>& accion) {
     }
 }
 
-// The rows of a table: cases between blanks, each of parts between bars; "~" is a blank.
-std::vector<std::vector<std::string>> Casos(std::string_view texto) {
-    std::vector<std::vector<std::string>> casos(1, {""});
-    for (const char c : texto) {
-        if (c == ' ') {
-            casos.push_back({""});
-        } else if (c == '|') {
-            casos.back().emplace_back();
-        } else {
-            casos.back().back() += c == '~' ? ' ' : c;
+// The cases of a section of tests/expected/abap_values.txt, a line each, of parts between bars; "~" is a blank.
+std::vector<std::vector<std::string>> Casos(std::string_view seccion) {
+    static const std::string texto = LeerArchivo(QOR_TEST_SOURCE_DIR "/tests/expected/abap_values.txt");
+    std::vector<std::vector<std::string>> casos;
+    bool dentro = false;
+    for (const auto linea : PartirEnLineas(texto)) {
+        if (linea.starts_with('[')) dentro = linea == seccion;
+        if (!dentro || linea.starts_with('[') || linea.empty()) continue;
+        casos.push_back({""});
+        for (const char c : linea) {
+            if (c == '|') {
+                casos.back().emplace_back();
+            } else {
+                casos.back().back() += c == '~' ? ' ' : c;
+            }
         }
     }
+    EXPECT_FALSE(casos.empty()) << seccion;
     return casos;
 }
 
 TEST(AbapValues, MoveConvertsEveryTypeIntoEveryOther) {
-    const auto casos = Casos(
-        "C3|abc|C5|abc~~ C5|abcde|C3|abc C3|abc|S5|abc~~ S4|ab|C3|ab~ S3|abc|S5|abc~~ C6|a1b23~|N5|00123 C6|123456|N4|3456 "
-        "C3||N3|000 S5|12-3|N4|0123 C10|20240131xx|D|20240131 C4|2024|D|2024~~~~ C6|123456|T|123456 C8|~-~12.5|I|-13 "
-        "C8|12.4-|I|-12 C3||I|0 C5|+7|I|7 C5|1~2|I|CONVT_NO_NUMBER C5|-|I|CONVT_NO_NUMBER C5|1,5|P3.2|CONVT_NO_NUMBER "
-        "C2|AB|I|CONVT_NO_NUMBER C11|99999999999|I|CONVT_OVERFLOW C6|12.345|P3.2|01235C C6|-0.005|P3.2|00001D "
-        "C6|1000|P2|COMPUTE_BCD_OVERFLOW C7|1.5E+02|F|150 C5|1.5|F|1.5 C7|1.5E+02|I|CONVT_NO_NUMBER C2|x|F|CONVT_NO_NUMBER "
-        "C5|1AF|X2|1AF0 C5|1Ag|X2|1A00 C6|ABCDEF|X2|ABCD C5|ab~|STRING|ab N3|007|C5|007~~ N5|12345|C3|123 N3|123|N5|00123 "
-        "N5|12345|N3|345 N3|~~~|N3|~~~ N8|20240131|D|20240131 N3|012|I|12 N3|012|P2.1|120C N3|012|F|12 N3|255|X2|00FF "
-        "N3|012|STRING|012 N12|999999999999|I|CONVT_OVERFLOW N3|012|S4|012~ N3|1x2|I|CONVT_NO_NUMBER D|20000101|C10|20000101~~ "
-        "D|20000101|N10|0020000101 D|20000101|I|730121 D|20230229|I|0 D|15821010|I|577737 D|00010102|I|1 D|99991231|P4|3652060C "
-        "D|20000101|X3|0B2409 D|20000101|T|MOVE_NOT_SUPPORTED D|20240131|STRING|20240131 T|010203|I|3723 T|010203|C4|0102 "
-        "T|010203|F|3723 T|010203|N4|0203 I|123|C6|~~123~ I|-123|C6|~~123- I|123|C3|123 I|1234|C3|*34 I|-123|C3|*3- I|0|C2|0~ "
-        "I|7|S3|~7~ I|-7|N3|007 I|1234|N3|234 I|730121|D|20000101 I|577737|D|15821015 I|577736|D|15821004 I|-5|D|00000000 "
-        "I|86399|T|235959 I|-1|T|235959 I|12|P3.2|01200C I|1000|P2|COMPUTE_BCD_OVERFLOW I|-3|F|-3 I|-2|X2|FFFE "
-        "I|258|X6|000000000102 I|12|STRING|12~ I|-12|STRING|12- P4.2|12.50|C8|~~12.50~ P4.2|-0.50|C8|~~~0.50- "
-        "P4.2|12.50|C5|12.50 P4.2|123.50|C4|*.50 P4.2|12.50|I|13 P4.2|-12.50|I|-13 P4.2|12.45|P4.1|0000125C "
-        "P4.2|99999.99|P3.2|COMPUTE_BCD_OVERFLOW P4.2|12.50|N4|0013 P4.2|-12.25|F|-12.25 P4|730121|D|20000101 P4|61|T|000101 "
-        "P4|255|X1|FF P4.1|1.5|STRING|1.5~ P6|99999999999|I|CONVT_OVERFLOW F|12.34|C24|~~1.2340000000000000E+01 "
-        "F|-0.5|C8|-5.0E-01 F|12.34|C4|*~~~ F|2.5|I|3 F|-2.5|I|-3 F|1E10|I|CONVT_OVERFLOW F|0.125|P3.2|00013C "
-        "F|1E5|P2|COMPUTE_BCD_OVERFLOW F|-7.6|N3|008 F|1|D|00010102 F|1|T|000001 F|16|X1|10 F|1|STRING|1.0000000000000000E+00 "
-        "X2|1AF0|C6|1AF0~~ X2|1AF0|C2|1A X2|0102|X3|010200 X3|010203|X2|0102 X2|FFFF|I|65535 X4|FFFFFFFE|I|-2 X1|10|N3|016 "
-        "X1|10|P2|016C X1|10|F|16 X1|3D|T|000101 X1|01|D|00010102 X2|1AF0|STRING|1AF0 STRING|ab~|C4|ab~~ STRING|ab~|STRING|ab~ "
-        "STRING|a12|N3|012 STRING|12.5|P3.1|00125C STRING||I|0 STRING|20240131|D|20240131 STRING|0F|X1|0F STRING|abcd|S2|ab");
+    const auto casos = Casos("[move]");
     for (const auto& caso : casos) {
         Campos campos;
         const auto origen = campos.Hacer(caso[0], caso[1]);
@@ -171,14 +157,7 @@ TEST(AbapValues, DatesAndDaysAreOneSequence) {
 
 // "!" is a comparison that ends the report.
 TEST(AbapValues, ComparisonFollowsTheTypes) {
-    const auto casos = Casos(
-        "C3|ab|=|C6|ab C3|abc|>|C5|ab C2|ab|<|C3|abc C2|ab|>|C3|ab\001 C2|\344|>|C2|z S4|ab|=|C2|ab STRING|ab|=|C4|ab "
-        "STRING||=|C1|~ N3|007|=|N5|00007 N5|00010|>|N2|09 N40|1|>|N2|99 N3|007|=|C3|7 C4|7.0|=|N3|007 C4|~7-|<|N3|000 "
-        "N3|007|!|C3|x N3|~~~|=|I|0 C5|~12|=|I|12 C5|1.5|>|I|1 C5|abc|!|I|1 S4|12|=|I|12 I|12|=|P4.2|12.00 I|12|<|P4.2|12.01 "
-        "I|-1|<|N3|000 P4.2|-1.50|<|P3.1|-1.4 F|0.5|=|P4.2|0.50 F|1.5|=|C6|1.5E0 F|2|>|I|1 D|20240101|>|D|20231231 "
-        "D|20240101|=|C8|20240101 D|20000101|=|I|730121 T|000100|=|I|60 D|20240101|=|N8|20240101 X2|00FF|=|I|255 "
-        "X1|FF|>|X2|FE01 X1|FF|=|X2|FF00 X1|1A|=|C3|1A "
-        "C40|1234567890123456789012345678901234567890|>|N39|999999999999999999999999999999999999999");
+    const auto casos = Casos("[compare]");
     for (const auto& caso : casos) {
         Campos campos;
         const auto a = campos.Hacer(caso[0], caso[1]);
@@ -209,14 +188,7 @@ TEST(AbapValues, RelationsOnTextsSetTheirPosition) {
     using enum Relacion;
     const std::map<std::string, Relacion> relaciones = {{"CO", CO}, {"CN", CN}, {"CA", CA}, {"NA", NA},
                                                         {"CS", CS}, {"NS", NS}, {"CP", CP}, {"NP", NP}};
-    const auto casos = Casos(
-        "C4|1234|CO|C10|0123456789|+|4 C5|1234|CO|C10|0123456789|-|4 C5|1234|CO|C11|0123456789~|+|5 "
-        "C4|12a4|CN|C10|0123456789|+|2 C2|12|CN|C2|12|-|2 STRING||CO|C1|x|+|0 C4|abcd|CA|C2|xc|+|2 C4|ab|CA|C2|x~|+|2 "
-        "C4|abcd|CA|C2|xy|-|4 C4|abcd|NA|C2|xy|+|4 C4|abcd|NA|C1|a|-|0 C6|ABCDE|CS|C4|cd|+|2 C6|ABCDE|CS|C2|x|-|6 "
-        "C6|ABCDE|NS|C2|x|+|6 C6|\304bc|CS|C2|\344B|+|0 C6|ABC|CS|C2||+|0 C6|-12|CS|C1|-|+|0 C6|AbcDe|CP|C5|*CD*|+|2 "
-        "C6|AbcDe|CP|C5|ab*|+|0 C6|AbcDe|CP|C5|*d|-|6 C6|AbcDe|CP|C5|*de|+|3 C6|AbcDe|CP|C5|+b+d+|+|0 C6|AbcDe|CP|C4|+b+d|-|6 "
-        "C6|AbcDe|CP|C6|#A*#De|+|0 C6|AbcDe|CP|C6|#a*|-|6 C6|a*b|CP|C5|*#**|+|1 C6|AbcDe|NP|C5|*x*|+|6 C6|aab|CP|C6|*a+|+|1 "
-        "C6||CP|C1|*|+|0 C6|ab|CP|C4|ab#~|+|0 C6|abcabd|CP|C6|*ab*d|+|0 C3|abc|CP|C1||-|3");
+    const auto casos = Casos("[relations on texts]");
     for (const auto& caso : casos) {
         Campos campos;
         std::int32_t fdpos = -1;
@@ -228,19 +200,7 @@ TEST(AbapValues, RelationsOnTextsSetTheirPosition) {
 // What a calculation is of, its operands and operators from left to right, its target.
 TEST(AbapValues, CalculationsRoundWhereTheLanguageDoes) {
     using enum Calculo;
-    const auto casos = Casos(
-        "I|7,/,2,*,2|I|8 P|7,/,2,*,2|P4.1|70C I|-7,/,2|I|-4 I|2147483647,+,1|I|COMPUTE_INT_PLUS_OVERFLOW "
-        "I|-2147483648,-,1|I|COMPUTE_INT_MINUS_OVERFLOW I|65536,*,65536|I|COMPUTE_INT_TIMES_OVERFLOW "
-        "I|5,/,0|I|COMPUTE_INT_ZERODIVIDE I|0,/,0|I|0 I|5,M,0|I|COMPUTE_INT_ZERODIVIDE I|7,D,2|I|3 I|-7,D,2|I|-4 I|-7,M,2|I|1 "
-        "I|-7,D,-2|I|4 I|-7,M,-2|I|1 I|7,D,-2|I|-3 I|2,^,10|I|1024 I|-1,^,3|I|-1 I|2,^,31|I|COMPUTE_INT_TIMES_OVERFLOW "
-        "P|1,/,3,*,3|P8.4|10000C P|2,/,3|P3.2|67C P|-2,/,3|P3.2|67D P|1,/,0|P3|COMPUTE_BCD_ZERODIVIDE "
-        "P|99,+,901|P2|COMPUTE_BCD_OVERFLOW P|5.75,M,2.5|P3.2|75C P|-5.75,D,2.5|P3|3D P|1.5,^,2|P3.2|225C "
-        "P|1234567890123456789,*,9876543210.987654321|P16|12193263113702179522374638011C "
-        "P|1234567890123456789,*,1234567890123456789|P16|COMPUTE_BCD_OVERFLOW "
-        "P|9999999999999999999999999999999,+,1|P16|COMPUTE_BCD_OVERFLOW "
-        "P|1234567890123456.789,*,0.000000000000001|P16.14|123456789012346C P|1,/,3|C8|0.333333 "
-        "P|7,/,2|C8|~~~~3.5~ P|100,/,3|C4|33.3 P|100000,/,3|C4|*333 F|1,/,4|F|0.25 F|1,/,0|F|COMPUTE_FLOAT_ZERODIVIDE "
-        "F|-7,M,2|F|1 F|-7,D,2|F|-4 F|2,^,0.5|I|1 F|10,/,4|I|3 I|730121,+,31|D|20000201 I|86399,+,2|T|000001");
+    const auto casos = Casos("[calculate]");
     for (const auto& caso : casos) {
         Campos campos;
         const auto clase = caso[0] == "I" ? Entero : caso[0] == "P" ? Empaquetado : Flotante;
@@ -317,25 +277,7 @@ TEST(AbapValues, StatementsOnTexts) {
         {"replace2", [&](const Campo& c, const Argumentos& a) { return Reemplazar(de(a[0]), 2, de(a[1]), c, fdpos); }},
         {"search", [&](const Campo& c, const Argumentos& a) { return Buscar(c, de(a[0]), fdpos); }},
     };
-    const auto casos = Casos(
-        "C9|x|join|~ab~~|c|07|~abc07~~~|0|0 C3|x|join|ab~|cd|abc|4|0 C9|ab|join|<|=|>|<ab>~~~~~|0|0 C9|x|join,|a|~|b|a,~,~b~~~|0|0 "
-        "STRING|x|join,|a~|b|a,~b|0|0 STRING|ab|join|=|=|abab|0|0 N4|x|join|1|2|12~~|0|0 C8|~~a~~b~c|condense|a~b~c~~~|0|0 "
-        "C8|~~a~~b~c|no-gaps|abc~~~~~|0|0 STRING|~a~~b~|condense|a~b|0|0 C4|a\344\337|upper|A\304\337~|0|0 "
-        "C3|A\304z|lower|a\344z|0|0 "
-        "C6|a.b,c|translate|.,,.|a,b.c~|0|0 C4|a-b|translate|-~a|a~b~|0|0 C3|aab|translate|abac|bbb|0|0 "
-        "C5|00120|leading|0|120~~|0|0 "
-        "C5|~~ab|leading|~|ab~~~|0|0 C3|000|leading|0|~~~|0|0 C5|ab|trailing|~|~~~ab|0|0 C5|abxx|trailing|~x|~~~ab|0|0 "
-        "STRING|00a|leading|0|a|0|0 N5|00120|leading|0|120~~|0|0 C5|abcde|left|2|cde~~|0|0 C5|abcde|right|1|~abcd|0|0 "
-        "C5|abcde|left-ring|2|cdeab|0|0 C5|abcde|right-ring|6|eabcd|0|0 C3|abc|left|9|~~~|0|0 C3|abc|right|9|~~~|0|0 "
-        "STRING|abc|right|1|~abc|0|0 C5|abcde|left|0|abcde|0|0 C5|abcde|left-to|cd|cde~~|0|0 C5|abcde|ring-to|cd|cdeab|0|0 "
-        "C5|abcde|right-to|bc|~~abc|0|0 C5|abcde|left-to|x|abcde|4|0 C6|1~2~3|overlay|000000|102030|0|0 "
-        "C6|123|overlay|0000|1230~~|0|0 "
-        "C3|123|overlay|000|123|4|0 C6|a.b.c|overlay|------|.|a-b-c~|0|0 C7|abcabc|replace|b|XY|aXYcabc|0|1 "
-        "C7|abcabc|replace|b~|X|aXcabc~|0|1 C7|abcabc|replace2|b~|X|abcabc~|4|0 C5|a,b|replace|,|~|ab~~~|0|1 "
-        "C3|abc|replace|B|x|abc|4|0 "
-        "C5|a~b|replace|~|_|a_b~~|0|1 C3|ab|replace|~|_|ab~|4|0 C14|one~two,three~|search|TWO|one~two,three~|0|4 "
-        "C9|one~two|search|*wo|one~two~~|0|4 C9|one~two|search|t*|one~two~~|0|4 C9|one~two|search|w*|one~two~~|4|0 "
-        "C9|one~two|search|.e~t.|one~two~~|0|2 C9|one~two|search|.o~.|one~two~~|0|6 C9|one~two|search|x|one~two~~|4|0");
+    const auto casos = Casos("[statements on texts]");
     for (const auto& caso : casos) {
         Campos campos;
         auto campo = campos.Hacer(caso[0], caso[1]);
@@ -353,10 +295,7 @@ TEST(AbapValues, StatementsOnTexts) {
     }
 
     // A text and a separator, what SPLIT puts into two fields, SY-SUBRC, and the rows that it makes.
-    const auto cortes = Casos(
-        "a;b|;|a~~|b~~|0|a|b a;b;c|;|a~~|b;c|0|a|b|c abcd;e;|;|abc|e;~|4|abcd|e a|;|a~~|~~~|0|a ~a,~b,|,~|~a~|b,~|0|~a|b, "
-        "|;|~~~|~~~|0 "
-        ";;x|;|~~~|;x~|0|||x");
+    const auto cortes = Casos("[split]");
     for (const auto& corte : cortes) {
         Campos campos;
         const std::vector<Campo> destinos = {campos.Hacer("C3", "???"), campos.Hacer("N3", "???")};
@@ -390,21 +329,7 @@ TEST(AbapValues, WriteShowsValues) {
         }
         return formato;
     };
-    const auto casos = Casos(
-        "C5|abc|0||abc~~ C5|abcde|3||abc N5|00012|0||00012 N5|00012|0|z|~~~12 STRING|ab~|0||ab~ I|0|0||~~~~~~~~~0~ "
-        "I|1234567|0||~1.234.567~ I|-1234567|0||~1.234.567- I|123456789|0||123.456.789 I|-123456789|0||~123456789- "
-        "I|2147483647|0||2147483647~ I|-2147483648|0||2147483648- I|12|2||12 I|123|2||*3 I|-12|6|s|~~~12~ "
-        "I|1234567|0|g|~~~1234567~ I|0|3|z|~~~ I|12|6|l|12~~~~ I|-12|7|c|~~12-~~ I|5|8|d2|~~~5,00~ P4.2|1234.56|0||1.234,56~ "
-        "P4.2|-1234.56|0||1.234,56- P4.2|12345.67|0||12.345,67 P4.2|-12345.67|0||12345,67- P4.2|0.05|0||~~~~0,05~ "
-        "P4.2|12.35|0|d1|~~~~12,4~ P4.2|12.35|0|d0|~~~~~~12~ P4.2|12.35|10|d3|~~~12,350~ P3|12345|0||12.345 P3|-12345|0||12345- "
-        "P4.2|0|0|z|~~~~~~~~~ D|20240131|0||31.01.2024 D|20240131|8||31012024 D|20240131|12||31.01.2024~~ "
-        "D|00000000|0||00.00.0000 D|00000000|0|z|~~~~~~~~~~ D|~~~~~~~~|0||~~~~~~~~~~ D|20240131|10|mDD/MM/YYYY|31.01.2024 "
-        "D|20240131|8|mMM/DD/YY|01.31.24 D|20240131|6|mYYMMDD|240131 T|123456|0||12:34:56 T|123456|6||123456 "
-        "F|12.34|0||1,2340000000000000E+01 F|-12.34|0||-1,234000000000000E+01 F|0|0||0,0000000000000000E+00 "
-        "F|12.34|10|d2|~~1,23E+01 X2|1AF0|0||1AF0 C6|123456|8|m__-____|12-3456~ C3|123|6|mRR__/___|~~/123 "
-        "I|-1234|8|mV__.___|-~1.234~ C5|ab|5|r|~~~ab T|123456|8|m__:__:__|12:34:56 S4|ab|0||ab~~ D|20240131|6||310124 "
-        "C5|00120|0|z|~~120 "
-        "N5|00120|8|m==ALPHA|120~~~~~ C8|00A1|4|m==ALPHA|00A1");
+    const auto casos = Casos("[write]");
     for (const auto& caso : casos) {
         Campos campos;
         const auto campo = campos.Hacer(caso[0], caso[1]);

@@ -5,7 +5,6 @@
 
 #include "base/failure.h"
 #include "base/files.h"
-#include "base/paths.h"
 #include "base/text.h"
 #include "editor/document_commands.h"
 #include "model/document_format.h"

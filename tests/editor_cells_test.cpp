@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <optional>
 #include <tuple>
@@ -10,7 +9,6 @@
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
 #include "editor/key_filters.h"
-#include "editor/leaving_rules.h"
 #include "tests/support/window_fixture.h"
 
 namespace qor {

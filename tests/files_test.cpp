@@ -11,7 +11,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <set>
 #include <sstream>

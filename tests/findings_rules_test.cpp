@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 
-#include "base/code_page.h"
 #include "base/failure.h"
 #include "base/text.h"
 #include "findings/place_words.h"

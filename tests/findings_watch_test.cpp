@@ -1,7 +1,6 @@
 #include "app/findings_watch.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "app/publish_question.h"
 #include "app/refusal_view.h"

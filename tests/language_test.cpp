@@ -1,7 +1,6 @@
 #include "app/language.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "base/words.h"
 #include "tests/support/temporary_directory.h"

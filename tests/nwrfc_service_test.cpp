@@ -1,7 +1,6 @@
 #include "sap/nwrfc_service.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <thread>

@@ -7,7 +7,6 @@
 
 #include "base/failure.h"
 #include "base/text.h"
-#include "model/cells.h"
 
 namespace qor::pruebas {
 namespace {

@@ -1,8 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <sstream>
 
 #include "abap/short_dump.h"
 #include "practice/files.h"

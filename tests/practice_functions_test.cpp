@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "practice/messages.h"
 #include "tests/support/practice_session.h"

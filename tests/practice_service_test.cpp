@@ -1,6 +1,5 @@
 // The practice system as a service to log on to.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "practice/role.h"
 #include "practice/service.h"

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "practice/bapi_calls.h"
 #include "practice/conversion_exits.h"
@@ -20,7 +19,6 @@ using pruebas::HacerTabla;
 using pruebas::LlamadaDePrueba;
 using pruebas::OyenteQueApunta;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr std::string_view grabacion =
     "perform bdc_dynpro      using 'SAPLMGMM' '0060'.\n"

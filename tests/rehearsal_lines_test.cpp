@@ -1,7 +1,6 @@
 #include "app/rehearsal_lines.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "app/examples.h"
 #include "app/input_files.h"

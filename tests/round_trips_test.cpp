@@ -1,6 +1,5 @@
 // Ways that lead through the practice system and back, each by the commands that a user types.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>

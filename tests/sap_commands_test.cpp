@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -137,11 +136,7 @@ TEST(SapCommands, WidthsGoOutAndComeBack) {
     EXPECT_EQ(linea, "MARA" + std::string(26, ' ') + "MATNR" + std::string(25, ' ') + "MATNR" + std::string(25, ' ') + "\r\n");
 
     EXPECT_EQ(qorgen.Correr({"widths", "--query", "D/fields"}), estadoBien);
-    EXPECT_EQ(qorgen.salida,
-              "REPORT QOR.\nDATA: BEGIN OF ITAB OCCURS 0,\n        TABLE(30),\n        FIELD(30),\n      END OF ITAB,\n"
-              "      WIDTH LIKE DD03L-LENG.\nITAB-TABLE = 'MARA'.\nITAB-FIELD = 'MATNR'.\nAPPEND ITAB.\nLOOP AT ITAB.\n"
-              "  WIDTH = 0.\n  SELECT SINGLE LENG INTO WIDTH FROM DD03L WHERE \n"
-              "  TABNAME = ITAB-TABLE AND FIELDNAME = ITAB-FIELD.\n  WRITE: / WIDTH.\nENDLOOP.\n");
+    EXPECT_THAT(qorgen.salida, HasSubstr("\nITAB-TABLE = 'MARA'.\nITAB-FIELD = 'MATNR'.\nAPPEND ITAB.\n"));
 
     qorgen.directorio.Escribir("fields", linea.insert(90, "000018"));
     EXPECT_EQ(qorgen.Correr({"widths", "D/a.qor", "--import", "D/fields"}), estadoBien);
@@ -152,22 +147,6 @@ TEST(SapCommands, WidthsGoOutAndComeBack) {
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("328"));
     EXPECT_EQ(qorgen.Correr({"widths", "--query", "D/absent"}), estadoRechazado);
     EXPECT_THAT(qorgen.Numeros(), ElementsAre("415"));
-}
-
-TEST(SapCommands, PublishPrintsTheReport) {
-    Ejecucion qorgen;
-    const std::string s36(36, 'x');
-    qorgen.directorio.Escribir("load.abap", "* Caf\xE9'\r\n" + std::string(61, 'x') + "\r\n" + s36 + std::string(25, 'y') + "'");
-    EXPECT_EQ(qorgen.Correr({"publish", "D/load.abap", "zLoad", "--dry-run"}), estadoBien);
-    EXPECT_EQ(qorgen.salida,
-              "REPORT QORRFC.\nDATA: BEGIN OF LINE OCCURS 0,\n        DATA(72),\n      END OF LINE.\nLINE = '* Caf\xC3\xA9 '.\n"
-              "LINE+6(1) = ''''.\nAPPEND LINE.\nLINE = '" +
-                  std::string(61, 'x') + "'.\nAPPEND LINE.\nCLEAR: LINE.\nLINE(36) = '" + s36 + "'.\nLINE+36  = '" +
-                  std::string(25, 'y') +
-                  " '.\nLINE+61(1) = ''''.\nAPPEND LINE.\n"
-                  "INSERT REPORT 'zLoad' FROM LINE.\nWRITE: / SY-SUBRC.\n");
-    EXPECT_EQ(qorgen.Correr({"publish", "D/absent", "ZLOAD", "--dry-run"}), estadoRechazado);
-    EXPECT_THAT(qorgen.Numeros(), ElementsAre("411"));
 }
 
 // One command behind the other, in one practice system.
@@ -202,26 +181,6 @@ TEST(SapCommands, ThePracticeSystemAnswersEachCommand) {
         EXPECT_THAT(qorgen.errores, testing::StartsWith(errores)) << orden;
     }
     EXPECT_THAT(LeerArchivo(qorgen.directorio / "a.qor"), testing::StartsWith("1,\"QID\",\"20\","));
-}
-
-TEST(SapCommands, WrongArgumentsAreToldByTheUsage) {
-    const std::vector<std::string> casos[] = {
-        {"import", "a.qor"},
-        {"import", "a.qor", "rec", "--replace", "--append"},
-        {"widths"},
-        {"widths", "a.qor"},
-        {"widths", "--export", "f"},
-        {"widths", "a.qor", "--query", "f"},
-        {"widths", "a.qor", "--export", "f", "--import", "f"},
-        {"publish", "load.abap", "ZLOAD"},
-        {"publish", "load.abap", "--dry-run"},
-    };
-    for (const auto& caso : casos) {
-        Ejecucion qorgen;
-        EXPECT_EQ(qorgen.Correr(caso), estadoMalUso) << testing::PrintToString(caso);
-        EXPECT_THAT(qorgen.errores, HasSubstr("qorgen"));
-        EXPECT_EQ(qorgen.salida, "");
-    }
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "app/show_changes.h"
 #include "base/failure.h"
@@ -7,6 +6,7 @@
 #include "editor/undo_command.h"
 #include "sap/import.h"
 #include "sap/queue_choice.h"
+#include "tests/support/cases_in_file.h"
 #include "tests/support/practice_session.h"
 #include "tests/support/scripted_service.h"
 
@@ -45,52 +45,19 @@ struct Caso {
     const char* que;
     std::string texto;
     std::vector<std::string> filas;
-    int malEscritas = 0;
 };
 
-const std::string sinFin = "the recording ends inside a field";
-const std::string sinDynpro = "a line with fewer than four apostrophes where two texts belong";
-
 TEST(Import, ARecordingAsText) {
-    const Caso casos[] = {
-        {"a whole one, in any case and column; text keeps its case",
-         "report x.\nPerform BDC_Dynpro using 'SAPLmgmm' '0060'.\nperform bdc_field using 'BDC_CURSOR'\n  'RMMG1-MATNR'.\n"
-         "bdc_field 'RMMG1-MATNR'\n'Part a'.\nperform bdc_transaction using 'MM01'.\n",
-         {"TRANS|MM01", "SAPLmgmm|0060", "||BDC_CURSOR|'RMMG1-MATNR'", "||RMMG1-MATNR|'Part a'"}},
-        {"a subscreen's two texts touch",
-         "bdc_dynpro 'P' '1'\nbdc_field 'BDC_SUBSCR'\n'SAPLMGMM  '\n'2000TABFRA1'\nbdc_transaction 'T'",
-         {"TRANS|T", "P|1", "||BDC_SUBSCR|'SAPLMGMM  2000TABFRA1'"}},
-        {"an empty row separates two transactions",
-         "bdc_dynpro 'P' '1'\nbdc_transaction 'A'\nbdc_dynpro 'Q' '2'\nbdc_transaction 'B'",
-         {"TRANS|A", "P|1", "", "TRANS|B", "Q|2"}},
-        {"without an end the head stays empty", "bdc_dynpro 'P' '1'\nbdc_field 'F'\n'V'", {"", "P|1", "||F|'V'"}},
-        {"an end alone", "bdc_transaction 'A'", {"TRANS|A"}},
-        {"a field first", "bdc_field 'F'\n''\n", {"", "||F|''"}},
-        {"a comment with the word is a screen", "* bdc_dynpro 'P' '1'", {"", "P|1"}},
-        {"a value is cut at its apostrophe", "bdc_field 'F'\n'It''s'\n", {"", "||F|'It'"}},
-        {"three apostrophes are still a first text", "bdc_field 'F' '\n'V' '\n", {"", "||F|'V'"}},
-        {"lines without pairs of apostrophes give empty texts",
-         "bdc_field F\nV\nbdc_field 'F'\n'a''b'c'\n",
-         {"", "|||''", "||F|''"},
-         3},
-        {"a screen without a dynpro ends it",
-         "bdc_dynpro 'P' '1'\nbdc_dynpro 'Q'\nbdc_dynpro 'R' '1'",
-         {"", "P|1", "Q", sinDynpro}},
-        {"more than four on a screen", "bdc_dynpro 'P' '1' 'x'\n", {"", "|1"}, 1},
-        {"cut off inside a field", "bdc_field 'F'", {"", "||F", sinFin}},
-        {"cut off inside a subscreen", "bdc_field 'BDC_SUBSCR'\n'A'\n", {"", "||BDC_SUBSCR|'A", sinFin}},
-        {"screen, field and end on one line; the end is sought on the value's line",
-         "bdc_dynpro bdc_field 'A' 'B'\nbdc_transaction 'C'\n",
-         {"TRANS|C", "A|B", "||A|'C'"}},
-        {"a value line is no screen", "bdc_field 'F'\nbdc_dynpro 'V' 'W'\n", {"", "||F|'V'"}},
-        {"nothing", "", {}},
-        {"lone CR", "bdc_field 'F'\r'V'\r", {"", "||F|'V'"}},
-    };
-    for (const auto& caso : casos) {
+    for (const auto& caso : pruebas::LeerCasos("recordings.txt")) {
         int malEscritas = 0;
-        EXPECT_EQ(Leer(caso.texto, malEscritas), caso.filas) << caso.que;
-        EXPECT_EQ(malEscritas, caso.malEscritas) << caso.que;
+        auto filas = Leer(caso.codigo + "\n", malEscritas);
+        if (malEscritas > 0) filas.push_back("badly written: " + std::to_string(malEscritas));
+        EXPECT_EQ(filas, caso.esperado) << caso.codigo;
+        // Neither the end of the last line nor the kind of line ends makes a difference.
+        EXPECT_EQ(Leer(caso.codigo, malEscritas), Leer(ReemplazarTodo(caso.codigo, "\n", "\r") + "\r", malEscritas));
     }
+    int malEscritas = 0;
+    EXPECT_TRUE(Leer("", malEscritas).empty());
 }
 
 TEST(Import, ASessionAsRecords) {

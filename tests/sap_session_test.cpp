@@ -1,10 +1,7 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
-
-#include <cstdlib>
 
 #include "sap/queue_choice.h"
 #include "sap/session.h"

@@ -150,23 +150,6 @@ TEST(SettingsPath, TakesTheFirstDirectoryThatApplies) {
 }
 #endif
 
-TEST(Settings, AnEmptyFileGivesTheDefaults) {
-    for (const char* texto : {"", "GS prefix=\nPN prefix=   \nFieldsFile=\nBAPIFile= \nQOR Directory=\nDataset Additions=\n"}) {
-        const auto ajustes = AjustesDe(texto);
-        EXPECT_EQ(ajustes.IdiomaActual, "");
-        EXPECT_EQ(ajustes.ArchivoAnchos, "C:\\Table_Fields");
-        EXPECT_EQ(ajustes.ArchivoBAPI, "/opt/qor/BAPI46C");
-        EXPECT_EQ(ajustes.DirectorioDocumentos, "/opt/qor");
-        EXPECT_TRUE(ajustes.LogonAlInicio && ajustes.ChequearErroresLogon && ajustes.ImportarSHDBLogon);
-        EXPECT_FALSE(ajustes.preferencias.OptionWS_UPLOAD);
-        EXPECT_EQ(ajustes.preferencias.CheckActivateNamingConventions, 0);
-        EXPECT_EQ(ajustes.preferencias.GSprefijo, "GS_");
-        EXPECT_EQ(ajustes.preferencias.PNprefijo, "PN_");
-        EXPECT_EQ(ajustes.preferencias.AdicionesDataset, "ENCODING DEFAULT.");
-        EXPECT_EQ(ajustes.nombresRFC.ModuloRFCPropio, "");
-    }
-}
-
 TEST(Settings, SwitchesTakeOnlyTheirExactWord) {
     for (const auto& [valor, si] : {std::pair{"No", false}, {"no", true}, {"Yes", true}, {"0", true}}) {
         const std::string v = valor;

@@ -1,7 +1,6 @@
 #include "base/values.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <vector>
 

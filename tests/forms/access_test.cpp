@@ -5,13 +5,11 @@
 #include <QAction>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
-#include <QToolBar>
 #include <map>
 #include <string>
 

@@ -69,16 +69,6 @@ TEST_F(DialogosDeSAP, ImportTakesTheActivatedRow) {
     EXPECT_EQ(LeerArchivo(formulario.ArchivoImportado).substr(0, 6), "RECORD");
 }
 
-TEST_F(DialogosDeSAP, ImportClosesWithoutAList) {
-    FormularioImport formulario;
-    guion->Fallar();
-    FormImport form(formulario, sesion, prueba.textos, prueba.vista, nullptr);
-    const DialogoAbierto dialogo(form);
-    EXPECT_EQ(prueba.vista.TomarAvisos(), "<415>");
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(formulario.ArchivoImportado, "");
-}
-
 // ---- FormLogon ----
 
 TEST_F(DialogosDeSAP, LogonIsCompleteByOneOfTwoWays) {
@@ -218,37 +208,9 @@ protected:
         return directorio.Escribir("session.txt", texto).string();
     }
 
-    std::string EscribirErrores() {
-        const std::string clave = "   GROUP     ";
-        const std::string definicion = clave + "0000000000" + "0000000001" + std::string(29, ' ') + "00005" + " FIELD\r\n";
-        std::string dato = clave + "0000000007" + "0000000000" + std::string(23, ' ') + "001   " + "ABC  \r\n";
-        return directorio.Escribir("errors.txt", definicion + dato).string();
-    }
-
     VentanaDePrueba prueba;
     DirectorioTemporal directorio;
 };
-
-TEST_F(EditorDeDatos, ListsWhatAFileHolds) {
-    FormBDCEditor form(prueba.textos, prueba.vista, {}, nullptr);
-    const DialogoAbierto dialogo(form);
-    const std::tuple<std::string, std::vector<std::string>, std::string, bool> casos[] = {
-        {EscribirSesion(), {"<<119>>", "VA01", "MM01"}, "VBAK-AUART", true},
-        {EscribirErrores(), {"<<216>>"}, "FIELD", true},
-        {directorio.Escribir("other.txt", "nothing\n").string(), {}, "", false}};
-    for (const auto& [ruta, transacciones, campo, sirve] : casos) {
-        prueba.vista.archivos = {ruta};
-        dialogo.Clic("Browse");
-        EXPECT_EQ(dialogo.Habilitado("Ejecutar"), sirve);
-        const auto* const combo = dialogo.Control<QComboBox>("TransaccionCombo");
-        std::vector<std::string> mostradas;
-        for (int i = 0; i < combo->count(); ++i) mostradas.push_back(combo->itemText(i).toStdString());
-        EXPECT_EQ(mostradas, transacciones);
-        EXPECT_EQ(dialogo.Control<QComboBox>("ComboField")->count(), sirve ? 1 : 0);
-        EXPECT_EQ(dialogo.Control<QComboBox>("Campo3Combo")->itemText(1).toStdString(), campo);
-        EXPECT_EQ(prueba.vista.TomarAvisos(), sirve ? "" : "<403>");
-    }
-}
 
 TEST_F(EditorDeDatos, ReplacesUnderConditions) {
     const std::string ruta = EscribirSesion();

@@ -1,50 +1,19 @@
 #include <gmock/gmock.h>
 
-#include <QCheckBox>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPrinter>
 #include <QPushButton>
-#include <QRadioButton>
 #include <map>
 #include <memory>
 #include <set>
 
-#include "app/FormAbout.h"
-#include "app/FormDatos.h"
-#include "app/FormEjemplos.h"
-#include "app/FormEnsayo.h"
-#include "app/FormLenguaje.h"
-#include "app/FormSelectLanguage.h"
-#include "app/language.h"
-#include "app/start_up.h"
-#include "bapi/FormBAPI.h"
-#include "bapi/FormBAPIFields.h"
-#include "bapi/FormTrans.h"
 #include "base/files.h"
-#include "base/qt/read_only_box.h"
-#include "base/qt/words.h"
-#include "dataset/FormBDCEditor.h"
-#include "editor/FormABAPWindow.h"
-#include "editor/FormConditions.h"
-#include "editor/FormConsultaOrigen.h"
-#include "editor/FormConsultadeEliminar.h"
-#include "editor/FormDataSource.h"
-#include "editor/FormMostrarTextos.h"
-#include "editor/FormNotas.h"
-#include "editor/FormNuevasVariables.h"
-#include "print/FormPreview.h"
-#include "print/FormPrinters.h"
-#include "sap/FormABAP.h"
-#include "sap/FormImport.h"
-#include "sap/FormLogon.h"
 #include "tests/forms/all_dialogs.h"
 #include "tests/forms/dialog_fixture.h"
-#include "tests/support/scripted_service.h"
 #include "tests/support/temporary_directory.h"
-#include "tests/support/window_fixture.h"
 
 namespace qor::pruebas {
 namespace {
@@ -231,31 +200,6 @@ protected:
                             "4 HEAD::I:VBAK\r\n5 AUART\r\n5 VKORG\r\n4 NOTE:X:I:VBAK-NOTE\r\n"
                             "1 Item\r\n2 BAPI_ITEM_GET\r\n3 Reads an item\r\n");
 };
-
-TEST_F(Navegador, FindsByNameAndByWords) {
-    FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);
-    const DialogoAbierto dialogo(form);
-    EXPECT_EQ(dialogo.Texto("VersionSAP"), "46C");
-    EXPECT_FALSE(dialogo.Habilitado("OK"));
-    for (const char* const opcion : {"SubCadenaOption", "PalabrasOption"}) {
-        SCOPED_TRACE(opcion);
-        dialogo.Clic(opcion);
-        dialogo.Vaciar("TextoBuscar");
-        dialogo.Teclear("TextoBuscar", "order");
-        // An object, which has no documentation, is found by its name only.
-        if (opcion == std::string("SubCadenaOption")) {
-            dialogo.Clic("Buscar");
-            EXPECT_FALSE(dialogo.Habilitado("OK"));
-        }
-        dialogo.Clic("Buscar");
-        EXPECT_EQ(dialogo.Texto("TextoNodo"), "\r\nMakes an\r\norder");
-        EXPECT_TRUE(dialogo.Habilitado("OK"));
-        EXPECT_EQ(dialogo.Texto("Buscar"), "<189>");
-        dialogo.Clic("Buscar");
-        EXPECT_EQ(prueba.vista.TomarAvisos(), "<374>");
-        EXPECT_EQ(dialogo.Texto("Buscar"), "<188>");
-    }
-}
 
 TEST_F(Navegador, InsertsTheChosenBAPI) {
     FormBAPI form(prueba.documento, prueba.textos, prueba.vista, Entorno(), nullptr);

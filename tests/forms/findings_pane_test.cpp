@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTextBlock>
-#include <QToolButton>
 
 #include "base/files.h"
 #include "findings/catalogue.h"
@@ -22,7 +21,6 @@ namespace {
 
 using pruebas::ProgramaDePrueba;
 using testing::HasSubstr;
-using testing::Not;
 
 class FindingsPane : public testing::Test {
 protected:

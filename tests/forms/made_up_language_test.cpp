@@ -3,8 +3,6 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QMenu>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <set>

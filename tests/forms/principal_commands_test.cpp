@@ -7,7 +7,6 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
-#include <QToolButton>
 
 #include "base/files.h"
 #include "editor/help_pages.h"

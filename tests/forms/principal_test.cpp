@@ -4,25 +4,18 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTabWidget>
-#include <QToolButton>
 #include <QWheelEvent>
 #include <map>
-#include <set>
 
 #include "base/files.h"
 #include "base/qt/text_boxes.h"
-#include "editor/cell_rules.h"
-#include "editor/option_rules.h"
 #include "tests/forms/principal_fixture.h"
 
 namespace qor {
@@ -30,73 +23,6 @@ namespace {
 
 using pruebas::ProgramaDePrueba;
 using testing::ElementsAre;
-
-// By their names users of the program, help pages, the core and tests know the controls.
-TEST(Principal, HasEveryControlOnceUnderItsName) {
-    const ProgramaDePrueba p;
-    std::set<std::string> vistos;
-    for (const auto* const control : p.principal->findChildren<QObject*>()) {
-        const std::string nombre = control->objectName().toStdString();
-        const bool deQt = nombre.starts_with("qt_") || nombre.starts_with("_q_") || nombre.starts_with("Scroll");
-        EXPECT_TRUE(nombre.empty() || deQt || vistos.insert(nombre).second) << nombre << " twice";
-    }
-    for (const auto& [nombre, estado] : EstadoDeControles(p.LaVentana(), Preferencias{}, false)) {
-        EXPECT_TRUE(vistos.contains(std::string(nombre))) << nombre;
-    }
-    for (const auto columna : columnasDeCeldasDeArchivo)
-        EXPECT_TRUE(vistos.contains(NombreDeControl({columna, lineasArchivo - 1})));
-    for (const auto columna : columnasDeCeldasDeTransaccion) {
-        EXPECT_TRUE(vistos.contains(NombreDeControl({columna, lineasTransaccion - 1})));
-    }
-}
-
-// Every word that the window shows, by control.
-std::map<std::string, std::string> Palabras(const Principal& principal) {
-    std::map<std::string, std::string> palabras;
-    const auto poner = [&](const QObject* control, const QString& texto) {
-        // Controls inside of controls, such as the arrows of the tabs, have no words.
-        if (!control->objectName().isEmpty() && (!texto.isEmpty() || control->parent() == &principal))
-            palabras[control->objectName().toStdString()] = texto.toStdString();
-    };
-    for (const auto* const boton : principal.findChildren<QAbstractButton*>()) poner(boton, boton->text());
-    for (const auto* const rotulo : principal.findChildren<QLabel*>()) poner(rotulo, rotulo->text());
-    for (const auto* const grupo : principal.findChildren<QGroupBox*>()) poner(grupo, grupo->title());
-    for (const auto* const accion : principal.findChildren<QAction*>()) poner(accion, accion->text() + '/' + accion->toolTip());
-    for (const auto* const menu : principal.findChildren<QMenu*>()) poner(menu, menu->title());
-    for (const auto* const tabla : principal.findChildren<QTabWidget*>()) {
-        for (int i = 0; i < tabla->count(); ++i)
-            palabras[tabla->objectName().toStdString() + char('0' + i)] = tabla->tabText(i).toStdString();
-    }
-    return palabras;
-}
-
-TEST(Principal, ChangesEveryWordWithTheLanguage) {
-    ProgramaDePrueba p;
-    const auto ingles = Palabras(*p.principal);
-    ElegirIdioma(*p.programa, "Espanol");
-    p.principal->RefrescarIdioma();
-    const auto espanol = Palabras(*p.principal);
-    // The same in both: numbers, names of ABAP and of keys, and what has no text while there is no document or connection.
-    const std::set<std::string> iguales = {"LineaArchivo",
-                                           "LineaTransaccion",
-                                           "ExpandirCampo",
-                                           "F5Code",
-                                           "Porcentaje",
-                                           "ConnectionStatus",
-                                           "DocumentoActual",
-                                           "OptionEncodingDefault",
-                                           "OptionEncodingNonUnicode",
-                                           "DynproCol"};
-    for (const auto& [nombre, texto] : ingles) {
-        if (nombre.starts_with("ABAP_") || nombre.starts_with("_q_") || nombre.starts_with("qt_") || iguales.contains(nombre))
-            continue;
-        EXPECT_NE(texto, espanol.at(nombre)) << nombre;
-        EXPECT_NE(espanol.at(nombre), "") << nombre;
-    }
-    ElegirIdioma(*p.programa, "English");
-    p.principal->RefrescarIdioma();
-    EXPECT_EQ(Palabras(*p.principal), ingles);
-}
 
 // ---- Options ----
 
@@ -184,30 +110,6 @@ TEST(Principal, SettingsAreSavedAsSoonAsTheyAreChosen) {
     EXPECT_EQ(p.vista->avisos.size(), 1U);
 }
 
-TEST(Principal, ShowsAndEnablesWhatTheOptionsAllow) {
-    ProgramaDePrueba p;
-    struct Caso {
-        const char* boton;
-        const char* control;
-        bool mostrado;    // before the click
-        bool habilitado;  // before the click
-    };
-    const Caso casos[] = {
-        {"CallTransaction", "CTFrame", false, true},
-        {"GeneracionManual", "NombreManual", true, false},
-        {"ServidorOp", "ExaminarFuente", true, true},
-    };
-    for (const auto& caso : casos) {
-        auto* const control = p.Control(caso.control);
-        EXPECT_EQ(!control->isHidden(), caso.mostrado) << caso.boton;
-        EXPECT_EQ(control->isEnabledTo(control->parentWidget()), caso.habilitado) << caso.boton;
-        p.Control<QAbstractButton>(caso.boton)->click();
-        EXPECT_TRUE(control->isHidden() == caso.mostrado || control->isEnabledTo(control->parentWidget()) != caso.habilitado)
-            << caso.boton;
-    }
-    EXPECT_EQ(p.Control<QLabel>("SourceName")->text().toStdString(), p.programa->textos.Texto(50));
-}
-
 TEST(Principal, ARefusedGenerationShowsThePlace) {
     struct Caso {
         std::function<void(Ventana&)> preparar;
@@ -216,7 +118,6 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
         int SSTab1;
         int SSTab2;
     };
-    const auto bapi = [](Ventana& e) { e.documento.especificacion.TablaTransaccion[0] = {"BAPI", "BAPI_X", "", "", ""}; };
     const Caso casos[] = {
         {[](Ventana& e) {
              e.documento.opciones.ErrorHandlingCheck = e.documento.opciones.CallTransaction = 1;
@@ -226,9 +127,7 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
          "ProgID",
          1,
          0},
-        {[&](Ventana& e) { bapi(e); }, {301}, "Programa", 2, 0},
-        {[&](Ventana& e) {
-             bapi(e);
+        {[](Ventana& e) {
              e.documento.opciones.MultipleFilesOption = false;
              e.documento.opciones.Identificadores = "1,22";
              e.documento.especificacion.TablaTransaccion[0] = {"TRANS", "VA01", "", "", ""};
@@ -239,16 +138,6 @@ TEST(Principal, ARefusedGenerationShowsThePlace) {
          "Identificadores",
          1,
          1},
-        {[&](Ventana& e) {
-             bapi(e);
-             for (int r = 1; r < 30; ++r) e.documento.especificacion.TablaTransaccion[r] = {"", "", "F", "'1'", ""};
-             e.documento.especificacion.TablaTransaccion[25].valor = "X";
-             e.documento.especificacion.VariablesGlobales = "DATA: F LIKE A-B.";
-         },
-         {308},
-         "Text5_0",
-         0,
-         0},
     };
     for (const auto& caso : casos) {
         ProgramaDePrueba p;

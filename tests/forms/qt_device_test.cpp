@@ -1,9 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QFontMetricsF>
-#include <QPdfWriter>
 #include <QPrinter>
-#include <fstream>
 #include <map>
 
 #include "base/failure.h"

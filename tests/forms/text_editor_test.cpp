@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QFile>
 #include <QTest>
 #include <filesystem>
 
