@@ -130,6 +130,7 @@ void Principal::CrearPaginas() {
          std::initializer_list<QWidget*>{rejillas_, opciones_, herramientas_, new PaginaDeDocumentacion(entorno)}) {
         SSTab1_->addTab(new PaginaDesplazable(pagina), {});
     }
+    SSTab1_->PonerTeclas();
     // The state is that of the strip before a cell loses the focus with its page, and shows everything anew.
     connect(SSTab1_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab1 = pagina; });
     connect(SSTab2_, &Pestanas::Elegida, this, [this](int pagina) { ventana_.SSTab2 = pagina; });

@@ -165,6 +165,7 @@ private:
     void AbrirReciente(const std::filesystem::path& documento);
     // Opens a document; the next one is looked for in its directory.
     void Abrir(const std::filesystem::path& documento);
+    void MostrarElComienzo();
     bool RecibirSoltado(QEvent& evento);
     void RecibirArchivo(const std::filesystem::path& archivo);
     void ImportarArchivo(const std::filesystem::path& archivo);

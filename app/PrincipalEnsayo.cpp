@@ -106,7 +106,9 @@ void Principal::AbrirCopia(const EjemploIncluido& ejemplo) {
     }
     switch (ejemplo.clase) {
         case EjemploIncluido::Clase::Documento:
-            if (OpenOption(ventana_, archivo)) OfrecerConvenciones(archivo.parent_path());
+            if (!OpenOption(ventana_, archivo)) break;
+            MostrarElComienzo();
+            OfrecerConvenciones(archivo.parent_path());
             break;
         case EjemploIncluido::Clase::JuegoDeDatos: ClicEditorBDC(archivo); break;
         case EjemploIncluido::Clase::Grabacion: ImportarArchivo(archivo); break;

@@ -14,8 +14,10 @@
 #include "app/pages/controls.h"
 #include "app/pages/start_page.h"
 #include "app/qt/recent_documents.h"
+#include "app/qt/tabs.h"
 #include "app/show_changes.h"
 #include "base/failure.h"
+#include "base/qt/scroll_page.h"
 #include "base/qt/text.h"
 #include "base/qt/words.h"
 #include "base/words.h"
@@ -127,7 +129,15 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
 }
 
 void Principal::Abrir(const std::filesystem::path& documento) {
-    if (OpenOption(ventana_, documento)) RecordarDirectorio(programa_, abierto_);
+    if (!OpenOption(ventana_, documento)) return;
+    RecordarDirectorio(programa_, abierto_);
+    MostrarElComienzo();
+}
+
+// Of another specification: the head of the grids, and the first cell.
+void Principal::MostrarElComienzo() {
+    static_cast<PaginaDesplazable*>(SSTab1_->widget(0))->verticalScrollBar()->setValue(0);
+    controles_.Buscar<QWidget>("Text1_0")->setFocus(Qt::OtherFocusReason);
 }
 
 // ---- Files that are dropped ----

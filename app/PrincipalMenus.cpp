@@ -63,6 +63,7 @@ void Principal::CrearMenuDeArchivo() {
         if (!NewOption(ventana_)) return;
         programa_.generador.escrito.reset();
         OcultarInicio();
+        MostrarElComienzo();
     });
     auto* const abrir = NuevaAccion("OpenOption", archivo, [this] { ElegirYAbrir(); });
     CrearMenuDeRecientes(archivo);

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QTabBar>
 
 namespace qor {
@@ -23,6 +24,16 @@ Pestanas::Pestanas(QWidget* padre) : QTabWidget(padre) {
     connect(barra, &QTabBar::currentChanged, this, &Pestanas::Elegida);
     barra->installEventFilter(this);
     setTabBar(barra);
+}
+
+void Pestanas::PonerTeclas() {
+    for (int pagina = 0; pagina < count(); ++pagina) {
+        const QKeySequence tecla(static_cast<int>(Qt::CTRL) | (Qt::Key_1 + pagina));
+        connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, pagina] {
+            if (pagina != currentIndex() && Admite()) setCurrentIndex(pagina);
+        });
+        setTabToolTip(pagina, tecla.toString(QKeySequence::NativeText));
+    }
 }
 
 bool Pestanas::eventFilter(QObject* objeto, QEvent* evento) {

@@ -14,6 +14,9 @@ public:
     // Asked before a user's click, key or wheel changes the page. False keeps the page.
     void PonerPermiso(std::function<bool()> permiso) { permiso_ = std::move(permiso); }
 
+    // Keys for the pages that are there: Ctrl+1 for the first one. Their tool tips tell them.
+    void PonerTeclas();
+
 signals:
     // The strip has changed; the page of before is still there and has the focus. `currentChanged` comes when the new one is shown.
     void Elegida(int pagina);
