@@ -40,9 +40,12 @@ QAction* Principal::NuevaAccion(const char* nombre, QMenu* menu, const std::func
     return nueva;
 }
 
-// An entry for a key of the grids, on the cell that has the keyboard.
+// An entry for a key of the grids, on the cell that has the keyboard, which the command has left, and the rows marked around it.
 void Principal::TeclaDelMenu(Tecla tecla) {
-    if (const auto* const celda = CeldaActual()) TeclaEnCelda(ventana_, celda->Lugar(), tecla);
+    const auto* const celda = CeldaActual();
+    if (celda == nullptr) return;
+    EntrarEnMarcada(ventana_, celda->Lugar());
+    TeclaEnCelda(ventana_, celda->Lugar(), tecla);
 }
 
 QMenu* Principal::NuevoMenu(const char* nombre) {
@@ -60,8 +63,8 @@ void Principal::CrearMenus() {
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] {
-        if (!NewOption(ventana_)) return;
         programa_.generador.escrito.reset();
+        if (!NewOption(ventana_)) return;
         OcultarInicio();
         MostrarElComienzo();
     });
@@ -250,8 +253,15 @@ void Principal::MenuDeCelda(LugarDeCelda lugar, const QPoint& punto) {
         deArchivo ? Nombres{"NoteOption", "CodeOption"} : Nombres{"NoteOption", "ConditionOption", "GoToFieldOption"}};
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("MenuDeCelda"));
+    QString usadas;
     for (const auto& grupo : grupos) {
-        for (const char* const nombre : grupo) menu.addAction(controles_.Buscar<QAction>(nombre));
+        for (const char* const nombre : grupo) {
+            auto* const accion = controles_.Buscar<QAction>(nombre);
+            const QString tecla = accion->shortcut().toString(QKeySequence::NativeText);
+            auto* const aqui = menu.addAction(ConLetraLibre(SinLetra(accion->text()), usadas) + QLatin1Char('\t') + tecla);
+            aqui->setEnabled(accion->isEnabled());
+            connect(aqui, &QAction::triggered, accion, &QAction::trigger);
+        }
         menu.addSeparator();
     }
     menu.exec(punto);
@@ -280,6 +290,7 @@ void Principal::CrearOtrosMenus() {
 }
 
 void Principal::ElegirYAbrir() {
+    programa_.generador.escrito.reset();
     if (!DejarDocumento(ventana_)) return;
     const auto ruta = vista_->ElegirParaAbrir({ClaseDeArchivo::Documento, filtroDeDocumentos});
     if (ruta) Abrir(*ruta);

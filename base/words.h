@@ -594,6 +594,7 @@ inline constexpr int NoSePudoEscribirElPrograma = 1628;
 inline constexpr int ElArchivoYaExiste = 1629;
 inline constexpr int NoHayNadaQueImportar = 1630;
 inline constexpr int NoSePuedeTrabajarConLaEspecificacion = 1631;
+inline constexpr int SignoDeMarcas = 1632;
 
 // Main form: its menus Connection and Help
 inline constexpr int QueEsEsto = 1700;

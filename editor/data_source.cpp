@@ -1,5 +1,7 @@
 #include "editor/data_source.h"
 
+#include "base/failure.h"
+
 namespace qor {
 
 namespace {
@@ -83,9 +85,13 @@ std::string TextoDePreview(Ventana& ventana, const Preferencias& preferencias) {
 std::string EstructurasDe(const Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos) {
     VistaCallada vista;
     Opciones opciones = documento.opciones;  // a run changes its own
-    return ImprimirEstructuras({documento.especificacion, opciones, preferencias, textos, vista, documento.RutaDocumento(),
-                                documento.NombreDocumento()})
-        .texto;
+    try {
+        return ImprimirEstructuras({documento.especificacion, opciones, preferencias, textos, vista, documento.RutaDocumento(),
+                                    documento.NombreDocumento()})
+            .texto;
+    } catch (const FalloDeEjecucion&) {
+        return {};  // a document can hold what no rule of the editor lets in; the findings tell of it
+    }
 }
 
 }  // namespace qor

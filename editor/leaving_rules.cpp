@@ -59,13 +59,12 @@ void ReglaDeVariable(Ventana& ventana, int linea, std::string_view texto) {
     DeclararParametro(ventana, parametro, TextoDe(ventana, {Columna::Campo, linea}));
 }
 
-// Adds the field behind the last one of the file side, and shows it.
+// Adds the field in the first row of the file side without a name, and shows it.
 void Autofill(Ventana& ventana, const std::string& campo) {
     auto& tabla = ventana.documento.especificacion.TablaArchivo;
     const int r = ventana.documento.especificacion.FilasArchivo();
-    for (int f = 0; f < r; ++f) {
-        if (IgualesSinCaja(Recortar(tabla[f].campo), campo)) return;
-    }
+    const auto esEse = [&](const FilaDeArchivo& fila) { return IgualesSinCaja(Recortar(fila.campo), campo); };
+    if (std::any_of(tabla.begin(), tabla.end(), esEse)) return;
     if (r > ultimaFila) return;  // the file side is full
     const int linea = std::min(r, lineasArchivo - 1);
     ventana.documento.GuardarDeshacer({RegistroDeshacer::Paso::Cambio, linea, r - linea, tabla[r]});

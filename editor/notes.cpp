@@ -7,6 +7,7 @@
 #include "base/chosen_path.h"
 #include "base/key_filters.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/grids.h"
 #include "model/cells.h"
 #include "model/one_file.h"
@@ -98,6 +99,13 @@ bool FaltanDatosDeStep(Ventana& ventana, const DialogoDeNotas& dialogo) {
     if (dialogo.VerFilas() && EstaEnBlanco(dialogo.Filas)) {
         ventana.vista.Advertir(Componer(ventana.textos, {352}));
         ventana.vista.Enfocar("Filas");
+        return true;
+    }
+    for (const auto& [texto, control] :
+         {std::pair(&dialogo.NombreArchivo, "NombreArchivo"), {&dialogo.Descripcion, "Descripcion"}}) {
+        if (texto->find('!') == std::string::npos) continue;
+        ventana.vista.Advertir(MensajeDePalabra(ventana.textos, palabra::SignoDeMarcas));
+        ventana.vista.Enfocar(control);
         return true;
     }
     const auto& campos = dialogo.ListaCampos;

@@ -17,7 +17,7 @@ struct EstadoDelGenerador {
     bool ProgramaTemporal = false;                        // that file is to be deleted later
     std::set<std::filesystem::path> rutasAceptadas = {};  // outside of their documents' directories, links resolved
     // What the last run has put there, for the document of that path: a run of the same one replaces it without a question as long
-    // as nobody else has touched it. Reset where a new document takes the place of one without a path.
+    // as nobody else has touched it. Reset where another document takes the place of one without a path.
     std::optional<IdentidadDeArchivo> escrito = {};
     std::string deDocumento = {};
 };

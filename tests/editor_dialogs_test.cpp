@@ -8,6 +8,7 @@
 #include "base/files.h"
 #include "base/key_filters.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "editor/conditions.h"
 #include "editor/data_source.h"
 #include "editor/definitions.h"
@@ -134,6 +135,24 @@ TEST(Notes, RefusesAHeadWithoutItsData) {
             EXPECT_EQ(p.FilaTransaccion(2), "||F(1)|ONE|old") << caso.que;
         }
     }
+}
+
+// It would part the marks of the note in the wrong places, of which nothing could be made any more.
+TEST(Notes, TakeNoSignOfTheMarksIntoAStepLoop) {
+    VentanaDePrueba p;
+    p.textos.PonerPalabra(palabra::SignoDeMarcas, "No sign");
+    PrepararNotas(p, "F(1)", "old");
+    p.PonerTransaccion(0, "TRANS|T");
+    auto dialogo = AbrirNotas(p.ventana, filaDePrograma);
+    dialogo.Steploop = 1;
+    dialogo.Filas = "9";
+    dialogo.ListaCampos[0].elegido = true;
+    dialogo.Descripcion = "a!8b";
+    EXPECT_FALSE(CerrarNotas(p.ventana, dialogo));
+    EXPECT_EQ(p.vista.TomarAvisos(), "No sign");
+    // A document can hold it all the same.
+    p.documento.especificacion.TablaTransaccion[2].nota = "!8y!1 1!2a.txt!30!4!51!65!7,ONE";
+    EXPECT_EQ(EstructurasDe(p.documento, {}, p.ventana.textos), "");
 }
 
 TEST(Notes, OfAFileRowAreASingleLine) {

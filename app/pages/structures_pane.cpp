@@ -44,6 +44,7 @@ PanelDeEstructuras::PanelDeEstructuras(const Documento& documento, const Prefere
 void PanelDeEstructuras::Encender(bool encendido) {
     encendido_ = encendido;
     leido_.reset();
+    pausa_->stop();
     Seguir();
 }
 

@@ -178,6 +178,8 @@ void CeldaDeRejilla::keyPressEvent(QKeyEvent* evento) {
         Copiar();
     } else if (evento->key() == Qt::Key_Backspace && admiteRetroceso_ && !admiteRetroceso_()) {
         evento->accept();
+    } else if (evento->matches(QKeySequence::DeleteEndOfLine)) {
+        evento->accept();  // the key of the code, where the cell has none
     } else if (!evento->matches(QKeySequence::Redo)) {
         CajaDeLinea::keyPressEvent(evento);
     }

@@ -24,6 +24,18 @@ QString SinLetra(QString rotulo) { return rotulo.remove(QLatin1Char('&')); }
 
 QString ComoRotulo(QString texto) { return texto.replace(QLatin1Char('&'), QLatin1String("&&")); }
 
+QString ConLetraLibre(QString rotulo, QString& usadas) {
+    for (const bool alComienzo : {true, false}) {
+        for (int i = 0; i < rotulo.size(); ++i) {
+            if (!rotulo[i].isLetter() || (alComienzo && i > 0 && rotulo[i - 1] != QLatin1Char(' '))) continue;
+            if (usadas.contains(rotulo[i], Qt::CaseInsensitive)) continue;
+            usadas += rotulo[i];
+            return rotulo.insert(i, QLatin1Char('&'));
+        }
+    }
+    return rotulo;
+}
+
 QString NombreQt(const std::filesystem::path& ruta) { return QFile::decodeName(ruta.c_str()); }
 
 std::filesystem::path RutaDeQt(const QString& ruta) { return QFile::encodeName(ruta).toStdString(); }

@@ -18,6 +18,9 @@ std::string LineasDelModelo(const QString& texto);
 // A caption without the "&" of its letter, and a text as a caption, in which no "&" is the sign of a letter.
 QString SinLetra(QString rotulo);
 QString ComoRotulo(QString texto);
+// A caption with a letter that is not among `usadas`, to which it is added: the first one of a word, else any; as it is where none
+// is left.
+QString ConLetraLibre(QString rotulo, QString& usadas);
 
 // Names of files, in whatever characters the system has them.
 QString NombreQt(const std::filesystem::path& ruta);
