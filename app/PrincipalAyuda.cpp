@@ -4,10 +4,12 @@
 #include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWhatsThis>
 #include <variant>
 
 #include "app/Principal.h"
 #include "app/pages/findings_pane.h"
+#include "app/pages/start_page.h"
 #include "app/qt/help_window.h"
 #include "app/qt/tabs.h"
 #include "base/qt/dialog.h"
@@ -52,6 +54,7 @@ void Principal::AyudaDelControl() {
 }
 
 void Principal::MostrarAyudaDe(const QWidget* control) {
+    if (inicio_->isAncestorOf(control)) control = inicio_;
     for (; control != nullptr && control != this; control = control->parentWidget()) {
         const QByteArray nombre = control->objectName().toLatin1();
         if (const auto pagina = PaginaDe(nombre.toStdString())) return MostrarAyuda(*pagina);
@@ -63,7 +66,10 @@ void Principal::MostrarAyudaDe(const QWidget* control) {
 // The pointer asks whether a control has an answer, and then for it.
 bool Principal::QueEsEsto(const QWidget& control, QEvent& evento) {
     evento.accept();
-    if (evento.type() == QEvent::WhatsThis) MostrarAyudaDe(&control);
+    if (evento.type() == QEvent::WhatsThis) {
+        QWhatsThis::leaveWhatsThisMode();
+        MostrarAyudaDe(&control);
+    }
     return true;
 }
 

@@ -267,7 +267,10 @@ void PonerPalabras(const Controles& controles, const TextosIdioma& textos) {
         codigo->setText(TextoQt(textos.Texto(38)));
         codigo->setToolTip(Palabra(textos, palabra::CodigoDeConversionDelCampo));
     }
-    controles.Buscar<QLineEdit>("TextoBuscado")->setPlaceholderText(Palabra(textos, palabra::TextoABuscar));
+    auto* const buscado = controles.Buscar<QLineEdit>("TextoBuscado");
+    buscado->setPlaceholderText(Palabra(textos, palabra::TextoABuscar));
+    buscado->setAccessibleName(buscado->placeholderText());
+    controles.Buscar<QWidget>("ExpandirCampo")->setAccessibleName(Palabra(textos, palabra::DarMasEspacioALosCampos));
     controles.Buscar<QToolBar>("BarraDeBotones")->setWindowTitle(Palabra(textos, palabra::Herramientas));
     auto* const prioridad = controles.Buscar<QComboBox>("PrioridadCombo");
     prioridad->clear();

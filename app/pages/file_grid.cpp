@@ -8,6 +8,7 @@
 
 #include "app/pages/controls.h"
 #include "app/pages/layout.h"
+#include "base/qt/words.h"
 #include "editor/cell_actions.h"
 #include "editor/cell_rules.h"
 #include "editor/grids.h"
@@ -95,6 +96,9 @@ void PanelDeArchivo::MostrarLineas() {
     const Ventana& ventana = entorno_.ventana;
     MostrarCeldas(ventana, celdas_);
     for (std::size_t i = 0; i < ABAP_.size(); ++i) {
+        const int fila = ventana.archivo.PrimeraFilaArchivo + static_cast<int>(i) + 1;
+        const QString nombre = ABAP_[i]->text() + QStringLiteral(", ") + Palabra(ventana.textos, palabra::FilaNumero).arg(fila);
+        if (ABAP_[i]->accessibleName() != nombre) ABAP_[i]->setAccessibleName(nombre);
         const Color color = ventana.archivo.conversion[i].color;
         QPalette paleta = ABAP_[i]->palette();
         const QColor nuevo = color == Color::Rojo ? ColorDeTexto(color, palette()) : palette().color(QPalette::ButtonText);

@@ -30,7 +30,7 @@ struct Cabecera {
     const char* nombre;
     int letras;
 };
-constexpr Cabecera cabeceras[] = {{"ProgramCol", 7}, {"DynproCol", 7}, {"FieldCol", 12}, {"Col2Name", 12}};
+constexpr Cabecera cabeceras[] = {{"ProgramCol", 7}, {"DynproCol", 9}, {"FieldCol", 12}, {"Col2Name", 12}};
 
 }  // namespace
 

@@ -129,11 +129,12 @@ void CeldaDeRejilla::Sincronizar(const Celda& celda, bool marcada) {
     setFont(letra);
 }
 
-// Undoing is the form's, and not that of a single text box.
+// Undoing is the form's, and not that of a single text box; so is the key of the conditions.
 bool CeldaDeRejilla::event(QEvent* evento) {
     if (evento->type() == QEvent::ShortcutOverride) {
         const auto* const tecla = static_cast<QKeyEvent*>(evento);
-        if (tecla->matches(QKeySequence::Undo) || tecla->matches(QKeySequence::Redo)) return false;
+        const bool deCondiciones = tecla->modifiers() == Qt::ControlModifier && tecla->key() == Qt::Key_E;
+        if (deCondiciones || tecla->matches(QKeySequence::Undo) || tecla->matches(QKeySequence::Redo)) return false;
         if (TeclaDe(*tecla)) {
             evento->accept();
             return true;

@@ -160,6 +160,8 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos) {
     valores_->setPlaceholderText(Palabra(textos_, palabra::LaCarpetaValues));
     valores_->setAccessibleDescription(Palabra(textos_, palabra::CarpetaDeLasListas));
     PonerValores(carpeta);
+    // The boxes can be too narrow for what stands there.
+    for (auto* const caja : {fallos_, parametros_, valores_}) caja->setToolTip(caja->placeholderText());
     rejilla->setRowStretch(fila, 1);
     // The bar takes room beside the rows, and only where there are many of them.
     const int alto = valores_->sizeHint().height() + rejilla->verticalSpacing();
