@@ -493,7 +493,8 @@ void FormEnsayo::LlenarExportar() {
     if (sesiones.empty()) return;
     menuDeExportar_->addSeparator();
     for (std::size_t n = 0; n < sesiones.size(); ++n) {
-        menuDeExportar_->addAction(Palabra(palabra::ElJuegoDeDatos).arg(ComoRotulo(TextoQt(sesiones[n]))), this,
+        const QString letra = (n < 9 ? QStringLiteral("&%1  ") : QStringLiteral("%1  ")).arg(n + 1);
+        menuDeExportar_->addAction(letra + Palabra(palabra::ElJuegoDeDatos).arg(ComoRotulo(TextoQt(sesiones[n]))), this,
                                    [this, n, final = "-" + ComoNombreDeArchivo(sesiones[n]).string() + ".txt"] {
                                        Exportar({ClaseDeArchivo::JuegoDeDatos, filtroDeTextos, {}, Sugerido(final)},
                                                 [this, n](const fs::path& archivo) { ensayo_->ExportarSesion(n, archivo); });

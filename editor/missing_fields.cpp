@@ -13,9 +13,10 @@ namespace qor {
 
 namespace {
 
+// Behind all that stands on the file side, be it a width without a name.
 int FilaTrasLaUltima(const Especificacion& especificacion) {
     int fila = ultimaFila + 1;
-    while (fila > 0 && especificacion.FilaArchivoVacia(fila - 1)) --fila;
+    while (fila > 0 && especificacion.TablaArchivo[static_cast<std::size_t>(fila) - 1] == FilaDeArchivo{}) --fila;
     return fila;
 }
 

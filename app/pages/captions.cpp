@@ -270,6 +270,11 @@ void PonerPalabras(const Controles& controles, const TextosIdioma& textos) {
     auto* const buscado = controles.Buscar<QLineEdit>("TextoBuscado");
     buscado->setPlaceholderText(Palabra(textos, palabra::TextoABuscar));
     buscado->setAccessibleName(buscado->placeholderText());
+    const auto nombrarConOpcion = [&](const char* boton, int opcion) {
+        controles.Buscar<QWidget>(boton)->setAccessibleName(TextoQt(textos.Texto(80)) + QLatin1Char(' ') + Palabra(textos, opcion));
+    };
+    nombrarConOpcion("ExaminarFuente", palabra::OpcionArchivoOTablaDeEntrada);
+    nombrarConOpcion("ExaminarPrograma", palabra::OpcionArchivoDeProgramaAGenerar);
     controles.Buscar<QWidget>("ExpandirCampo")->setAccessibleName(Palabra(textos, palabra::DarMasEspacioALosCampos));
     controles.Buscar<QToolBar>("BarraDeBotones")->setWindowTitle(Palabra(textos, palabra::Herramientas));
     auto* const prioridad = controles.Buscar<QComboBox>("PrioridadCombo");
