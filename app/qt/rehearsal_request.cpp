@@ -161,7 +161,9 @@ void PanelDePedido::PonerArchivos(const std::vector<ArchivoPedido>& archivos) {
     valores_->setAccessibleDescription(Palabra(textos_, palabra::CarpetaDeLasListas));
     PonerValores(carpeta);
     // The boxes can be too narrow for what stands there.
-    for (auto* const caja : {fallos_, parametros_, valores_}) caja->setToolTip(caja->placeholderText());
+    for (auto* const caja : {fallos_, parametros_, valores_}) {
+        caja->setToolTip(caja->text().isEmpty() ? caja->placeholderText() : caja->text());
+    }
     rejilla->setRowStretch(fila, 1);
     // The bar takes room beside the rows, and only where there are many of them.
     const int alto = valores_->sizeHint().height() + rejilla->verticalSpacing();
