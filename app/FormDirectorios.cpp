@@ -8,6 +8,7 @@
 #include "base/chosen_path.h"
 #include "base/code_page.h"
 #include "base/paths.h"
+#include "base/qt/text.h"
 #include "base/qt/text_boxes.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -56,6 +57,7 @@ CajaDeLinea* FormDirectorios::NuevaFila(QGridLayout* orden, int fila, int rotulo
     caja->setObjectName(QString::fromLatin1(nombre));
     caja->PonerTexto(valor);
     auto* const examinar = NuevoBoton((std::string("Examinar") + nombre).c_str(), Rotulo(80));
+    examinar->setAccessibleName(Rotulo(80) + QLatin1Char(' ') + SinLetra(Palabra(rotulo)));
     connect(examinar, &QPushButton::clicked, this, [this, caja, clase] {
         const PedidoDeArchivo pedido{clase, todosLosArchivos, RutaDelSistema(caja->Texto())};
         const bool carpeta = clase == ClaseDeArchivo::CarpetaDeDocumentos;

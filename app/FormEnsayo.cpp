@@ -287,6 +287,11 @@ void FormEnsayo::Correr() {
 
 bool FormEnsayo::LeerPedido(PedidoDeEnsayo& pedido) {
     const auto rehusar = [this](int frase, const fs::path& ruta) {
+        std::error_code ignorado;
+        if (frase == palabra::NoExisteElArchivo && fs::is_directory(ruta, ignorado)) {
+            entorno_.vista.Advertir(SobreArchivo(MensajeDePalabra(Textos(), palabra::EsUnaCarpeta), ruta));
+            return false;
+        }
         entorno_.vista.Advertir(MensajeDePalabra(Textos(), frase, {TextoDelModelo(NombreQt(ruta))}));
         return false;
     };
