@@ -96,7 +96,6 @@ void Principal::AbrirEjemplo() {
 
 void Principal::AbrirCopia(const EjemploIncluido& ejemplo) {
     const bool deDatos = ejemplo.clase == EjemploIncluido::Clase::JuegoDeDatos;
-    programa_.generador.escrito.reset();
     if (!deDatos && !DejarDocumento(ventana_)) return;
     std::filesystem::path archivo;
     try {

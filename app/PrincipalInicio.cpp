@@ -129,7 +129,6 @@ void Principal::AbrirReciente(const std::filesystem::path& documento) {
 }
 
 void Principal::Abrir(const std::filesystem::path& documento) {
-    programa_.generador.escrito.reset();
     if (!OpenOption(ventana_, documento)) return;
     RecordarDirectorio(programa_, abierto_);
     MostrarElComienzo();

@@ -63,7 +63,6 @@ void Principal::CrearMenus() {
 void Principal::CrearMenuDeArchivo() {
     QMenu* const archivo = NuevoMenu("FileOption");
     auto* const nuevo = NuevaAccion("NewOption", archivo, [this] {
-        programa_.generador.escrito.reset();
         if (!NewOption(ventana_)) return;
         OcultarInicio();
         MostrarElComienzo();
@@ -290,7 +289,6 @@ void Principal::CrearOtrosMenus() {
 }
 
 void Principal::ElegirYAbrir() {
-    programa_.generador.escrito.reset();
     if (!DejarDocumento(ventana_)) return;
     const auto ruta = vista_->ElegirParaAbrir({ClaseDeArchivo::Documento, filtroDeDocumentos});
     if (ruta) Abrir(*ruta);

@@ -49,10 +49,6 @@ int PalabraDe(const FalloDeMensaje& fallo) {
     return 0;
 }
 
-auto EnIdioma(const TextosIdioma& textos) {
-    return [&textos](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); };
-}
-
 std::string MotivoEnIdioma(const FalloDeMensaje& fallo, const TextosIdioma& textos) {
     return FraseDeMotivo(fallo.motivo).En([&textos](std::string_view ingles) { return AUtf8(textos.PorIngles(ingles)); });
 }
@@ -74,32 +70,37 @@ std::string PorLineas(std::string_view texto, const Linea& enIdioma) {
 // What only the command line says in English. The reason of an action that failed is that of the system, unless there are words
 // for it.
 std::string DeLiteral(const Mensaje& mensaje, const TextosIdioma& textos) {
-    const auto enIdioma = EnIdioma(textos);
     for (const char* const ingles : {"The action failed: %1.", "The specification can't be worked with: %1."}) {
         const auto frase = ReconocerFrase(mensaje.texto, ingles);
         if (!frase) continue;
         if (mensaje.fallo && PalabraDe(*mensaje.fallo) != 0) return textos.Palabra(palabra::LaAccionSobreElArchivoFallo);
-        return frase->Con(FraseDeMotivo).En(enIdioma);
+        return EnIdioma(frase->Con(FraseDeMotivo), textos);
     }
     return PorLineas(mensaje.texto, [&](std::string_view linea) {
         const auto palabra = textos.PorIngles(linea);
-        return palabra == linea ? FraseDeMotivo(linea).En(enIdioma) : std::string(palabra);
+        return palabra == linea ? EnIdioma(FraseDeMotivo(linea), textos) : std::string(palabra);
     });
 }
 
 }  // namespace
 
+std::string EnIdioma(const Frase& frase, const TextosIdioma& textos, int primeraFila) {
+    return frase.En([&](std::string_view ingles) { return std::string(textos.PorIngles(ingles)); }, primeraFila);
+}
+
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos) {
     TextoEnPantalla visto{mensaje.enPantalla, mensaje.detalle};
-    if (visto.texto.empty())
-        visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : PorLineas(mensaje.texto, EnIdioma(textos));
+    if (visto.texto.empty()) {
+        const auto enIdioma = [&](std::string_view linea) { return textos.PorIngles(linea); };
+        visto.texto = mensaje.numeros.empty() ? DeLiteral(mensaje, textos) : PorLineas(mensaje.texto, enIdioma);
+    }
     if (!mensaje.fallo) return visto;
     const auto seguro = std::find_if(sinConjeturas.begin(), sinConjeturas.end(),
                                      [&](const SinConjetura& otro) { return otro.mensaje == mensaje.Numero(); });
     if (seguro != sinConjeturas.end()) visto.texto = textos.Palabra(seguro->palabra);
     const int causa = PalabraDe(*mensaje.fallo);
     if (causa == 0) {
-        visto.detalle = MotivoEnIdioma(*mensaje.fallo, textos) + ": " + RutaEntera(mensaje.fallo->ruta).string();
+        visto.detalle = EnPantalla(*mensaje.fallo, textos);
         return visto;
     }
     visto.texto += "\r\n" + textos.Palabra(causa);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/messages.h"
+#include "base/phrase.h"
 
 namespace qor {
 
@@ -13,6 +14,9 @@ struct TextoEnPantalla {
     std::string texto;    // windows-1252
     std::string detalle;  // UTF-8; empty for most messages
 };
+
+// A sentence of the core in the loaded language. `primeraFila`: how the first row counts.
+std::string EnIdioma(const Frase& frase, const TextosIdioma& textos, int primeraFila = 0);
 
 TextoEnPantalla EnPantalla(const Mensaje& mensaje, const TextosIdioma& textos);
 // A failure in one line: why, and the file's whole name; UTF-8.

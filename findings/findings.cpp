@@ -5,6 +5,7 @@
 
 #include "base/failure.h"
 #include "base/failure_reason.h"
+#include "base/message_text.h"
 #include "base/text.h"
 #include "findings/compile_faults.h"
 #include "findings/refusals.h"
@@ -62,8 +63,7 @@ public:
         try {
             ComponerTodo(g);
         } catch (const FalloDeEjecucion& fallo) {
-            const auto motivo = FraseDeMotivo(fallo.what());
-            Libreta(g, lista_).Agregar(120, {}, {motivo.En([&](auto ingles) { return std::string(g.textos.PorIngles(ingles)); })});
+            Libreta(g, lista_).Agregar(120, {}, {EnIdioma(FraseDeMotivo(fallo.what()), g.textos)});
             return false;
         }
         HallazgosDeObservaciones(g, recolector.observaciones, lista_);

@@ -225,9 +225,8 @@ std::optional<ReporteGenerado> Generar(const PedidoDeGeneracion& pedido, EstadoD
     Generacion g = NuevaGeneracion(pedido, oyente);
     const bool escrito = TrasLosChequeos(g, pedido, [&] {
         if (!ElegirSalida(pedido, estado)) return false;
-        estado.escrito.reset();
-        estado.escrito = EscribirArchivo(g, estado.UltimoPrograma);
-        estado.deDocumento = pedido.RutaDocumento;
+        const auto identidad = EscribirArchivo(g, estado.UltimoPrograma);
+        if (pedido.reporte != nullptr) *pedido.reporte = {estado.UltimoPrograma, identidad};
         return true;
     });
     if (!escrito) return std::nullopt;

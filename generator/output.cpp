@@ -60,11 +60,17 @@ bool AceptarLugar(const PedidoDeGeneracion& pedido, const fs::path& salida, Esta
     return true;
 }
 
-bool AceptarReemplazo(const PedidoDeGeneracion& pedido, const fs::path& salida, const EstadoDelGenerador& estado) {
+// The document's own report, as it was written.
+bool EsElUltimo(const PedidoDeGeneracion& pedido, const fs::path& salida) {
+    if (pedido.reporte == nullptr || !*pedido.reporte) return false;
+    const auto& ultimo = **pedido.reporte;
+    return salida == ultimo.ruta && Identidad(salida) == ultimo.identidad;
+}
+
+bool AceptarReemplazo(const PedidoDeGeneracion& pedido, const fs::path& salida) {
     std::error_code ignorado;
     if (!Existe(salida) || fs::is_directory(salida, ignorado)) return true;
-    const bool propia = salida == estado.UltimoPrograma && pedido.RutaDocumento == estado.deDocumento;
-    if (propia && estado.escrito && Identidad(salida) == estado.escrito) return true;
+    if (EsElUltimo(pedido, salida)) return true;
     const Mensaje pregunta = SobreArchivo(Componer(pedido.textos, {337}), salida);
     if (pedido.vista.Preguntar(pregunta, Botones::AceptarCancelar) == Respuesta::Aceptar) return true;
     return Negada(pedido);
@@ -84,7 +90,7 @@ bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado) 
     if (pedido.sistema == nullptr) {
         if (!ChequearNombreDeSalida(pedido)) return false;
         salida = RutaDeSalida(pedido);
-        if (!AceptarLugar(pedido, salida, estado) || !AceptarReemplazo(pedido, salida, estado)) return false;
+        if (!AceptarLugar(pedido, salida, estado) || !AceptarReemplazo(pedido, salida)) return false;
     } else {
         salida = pedido.sistema->ArchivoTemporal();
     }

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <set>
-#include <string>
 
-#include "base/files.h"
 #include "generator/request.h"
 
 // The file that a run writes.
@@ -16,17 +13,13 @@ struct EstadoDelGenerador {
     std::filesystem::path UltimoPrograma;                 // the last file written
     bool ProgramaTemporal = false;                        // that file is to be deleted later
     std::set<std::filesystem::path> rutasAceptadas = {};  // outside of their documents' directories, links resolved
-    // What the last run has put there, for the document of that path: a run of the same one replaces it without a question as long
-    // as nobody else has touched it. Reset where another document takes the place of one without a path.
-    std::optional<IdentidadDeArchivo> escrito = {};
-    std::string deDocumento = {};
 };
 
 // False when no output file is named: message 301.
 bool ChequearNombreDeSalida(const PedidoDeGeneracion& pedido);
 
 // Decides where the report goes and puts it into `estado`; a temporary report of the run before is deleted. A file that is
-// there, unless the run before has written it for this document, and a path outside of the document's directory are asked about.
+// there, unless it is the document's last report, and a path outside of the document's directory are asked about.
 // False when there is no name, or the user says no.
 bool ElegirSalida(const PedidoDeGeneracion& pedido, EstadoDelGenerador& estado);
 

@@ -41,11 +41,14 @@ struct PedidoDeGeneracion {
     // one that leads out of it is asked about once, and the user is told where the report is. Without it, Programa is an ordinary
     // path.
     std::optional<std::filesystem::path> directorioDelDocumento = std::nullopt;
+    // Where the document keeps its last report; without it nothing is known of one.
+    std::optional<ReporteEscrito>* reporte = nullptr;
 
     static PedidoDeGeneracion De(Documento& documento, const Preferencias& preferencias, const TextosIdioma& textos, Vista& vista,
                                  SistemaConectado* sistema = nullptr) {
         return {documento.especificacion,  documento.opciones,          preferencias, textos,       vista,
-                documento.RutaDocumento(), documento.NombreDocumento(), sistema,      std::nullopt, std::nullopt};
+                documento.RutaDocumento(), documento.NombreDocumento(), sistema,      std::nullopt, std::nullopt,
+                &documento.reporte};
     }
 };
 

@@ -12,6 +12,12 @@
 
 namespace qor {
 
+// The report that a run of the generator has put somewhere.
+struct ReporteEscrito {
+    std::filesystem::path ruta;
+    IdentidadDeArchivo identidad;
+};
+
 // One open document: a specification with its options, where it is kept, and what was done to it since. Nothing of how it is seen.
 struct Documento {
     Especificacion especificacion;
@@ -21,6 +27,9 @@ struct Documento {
     ArchivoBloqueado canal;      // the open file, which is the lock
     // The file as it was when it was read or written last; nothing for a document that was never saved.
     std::optional<IdentidadDeArchivo> identidad;
+
+    // The last one made of it; a run replaces it without a question as long as nobody else has touched it.
+    std::optional<ReporteEscrito> reporte;
 
     PilaDeshacer deshacer;
 

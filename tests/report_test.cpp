@@ -54,6 +54,7 @@ struct Informe {
     std::string RutaDocumento = "/loads/orders.qor";
     Diario vista;
     EstadoDelGenerador estado;
+    std::optional<ReporteEscrito> reporte;
 
     Informe() {
         prueba.Archivo({"ORDER|10", "DATE|8", "ITEM|6"});
@@ -65,8 +66,9 @@ struct Informe {
     }
 
     bool Generar(SistemaConectado* sistema = nullptr) {
-        return qor::Generar({e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema}, estado)
-            .has_value();
+        PedidoDeGeneracion pedido{e, o, preferencias, prueba.textos, vista, RutaDocumento, NombreDeRuta(RutaDocumento), sistema};
+        pedido.reporte = &reporte;
+        return qor::Generar(pedido, estado).has_value();
     }
 };
 
@@ -141,9 +143,10 @@ TEST(Report, AFileThatExistsIsReplacedOnlyOnRequest) {
     EXPECT_TRUE(informe.Generar());
     EXPECT_EQ(informe.vista.diario, "busy idle A0 T0 <323>i");
     informe.vista.diario.clear();
-    informe.RutaDocumento = "/loads/other.qor";
+    std::optional<ReporteEscrito> deOtro;
+    std::swap(informe.reporte, deOtro);
     EXPECT_FALSE(informe.Generar());
-    informe.RutaDocumento = "/loads/orders.qor";
+    std::swap(informe.reporte, deOtro);
     informe.directorio.Escribir("there.abap", "edited");
     EXPECT_FALSE(informe.Generar());
     EXPECT_EQ(informe.vista.diario, "busy <337>? Programa idle busy <337>? Programa idle");
