@@ -77,7 +77,7 @@ MUTATIONS = [
     ("model/operations.cpp", "esBAPI && prefijo != prefijoPrevio", "false"),
     ("model/operations.cpp", "filaClave >= uso.filaConGrupo", "filaClave > uso.filaConGrupo"),
     ("model/operations.cpp", " && ok.valor.empty(); ++r) tomarCodigo(r);", "; ++r) tomarCodigo(r);"),
-    ("model/gaps.cpp", "for (int r = primera; r <= ultimaFila; ++r) {", "for (int r = 0; r <= ultimaFila; ++r) {"),
+    ("model/gaps.h", "especificacion, int primera = 1);\n\n// False", "especificacion, int primera = 0);\n\n// False"),
     ("model/gaps.cpp", "r > ultima || !especificacion.FilaArchivoVacia(r)", "!especificacion.FilaArchivoVacia(r)"),
     ("model/cells.cpp", "if (cuenta > ancho)", "if (cuenta >= ancho)"),
     ("model/one_file.cpp", "opciones.ClienteOp ? opciones.AnchoFijo : !tabla", "opciones.ClienteOp ? opciones.AnchoFijo : true"),
